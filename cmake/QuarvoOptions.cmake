@@ -1,0 +1,48 @@
+# Choices of a build. A host that adds this folder to its own project gets the library alone.
+option(QUARVO_BUILD_SANDBOX "Build the local captcha service" ${PROJECT_IS_TOP_LEVEL})
+option(QUARVO_BUILD_EXAMPLES "Build the demo host" ${PROJECT_IS_TOP_LEVEL})
+option(QUARVO_BUILD_TESTS "Build the tests" ${PROJECT_IS_TOP_LEVEL})
+option(QUARVO_WARNINGS_AS_ERRORS "Stop at the first warning" OFF)
+option(QUARVO_PRECOMPILE "Precompile Qt's headers" ON)
+option(QUARVO_WITH_LIBSECRET "Keep the device identifier in the desktop's Secret Service" ON)
+set(QUARVO_SANITIZE "" CACHE STRING "Sanitizers to build with, as -fsanitize= takes them")
+
+# Where the service lives. A deployment sets its own; QVSDKManager can override them at run time.
+set(QUARVO_API_HOST "https://api.quarvo.example" CACHE STRING "Host of the captcha service")
+set(QUARVO_DOWNLOAD_HOST "https://download.quarvo.example" CACHE STRING "Host of the outage switch")
+set(QUARVO_IMAGE_HOST "https://image.quarvo.example" CACHE STRING "Host of outage pictures")
+set(QUARVO_CDN "https://cdn.quarvo.example" CACHE STRING "Default base address of pictures")
+set(QUARVO_HELP_PAGE "https://docs.quarvo.example/demonstration" CACHE STRING "Page that shows how to draw")
+set(QUARVO_OUTAGE_HELP_PAGE "https://docs.quarvo.example/outage" CACHE STRING "Page on outage mode")
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+
+find_program(QUARVO_CCACHE ccache)
+if(QUARVO_CCACHE AND PROJECT_IS_TOP_LEVEL AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+  # A precompiled header is only shared between build folders when its time stamps are left out.
+  set(CMAKE_CXX_COMPILER_LAUNCHER
+      ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime
+      CCACHE_BASEDIR=${PROJECT_SOURCE_DIR} CCACHE_NOHASHDIR=1 ${QUARVO_CCACHE})
+endif()
+
+add_library(quarvo_build_flags INTERFACE)
+target_compile_definitions(quarvo_build_flags INTERFACE
+  QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH
+  QT_DISABLE_DEPRECATED_BEFORE=0x060400 QUARVO_BUILD)
+target_compile_options(quarvo_build_flags INTERFACE -Wall -Wextra -Wconversion -Wshadow)
+if(QUARVO_WARNINGS_AS_ERRORS)
+  target_compile_options(quarvo_build_flags INTERFACE -Werror)
+endif()
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND QUARVO_PRECOMPILE)
+  target_compile_options(quarvo_build_flags INTERFACE -fpch-preprocess)
+endif()
+if(QUARVO_SANITIZE)
+  target_compile_options(quarvo_build_flags INTERFACE
+    -fsanitize=${QUARVO_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(quarvo_build_flags INTERFACE -fsanitize=${QUARVO_SANITIZE})
+endif()

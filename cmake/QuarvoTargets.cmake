@@ -1,0 +1,50 @@
+# quarvo_room(NAME SOURCES...): one folder below src/, compiled once for the shared and the static library.
+function(quarvo_room name)
+  set(target quarvo_${name})
+  add_library(${target} OBJECT ${ARGN})
+  set_target_properties(${target} PROPERTIES AUTOMOC ON)
+  target_include_directories(${target} PRIVATE "${PROJECT_SOURCE_DIR}/src" "${PROJECT_BINARY_DIR}/include")
+  target_link_libraries(${target} PRIVATE quarvo_build_flags Qt6::Widgets Qt6::Network)
+  quarvo_precompile(${target})
+  set_property(GLOBAL APPEND PROPERTY QUARVO_ROOMS ${target})
+endfunction()
+
+# quarvo_public_headers(HEADERS...): headers of a room that hosts include as <Quarvo/NAME>.
+function(quarvo_public_headers)
+  foreach(header ${ARGN})
+    set(source "${CMAKE_CURRENT_SOURCE_DIR}/${header}")
+    file(GENERATE OUTPUT "${PROJECT_BINARY_DIR}/include/Quarvo/${header}" CONTENT "#include \"${source}\"\n")
+    set_property(GLOBAL APPEND PROPERTY QUARVO_PUBLIC_HEADERS "${source}")
+  endforeach()
+endfunction()
+
+# quarvo_precompile(TARGET): Qt's headers, parsed once for all targets built with the same flags.
+function(quarvo_precompile target)
+  if(NOT QUARVO_PRECOMPILE)
+    return()
+  endif()
+  if(NOT TARGET quarvo_precompiled)
+    file(WRITE "${PROJECT_BINARY_DIR}/precompiled.cpp" "")
+    add_library(quarvo_precompiled OBJECT "${PROJECT_BINARY_DIR}/precompiled.cpp")
+    target_link_libraries(quarvo_precompiled PRIVATE quarvo_build_flags Qt6::Widgets Qt6::Network)
+    target_precompile_headers(quarvo_precompiled PRIVATE
+      <QEvent> <QNetworkReply> <QPainter> <QPainterPath> <QWidget>
+      <chrono> <functional> <memory> <optional> <vector>)
+  endif()
+  target_precompile_headers(${target} REUSE_FROM quarvo_precompiled)
+endfunction()
+
+# quarvo_tests(ROOM CLASSES...): test classes in files of their own names, linked into one program;
+# each class is a CTest entry with a process to itself.
+function(quarvo_tests room)
+  set(target quarvo_tests_${room})
+  list(TRANSFORM ARGN APPEND ".cpp" OUTPUT_VARIABLE sources)
+  add_executable(${target} ${sources})
+  set_target_properties(${target} PROPERTIES AUTOMOC ON)
+  target_link_libraries(${target} PRIVATE quarvo_test_support)
+  quarvo_precompile(${target})
+  foreach(class ${ARGN})
+    add_test(NAME ${room}/${class} COMMAND ${target} ${class})
+    set_tests_properties(${room}/${class} PROPERTIES TIMEOUT 60)
+  endforeach()
+endfunction()

@@ -1,0 +1,27 @@
+#include "support/QVTestCase.h"
+
+#include <QApplication>
+#include <QStandardPaths>
+
+#include <cstdio>
+
+/// Runs the test class named by the first argument; Qt Test takes the rest.
+int main(int argc, char *argv[])
+{
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    QApplication::setOrganizationDomain(QStringLiteral("tests.quarvo.example"));
+    QApplication::setApplicationName(QStringLiteral("quarvo-tests"));
+    QStandardPaths::setTestModeEnabled(true);
+
+    QStringList arguments = QApplication::arguments();
+    const QString name = arguments.size() > 1 ? arguments.takeAt(1) : QString();
+    const std::unique_ptr<QObject> test = QVTestRegistry::create(name);
+    if (!test) {
+        std::fprintf(stderr, "usage: %s %s [options of Qt Test]\n", argv[0],
+                     qUtf8Printable(QVTestRegistry::names().join(u'|')));
+        return 2;
+    }
+    return QTest::qExec(test.get(), arguments);
+}
