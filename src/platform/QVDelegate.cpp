@@ -12,6 +12,7 @@ QVDelegate::QVDelegate(const QVDelegate &)
 {
 }
 
+// NOLINTNEXTLINE(bugprone-unhandled-self-assignment)
 QVDelegate &QVDelegate::operator=(const QVDelegate &)
 {
     return *this;
