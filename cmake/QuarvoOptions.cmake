@@ -22,14 +22,6 @@ set(CMAKE_CXX_VISIBILITY_PRESET hidden)
 set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 
-find_program(QUARVO_CCACHE ccache)
-if(QUARVO_CCACHE AND PROJECT_IS_TOP_LEVEL AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
-  # A precompiled header is only shared between build folders when its time stamps are left out.
-  set(CMAKE_CXX_COMPILER_LAUNCHER
-      ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime
-      CCACHE_BASEDIR=${PROJECT_SOURCE_DIR} CCACHE_NOHASHDIR=1 ${QUARVO_CCACHE})
-endif()
-
 add_library(quarvo_build_flags INTERFACE)
 target_compile_definitions(quarvo_build_flags INTERFACE
   QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH
@@ -37,9 +29,6 @@ target_compile_definitions(quarvo_build_flags INTERFACE
 target_compile_options(quarvo_build_flags INTERFACE -Wall -Wextra -Wconversion -Wshadow)
 if(QUARVO_WARNINGS_AS_ERRORS)
   target_compile_options(quarvo_build_flags INTERFACE -Werror)
-endif()
-if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND QUARVO_PRECOMPILE)
-  target_compile_options(quarvo_build_flags INTERFACE -fpch-preprocess)
 endif()
 if(QUARVO_SANITIZE)
   target_compile_options(quarvo_build_flags INTERFACE
