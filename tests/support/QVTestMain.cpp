@@ -10,6 +10,8 @@ int main(int argc, char *argv[])
 {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
+    // No test writes to the keyring of whoever runs it.
+    qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");
     QApplication application(argc, argv);
     QApplication::setOrganizationDomain(QStringLiteral("tests.quarvo.example"));
     QApplication::setApplicationName(QStringLiteral("quarvo-tests"));

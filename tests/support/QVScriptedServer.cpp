@@ -1,0 +1,107 @@
+#include "support/QVScriptedServer.h"
+
+#include "platform/QVScheduler.h"
+
+#include <QPointer>
+#include <QSslSocket>
+
+#include <algorithm>
+
+namespace {
+
+void run(const QPointer<QSslSocket> &socket, QList<QVScript::Step> steps)
+{
+    while (socket && !steps.isEmpty()) {
+        const QVScript::Step step = steps.takeFirst();
+        if (step.kind == QVScript::Step::Kind::Wait) {
+            QVScheduler::shared().schedule(step.duration, [socket, steps] { run(socket, steps); });
+            return;
+        }
+        if (step.kind == QVScript::Step::Kind::Send)
+            socket->write(step.bytes);
+        else
+            socket->disconnectFromHost();
+    }
+}
+
+} // namespace
+
+QByteArray QVReceivedRequest::header(const QByteArray &name) const
+{
+    for (const QByteArray &line : head.split('\n')) {
+        const qsizetype colon = line.indexOf(':');
+        if (colon > 0 && line.left(colon).compare(name, Qt::CaseInsensitive) == 0)
+            return line.mid(colon + 1).trimmed();
+    }
+    return {};
+}
+
+QByteArrayList QVReceivedRequest::pairs() const
+{
+    const qsizetype mark = target.indexOf('?');
+    if (mark < 0)
+        return {};
+    QByteArrayList result = target.mid(mark + 1).split('&');
+    std::ranges::sort(result);
+    return result;
+}
+
+QVScriptedServer::QVScriptedServer()
+{
+    if (!listen(QHostAddress::LocalHost))
+        qFatal("cannot listen on this machine");
+}
+
+QVScriptedServer::~QVScriptedServer()
+{
+    // Their end is no news to a server that is going itself.
+    for (QSslSocket *socket : findChildren<QSslSocket *>())
+        socket->disconnect(this);
+}
+
+QString QVScriptedServer::address() const
+{
+    const QString scheme = m_tls ? QStringLiteral("https") : QStringLiteral("http");
+    return QStringLiteral("%1://127.0.0.1:%2").arg(scheme).arg(serverPort());
+}
+
+void QVScriptedServer::incomingConnection(qintptr descriptor)
+{
+    ++m_connectionCount;
+    auto *socket = new QSslSocket(this);
+    socket->setSocketDescriptor(descriptor);
+    connect(socket, &QSslSocket::readyRead, this, [this, socket] { read(socket); });
+    connect(socket, &QSslSocket::disconnected, this, [this, socket] {
+        ++m_closedCount;
+        socket->deleteLater();
+    });
+    if (!m_tls)
+        return;
+    socket->setSslConfiguration(*m_tls);
+    socket->startServerEncryption();
+}
+
+void QVScriptedServer::read(QSslSocket *socket)
+{
+    const QByteArray end = QByteArrayLiteral("\r\n\r\n");
+    while (true) {
+        const QByteArray waiting = socket->peek(socket->bytesAvailable());
+        const qsizetype length = waiting.indexOf(end);
+        if (length < 0)
+            return;
+        QVReceivedRequest request;
+        request.head = socket->read(length + end.size());
+        const QByteArrayList words = request.head.left(request.head.indexOf('\r')).split(' ');
+        request.method = words.value(0);
+        request.target = words.value(1);
+        m_requests.append(request);
+        run(socket, scriptFor(request).steps());
+    }
+}
+
+QVScript QVScriptedServer::scriptFor(const QVReceivedRequest &request)
+{
+    if (!m_scripts.isEmpty())
+        return m_scripts.takeFirst();
+    return m_responder ? m_responder(request) : QVScript();
+}
