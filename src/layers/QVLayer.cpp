@@ -1,0 +1,131 @@
+#include "layers/QVLayer.h"
+
+#include "layers/QVLayerPainter.h"
+#include "layers/QVPathGeometry.h"
+#include "layers/QVTicker.h"
+
+#include <algorithm>
+#include <utility>
+
+QVLayer::~QVLayer()
+{
+    for (const auto &layer : m_sublayers)
+        layer->m_superlayer = nullptr;
+}
+
+void QVLayer::setContents(const QPixmap &contents)
+{
+    m_contents = contents;
+    invalidate();
+}
+
+void QVLayer::addSublayer(const std::shared_ptr<QVLayer> &layer)
+{
+    for (const QVLayer *above = this; above; above = above->m_superlayer) {
+        if (above == layer.get())
+            return;
+    }
+    layer->removeFromSuperlayer();
+    layer->m_superlayer = this;
+    m_sublayers.push_back(layer);
+    layer->invalidate();
+    layer->animationsChanged({});
+}
+
+void QVLayer::removeFromSuperlayer()
+{
+    if (!m_superlayer)
+        return;
+    invalidate();
+    QVLayerContext *shownIn = context();
+    auto &siblings = std::exchange(m_superlayer, nullptr)->m_sublayers;
+    const auto found = std::ranges::find(siblings, this, &std::shared_ptr<QVLayer>::get);
+    // Perhaps the last owner.
+    const std::shared_ptr<QVLayer> self = std::move(*found);
+    siblings.erase(found);
+    if (shownIn)
+        shownIn->animationsChanged();
+}
+
+void QVLayer::removeSublayers()
+{
+    while (!m_sublayers.empty())
+        m_sublayers.back()->removeFromSuperlayer();
+}
+
+void QVLayer::addAnimation(const QVAnimation &animation, const QString &key)
+{
+    const Time now = QVTicker::shared().time();
+    invalidate();
+    const auto replaced = m_animations.add(animation, key, now);
+    m_time = std::max(m_time, now);
+    update();
+    invalidate();
+    animationsChanged(replaced);
+}
+
+void QVLayer::removeAnimation(const QString &key)
+{
+    invalidate();
+    const auto stopped = m_animations.remove(key);
+    update();
+    invalidate();
+    animationsChanged(stopped);
+}
+
+void QVLayer::removeAllAnimations()
+{
+    invalidate();
+    const auto stopped = m_animations.removeAll();
+    update();
+    invalidate();
+    animationsChanged(stopped);
+}
+
+QVLayerProperties QVLayer::presentedAt(Time time) const
+{
+    return m_animations.presented(m_model, time);
+}
+
+bool QVLayer::present(Time time, QVAnimationStack::StoppedList &ended)
+{
+    m_time = time;
+    m_animations.finish(time, ended);
+    return update();
+}
+
+QVLayerContext *QVLayer::context() const
+{
+    const QVLayer *root = this;
+    while (root->m_superlayer)
+        root = root->m_superlayer;
+    return root->m_context;
+}
+
+bool QVLayer::update()
+{
+    QVLayerProperties next = presentedAt(m_time);
+    if (next == m_presented)
+        return false;
+    const bool strokeChanged = next.path != m_presented.path || next.strokeStart != m_presented.strokeStart ||
+                               next.strokeEnd != m_presented.strokeEnd;
+    m_presented = std::move(next);
+    if (strokeChanged)
+        m_strokePath = qv_trimmedPath(m_presented.path, m_presented.strokeStart, m_presented.strokeEnd);
+    return true;
+}
+
+void QVLayer::invalidate() const
+{
+    if (QVLayerContext *shownIn = context())
+        shownIn->invalidate(QVLayerPainter::rectInRoot(*this));
+}
+
+void QVLayer::animationsChanged(const QVAnimationStack::StoppedList &stopped)
+{
+    if (QVLayerContext *shownIn = context())
+        shownIn->animationsChanged();
+    // Last: they may destroy this layer.
+    for (const auto &tell : stopped)
+        tell(false);
+}

@@ -1,0 +1,139 @@
+#pragma once
+
+#include "layers/QVAnimationStack.h"
+
+#include <QColor>
+#include <QPixmap>
+
+#include <memory>
+
+/// Where a tree of layers is shown.
+class QVLayerContext
+{
+public:
+    virtual ~QVLayerContext() = default;
+
+    /// Something within \a rect, in the root layer's coordinates, looks different.
+    virtual void invalidate(const QRectF &rect) = 0;
+    /// Animations have come or gone somewhere in the tree.
+    virtual void animationsChanged() = 0;
+
+protected:
+    QVLayerContext() = default;
+    Q_DISABLE_COPY(QVLayerContext)
+};
+
+/// A retained drawing: a background, a picture, a filled and stroked path, and sublayers on top.
+///
+/// A setter changes the value at once. An animation changes only what is presented meanwhile. A
+/// layer that is shown nowhere moves no animation on; it catches up when it is shown again.
+class QVLayer
+{
+public:
+    using Time = std::chrono::nanoseconds;
+
+    QVLayer() = default;
+    virtual ~QVLayer();
+    Q_DISABLE_COPY(QVLayer)
+
+    /// In the superlayer's coordinates, before rotation and scale; the layer's own begin at its corner.
+    [[nodiscard]] QRectF frame() const { return m_model.frame; }
+    void setFrame(const QRectF &frame) { assign(m_model.frame, frame); }
+    [[nodiscard]] QRectF bounds() const { return {QPointF(), m_model.frame.size()}; }
+    [[nodiscard]] QPainterPath path() const { return m_model.path; }
+    void setPath(const QPainterPath &path) { assign(m_model.path, path); }
+    [[nodiscard]] qreal opacity() const { return m_model.opacity; }
+    void setOpacity(qreal opacity) { assign(m_model.opacity, opacity); }
+    /// The fractions of the path's length between which it is stroked. The fill is always whole.
+    [[nodiscard]] qreal strokeStart() const { return m_model.strokeStart; }
+    void setStrokeStart(qreal start) { assign(m_model.strokeStart, start); }
+    [[nodiscard]] qreal strokeEnd() const { return m_model.strokeEnd; }
+    void setStrokeEnd(qreal end) { assign(m_model.strokeEnd, end); }
+    /// In radians, clockwise on screen, about the frame's centre, like the scales.
+    [[nodiscard]] qreal rotation() const { return m_model.rotation; }
+    void setRotation(qreal radians) { assign(m_model.rotation, radians); }
+    [[nodiscard]] qreal scaleX() const { return m_model.scaleX; }
+    void setScaleX(qreal scale) { assign(m_model.scaleX, scale); }
+    [[nodiscard]] qreal scaleY() const { return m_model.scaleY; }
+    void setScaleY(qreal scale) { assign(m_model.scaleY, scale); }
+
+    /// An invalid colour draws nothing.
+    [[nodiscard]] QColor backgroundColor() const { return m_backgroundColor; }
+    void setBackgroundColor(const QColor &color) { assign(m_backgroundColor, color); }
+    [[nodiscard]] QColor fillColor() const { return m_fillColor; }
+    void setFillColor(const QColor &color) { assign(m_fillColor, color); }
+    [[nodiscard]] QColor strokeColor() const { return m_strokeColor; }
+    void setStrokeColor(const QColor &color) { assign(m_strokeColor, color); }
+    [[nodiscard]] qreal lineWidth() const { return m_lineWidth; }
+    void setLineWidth(qreal width) { assign(m_lineWidth, width); }
+    [[nodiscard]] Qt::PenCapStyle lineCap() const { return m_lineCap; }
+    void setLineCap(Qt::PenCapStyle cap) { assign(m_lineCap, cap); }
+    [[nodiscard]] Qt::PenJoinStyle lineJoin() const { return m_lineJoin; }
+    void setLineJoin(Qt::PenJoinStyle join) { assign(m_lineJoin, join); }
+    [[nodiscard]] qreal cornerRadius() const { return m_cornerRadius; }
+    void setCornerRadius(qreal radius) { assign(m_cornerRadius, radius); }
+    /// A picture scaled to fit into the bounds, centred.
+    [[nodiscard]] QPixmap contents() const { return m_contents; }
+    void setContents(const QPixmap &contents);
+    /// Nothing of the layer and its sublayers shows outside this path, unless it is empty.
+    [[nodiscard]] QPainterPath mask() const { return m_mask; }
+    void setMask(const QPainterPath &mask) { assign(m_mask, mask); }
+
+    void addSublayer(const std::shared_ptr<QVLayer> &layer);
+    void removeFromSuperlayer();
+    void removeSublayers();
+    [[nodiscard]] const std::vector<std::shared_ptr<QVLayer>> &sublayers() const { return m_sublayers; }
+    [[nodiscard]] QVLayer *superlayer() const { return m_superlayer; }
+
+    void addAnimation(const QVAnimation &animation, const QString &key);
+    void removeAnimation(const QString &key);
+    void removeAllAnimations();
+    [[nodiscard]] QStringList animationKeys() const { return m_animations.keys(); }
+    [[nodiscard]] const QVAnimationStack &animations() const { return m_animations; }
+
+    /// What the layer shows at \a time, and what it showed when it was last moved on.
+    [[nodiscard]] QVLayerProperties presentedAt(Time time) const;
+    [[nodiscard]] const QVLayerProperties &presented() const { return m_presented; }
+    /// The presented part of the path that is stroked.
+    [[nodiscard]] const QPainterPath &strokePath() const { return m_strokePath; }
+    /// Moves the layer on and ends what is over; tells whether it looks different.
+    bool present(Time time, QVAnimationStack::StoppedList &ended);
+
+    /// For the root of a tree.
+    void setContext(QVLayerContext *context) { m_context = context; }
+
+private:
+    template<class Value>
+    void assign(Value &field, const Value &value)
+    {
+        if (field == value)
+            return;
+        invalidate();
+        field = value;
+        update();
+        invalidate();
+    }
+
+    [[nodiscard]] QVLayerContext *context() const;
+    bool update();
+    void invalidate() const;
+    void animationsChanged(const QVAnimationStack::StoppedList &stopped);
+
+    QVLayer *m_superlayer = nullptr;
+    QVLayerContext *m_context = nullptr;
+    std::vector<std::shared_ptr<QVLayer>> m_sublayers;
+    QVLayerProperties m_model;
+    QVLayerProperties m_presented;
+    QPainterPath m_strokePath;
+    QVAnimationStack m_animations;
+    Time m_time{};
+    QColor m_backgroundColor;
+    QColor m_fillColor;
+    QColor m_strokeColor;
+    qreal m_lineWidth = 1;
+    Qt::PenCapStyle m_lineCap = Qt::FlatCap;
+    Qt::PenJoinStyle m_lineJoin = Qt::MiterJoin;
+    qreal m_cornerRadius = 0;
+    QPixmap m_contents;
+    QPainterPath m_mask;
+};

@@ -1,0 +1,251 @@
+#include "layers/QVLayerHost.h"
+#include "support/QVStillStyle.h"
+#include "support/QVTestCase.h"
+
+#include <QPaintEvent>
+#include <QPainter>
+#include <QWidget>
+
+using namespace std::chrono_literals;
+using Property = QVLayerProperty;
+
+namespace {
+
+class Canvas : public QWidget
+{
+public:
+    explicit Canvas(QWidget *parent = nullptr)
+        : QWidget(parent)
+    {
+        resize(200, 100);
+        dot->setFrame({20, 20, 10, 10});
+        dot->setBackgroundColor(Qt::red);
+        host.root().addSublayer(dot);
+    }
+
+    void move(double seconds, QVAnimation::Stopped stopped = {})
+    {
+        QVAnimation animation = QVAnimation::basic(Property::Frame, std::nullopt, QRectF(120, 20, 10, 10));
+        animation.setDuration(seconds);
+        animation.setStopped(std::move(stopped));
+        dot->addAnimation(animation, QString());
+    }
+
+    void turnForever()
+    {
+        QVAnimation animation = QVAnimation::basic(Property::Rotation, 0.0, 6.0);
+        animation.setDuration(1);
+        animation.setRepeatsForever();
+        dot->addAnimation(animation, QString());
+    }
+
+    void paintEvent(QPaintEvent *event) override
+    {
+        painted.push_back(event->region().boundingRect());
+        QPainter painter(this);
+        host.paint(painter);
+    }
+
+    QVLayerHost host{*this};
+    std::shared_ptr<QVLayer> dot = std::make_shared<QVLayer>();
+    std::vector<QRect> painted;
+};
+
+} // namespace
+
+class TestLayerHost : public QVTestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void repaintsOnlyWhatChanged()
+    {
+        Canvas canvas;
+        show(canvas);
+        canvas.move(1);
+        advance(100ms);
+        QVERIFY(canvas.painted.size() >= 6U);
+        for (const QRect &rect : canvas.painted) {
+            // A step of 1.7 pixels, a soft pixel on either side, rounded outwards.
+            QVERIFY(rect.width() <= 15);
+            QVERIFY(rect.height() <= 12);
+        }
+        // The newest frame covers the dot's place before and after it.
+        QVERIFY(canvas.painted.back().contains(QRect(29, 20, 10, 10)));
+    }
+
+    void setterRepaintsOldAndNewPlace()
+    {
+        Canvas canvas;
+        show(canvas);
+        canvas.dot->setFrame({60, 20, 10, 10});
+        advance(0ms);
+        QCOMPARE(canvas.painted, std::vector<QRect>{QRect(19, 19, 52, 12)});
+        canvas.painted.clear();
+        canvas.dot->setFrame({60, 20, 10, 10});
+        canvas.dot->removeFromSuperlayer();
+        advance(0ms);
+        QCOMPARE(canvas.painted, std::vector<QRect>{QRect(59, 19, 12, 12)});
+        canvas.dot->setOpacity(0.5);
+        advance(0ms);
+        QCOMPARE(canvas.painted.size(), 1U);
+    }
+
+    void idleWhenNothingMoves()
+    {
+        Canvas canvas;
+        show(canvas);
+        QCOMPARE(time().pendingCount(), 0);
+        canvas.move(0.1);
+        QCOMPARE(time().pendingCount(), 1);
+        advance(120ms);
+        QCOMPARE(time().pendingCount(), 0);
+        QCOMPARE(canvas.dot->presented().frame, QRectF(20, 20, 10, 10));
+        canvas.turnForever();
+        advance(5s);
+        QCOMPARE(time().pendingCount(), 1);
+        canvas.dot->removeFromSuperlayer();
+        QCOMPARE(time().pendingCount(), 0);
+        canvas.host.root().addSublayer(canvas.dot);
+        QCOMPARE(time().pendingCount(), 1);
+        canvas.dot->removeAllAnimations();
+        QCOMPARE(time().pendingCount(), 0);
+    }
+
+    void finishedAnimationThatStaysDoesNotKeepTheTickerUp()
+    {
+        Canvas canvas;
+        show(canvas);
+        QVAnimation animation = QVAnimation::basic(Property::Opacity, 0.0, 1.0);
+        animation.setRemovedOnCompletion(false);
+        canvas.dot->addAnimation(animation, QStringLiteral("kept"));
+        advance(300ms);
+        QCOMPARE(canvas.dot->animationKeys(), QStringList{QStringLiteral("kept")});
+        QCOMPARE(time().pendingCount(), 0);
+    }
+
+    void endlessAnimationOfNothingWaitsForSomethingToDraw()
+    {
+        Canvas canvas;
+        show(canvas);
+        canvas.dot->setBackgroundColor(QColor());
+        canvas.turnForever();
+        QCOMPARE(time().pendingCount(), 0);
+        advance(500ms);
+        canvas.dot->setBackgroundColor(Qt::blue);
+        QCOMPARE(time().pendingCount(), 1);
+        advance(20ms);
+        QVERIFY(canvas.dot->presented().rotation > 3);
+    }
+
+    void hiddenHostRestsAndComesBackInTime_data()
+    {
+        QTest::addColumn<int>("way");
+        QTest::newRow("widget hidden") << 0;
+        QTest::newRow("window hidden") << 1;
+        QTest::newRow("window minimised") << 2;
+    }
+
+    void hiddenHostRestsAndComesBackInTime()
+    {
+        QFETCH(int, way);
+        QWidget window;
+        window.resize(300, 200);
+        Canvas canvas(&window);
+        show(window);
+        QVAnimation turn = QVAnimation::basic(Property::Rotation, 0.0, 10.0);
+        turn.setDuration(10);
+        turn.setRepeatsForever();
+        canvas.dot->addAnimation(turn, QString());
+        advance(1s);
+        way == 0 ? canvas.hide() : way == 1 ? window.hide() : window.showMinimized();
+        advance(0ms);
+        QCOMPARE(time().pendingCount(), 0);
+        canvas.painted.clear();
+        advance(3s);
+        QVERIFY(canvas.painted.empty());
+        way == 0 ? canvas.show() : way == 1 ? window.show() : window.showNormal();
+        QCOMPARE(time().pendingCount(), 1);
+        QCOMPARE(canvas.dot->presented().rotation, 4.0);
+        advance(1s);
+        QVERIFY(std::abs(canvas.dot->presented().rotation - 5) < 0.02);
+    }
+
+    void animationThatEndsOutOfSightEndsProperly()
+    {
+        Canvas canvas;
+        show(canvas);
+        int stops = 0;
+        canvas.turnForever();
+        canvas.move(1, [&](bool finished) { stops += finished ? 1 : 100; });
+        canvas.hide();
+        advance(999ms);
+        QCOMPARE(stops, 0);
+        advance(1ms);
+        QCOMPARE(stops, 1);
+        QCOMPARE(canvas.dot->animationKeys().size(), 1);
+        QCOMPARE(time().pendingCount(), 0);
+        canvas.show();
+        advance(100ms);
+        QCOMPARE(stops, 1);
+    }
+
+    void stoppedCallbackMayTakeEverythingAway()
+    {
+        auto canvas = std::make_unique<Canvas>();
+        show(*canvas);
+        int others = 0;
+        canvas->move(0.1, [&](bool) { canvas.reset(); });
+        canvas->move(0.1, [&](bool) { ++others; });
+        advance(200ms);
+        QVERIFY(!canvas);
+        QCOMPARE(others, 1);
+        QCOMPARE(time().pendingCount(), 0);
+    }
+
+    void stoppedCallbackMayAnimateAgain()
+    {
+        Canvas canvas;
+        show(canvas);
+        canvas.move(0.1, [&](bool) {
+            canvas.dot->removeAllAnimations();
+            canvas.turnForever();
+        });
+        advance(150ms);
+        QCOMPARE(canvas.dot->animationKeys().size(), 1);
+        QVERIFY(canvas.dot->presented().rotation > 0);
+    }
+
+    void reducedMotionKeepsEndlessLayersStillAndEndsTheOthers()
+    {
+        const QVStillStyle still;
+        Canvas canvas;
+        show(canvas);
+        canvas.turnForever();
+        QCOMPARE(time().pendingCount(), 0);
+        int stops = 0;
+        canvas.move(1, [&](bool finished) { stops += finished ? 1 : 100; });
+        QCOMPARE(stops, 0);
+        QCOMPARE(canvas.dot->presented().frame, QRectF(20, 20, 10, 10));
+        advance(17ms);
+        QCOMPARE(stops, 1);
+        QCOMPARE(time().pendingCount(), 0);
+        QCOMPARE(canvas.dot->presented().rotation, 0.0);
+    }
+
+private:
+    void show(QWidget &widget)
+    {
+        widget.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&widget));
+        advance(0ms);
+        const auto canvases = widget.findChildren<QWidget *>() + QList<QWidget *>{&widget};
+        for (QWidget *candidate : canvases) {
+            if (auto *canvas = dynamic_cast<Canvas *>(candidate))
+                canvas->painted.clear();
+        }
+    }
+};
+
+QV_TEST(TestLayerHost)
+#include "TestLayerHost.moc"
