@@ -1,0 +1,279 @@
+#include "layout/QVLayout.h"
+
+#include "layers/QVMotion.h"
+#include "layers/QVTicker.h"
+#include "platform/QVScheduler.h"
+
+#include <QCoreApplication>
+#include <QDebug>
+#include <QEvent>
+#include <QLoggingCategory>
+#include <QWidget>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+Q_LOGGING_CATEGORY(quarvoLayout, "quarvo.layout")
+
+namespace {
+
+// A thousandth of a pixel must not decide: sums of thirds and the like are never exact.
+int roundedEdge(double edge)
+{
+    constexpr double tolerance = 0.001;
+    return static_cast<int>(
+        std::floor(qBound<double>(-QWIDGETSIZE_MAX, edge, QWIDGETSIZE_MAX) + 0.5 + tolerance));
+}
+
+QRect rounded(const QRectF &frame)
+{
+    const QPoint topLeft(roundedEdge(frame.left()), roundedEdge(frame.top()));
+    return {topLeft,
+            QSize(roundedEdge(frame.right()) - topLeft.x(), roundedEdge(frame.bottom()) - topLeft.y())};
+}
+
+QLatin1String reasonOf(QVLayoutProblem::Kind kind)
+{
+    switch (kind) {
+    case QVLayoutProblem::Kind::Cycle:
+        return QLatin1String("closes a circle of constraints");
+    case QVLayoutProblem::Kind::UnknownItem:
+        return QLatin1String("names something outside the container");
+    case QVLayoutProblem::Kind::NotFinite:
+        return QLatin1String("is no finite number");
+    }
+    return {};
+}
+
+} // namespace
+
+QVLayout::QVLayout(QWidget *container)
+    : m_container(container)
+    , m_containerId(watch(container))
+    , m_motion(container)
+{
+}
+
+QVLayout::~QVLayout() = default;
+
+void QVLayout::make(QWidget *widget, const Build &build)
+{
+    this->build(widget, build, &QVLayout::append);
+}
+
+void QVLayout::remake(QWidget *widget, const Build &build)
+{
+    const ItemId item = m_items.find(widget);
+    std::erase_if(m_constraints, [item](const QVLayoutConstraint &each) { return each.item == item; });
+    make(widget, build);
+}
+
+void QVLayout::update(QWidget *widget, const Build &build)
+{
+    this->build(widget, build, &QVLayout::replace);
+}
+
+void QVLayout::build(QWidget *widget, const Build &build, Merge merge)
+{
+    QVConstraintMaker maker(widget);
+    build(maker);
+    const ItemId item = watch(widget);
+    for (const QVConstraintDraft &draft : maker.drafts()) {
+        const ItemId target = draft.hasTarget ? watch(draft.target) : 0;
+        (this->*merge)(
+            {item, draft.attribute, target, draft.targetAttribute, draft.multiplier, draft.offset});
+    }
+    requestLayout();
+}
+
+void QVLayout::append(const QVLayoutConstraint &constraint)
+{
+    // What is no number is equal to nothing, itself included.
+    std::erase_if(m_constraints, [&](const QVLayoutConstraint &each) {
+        return each == constraint || (!each.isFinite() && each.hasFormOf(constraint));
+    });
+    m_constraints.push_back(constraint);
+}
+
+void QVLayout::replace(const QVLayoutConstraint &constraint)
+{
+    std::erase_if(m_constraints, [&](const QVLayoutConstraint &each) { return each.hasFormOf(constraint); });
+    m_constraints.push_back(constraint);
+}
+
+void QVLayout::requestLayout()
+{
+    // The event loop merges requests that wait for the same widget.
+    if (m_container)
+        QCoreApplication::postEvent(m_container, new QEvent(QEvent::LayoutRequest));
+}
+
+QVLayout::ItemId QVLayout::watch(QWidget *widget)
+{
+    bool isNew = false;
+    const ItemId id = m_items.add(widget, isNew);
+    if (!isNew)
+        return id;
+    widget->installEventFilter(this);
+    connect(widget, &QObject::destroyed, this, &QVLayout::requestLayout);
+    // What lies between takes part: its moves carry the widget along.
+    if (m_container && widget != m_container && m_container->isAncestorOf(widget))
+        watch(widget->parentWidget());
+    return id;
+}
+
+void QVLayout::forgetDeadWidgets()
+{
+    if (!m_items.forgetDead())
+        return;
+    const auto isDead = [this](ItemId id) {
+        return id != 0 && id != QVLayoutItems::nothing && !m_items.widget(id);
+    };
+    std::erase_if(m_constraints,
+                  [&](const QVLayoutConstraint &each) { return isDead(each.item) || isDead(each.target); });
+}
+
+void QVLayout::layoutNow()
+{
+    if (!m_container)
+        return;
+    solve();
+    apply();
+}
+
+void QVLayout::solve()
+{
+    forgetDeadWidgets();
+    QVLayoutSolver solver(m_containerId, QSizeF(m_container->size()));
+    m_items.describeTo(solver, m_container);
+    QVLayoutSolution solution = solver.solve(m_constraints);
+    place(solution);
+    report(std::move(solution.problems));
+}
+
+void QVLayout::place(const QVLayoutSolution &solution)
+{
+    m_places.clear();
+    for (const QVLayoutConstraint &constraint : m_constraints) {
+        const auto frame = solution.frames.find(constraint.item);
+        if (frame == solution.frames.end() || constraint.item == m_containerId)
+            continue;
+        const ItemId parent = m_items.find(m_items.widget(constraint.item)->parentWidget());
+        const QPoint origin = rounded(solution.frames.at(parent)).topLeft();
+        m_places[constraint.item] = rounded(frame->second).translated(-origin);
+    }
+}
+
+void QVLayout::report(std::vector<QVLayoutProblem> problems)
+{
+    QStringList messages;
+    const auto name = [this](ItemId id) {
+        return m_items.nameOf(id);
+    };
+    for (const QVLayoutProblem &problem : problems) {
+        messages.append(problem.constraint.description(name) + u' ' + reasonOf(problem.kind));
+        if (!m_reported.contains(messages.last()))
+            qCWarning(quarvoLayout, "%s", qUtf8Printable(messages.last()));
+    }
+    m_reported = std::move(messages);
+    m_problems = std::move(problems);
+}
+
+void QVLayout::apply()
+{
+    // Collected first: a widget that is resized may run code of its owner, which may end any of them.
+    std::vector<std::pair<QPointer<QWidget>, QRect>> moves;
+    for (const auto &[item, place] : m_places)
+        moves.emplace_back(m_items.widget(item), m_transition.seen(item, place));
+    const QPointer<QVLayout> self(this);
+    m_isApplying = true;
+    for (const auto &[widget, frame] : moves) {
+        if (widget)
+            widget->setGeometry(frame);
+    }
+    if (self)
+        m_isApplying = false;
+}
+
+QVLayout::Frames QVLayout::seenFrames() const
+{
+    Frames frames;
+    for (const auto &[item, place] : m_places) {
+        if (const QWidget *widget = m_items.widget(item))
+            frames.emplace(item, widget->geometry());
+    }
+    return frames;
+}
+
+void QVLayout::animateLayout(std::chrono::milliseconds duration, Completion completion)
+{
+    if (!m_container)
+        return;
+    const Frames seen = seenFrames();
+    const Frames formerPlaces = m_places;
+    solve();
+    m_transition.advanceTo(QVTicker::shared().time());
+    if (m_container->isVisible() && !QVMotion::isReduced() && duration.count() > 0)
+        m_transition.start(seen, formerPlaces, m_places, duration);
+    else
+        m_transition.stop();
+    apply();
+    startMotion();
+    scheduleEnd(duration, std::move(completion));
+}
+
+void QVLayout::startMotion()
+{
+    if (!m_transition.isRunning())
+        return;
+    const double seconds = std::chrono::duration<double>(m_transition.remaining()).count();
+    m_motion.start(0, 1, seconds, [this](double) { move(); });
+}
+
+void QVLayout::move()
+{
+    m_transition.advanceTo(QVTicker::shared().time());
+    if (!m_transition.isRunning())
+        m_motion.stop();
+    apply();
+}
+
+void QVLayout::scheduleEnd(std::chrono::milliseconds duration, Completion completion)
+{
+    QVScheduler::shared().schedule(duration, [self = QPointer(this), completion = std::move(completion)] {
+        // The last frame may come a little later, yet everything has arrived by now.
+        if (self)
+            self->move();
+        if (self && self->m_container && completion)
+            completion();
+    });
+}
+
+QString QVLayout::description() const
+{
+    QStringList lines;
+    for (const QVLayoutConstraint &constraint : m_constraints)
+        lines.append(constraint.description([this](ItemId id) { return m_items.nameOf(id); }));
+    return lines.join(u'\n');
+}
+
+bool QVLayout::eventFilter(QObject *watched, QEvent *event)
+{
+    const QEvent::Type type = event->type();
+    const bool matters = type == QEvent::Resize || type == QEvent::Move || type == QEvent::LayoutRequest;
+    if (watched == m_container) {
+        if (type == QEvent::Show || (matters && type != QEvent::Move))
+            m_isApplying ? requestLayout() : layoutNow();
+    } else if (matters && !m_isApplying) {
+        layoutNow();
+    }
+    return false;
+}
+
+QDebug operator<<(QDebug debug, const QVLayout &layout)
+{
+    const QDebugStateSaver saver(debug);
+    debug.nospace().noquote() << "QVLayout(\n" << layout.description() << ')';
+    return debug;
+}

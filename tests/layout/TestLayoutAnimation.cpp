@@ -1,0 +1,176 @@
+#include "layout/QVLayout.h"
+#include "support/QVTestCase.h"
+
+#include <QProxyStyle>
+#include <QWidget>
+
+using namespace std::chrono_literals;
+
+class TestLayoutAnimation : public QVTestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void movesWithinTheDuration()
+    {
+        moveTo(100);
+        QCOMPARE(m_box->y(), 0);
+        advance(50ms);
+        const int quarter = m_box->y();
+        QVERIFY2(quarter > 0 && quarter < 20, "slow at first");
+        advance(50ms);
+        QVERIFY(qAbs(m_box->y() - 50) <= 10);
+        advance(99ms);
+        QCOMPARE(m_ends, 0);
+        advance(1ms);
+        QCOMPARE(m_box->y(), 100);
+        QCOMPARE(m_ends, 1);
+        QVERIFY(!m_layout->isAnimating());
+        QCOMPARE(time().pendingCount(), 0);
+    }
+
+    void aSecondOneStartsFromWhatIsSeen()
+    {
+        moveTo(100);
+        advance(100ms);
+        const int half = m_box->y();
+        moveTo(0);
+        QCOMPARE(m_box->y(), half);
+        advance(100ms);
+        QCOMPARE(m_ends, 1);
+        QVERIFY(m_box->y() < half && m_box->y() > 0);
+        advance(100ms);
+        QCOMPARE(m_ends, 2);
+        QCOMPARE(m_box->y(), 0);
+    }
+
+    void anotherWidgetsAnimationDoesNotDelayIt()
+    {
+        QWidget *other = new QWidget(m_container.get());
+        m_layout->make(other, [](QVConstraintMaker &make) { make.left().equalTo(0); });
+        m_layout->layoutNow();
+        moveTo(100);
+        advance(100ms);
+        m_layout->update(other, [](QVConstraintMaker &make) { make.left().equalTo(50); });
+        m_layout->animateLayout(200ms);
+        advance(100ms);
+        QCOMPARE(m_box->y(), 100);
+        QVERIFY(other->x() > 0 && other->x() < 50);
+        advance(100ms);
+        QCOMPARE(other->x(), 50);
+    }
+
+    void resizeUnderWayEndsRight()
+    {
+        m_layout->update(m_box, [&](QVConstraintMaker &make) {
+            make.top().equalTo(m_container.get(), QVLayoutAttribute::Bottom);
+        });
+        m_layout->animateLayout(0ms);
+        advance(0ms);
+        QCOMPARE(m_box->y(), 300);
+        m_layout->update(m_box, [&](QVConstraintMaker &make) {
+            make.top().equalTo(m_container.get(), QVLayoutAttribute::Bottom).offset(-30);
+        });
+        m_layout->animateLayout(200ms);
+        advance(100ms);
+        const int left = m_box->y() - 270;
+        m_container->resize(250, 500);
+        QCOMPARE(m_box->y() - 470, left);
+        QCOMPARE(m_box->width(), 250);
+        advance(100ms);
+        QCOMPARE(m_box->geometry(), QRect(0, 470, 250, 20));
+    }
+
+    void hiddenContainerJumps()
+    {
+        m_container->hide();
+        moveTo(100);
+        QCOMPARE(m_box->y(), 100);
+        QCOMPARE(m_ends, 0);
+        advance(200ms);
+        QCOMPARE(m_ends, 1);
+    }
+
+    void hidingUnderWayEndsInPlace()
+    {
+        moveTo(100);
+        advance(50ms);
+        m_container->hide();
+        advance(150ms);
+        QCOMPARE(m_ends, 1);
+        QCOMPARE(m_box->y(), 100);
+    }
+
+    void whatIsNewAppearsInPlace()
+    {
+        QWidget fresh(m_container.get());
+        m_layout->make(&fresh, [](QVConstraintMaker &make) { make.left().equalTo(80); });
+        moveTo(100);
+        QCOMPARE(fresh.x(), 80);
+    }
+
+    void noCompletionAfterTheEndOfEitherSide_data()
+    {
+        QTest::addColumn<bool>("layoutFirst");
+        QTest::newRow("layout") << true;
+        QTest::newRow("container") << false;
+    }
+
+    void noCompletionAfterTheEndOfEitherSide()
+    {
+        QFETCH(bool, layoutFirst);
+        moveTo(100);
+        advance(50ms);
+        if (layoutFirst)
+            m_layout.reset();
+        else
+            m_container.reset();
+        advance(300ms);
+        QCOMPARE(m_ends, 0);
+        QCOMPARE(time().pendingCount(), 0);
+    }
+
+    void completionMayEndTheLayout()
+    {
+        m_layout->animateLayout(10ms, [this] { m_layout.reset(); });
+        advance(20ms);
+        QVERIFY(!m_layout);
+    }
+
+private:
+    void prepare() override
+    {
+        m_ends = 0;
+        m_container = std::make_unique<QWidget>();
+        m_container->resize(400, 300);
+        m_box = new QWidget(m_container.get());
+        m_layout = std::make_unique<QVLayout>(m_container.get());
+        m_layout->make(m_box, [&](QVConstraintMaker &make) {
+            make.left().equalTo(m_container.get());
+            make.right().equalTo(m_container.get());
+            make.top().equalTo(0);
+            make.height().equalTo(20);
+        });
+        m_container->show();
+    }
+
+    void finish() override
+    {
+        m_layout.reset();
+        m_container.reset();
+    }
+
+    void moveTo(int y)
+    {
+        m_layout->update(m_box, [y](QVConstraintMaker &make) { make.top().equalTo(y); });
+        m_layout->animateLayout(200ms, [this] { ++m_ends; });
+    }
+
+    std::unique_ptr<QWidget> m_container;
+    std::unique_ptr<QVLayout> m_layout;
+    QWidget *m_box = nullptr;
+    int m_ends = 0;
+};
+
+QV_TEST(TestLayoutAnimation)
+#include "TestLayoutAnimation.moc"
