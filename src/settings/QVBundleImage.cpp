@@ -1,0 +1,90 @@
+#include "settings/QVBundleImage.h"
+
+#include "settings/QVBundle.h"
+#include "settings/QVInternalConsistencyError.h"
+#include "settings/QVMainBundle.h"
+
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QImageReader>
+#include <QPixmapCache>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace {
+
+constexpr int largestScale = 3;
+// A host may ship its own pictures: these bound what decoding one can cost.
+constexpr qint64 maximumPictureSize = 1 << 20;
+constexpr int maximumSide = 2048;
+
+QString scaledPath(const QString &folder, const QString &name, int scale)
+{
+    const QFileInfo info(name);
+    const QString suffix = info.suffix().isEmpty() ? QStringLiteral("png") : info.suffix();
+    const QString mark = scale == 1 ? QString() : QStringLiteral("@%1x").arg(scale);
+    return folder + u'/' + info.completeBaseName() + mark + u'.' + suffix;
+}
+
+QImage readBounded(const QString &path)
+{
+    if (QFileInfo(path).size() > maximumPictureSize)
+        return {};
+    QImageReader reader(path);
+    const QSize size = reader.size();
+    if (size.isEmpty() || size.width() > maximumSide || size.height() > maximumSide)
+        return {};
+    return reader.read();
+}
+
+// The scale asked for, else a larger one, which loses nothing, else the largest there is.
+std::array<int, largestScale> scalesByPreference(qreal devicePixelRatio)
+{
+    const int wanted = std::clamp(static_cast<int>(std::ceil(devicePixelRatio)), 1, largestScale);
+    std::array<int, largestScale> scales{1, 2, 3};
+    std::ranges::sort(scales, {},
+                      [wanted](int scale) { return scale >= wanted ? scale : 2 * largestScale - scale; });
+    return scales;
+}
+
+QPixmap readPicture(const QString &folder, const QString &name, qreal devicePixelRatio)
+{
+    for (const int scale : scalesByPreference(devicePixelRatio)) {
+        QPixmap picture = QPixmap::fromImage(readBounded(scaledPath(folder, name, scale)));
+        if (picture.isNull())
+            continue;
+        picture.setDevicePixelRatio(scale);
+        return picture;
+    }
+    return {};
+}
+
+} // namespace
+
+std::shared_ptr<const QVBundle> qv_bundle()
+{
+    auto bundle = QVMainBundle::shared().bundle(QStringLiteral("QVResource"));
+    if (!bundle)
+        throw QVInternalConsistencyError("QVResource.bundle 在项目中不存在！！！！");
+    return bundle;
+}
+
+QPixmap qv_imageFromBundleWithName(const QString &name)
+{
+    return qv_imageFromBundleWithName(name, qGuiApp->devicePixelRatio());
+}
+
+QPixmap qv_imageFromBundleWithName(const QString &name, qreal devicePixelRatio)
+{
+    const QString folder = qv_bundle()->path();
+    const QString cacheKey = folder + u'/' + name + u'@' + QString::number(devicePixelRatio);
+    QPixmap picture;
+    if (QPixmapCache::find(cacheKey, &picture))
+        return picture;
+    picture = readPicture(folder, name, devicePixelRatio);
+    if (!picture.isNull())
+        QPixmapCache::insert(cacheKey, picture);
+    return picture;
+}

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QPixmap>
+#include <QString>
+
+#include <memory>
+
+class QVBundle;
+
+/// The resource bundle. Throws QVInternalConsistencyError where there is none.
+[[nodiscard]] std::shared_ptr<const QVBundle> qv_bundle();
+
+/// A picture of the resource bundle, in the size made for the screen; null where there is no such
+/// picture. A name without an extension means a PNG.
+[[nodiscard]] QPixmap qv_imageFromBundleWithName(const QString &name);
+/// The same for a screen of a given pixel ratio.
+[[nodiscard]] QPixmap qv_imageFromBundleWithName(const QString &name, qreal devicePixelRatio);

@@ -1,0 +1,31 @@
+#include "settings/QVConfigurationManager.h"
+
+#include "platform/QVPictureCacheFolder.h"
+#include "settings/QVBundle.h"
+#include "settings/QVBundleImage.h"
+#include "settings/QVDeviceIdentifier.h"
+#include "settings/QVLanguage.h"
+
+QVConfigurationManager &QVConfigurationManager::sharedManager()
+{
+    static QVConfigurationManager manager;
+    return manager;
+}
+
+QVConfigurationManager::QVConfigurationManager()
+{
+    setPreferredLanguage(QString());
+    QVPictureCacheFolder::clearInBackground();
+}
+
+void QVConfigurationManager::setPreferredLanguage(const QString &language)
+{
+    m_preferredLanguage = language;
+    const QString tag = language.isEmpty() ? qv_deviceLanguage() : language;
+    m_languageBundle = qv_bundle()->bundle(qv_languageFolderName(tag), QStringLiteral("lproj"));
+}
+
+QString QVConfigurationManager::deviceId() const
+{
+    return QVDeviceIdentifier::getDeviceId();
+}

@@ -1,0 +1,66 @@
+#pragma once
+
+#include "settings/QVPopupPresentation.h"
+#include "settings/QVServiceAddresses.h"
+
+#include <QString>
+
+#include <memory>
+
+class QVBundle;
+
+/// The settings of the process. Made on first use by whichever thread asks first; its fields are
+/// read and written on the user-interface thread.
+class QVConfigurationManager
+{
+public:
+    QVConfigurationManager(const QVConfigurationManager &) = delete;
+    QVConfigurationManager &operator=(const QVConfigurationManager &) = delete;
+
+    /// Throws QVInternalConsistencyError where there is no resource bundle.
+    [[nodiscard]] static QVConfigurationManager &sharedManager();
+
+    /// The verification id, sent as "id".
+    [[nodiscard]] QString vid() const { return m_vid; }
+    void setVid(const QString &vid) { m_vid = vid; }
+
+    [[nodiscard]] QString scene() const { return m_scene; }
+    void setScene(const QString &scene) { m_scene = scene; }
+
+    /// The address of the outage server.
+    [[nodiscard]] QString outage() const { return m_outage; }
+    void setOutage(const QString &outage) { m_outage = outage; }
+
+    /// Whether the outage switch counts as active whatever it answers.
+    [[nodiscard]] bool isOpenOutage() const { return m_isOpenOutage; }
+    void setIsOpenOutage(bool isOpenOutage) { m_isOpenOutage = isOpenOutage; }
+
+    /// The language as it was last asked for, null where none was.
+    [[nodiscard]] QString preferredLanguage() const { return m_preferredLanguage; }
+    /// Also chooses the language bundle: by the user's own language where \a language is null or empty.
+    void setPreferredLanguage(const QString &language);
+
+    /// The folder of the chosen language, null where the resource bundle lacks it.
+    [[nodiscard]] std::shared_ptr<const QVBundle> languageBundle() const { return m_languageBundle; }
+
+    [[nodiscard]] QVServiceAddresses serviceAddresses() const { return m_serviceAddresses; }
+    void setServiceAddresses(const QVServiceAddresses &addresses) { m_serviceAddresses = addresses; }
+
+    [[nodiscard]] QVPopupPresentation popupPresentation() const { return m_popupPresentation; }
+    void setPopupPresentation(QVPopupPresentation presentation) { m_popupPresentation = presentation; }
+
+    /// The device identifier, looked up in the secure store at each call.
+    [[nodiscard]] QString deviceId() const;
+
+private:
+    QVConfigurationManager();
+
+    QString m_vid;
+    QString m_scene;
+    QString m_outage;
+    bool m_isOpenOutage = false;
+    QString m_preferredLanguage;
+    std::shared_ptr<const QVBundle> m_languageBundle;
+    QVServiceAddresses m_serviceAddresses;
+    QVPopupPresentation m_popupPresentation = QVPopupPresentation::Automatic;
+};

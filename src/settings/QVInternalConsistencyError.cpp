@@ -1,0 +1,3 @@
+#include "settings/QVInternalConsistencyError.h"
+
+QVInternalConsistencyError::~QVInternalConsistencyError() = default;

@@ -1,0 +1,93 @@
+#include "settings/QVKeychainQuery.h"
+
+#include "settings/QVKeychain.h"
+#include "settings/QVKeychainError.h"
+#include "settings/QVSecureStore.h"
+
+#include <QCborValue>
+#include <QStringDecoder>
+
+namespace {
+
+bool report(QVSecureStatus status, QVError *error)
+{
+    if (error)
+        *error = qv_keychainError(status).value_or(QVError());
+    return status == QVSecureStatus::Success;
+}
+
+} // namespace
+
+QString QVKeychainQuery::password() const
+{
+    if (m_passwordData.isNull())
+        return {};
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+    const QString text = decoder(m_passwordData);
+    if (decoder.hasError())
+        return {};
+    return text.isNull() ? QStringLiteral("") : text;
+}
+
+QVariant QVKeychainQuery::passwordObject() const
+{
+    // Not a QDataStream: stored data is not ours to trust, and CBOR is read within bounds.
+    QCborParserError error;
+    const QCborValue value = QCborValue::fromCbor(m_passwordData, &error);
+    return error.error.c == QCborError::NoError ? value.toVariant() : QVariant();
+}
+
+void QVKeychainQuery::setPasswordObject(const QVariant &object)
+{
+    m_passwordData = object.isValid() ? QCborValue::fromVariant(object).toCbor() : QByteArray();
+}
+
+bool QVKeychainQuery::save(QVError *error) const
+{
+    const bool isComplete = namesAnItem() && !m_passwordData.isNull();
+    return report(isComplete ? store() : QVSecureStatus::BadArguments, error);
+}
+
+QVSecureStatus QVKeychainQuery::store() const
+{
+    QVSecureStore &store = QVSecureStore::shared();
+    const QVSecureStatus found = store.copyMatching(query(), QVSecureStore::Return::Nothing).status;
+    if (found == QVSecureStatus::Success)
+        return store.update(query(), m_passwordData, QVKeychain::accessibilityType());
+    return found == QVSecureStatus::ItemNotFound ? store.add(newItem()) : found;
+}
+
+bool QVKeychainQuery::fetch(QVError *error)
+{
+    if (!namesAnItem())
+        return report(QVSecureStatus::BadArguments, error);
+    const auto answer = QVSecureStore::shared().copyMatching(query(), QVSecureStore::Return::Data);
+    if (answer.status == QVSecureStatus::Success)
+        m_passwordData = answer.items.value(0).data;
+    return report(answer.status, error);
+}
+
+bool QVKeychainQuery::deleteItem(QVError *error) const
+{
+    const auto status =
+        namesAnItem() ? QVSecureStore::shared().deleteMatching(query()) : QVSecureStatus::BadArguments;
+    return report(status, error);
+}
+
+std::optional<QList<QVSecureItem>> QVKeychainQuery::fetchAll(QVError *error) const
+{
+    auto answer = QVSecureStore::shared().copyMatching(query(), QVSecureStore::Return::Attributes);
+    if (!report(answer.status, error))
+        return std::nullopt;
+    return std::move(answer.items);
+}
+
+QVSecureQuery QVKeychainQuery::query() const
+{
+    return {m_service, m_account, m_accessGroup, m_synchronizationMode};
+}
+
+QVSecureItem QVKeychainQuery::newItem() const
+{
+    return {m_service, m_account, m_accessGroup, m_label, QVKeychain::accessibilityType(), m_passwordData};
+}

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "settings/QVSecureItem.h"
+
+#include <QVariant>
+
+#include <optional>
+
+class QVError;
+
+/// One operation on the secure store. Set the fields, then call the operation; each tells whether it
+/// went well and, where it did not, fills in the error if it is given one.
+class QVKeychainQuery
+{
+public:
+    [[nodiscard]] QString service() const { return m_service; }
+    void setService(const QString &service) { m_service = service; }
+
+    [[nodiscard]] QString account() const { return m_account; }
+    void setAccount(const QString &account) { m_account = account; }
+
+    [[nodiscard]] QString label() const { return m_label; }
+    void setLabel(const QString &label) { m_label = label; }
+
+    [[nodiscard]] QString accessGroup() const { return m_accessGroup; }
+    void setAccessGroup(const QString &accessGroup) { m_accessGroup = accessGroup; }
+
+    [[nodiscard]] QVSynchronizationMode synchronizationMode() const { return m_synchronizationMode; }
+    void setSynchronizationMode(QVSynchronizationMode mode) { m_synchronizationMode = mode; }
+
+    [[nodiscard]] QByteArray passwordData() const { return m_passwordData; }
+    void setPasswordData(const QByteArray &data) { m_passwordData = data; }
+
+    /// The data as text; null where there is none or it is no UTF-8.
+    [[nodiscard]] QString password() const;
+    void setPassword(const QString &password) { m_passwordData = password.toUtf8(); }
+
+    /// The data as a value of the kinds that CBOR knows; invalid where there is none or it is no CBOR.
+    [[nodiscard]] QVariant passwordObject() const;
+    void setPasswordObject(const QVariant &object);
+
+    /// Stores the data: in the item of this service and account where there is one, in a new one else.
+    bool save(QVError *error = nullptr) const;
+    /// Reads the data of the item of this service and account.
+    [[nodiscard]] bool fetch(QVError *error = nullptr);
+    /// Removes the item of this service and account.
+    bool deleteItem(QVError *error = nullptr) const;
+    /// All items that match the fields that are set, without their data.
+    [[nodiscard]] std::optional<QList<QVSecureItem>> fetchAll(QVError *error = nullptr) const;
+
+private:
+    [[nodiscard]] bool namesAnItem() const { return !m_service.isNull() && !m_account.isNull(); }
+    [[nodiscard]] QVSecureQuery query() const;
+    [[nodiscard]] QVSecureStatus store() const;
+    [[nodiscard]] QVSecureItem newItem() const;
+
+    QString m_service;
+    QString m_account;
+    QString m_label;
+    QString m_accessGroup;
+    QVSynchronizationMode m_synchronizationMode = QVSynchronizationMode::Any;
+    QByteArray m_passwordData;
+};

@@ -1,0 +1,7 @@
+#pragma once
+
+#include <QString>
+
+/// The text for a key in the language of the settings; \a value, or without one the key itself,
+/// where that language lacks it. Null where the language has no folder at all.
+[[nodiscard]] QString qv_localizedStringForKey(const QString &key, const QString &value = QString());

@@ -1,0 +1,52 @@
+#include "settings/QVMainBundle.h"
+
+#include "QVBuildChoices.h"
+#include "settings/QVBundle.h"
+
+#include <QCoreApplication>
+#include <QDir>
+
+// Outside any namespace, as the macro wants it. A static library's resources are linked in and
+// registered only because of this call.
+static void registerCompiledResources()
+{
+    Q_INIT_RESOURCE(quarvo);
+}
+
+QVMainBundle &QVMainBundle::shared()
+{
+    static QVMainBundle bundle;
+    return bundle;
+}
+
+QVMainBundle::QVMainBundle()
+    : m_places(defaultPlaces())
+{
+    registerCompiledResources();
+}
+
+QStringList QVMainBundle::defaultPlaces()
+{
+    return {QCoreApplication::applicationDirPath(), QVBuildChoices::dataFolder.toString(),
+            QStringLiteral(":")};
+}
+
+void QVMainBundle::setPlaces(const QStringList &places)
+{
+    const std::scoped_lock lock(m_mutex);
+    m_places = places;
+    m_found.clear();
+}
+
+std::shared_ptr<const QVBundle> QVMainBundle::bundle(const QString &name)
+{
+    const std::scoped_lock lock(m_mutex);
+    if (const auto known = m_found.value(name))
+        return known;
+    for (const QString &place : std::as_const(m_places)) {
+        const auto found = QVBundle::open(place + u'/' + name + QLatin1String(".bundle"));
+        if (found)
+            return *m_found.insert(name, found);
+    }
+    return nullptr;
+}

@@ -1,0 +1,45 @@
+#include "settings/QVSDKManager.h"
+
+#include "platform/QVMainThread.h"
+#include "settings/QVConfigurationManager.h"
+
+namespace {
+
+QVConfigurationManager &settings()
+{
+    qv_assertMainThread();
+    return QVConfigurationManager::sharedManager();
+}
+
+} // namespace
+
+void QVSDKManager::setQuarvoSDKVid(const QString &vid, const QString &scene)
+{
+    settings().setVid(vid);
+    settings().setScene(scene);
+}
+
+void QVSDKManager::setPreferredLanguage(const QString &language)
+{
+    settings().setPreferredLanguage(language);
+}
+
+void QVSDKManager::setOutageServer(const QString &address)
+{
+    settings().setOutage(address);
+}
+
+void QVSDKManager::setOutageOpen(bool open)
+{
+    settings().setIsOpenOutage(open);
+}
+
+void QVSDKManager::setServiceAddresses(const QVServiceAddresses &addresses)
+{
+    settings().setServiceAddresses(addresses);
+}
+
+void QVSDKManager::setPopupPresentation(QVPopupPresentation presentation)
+{
+    settings().setPopupPresentation(presentation);
+}

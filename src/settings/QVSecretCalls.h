@@ -1,0 +1,37 @@
+#pragma once
+
+#include "settings/QVGlibLoop.h"
+#include "settings/QVSecureItem.h"
+
+#include <libsecret/secret.h>
+#include <string>
+#include <vector>
+
+/// The calls of the Secret Service that the store is made of, each waited for. None asks the user.
+class QVSecretCalls
+{
+public:
+    using Paths = std::vector<std::string>;
+
+    QVSecretCalls(QVGlibLoop &loop, SecretService *service);
+
+    /// Finds the items that can be read. Not allowed where all that match are locked.
+    [[nodiscard]] QVSecureStatus search(const QVSecureQuery &query, Paths &paths);
+    [[nodiscard]] QVSecureStatus readData(const std::string &path, QByteArray &data);
+    [[nodiscard]] QVSecureStatus readAttributes(const std::string &path, QVSecureItem &item);
+    [[nodiscard]] QVSecureStatus create(const QVSecureItem &item);
+    [[nodiscard]] QVSecureStatus replace(const std::string &path, const QByteArray &data,
+                                         const QString &accessibility);
+    [[nodiscard]] QVSecureStatus remove(const std::string &path);
+
+private:
+    using Finish = std::function<void(GAsyncResult *, GError **)>;
+
+    [[nodiscard]] QVSecureStatus call(const QVGlibLoop::Begin &begin, const Finish &finish);
+    [[nodiscard]] QVSecureStatus open(const std::string &path, QVGlibPointer<SecretItem> &item);
+    [[nodiscard]] QVSecureStatus setData(SecretItem *item, const QByteArray &data);
+    [[nodiscard]] QVSecureStatus setAccessibility(SecretItem *item, const QString &accessibility);
+
+    QVGlibLoop &m_loop;
+    SecretService *m_service;
+};

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "settings/QVSecretConnection.h"
+#include "settings/QVSecureStore.h"
+
+#include <chrono>
+#include <functional>
+#include <mutex>
+
+class QVSecretCalls;
+
+/// The store of a freedesktop.org desktop, its Secret Service.
+///
+/// The connection is kept from one call to the next. A service that did not answer in time is then
+/// left alone for a while, so that it delays its host once and not at every request.
+class QVSecretServiceStore final : public QVSecureStore
+{
+public:
+    QVSecretServiceStore();
+    ~QVSecretServiceStore() override;
+
+    [[nodiscard]] Answer copyMatching(const QVSecureQuery &query, Return what) override;
+    [[nodiscard]] QVSecureStatus add(const QVSecureItem &item) override;
+    [[nodiscard]] QVSecureStatus update(const QVSecureQuery &query, const QByteArray &data,
+                                        const QString &accessibility) override;
+    [[nodiscard]] QVSecureStatus deleteMatching(const QVSecureQuery &query) override;
+
+private:
+    using Operation = std::function<QVSecureStatus(QVSecretCalls &)>;
+
+    [[nodiscard]] QVSecureStatus perform(const Operation &operation);
+    [[nodiscard]] QVSecureStatus attempt(QVGlibLoop &loop, const Operation &operation);
+
+    std::mutex m_mutex;
+    std::unique_ptr<GMainContext, QVGlibRelease<g_main_context_unref>> m_context;
+    std::unique_ptr<QVSecretConnection> m_connection;
+    std::chrono::nanoseconds m_leftAloneUntil{0};
+};

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QByteArray>
+#include <QList>
+#include <QString>
+
+/// How a call to the secure store ended, in the numbers that its errors carry.
+enum class QVSecureStatus : int {
+    Success = 0,
+    Unimplemented = -4,
+    Param = -50,
+    Allocate = -108,
+    BadArguments = -1001,
+    NotAvailable = -25291,
+    AuthFailed = -25293,
+    DuplicateItem = -25299,
+    ItemNotFound = -25300,
+    InteractionNotAllowed = -25308,
+    Decode = -26275,
+};
+
+enum class QVSynchronizationMode { Any = 0, No = 1, Yes = 2 };
+
+/// Which items a call is about. An absent field matches every item.
+struct QVSecureQuery
+{
+    QString service;
+    QString account;
+    QString accessGroup;
+    QVSynchronizationMode synchronizationMode = QVSynchronizationMode::Any;
+};
+
+/// A password in the secure store.
+struct QVSecureItem
+{
+    QString service;
+    QString account;
+    QString accessGroup;
+    QString label;
+    QString accessibility;
+    QByteArray data;
+};

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "settings/QVSecureItem.h"
+
+#include <memory>
+
+/// Where the user's secrets are kept, item by item. A call is done when it returns, at the latest
+/// after about a second, and never asks the user for anything.
+class QVSecureStore
+{
+public:
+    /// What a lookup brings back.
+    enum class Return { Nothing, Data, Attributes };
+
+    struct Answer
+    {
+        QVSecureStatus status = QVSecureStatus::Success;
+        QList<QVSecureItem> items;
+    };
+
+    virtual ~QVSecureStore();
+
+    /// Looks items up: Data brings one item with its data and nothing else, Attributes brings all of
+    /// them with everything but their data.
+    [[nodiscard]] virtual Answer copyMatching(const QVSecureQuery &query, Return what) = 0;
+    [[nodiscard]] virtual QVSecureStatus add(const QVSecureItem &item) = 0;
+    /// Replaces the data of the first match, and its accessibility unless that is absent.
+    [[nodiscard]] virtual QVSecureStatus update(const QVSecureQuery &query, const QByteArray &data,
+                                                const QString &accessibility) = 0;
+    [[nodiscard]] virtual QVSecureStatus deleteMatching(const QVSecureQuery &query) = 0;
+
+    /// The store of this desktop.
+    [[nodiscard]] static std::unique_ptr<QVSecureStore> create();
+
+    [[nodiscard]] static QVSecureStore &shared();
+    /// Replaces the shared store, which must outlive its use; null brings back the desktop's.
+    static void setShared(QVSecureStore *store);
+};

@@ -1,0 +1,36 @@
+#include "settings/QVStringsTable.h"
+
+#include "settings/QVStringsScanner.h"
+
+#include <QFile>
+
+namespace {
+
+// Hundreds of times the size of a real table.
+constexpr qint64 maximumTableSize = 1 << 20;
+
+} // namespace
+
+QVStringsTable QVStringsTable::parse(const QByteArray &utf8)
+{
+    QVStringsTable table;
+    QVStringsScanner scanner(QString::fromUtf8(utf8));
+    while (scanner.skipToEntry()) {
+        const auto key = scanner.quotedText();
+        const bool assigned = key && scanner.accept(u'=');
+        const auto value = assigned ? scanner.quotedText() : std::nullopt;
+        if (value)
+            table.m_texts.insert(*key, *value);
+        if (!value || !scanner.accept(u';'))
+            scanner.skipLine();
+    }
+    return table;
+}
+
+QVStringsTable QVStringsTable::read(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    return parse(file.read(maximumTableSize));
+}

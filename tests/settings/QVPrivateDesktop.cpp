@@ -1,0 +1,141 @@
+#include "settings/QVPrivateDesktop.h"
+
+#include <QDBusArgument>
+#include <QDBusConnectionInterface>
+#include <QDBusMessage>
+#include <QDBusObjectPath>
+#include <QFile>
+#include <QTest>
+
+#include <csignal>
+#include <sys/prctl.h>
+
+namespace {
+
+constexpr const char *addressVariable = "DBUS_SESSION_BUS_ADDRESS";
+
+QByteArray busConfiguration(const QString &folder)
+{
+    return QStringLiteral("<busconfig><type>session</type><listen>unix:dir=%1</listen><auth>EXTERNAL</auth>"
+                          "<policy context=\"default\"><allow send_destination=\"*\"/><allow "
+                          "eavesdrop=\"true\"/><allow own=\"*\"/></policy>"
+                          "</busconfig>")
+        .arg(folder)
+        .toUtf8();
+}
+
+void stop(QProcess &process)
+{
+    process.terminate();
+    if (!process.waitForFinished(5000))
+        process.kill();
+    process.waitForFinished(5000);
+}
+
+} // namespace
+
+QVPrivateDesktop::QVPrivateDesktop()
+    : m_formerAddress(qgetenv(addressVariable))
+{
+}
+
+QVPrivateDesktop::~QVPrivateDesktop()
+{
+    QDBusConnection::disconnectFromBus(m_address);
+    stopKeyring();
+    stop(m_bus);
+    qputenv(addressVariable, m_formerAddress);
+}
+
+bool QVPrivateDesktop::startBus()
+{
+    QFile configuration(m_folder.filePath(QStringLiteral("bus.conf")));
+    if (!configuration.open(QIODevice::WriteOnly))
+        return false;
+    configuration.write(busConfiguration(m_folder.path()));
+    configuration.close();
+    prepare(m_bus);
+    m_bus.start(QStringLiteral("dbus-daemon"), {QStringLiteral("--nofork"), QStringLiteral("--print-address"),
+                                                QStringLiteral("--config-file=") + configuration.fileName()});
+    if (!m_bus.waitForReadyRead(5000))
+        return false;
+    m_address = QString::fromUtf8(m_bus.readLine()).trimmed();
+    qputenv(addressVariable, m_address.toUtf8());
+    return connection().isConnected();
+}
+
+bool QVPrivateDesktop::startKeyring(bool unlocked)
+{
+    prepare(m_keyring);
+    QStringList arguments{QStringLiteral("--foreground"), QStringLiteral("--components=secrets")};
+    if (unlocked)
+        arguments.append(QStringLiteral("--unlock"));
+    m_keyring.start(QStringLiteral("gnome-keyring-daemon"), arguments);
+    m_keyring.write("test");
+    m_keyring.closeWriteChannel();
+    return QTest::qWaitFor([this] { return isOwned(QStringLiteral("org.freedesktop.secrets")); }, 10000);
+}
+
+void QVPrivateDesktop::stopKeyring()
+{
+    if (m_keyring.state() != QProcess::NotRunning)
+        stop(m_keyring);
+}
+
+bool QVPrivateDesktop::lockKeyring() const
+{
+    const QDBusObjectPath collection(QStringLiteral("/org/freedesktop/secrets/collection/login"));
+    const auto paths = QVariant::fromValue(QList<QDBusObjectPath>{collection});
+    return callService(QStringLiteral("Lock"), {paths}).type() == QDBusMessage::ReplyMessage;
+}
+
+int QVPrivateDesktop::countItems(const QString &service, const QString &account) const
+{
+    QDBusArgument attributes;
+    attributes.beginMap(QMetaType::fromType<QString>(), QMetaType::fromType<QString>());
+    const QMap<QString, QString> wanted{{QStringLiteral("service"), service},
+                                        {QStringLiteral("account"), account}};
+    for (auto entry = wanted.cbegin(); entry != wanted.cend(); ++entry) {
+        attributes.beginMapEntry();
+        attributes << entry.key() << entry.value();
+        attributes.endMapEntry();
+    }
+    attributes.endMap();
+    const auto found =
+        callService(QStringLiteral("SearchItems"), {QVariant::fromValue(attributes)}).arguments();
+    int count = 0;
+    for (const QVariant &paths : found)
+        count += static_cast<int>(qdbus_cast<QList<QDBusObjectPath>>(paths).size());
+    return count;
+}
+
+QDBusConnection QVPrivateDesktop::connection() const
+{
+    return QDBusConnection::connectToBus(m_address, m_address);
+}
+
+bool QVPrivateDesktop::isOwned(const QString &name) const
+{
+    return connection().interface()->isServiceRegistered(name);
+}
+
+QDBusMessage QVPrivateDesktop::callService(const QString &method, const QVariantList &arguments) const
+{
+    auto message = QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.secrets"),
+                                                  QStringLiteral("/org/freedesktop/secrets"),
+                                                  QStringLiteral("org.freedesktop.Secret.Service"), method);
+    message.setArguments(arguments);
+    return connection().call(message);
+}
+
+void QVPrivateDesktop::prepare(QProcess &process) const
+{
+    auto environment = QProcessEnvironment::systemEnvironment();
+    for (const char *name : {"HOME", "XDG_RUNTIME_DIR", "XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME"})
+        environment.insert(QString::fromLatin1(name), m_folder.path());
+    environment.insert(QString::fromLatin1(addressVariable), m_address);
+    process.setProcessEnvironment(environment);
+    // A test that crashes takes its daemons along.
+    process.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGTERM); });
+    process.setStandardErrorFile(QProcess::nullDevice());
+}

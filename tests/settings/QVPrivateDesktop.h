@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QDBusConnection>
+#include <QProcess>
+#include <QTemporaryDir>
+
+/// A session bus and a real keyring, for the test alone. While it lives, the process's session bus is
+/// this one.
+class QVPrivateDesktop
+{
+public:
+    QVPrivateDesktop();
+    QVPrivateDesktop(const QVPrivateDesktop &) = delete;
+    QVPrivateDesktop &operator=(const QVPrivateDesktop &) = delete;
+    ~QVPrivateDesktop();
+
+    /// Starts a bus that starts no service by itself.
+    [[nodiscard]] bool startBus();
+    /// Starts the keyring, unlocked by the right password or left as it lies on the disk.
+    [[nodiscard]] bool startKeyring(bool unlocked = true);
+    void stopKeyring();
+    [[nodiscard]] bool lockKeyring() const;
+
+    [[nodiscard]] QString address() const { return m_address; }
+    /// How many items the keyring holds for a service and account, asked without our own code.
+    [[nodiscard]] int countItems(const QString &service, const QString &account) const;
+
+private:
+    [[nodiscard]] QDBusConnection connection() const;
+    [[nodiscard]] bool isOwned(const QString &name) const;
+    [[nodiscard]] QDBusMessage callService(const QString &method, const QVariantList &arguments) const;
+    void prepare(QProcess &process) const;
+
+    QTemporaryDir m_folder;
+    QProcess m_bus;
+    QProcess m_keyring;
+    QString m_address;
+    QByteArray m_formerAddress;
+};

@@ -1,0 +1,191 @@
+#include "settings/QVFakeSecretService.h"
+#include "settings/QVPrivateDesktop.h"
+#include "settings/QVSecureStore.h"
+#include "support/QVTestCase.h"
+
+#include <QElapsedTimer>
+
+/// The desktop's store, asked directly: what it holds, and how it behaves where there is none.
+class TestSecureStore : public QVTestCase
+{
+    Q_OBJECT
+
+protected:
+    void prepare() override
+    {
+        m_desktop = std::make_unique<QVPrivateDesktop>();
+        QVERIFY(m_desktop->startBus());
+        m_store = QVSecureStore::create();
+    }
+
+    void finish() override
+    {
+        m_store.reset();
+        m_desktop.reset();
+    }
+
+private Q_SLOTS:
+    void keepsItemsApartByServiceAndAccount()
+    {
+        QVERIFY2(m_desktop->startKeyring(), "these tests need gnome-keyring-daemon");
+        QCOMPARE(m_store->add(item("one", "a")), QVSecureStatus::Success);
+        QCOMPARE(m_store->add(item("one", "b")), QVSecureStatus::Success);
+        QCOMPARE(m_store->add(item("two", "a")), QVSecureStatus::Success);
+        QCOMPARE(
+            m_store->update(query("one", "b"), QByteArray("new\0data", 8), QStringLiteral("after unlock")),
+            QVSecureStatus::Success);
+
+        QCOMPARE(read("one", "a"), QByteArray("one/a"));
+        QCOMPARE(read("one", "b"), QByteArray("new\0data", 8));
+        QCOMPARE(list(QVSecureQuery{}).size(), 3);
+        const auto ofB = list(query("one", "b"));
+        QCOMPARE(ofB.size(), 1);
+        QCOMPARE(ofB.first().label, QStringLiteral("Label of b"));
+        QCOMPARE(ofB.first().accessibility, QStringLiteral("after unlock"));
+        QVERIFY(ofB.first().data.isNull());
+
+        QCOMPARE(m_store->deleteMatching(query("one", "a")), QVSecureStatus::Success);
+        QCOMPARE(m_store->deleteMatching(query("one", "a")), QVSecureStatus::ItemNotFound);
+        QCOMPARE(list(QVSecureQuery{}).size(), 2);
+        QCOMPARE(read("two", "a"), QByteArray("two/a"));
+    }
+
+    void storingTheSameTwiceKeepsOne()
+    {
+        QVERIFY(m_desktop->startKeyring());
+        QCOMPARE(m_store->add(item("one", "a")), QVSecureStatus::Success);
+        QCOMPARE(m_store->add(item("one", "a")), QVSecureStatus::Success);
+        QCOMPARE(m_desktop->countItems(QStringLiteral("one"), QStringLiteral("a")), 1);
+    }
+
+    void anOversizedSecretIsNotTakenIn()
+    {
+        QVERIFY(m_desktop->startKeyring());
+        QVSecureItem large = item("one", "a");
+        large.data = QByteArray(64 * 1024 + 1, 'x');
+        QCOMPARE(m_store->add(large), QVSecureStatus::Success);
+        const auto answer = m_store->copyMatching(query("one", "a"), QVSecureStore::Return::Data);
+        QCOMPARE(answer.status, QVSecureStatus::Decode);
+    }
+
+    void aLockedKeyringIsNotUnlocked_data()
+    {
+        QTest::addColumn<bool>("restarts");
+        QTest::newRow("locked while in use") << false;
+        QTest::newRow("locked from the start") << true;
+    }
+    void aLockedKeyringIsNotUnlocked()
+    {
+        QFETCH(bool, restarts);
+        QVERIFY(m_desktop->startKeyring());
+        QCOMPARE(m_store->add(item("one", "a")), QVSecureStatus::Success);
+        if (restarts) {
+            m_desktop->stopKeyring();
+            QVERIFY(m_desktop->startKeyring(false));
+        } else {
+            QVERIFY(m_desktop->lockKeyring());
+        }
+        m_store = QVSecureStore::create();
+        verifyEveryCallGives(QVSecureStatus::InteractionNotAllowed);
+        QCOMPARE(m_store->add(item("one", "new")), QVSecureStatus::InteractionNotAllowed);
+    }
+
+    void aServiceThatWantsToAskTheUserMayNot()
+    {
+        QVFakeSecretService service(m_desktop->address(), QVFakeSecretService::Manner::Prompting);
+        QVERIFY(service.isRegistered());
+        QCOMPARE(m_store->add(item("one", "a")), QVSecureStatus::InteractionNotAllowed);
+        QCOMPARE(service.promptCount(), 0);
+    }
+
+    void aFailingServiceIsNotAvailable()
+    {
+        QVFakeSecretService service(m_desktop->address(), QVFakeSecretService::Manner::Failing);
+        QVERIFY(service.isRegistered());
+        verifyEveryCallGives(QVSecureStatus::NotAvailable);
+    }
+
+    void withoutServiceOrBusItAnswersAtOnce_data()
+    {
+        QTest::addColumn<QByteArray>("address");
+        QTest::newRow("bus without a service") << QByteArray();
+        QTest::newRow("no bus") << QByteArray("");
+        QTest::newRow("bus that would have to be started") << QByteArray("autolaunch:");
+        QTest::newRow("bus that has gone") << QByteArray("unix:path=/nonexistent/bus");
+        QTest::newRow("nonsense") << QByteArray(";;=\x01,unix");
+    }
+    void withoutServiceOrBusItAnswersAtOnce()
+    {
+        QFETCH(QByteArray, address);
+        qputenv("XDG_RUNTIME_DIR", "");
+        if (!address.isNull())
+            qputenv("DBUS_SESSION_BUS_ADDRESS", address);
+        verifyEveryCallGives(QVSecureStatus::NotAvailable);
+    }
+
+    void aSilentServiceHoldsItsHostUpOnceAndBriefly()
+    {
+        bool delivered = false;
+        QMetaObject::invokeMethod(
+            this, [&delivered] { delivered = true; }, Qt::QueuedConnection);
+        {
+            QVFakeSecretService service(m_desktop->address(), QVFakeSecretService::Manner::Silent);
+            QVERIFY(service.isRegistered());
+            QElapsedTimer timer;
+            timer.start();
+            const auto answer = m_store->copyMatching(query("one", "a"), QVSecureStore::Return::Data);
+            QCOMPARE(answer.status, QVSecureStatus::NotAvailable);
+            QVERIFY2(timer.elapsed() > 900 && timer.elapsed() < 2000,
+                     qPrintable(QString::number(timer.elapsed())));
+            QVERIFY2(!delivered, "no event of the host may be delivered meanwhile");
+            verifyEveryCallGives(QVSecureStatus::NotAvailable);
+            service.answerLate();
+        }
+        QVERIFY(m_desktop->startKeyring());
+        QCOMPARE(m_store->add(item("one", "a")), QVSecureStatus::NotAvailable);
+        advance(std::chrono::seconds(31));
+        QCOMPARE(m_store->add(item("one", "a")), QVSecureStatus::Success);
+    }
+
+private:
+    static QVSecureQuery query(const char *service, const char *account)
+    {
+        return {QString::fromLatin1(service), QString::fromLatin1(account), QString()};
+    }
+
+    static QVSecureItem item(const char *service, const char *account)
+    {
+        const auto of = query(service, account);
+        return {of.service, of.account,
+                QString(),  QStringLiteral("Label of ") + of.account,
+                QString(),  (of.service + u'/' + of.account).toUtf8()};
+    }
+
+    QByteArray read(const char *service, const char *account)
+    {
+        const auto answer = m_store->copyMatching(query(service, account), QVSecureStore::Return::Data);
+        return answer.items.value(0).data;
+    }
+
+    QList<QVSecureItem> list(const QVSecureQuery &query)
+    {
+        return m_store->copyMatching(query, QVSecureStore::Return::Attributes).items;
+    }
+
+    void verifyEveryCallGives(QVSecureStatus status)
+    {
+        QElapsedTimer timer;
+        timer.start();
+        QCOMPARE(m_store->copyMatching(query("one", "a"), QVSecureStore::Return::Data).status, status);
+        QCOMPARE(m_store->add(item("one", "a")), status);
+        QCOMPARE(m_store->update(query("one", "a"), QByteArray("new"), QString()), status);
+        QCOMPARE(m_store->deleteMatching(query("one", "a")), status);
+        QVERIFY2(timer.elapsed() < 1000, qPrintable(QString::number(timer.elapsed())));
+    }
+
+    std::unique_ptr<QVPrivateDesktop> m_desktop;
+    std::unique_ptr<QVSecureStore> m_store;
+};
+
+QV_TEST(TestSecureStore)
+#include "TestSecureStore.moc"
