@@ -1,0 +1,247 @@
+#include "service/QVAPIRequestManager.h"
+
+#include "model/QVModelMapper.h"
+#include "platform/QVMainThread.h"
+#include "service/QVBoundedDownload.h"
+#include "service/QVClickResponseModel.h"
+#include "service/QVConfigResponseModel.h"
+#include "service/QVDataTask.h"
+#include "service/QVDownTimeResponseModel.h"
+#include "service/QVErrorClassification.h"
+#include "service/QVGetOutageResponseModel.h"
+#include "service/QVJsonAnswer.h"
+#include "service/QVVerifyResponseModel.h"
+#include "settings/QVConfigurationManager.h"
+
+#include <QCoreApplication>
+#include <QNetworkAccessManager>
+
+using namespace std::chrono_literals;
+
+namespace {
+
+using Answered = std::function<void(const QVJsonAnswer &)>;
+
+constexpr std::chrono::seconds switchDeadline = 10s;
+constexpr std::chrono::seconds startDeadline = 8s;
+constexpr std::chrono::seconds usualDeadline = 5s;
+constexpr qint64 answerLimit = 1 << 20;
+
+QString presentText(const QString &text)
+{
+    return text.isNull() ? QStringLiteral("") : text;
+}
+
+template<class Record>
+std::shared_ptr<Record> recordFrom(const QVJsonAnswer &answer)
+{
+    if (!answer.object)
+        return nullptr;
+    auto record = std::make_shared<Record>();
+    QVModelMapper::fill(*record, *answer.object);
+    return record;
+}
+
+// What becomes of an answer: finishing touches on a successful record, or the classified error.
+template<class Record, class Finish>
+Answered judged(QVCompletion<Record> completed, Finish finish)
+{
+    return [completed = std::move(completed), finish = std::move(finish)](const QVJsonAnswer &answer) {
+        if (!completed)
+            return;
+        if (answer.error)
+            return completed(nullptr, qv_parseError(answer.error));
+        const std::shared_ptr<Record> record = recordFrom<Record>(answer);
+        if (!record || !record->responseSuccess())
+            return completed(nullptr, qv_customErrorWithErrorResponse(record.get()));
+        finish(*record);
+        completed(record, std::nullopt);
+    };
+}
+
+template<class Record>
+Answered judged(QVCompletion<Record> completed)
+{
+    return judged(std::move(completed), [](Record &) {});
+}
+
+Answered judgedTrace(QVCompletion<QVVerifyResponseModel> completed, const QString &drawtime)
+{
+    return judged(std::move(completed), [drawtime = presentText(drawtime)](QVVerifyResponseModel &record) {
+        record.setDrawtime(drawtime);
+    });
+}
+
+QString apiBase(const QString &apiServer, const QString &vid)
+{
+    if (!vid.isNull())
+        return apiServer;
+    return QVConfigurationManager::sharedManager().serviceAddresses().apiHost() + QLatin1String("/app");
+}
+
+QVAPIRequestManager::Parameters challengeParameters(const QString &vid, const QString &challenge)
+{
+    return {{QStringLiteral("id"), presentText(vid)}, {QStringLiteral("challenge"), presentText(challenge)}};
+}
+
+} // namespace
+
+QVAPIRequestManager &QVAPIRequestManager::shared()
+{
+    static QVAPIRequestManager manager;
+    return manager;
+}
+
+QVAPIRequestManager::QVAPIRequestManager() = default;
+QVAPIRequestManager::~QVAPIRequestManager() = default;
+
+QVAPIRequestManager::Task
+QVAPIRequestManager::requestConfigWithVid(const QString &vid, const QString &type, const QString &scene,
+                                          QVCompletion<QVConfigResponseModel> completed)
+{
+    const QString host = QVConfigurationManager::sharedManager().serviceAddresses().apiHost();
+    return start(host + QLatin1String("/app/config/v1"),
+                 {{QStringLiteral("id"), presentText(vid)},
+                  {QStringLiteral("type"), presentText(type)},
+                  {QStringLiteral("scene"), presentText(scene)}},
+                 startDeadline, judged(std::move(completed), [](QVConfigResponseModel &config) {
+                     // An answer that says nothing of pictures' servers gets the default one.
+                     if (config.source_server().isNull())
+                         config.setCdn_servers({});
+                 }));
+}
+
+QVAPIRequestManager::Task
+QVAPIRequestManager::requestGetWithApiServer(const QString &apiServer, const QString &vid,
+                                             const QString &challenge,
+                                             QVCompletion<QVGetRefreshResponseModel> completed)
+{
+    return start(apiBase(apiServer, vid) + QLatin1String("/get/v1"), challengeParameters(vid, challenge),
+                 startDeadline, judged(std::move(completed)));
+}
+
+QVAPIRequestManager::Task
+QVAPIRequestManager::requestRefreshWithApiServer(const QString &apiServer, const QString &vid,
+                                                 const QString &challenge,
+                                                 QVCompletion<QVGetRefreshResponseModel> completed)
+{
+    return start(apiBase(apiServer, vid) + QLatin1String("/refresh/v1"), challengeParameters(vid, challenge),
+                 usualDeadline, judged(std::move(completed)));
+}
+
+QVAPIRequestManager::Task QVAPIRequestManager::requestVerifyWithApiServer(
+    const QString &apiServer, const QString &vid, const QString &challenge, const QString &v,
+    const QString &drawtime, QVCompletion<QVVerifyResponseModel> completed)
+{
+    Parameters parameters = challengeParameters(vid, challenge);
+    parameters.insert(QStringLiteral("v"), presentText(v));
+    parameters.insert(QStringLiteral("drawtime"), presentText(drawtime));
+    return start(apiBase(apiServer, vid) + QLatin1String("/verify/v1"), parameters, usualDeadline,
+                 judgedTrace(std::move(completed), drawtime));
+}
+
+QVAPIRequestManager::Task
+QVAPIRequestManager::requestClickWithApiServer(const QString &apiServer, const QString &vid,
+                                               const QString &challenge,
+                                               QVCompletion<QVClickResponseModel> completed)
+{
+    return start(apiBase(apiServer, vid) + QLatin1String("/click/v1"), challengeParameters(vid, challenge),
+                 usualDeadline, judged(std::move(completed)));
+}
+
+QVAPIRequestManager::Task
+QVAPIRequestManager::requestOutageGetcompleted(QVCompletion<QVGetOutageResponseModel> completed)
+{
+    return start(QVConfigurationManager::sharedManager().outage(),
+                 {{QStringLiteral("action"), QStringLiteral("get")}}, usualDeadline,
+                 judged(std::move(completed)));
+}
+
+QVAPIRequestManager::Task
+QVAPIRequestManager::requestOutageVerifyWithChallenge(const QString &challenge, const QString &v,
+                                                      const QString &drawtime,
+                                                      QVCompletion<QVVerifyResponseModel> completed)
+{
+    return start(QVConfigurationManager::sharedManager().outage(),
+                 {{QStringLiteral("action"), QStringLiteral("verify")},
+                  {QStringLiteral("challenge"), presentText(challenge)},
+                  {QStringLiteral("v"), presentText(v)}},
+                 usualDeadline, judgedTrace(std::move(completed), drawtime));
+}
+
+QVAPIRequestManager::Task
+QVAPIRequestManager::requestOutageComplted(QVCompletion<QVDownTimeResponseModel> completed)
+{
+    const QString host = QVConfigurationManager::sharedManager().serviceAddresses().downloadHost();
+    return startPlain(host + QLatin1String("/config"), switchDeadline,
+                      [completed = std::move(completed)](const QVJsonAnswer &answer) {
+                          if (!completed)
+                              return;
+                          if (answer.error)
+                              return completed(nullptr, qv_parseError(answer.error));
+                          const auto record = recordFrom<QVDownTimeResponseModel>(answer);
+                          if (record && QVConfigurationManager::sharedManager().isOpenOutage())
+                              record->setActive(true);
+                          completed(record, std::nullopt);
+                      });
+}
+
+QString QVAPIRequestManager::getParametersStringFromParameterDictionary(Parameters parameters)
+{
+    parameters.insert(QStringLiteral("deviceid"), QVConfigurationManager::sharedManager().deviceId());
+    QString query;
+    for (auto pair = parameters.cbegin(); pair != parameters.cend(); ++pair) {
+        if (pair.value().isNull())
+            continue;
+        if (!query.isNull())
+            query += u'&';
+        query += pair.key() + u'=' + pair.value();
+    }
+    return query;
+}
+
+QVAPIRequestManager::Task QVAPIRequestManager::start(const QString &address, const Parameters &parameters,
+                                                     std::chrono::seconds deadline, Answered answered)
+{
+    const QString query = getParametersStringFromParameterDictionary(parameters);
+    return startPlain(query.isEmpty() ? address : address + u'?' + query, deadline, std::move(answered));
+}
+
+QVAPIRequestManager::Task QVAPIRequestManager::startPlain(const QString &address,
+                                                          std::chrono::seconds deadline, Answered answered)
+{
+    qv_assertMainThread();
+    QNetworkRequest request{QUrl(address)};
+    const auto &headers = requestHTTPHeaderFields();
+    for (auto header = headers.cbegin(); header != headers.cend(); ++header)
+        request.setRawHeader(header.key(), header.value());
+    request.setAttribute(QNetworkRequest::CacheLoadControlAttribute, QNetworkRequest::AlwaysNetwork);
+
+    auto *download =
+        QVBoundedDownload::start(requestSession(), request, {deadline, answerLimit},
+                                 [answered = std::move(answered)](const QVBoundedDownload::Result &result) {
+                                     answered(result.error ? QVJsonAnswer{std::nullopt, result.error}
+                                                           : qv_readJsonAnswer(result.body));
+                                 });
+    return std::make_shared<QVDataTask>(download);
+}
+
+QNetworkAccessManager &QVAPIRequestManager::requestSession()
+{
+    if (!m_requestSession) {
+        m_requestSession = std::make_unique<QNetworkAccessManager>();
+        // Its thread and its sockets must be gone before the application object is.
+        qAddPostRoutine([] { shared().m_requestSession.reset(); });
+    }
+    return *m_requestSession;
+}
+
+const QMap<QByteArray, QByteArray> &QVAPIRequestManager::requestHTTPHeaderFields()
+{
+    if (m_requestHTTPHeaderFields.isEmpty()) {
+        m_requestHTTPHeaderFields.insert(
+            QByteArrayLiteral("Content-Type"),
+            QByteArrayLiteral("application/x-www-form-urlencoded;charset=UTF-8"));
+    }
+    return m_requestHTTPHeaderFields;
+}

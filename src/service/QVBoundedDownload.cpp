@@ -1,0 +1,111 @@
+#include "service/QVBoundedDownload.h"
+
+#include "service/QVNetworkError.h"
+
+#include <QNetworkAccessManager>
+#include <QNetworkReply>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int maximumRedirects = 5;
+
+std::optional<qint64> faultOf(const QUrl &address)
+{
+    if (!address.isValid() || address.isEmpty())
+        return QVNetworkError::badAddress;
+    if (address.scheme() != QLatin1String("https") && address.scheme() != QLatin1String("http"))
+        return QVNetworkError::unsupportedAddress;
+    if (address.host().isEmpty())
+        return QVNetworkError::badAddress;
+    return std::nullopt;
+}
+
+} // namespace
+
+QVBoundedDownload *QVBoundedDownload::start(QNetworkAccessManager &network, const QNetworkRequest &request,
+                                            Limits limits, Completion completion)
+{
+    auto *download = new QVBoundedDownload(network, limits, std::move(completion));
+    if (const std::optional<qint64> fault = faultOf(request.url()))
+        download->failLater(*fault);
+    else
+        download->send(network, request);
+    return download;
+}
+
+QVBoundedDownload::QVBoundedDownload(QNetworkAccessManager &network, Limits limits, Completion completion)
+    : QVTransfer(&network)
+    , m_limits(limits)
+    , m_completion(std::move(completion))
+{
+}
+
+void QVBoundedDownload::cancel()
+{
+    failLater(QVNetworkError::cancelled);
+}
+
+void QVBoundedDownload::send(QNetworkAccessManager &network, QNetworkRequest request)
+{
+    request.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
+    request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
+    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::NoLessSafeRedirectPolicy);
+    request.setMaximumRedirectsAllowed(maximumRedirects);
+
+    m_reply = network.get(request);
+    m_reply->setParent(this);
+    // A busy event loop must not let the answer pile up unread.
+    m_reply->setReadBufferSize(m_limits.bytes + 1);
+    connect(m_reply, &QNetworkReply::readyRead, this, &QVBoundedDownload::read);
+    connect(m_reply, &QNetworkReply::finished, this, &QVBoundedDownload::finish);
+    m_deadline.start(m_limits.deadline, [this] { failLater(QVNetworkError::timedOut); });
+}
+
+void QVBoundedDownload::read()
+{
+    const qint64 room = m_limits.bytes - m_result.body.size();
+    m_result.body += m_reply->read(room + 1);
+    if (m_result.body.size() > m_limits.bytes)
+        failLater(QVNetworkError::other);
+}
+
+void QVBoundedDownload::finish()
+{
+    read();
+    if (m_result.error)
+        return;
+    m_result.httpStatus = m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+    m_result.error = qv_networkErrorOfReply(*m_reply);
+    complete();
+}
+
+void QVBoundedDownload::failLater(qint64 code)
+{
+    if (m_result.error)
+        return;
+    m_result.error = qv_networkError(code);
+    m_deadline.stop();
+    if (m_reply)
+        m_reply->disconnect(this);
+    QMetaObject::invokeMethod(this, &QVBoundedDownload::abandon, Qt::QueuedConnection);
+}
+
+void QVBoundedDownload::abandon()
+{
+    // Deleted, not aborted: an HTTP error status that is still on its way to an aborted reply makes
+    // Qt warn about a second error.
+    delete std::exchange(m_reply, nullptr);
+    complete();
+}
+
+void QVBoundedDownload::complete()
+{
+    m_isFinished = true;
+    m_deadline.stop();
+    deleteLater();
+    const Result result = std::exchange(m_result, {});
+    const Completion completion = std::exchange(m_completion, {});
+    completion(result);
+}

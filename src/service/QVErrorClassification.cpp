@@ -1,0 +1,80 @@
+#include "service/QVErrorClassification.h"
+
+#include "service/QVNetworkError.h"
+#include "service/QVResponseModel.h"
+#include "settings/QVLocalization.h"
+#include "settings/QVLocalizationKeys.h"
+
+namespace {
+
+QString customErrorKey()
+{
+    return QStringLiteral("QVCustonErrorKey");
+}
+
+std::optional<QLatin1String> serviceMessageKey(qint64 code)
+{
+    switch (code) {
+    case 101:
+        return QVKey::accessDenied;
+    case 105:
+        return QVKey::refreshTooFast;
+    case 106:
+        return QVKey::refreshMany;
+    case 315:
+        return QVKey::requestToMouch;
+    case 1002:
+        return QVKey::expired;
+    default:
+        return std::nullopt;
+    }
+}
+
+std::optional<QLatin1String> platformMessageKey(qint64 code)
+{
+    switch (code) {
+    case QVNetworkError::timedOut:
+        return QVKey::timedOut;
+    case QVNetworkError::connectionLost:
+    case QVNetworkError::notConnected:
+        // Being offline reads the same as losing the connection.
+        return QVKey::connectionLost;
+    default:
+        return std::nullopt;
+    }
+}
+
+QString systemErrorMessage()
+{
+    return qv_localizedStringForKey(QVKey::systemError)
+        .replace(QLatin1String("{domain}"), qv_localizedStringForKey(QVKey::otherRequestError));
+}
+
+} // namespace
+
+QVariantMap qv_customUserInfo()
+{
+    return {{customErrorKey(), 1}};
+}
+
+bool qv_isQVCustomError(const QVError &error)
+{
+    return error.userInfo().contains(customErrorKey());
+}
+
+QVError qv_customErrorWithErrorResponse(const QVResponseModel *response)
+{
+    const qint64 code = response ? response->code().toLongLong() : 0;
+    return qv_parseError(
+        QVError(qv_localizedStringForKey(QVKey::otherRequestError), code, qv_customUserInfo()));
+}
+
+QVError qv_parseError(const std::optional<QVError> &error)
+{
+    if (!error)
+        return QVError(QStringLiteral("No Error!!!"));
+    const auto key =
+        qv_isQVCustomError(*error) ? serviceMessageKey(error->code()) : platformMessageKey(error->code());
+    const QString message = key ? qv_localizedStringForKey(*key) : systemErrorMessage();
+    return QVError(message, error->code(), error->userInfo());
+}

@@ -1,0 +1,40 @@
+#include "service/QVGetRefreshResponseModel.h"
+
+#include "service/QVServiceLog.h"
+
+QVGetRefreshResponseModel::QVGetRefreshResponseModel()
+    : QVGetRefreshResponseModel(staticMetaObject)
+{
+}
+
+QVGetRefreshResponseModel::QVGetRefreshResponseModel(const QMetaObject &type)
+    : m_className(type.className())
+{
+}
+
+QVGetRefreshResponseModel::~QVGetRefreshResponseModel()
+{
+    endTimeDown();
+    qCDebug(qv_serviceLog, "%s dealloc", m_className);
+}
+
+void QVGetRefreshResponseModel::startTimeDown()
+{
+    endTimeDown();
+    m_handler.start([this, alive = weak_from_this().lock()] { getRefreshResponseTimeDownHandle(); });
+}
+
+void QVGetRefreshResponseModel::endTimeDown()
+{
+    // The countdown may be the last to hold the record.
+    const auto alive = weak_from_this().lock();
+    m_handler.end();
+}
+
+void QVGetRefreshResponseModel::getRefreshResponseTimeDownHandle()
+{
+    endTimeDown();
+    // A copy, since the action may set another one.
+    if (const auto fire = m_fireTimeDown)
+        fire();
+}

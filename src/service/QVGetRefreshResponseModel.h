@@ -1,0 +1,66 @@
+#pragma once
+
+#include "service/QVGetRefreshResponseTimeDownManager.h"
+#include "service/QVResponseModel.h"
+
+#include <functional>
+#include <memory>
+
+/// A picture of the captcha service. It is good for three minutes, which a countdown watches over.
+class QVGetRefreshResponseModel : public QVResponseModel,
+                                  public std::enable_shared_from_this<QVGetRefreshResponseModel>
+{
+    Q_GADGET
+    Q_PROPERTY(QString img READ img WRITE setImg)
+    Q_PROPERTY(QString adlink READ adlink WRITE setAdlink)
+    Q_PROPERTY(QString adlinkword READ adlinkword WRITE setAdlinkword)
+    Q_PROPERTY(double frequency READ frequency WRITE setFrequency)
+    Q_PROPERTY(qint64 verifyCount READ verifyCount WRITE setVerifyCount)
+
+public:
+    QVGetRefreshResponseModel();
+    QVGetRefreshResponseModel(const QVGetRefreshResponseModel &) = delete;
+    QVGetRefreshResponseModel &operator=(const QVGetRefreshResponseModel &) = delete;
+    ~QVGetRefreshResponseModel() override;
+
+    /// Path of the picture below the pictures' base address.
+    [[nodiscard]] QString img() const { return m_img; }
+    void setImg(QString value) { m_img = std::move(value); }
+
+    /// Page that the advertisement leads to.
+    [[nodiscard]] QString adlink() const { return m_adlink; }
+    void setAdlink(QString value) { m_adlink = std::move(value); }
+
+    /// Caption of the advertisement.
+    [[nodiscard]] QString adlinkword() const { return m_adlinkword; }
+    void setAdlinkword(QString value) { m_adlinkword = std::move(value); }
+
+    [[nodiscard]] double frequency() const { return m_frequency; }
+    void setFrequency(double value) { m_frequency = value; }
+
+    /// Tries on this picture.
+    [[nodiscard]] qint64 verifyCount() const { return m_verifyCount; }
+    void setVerifyCount(qint64 value) { m_verifyCount = value; }
+
+    /// What the end of the countdown does.
+    void setFireTimeDown(std::function<void()> action) { m_fireTimeDown = std::move(action); }
+    /// Starts the countdown, anew if it runs. Running, it keeps the record alive.
+    void startTimeDown();
+    void endTimeDown();
+
+protected:
+    /// \a type names the record in the log.
+    explicit QVGetRefreshResponseModel(const QMetaObject &type);
+
+private:
+    void getRefreshResponseTimeDownHandle();
+
+    QString m_img;
+    QString m_adlink;
+    QString m_adlinkword;
+    double m_frequency = 0;
+    qint64 m_verifyCount = 0;
+    std::function<void()> m_fireTimeDown;
+    QVGetRefreshResponseTimeDownManager m_handler;
+    const char *m_className;
+};

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "platform/QVError.h"
+
+#include <QJsonObject>
+
+#include <optional>
+
+/// A body read as JSON.
+struct QVJsonAnswer
+{
+    /// Nothing where the body is JSON, but not an object.
+    std::optional<QJsonObject> object;
+    std::optional<QVError> error;
+};
+
+[[nodiscard]] QVJsonAnswer qv_readJsonAnswer(const QByteArray &body);

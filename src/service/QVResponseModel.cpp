@@ -1,0 +1,8 @@
+#include "service/QVResponseModel.h"
+
+QVResponseModel::~QVResponseModel() = default;
+
+bool QVResponseModel::responseSuccess() const
+{
+    return m_code == QLatin1String("0103");
+}

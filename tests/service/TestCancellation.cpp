@@ -1,0 +1,102 @@
+#include "service/QVServiceTestCase.h"
+
+class TestCancellation : public QVServiceTestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void atOnce()
+    {
+        Probe<Picture> probe;
+        const Task task = probe.run([&](QVCompletion<Picture> completed) {
+            Task started = requestPictureFor(completed);
+            started->cancel();
+            started->cancel();
+            return started;
+        });
+        expectCancelled(probe);
+        QVERIFY(task->isFinished());
+    }
+
+    void underWay()
+    {
+        server().enqueue(QVScript().send("HTTP/1.1 200 OK\r\nContent-Length: 50\r\n\r\n{"));
+        Probe<Picture> probe;
+        const Task task = requestPicture(probe);
+        QVERIFY(waitFor([&] { return server().requests().size() == 1; }));
+        task->cancel();
+        QVERIFY(!probe.isDone());
+        expectCancelled(probe);
+        QVERIFY(waitFor([&] { return server().closedCount() == 1; }));
+    }
+
+    void afterTheEnd()
+    {
+        server().enqueue(QVScript::answer(R"({"code":"0103"})"));
+        Probe<Picture> probe;
+        const Task task = requestPicture(probe);
+        QVERIFY(waitFor([&] { return probe.isDone(); }));
+        task->cancel();
+        QCoreApplication::processEvents();
+        QCOMPARE(probe.fault(), QString());
+        QVERIFY(probe.result());
+    }
+
+    void ofAnotherFromACompletion()
+    {
+        server().enqueue(QVScript::answer(R"({"code":"0103"})"));
+        Probe<Picture> silent;
+        bool isDone = false;
+        Task other;
+        manager().requestGetWithApiServer(
+            server().address(), QStringLiteral("v"), QStringLiteral("c"),
+            [&](const std::shared_ptr<Picture> &, const std::optional<QVError> &) {
+                other->cancel();
+                isDone = true;
+            });
+        QVERIFY(waitFor([&] { return server().requests().size() == 1; }));
+        other = requestPicture(silent);
+        QVERIFY(waitFor([&] { return isDone; }));
+        expectCancelled(silent);
+    }
+
+    void droppedTaskGoesOn()
+    {
+        server().enqueue(QVScript::answer(R"({"code":"0103"})"));
+        Probe<Picture> probe;
+        requestPicture(probe).reset();
+        QVERIFY(waitFor([&] { return probe.isDone(); }));
+        QVERIFY(probe.result());
+    }
+
+    void absentCompletionIsSkipped()
+    {
+        server().setResponder(
+            [](const QVReceivedRequest &) { return QVScript::answer(R"({"code":"0103"})"); });
+        const QList<Task> tasks{
+            requestPictureFor(nullptr), manager().requestOutageComplted(nullptr),
+            manager().requestGetWithApiServer(QString(), QStringLiteral("v"), QString(), nullptr)};
+        QVERIFY(waitFor(
+            [&] { return std::ranges::all_of(tasks, [](const Task &task) { return task->isFinished(); }); }));
+    }
+
+private:
+    [[nodiscard]] Task requestPictureFor(QVCompletion<Picture> completed) const
+    {
+        return manager().requestGetWithApiServer(server().address(), QStringLiteral("v"), QStringLiteral("c"),
+                                                 std::move(completed));
+    }
+
+    void expectCancelled(const Probe<Picture> &probe) const
+    {
+        QVERIFY(waitFor([&] { return probe.isDone(); }));
+        QCOMPARE(probe.fault(), QString());
+        QVERIFY(!probe.result());
+        QCOMPARE(probe.code(), -999);
+        QVERIFY(!qv_isQVCustomError(*probe.error()));
+        QCOMPARE(time().pendingCount(), 0);
+    }
+};
+
+QV_TEST(TestCancellation)
+#include "TestCancellation.moc"
