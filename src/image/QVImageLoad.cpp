@@ -1,0 +1,121 @@
+#include "image/QVImageLoad.h"
+
+#include "image/QVImageDecoder.h"
+#include "image/QVImageResources.h"
+#include "service/QVErrorClassification.h"
+#include "service/QVNetworkError.h"
+
+#include <QNetworkReply>
+#include <QPromise>
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr QVBoundedDownload::Limits limits{15s, 8 << 20};
+
+} // namespace
+
+QVImageLoad *QVImageLoad::start(QVImageResources &resources, const QString &address, Completion completion)
+{
+    auto *load = new QVImageLoad(resources, address, std::move(completion));
+    load->begin();
+    return load;
+}
+
+QVImageLoad::QVImageLoad(QVImageResources &resources, QString address, Completion completion)
+    : QVTransfer(&resources.network())
+    , m_resources(resources)
+    , m_address(std::move(address))
+    , m_completion(std::move(completion))
+{
+    connect(&m_decoding, &QFutureWatcherBase::finished, this, &QVImageLoad::handleDecoded);
+}
+
+void QVImageLoad::cancel()
+{
+    if (m_download) {
+        m_download->cancel();
+        return;
+    }
+    if (m_error)
+        return;
+    const bool isCompleting = !m_image.isNull();
+    m_image = {};
+    m_error = qv_parseError(qv_networkError(QVNetworkError::cancelled));
+    m_decoding.disconnect(this);
+    m_decoding.cancel();
+    if (!isCompleting)
+        QMetaObject::invokeMethod(this, &QVImageLoad::complete, Qt::QueuedConnection);
+}
+
+void QVImageLoad::begin()
+{
+    m_image = m_resources.remembered(m_address);
+    if (m_image.isNull())
+        download();
+    else
+        QMetaObject::invokeMethod(this, &QVImageLoad::complete, Qt::QueuedConnection);
+}
+
+void QVImageLoad::download()
+{
+    QNetworkRequest request{QUrl(m_address)};
+    // A picture never changes under its address, so how long it stays fresh does not matter.
+    request.setAttribute(QNetworkRequest::CacheLoadControlAttribute, m_resources.isOnDisk(m_address)
+                                                                         ? QNetworkRequest::AlwaysCache
+                                                                         : QNetworkRequest::AlwaysNetwork);
+    // The load lives as long as the download: both go with the network, or one after the other.
+    m_download = QVBoundedDownload::start(m_resources.network(), request, limits,
+                                          [this](const QVBoundedDownload::Result &result) {
+                                              m_download.clear();
+                                              handleDownload(result);
+                                          });
+}
+
+void QVImageLoad::handleDownload(const QVBoundedDownload::Result &result)
+{
+    if (result.error)
+        fail(result.error->code());
+    else if (result.httpStatus >= QVNetworkError::firstErrorStatus)
+        fail(QVNetworkError::other);
+    else
+        decode(result.body);
+}
+
+void QVImageLoad::decode(const QByteArray &bytes)
+{
+    const auto promise = std::make_shared<QPromise<QImage>>();
+    m_decoding.setFuture(promise->future());
+    m_resources.decoders().start([promise, bytes] {
+        promise->start();
+        if (!promise->isCanceled())
+            promise->addResult(qv_decodedImage(bytes));
+        promise->finish();
+    });
+}
+
+void QVImageLoad::handleDecoded()
+{
+    m_image = m_decoding.result();
+    if (m_image.isNull())
+        return fail(QVNetworkError::other);
+    m_resources.remember(m_address, m_image);
+    complete();
+}
+
+void QVImageLoad::fail(qint64 code)
+{
+    m_resources.forgetOnDisk(m_address);
+    m_error = qv_parseError(qv_networkError(code));
+    complete();
+}
+
+void QVImageLoad::complete()
+{
+    m_isFinished = true;
+    deleteLater();
+    const Completion completion = std::exchange(m_completion, {});
+    if (completion)
+        completion(m_image, m_error);
+}

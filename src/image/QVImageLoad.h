@@ -1,0 +1,43 @@
+#pragma once
+
+#include "service/QVBoundedDownload.h"
+
+#include <QFutureWatcher>
+#include <QImage>
+#include <QPointer>
+
+class QVImageResources;
+
+/// One picture on its way: from memory, or by download and decoding.
+class QVImageLoad final : public QVTransfer
+{
+    Q_OBJECT
+
+public:
+    using Completion = std::function<void(QImage, std::optional<QVError>)>;
+
+    static QVImageLoad *start(QVImageResources &resources, const QString &address, Completion completion);
+
+    void cancel() override;
+    [[nodiscard]] bool isFinished() const override { return m_isFinished; }
+
+private:
+    QVImageLoad(QVImageResources &resources, QString address, Completion completion);
+
+    void begin();
+    void download();
+    void handleDownload(const QVBoundedDownload::Result &result);
+    void decode(const QByteArray &bytes);
+    void handleDecoded();
+    void fail(qint64 code);
+    void complete();
+
+    QVImageResources &m_resources;
+    QString m_address;
+    Completion m_completion;
+    QPointer<QVBoundedDownload> m_download;
+    QFutureWatcher<QImage> m_decoding;
+    QImage m_image;
+    std::optional<QVError> m_error;
+    bool m_isFinished = false;
+};

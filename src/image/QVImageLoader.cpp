@@ -1,0 +1,33 @@
+#include "image/QVImageLoader.h"
+
+#include "image/QVImageLoad.h"
+#include "image/QVImageResources.h"
+#include "platform/QVMainThread.h"
+#include "service/QVDataTask.h"
+
+#include <QCoreApplication>
+
+QVImageLoader &QVImageLoader::shared()
+{
+    static QVImageLoader loader;
+    return loader;
+}
+
+QVImageLoader::QVImageLoader() = default;
+QVImageLoader::~QVImageLoader() = default;
+
+std::shared_ptr<QVDataTask> QVImageLoader::load(const QString &address, Completion completion)
+{
+    qv_assertMainThread();
+    return std::make_shared<QVDataTask>(QVImageLoad::start(resources(), address, std::move(completion)));
+}
+
+QVImageResources &QVImageLoader::resources()
+{
+    if (!m_resources) {
+        m_resources = std::make_unique<QVImageResources>();
+        // Sockets and threads must be gone before the application object is.
+        qAddPostRoutine([] { shared().m_resources.reset(); });
+    }
+    return *m_resources;
+}

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "platform/QVError.h"
+
+#include <QImage>
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+class QVDataTask;
+class QVImageResources;
+
+/// Loads pictures by address. Used on the main thread.
+class QVImageLoader
+{
+public:
+    /// Receives a picture, or a null one and the error: on the main thread, exactly once, never
+    /// before the call to load() has returned.
+    using Completion = std::function<void(QImage, std::optional<QVError>)>;
+
+    QVImageLoader(const QVImageLoader &) = delete;
+    QVImageLoader &operator=(const QVImageLoader &) = delete;
+
+    [[nodiscard]] static QVImageLoader &shared();
+
+    std::shared_ptr<QVDataTask> load(const QString &address, Completion completion);
+
+private:
+    QVImageLoader();
+    ~QVImageLoader();
+
+    QVImageResources &resources();
+
+    std::unique_ptr<QVImageResources> m_resources;
+};

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QCache>
+#include <QImage>
+#include <QNetworkAccessManager>
+#include <QThreadPool>
+
+/// What all picture loads share: the way to the network with its cache on disk, the decoded
+/// pictures last used, and the threads that decode.
+class QVImageResources
+{
+public:
+    QVImageResources();
+    QVImageResources(const QVImageResources &) = delete;
+    QVImageResources &operator=(const QVImageResources &) = delete;
+    ~QVImageResources();
+
+    [[nodiscard]] QNetworkAccessManager &network() { return m_network; }
+    [[nodiscard]] QThreadPool &decoders() { return m_decoders; }
+
+    [[nodiscard]] QImage remembered(const QString &address) const;
+    void remember(const QString &address, const QImage &image);
+    [[nodiscard]] bool isOnDisk(const QString &address);
+    /// Takes off the disk what turned out to be no picture, or too large for one.
+    void forgetOnDisk(const QString &address);
+
+private:
+    QNetworkAccessManager m_network;
+    QCache<QString, QImage> m_memory;
+    QThreadPool m_decoders;
+};

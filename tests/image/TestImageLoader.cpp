@@ -1,0 +1,228 @@
+#include "image/QVImageLoad.h"
+#include "image/QVImageLoader.h"
+#include "image/QVImageResources.h"
+#include "image/QVTestPictures.h"
+#include "service/QVDataTask.h"
+#include "support/QVCompletionProbe.h"
+#include "support/QVScriptedServer.h"
+#include "support/QVTestCase.h"
+
+#include <QSemaphore>
+
+using namespace std::chrono_literals;
+
+namespace {
+
+using Probe = QVCompletionProbe<QImage>;
+
+constexpr qsizetype pictureLimit = 8 << 20;
+
+QVScript picture(QSize size = {40, 23}, const QColor &colour = Qt::green)
+{
+    return QVScript::answer(qv_testPicture(size, colour, "png"));
+}
+
+} // namespace
+
+class TestImageLoader : public QVTestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void loads()
+    {
+        m_server->enqueue(picture());
+        Probe probe;
+        const auto task = load(probe, "/a.png");
+        QVERIFY(!task->isFinished());
+        expectPicture(probe, Qt::green);
+        QVERIFY(task->isFinished());
+        QCOMPARE(time().pendingCount(), 0);
+    }
+
+    void remembersWhatItDecoded()
+    {
+        m_server->enqueue(picture());
+        for (int round = 0; round < 2; ++round) {
+            Probe probe;
+            load(probe, "/a.png");
+            QVERIFY(!probe.isDone());
+            expectPicture(probe, Qt::green);
+        }
+        QCOMPARE(m_server->requests().size(), 1);
+    }
+
+    void findsOnDiskWhatMemoryHadNoRoomFor()
+    {
+        m_server->enqueue(picture());
+        m_server->enqueue(picture({2048, 2048}, Qt::red));
+        for (const char *path : {"/a.png", "/large.png", "/a.png"}) {
+            Probe probe;
+            load(probe, path);
+            expectPicture(probe, qstrcmp(path, "/a.png") == 0 ? Qt::green : Qt::red);
+        }
+        QCOMPARE(m_server->requests().size(), 2);
+    }
+
+    void failures_data()
+    {
+        QTest::addColumn<QVScript>("script");
+        QTest::addColumn<qint64>("code");
+        const QByteArray bytes = qv_testPicture({40, 23}, Qt::green, "png");
+        QTest::newRow("text") << QVScript::answer("no picture") << qint64(-1);
+        QTest::newRow("empty") << QVScript::answer({}) << qint64(-1);
+        QTest::newRow("half a picture") << QVScript::answer(bytes.left(bytes.size() / 2)) << qint64(-1);
+        QTest::newRow("giant") << QVScript::answer(qv_giantClaim()) << qint64(-1);
+        QTest::newRow("picture of an error") << QVScript::answer(bytes, 404) << qint64(-1);
+        QTest::newRow("too many bytes")
+            << QVScript::answer(bytes + QByteArray(pictureLimit, 'x')) << qint64(-1);
+        QTest::newRow("closed") << QVScript().close() << qint64(-1005);
+    }
+
+    void failures()
+    {
+        QFETCH(const QVScript, script);
+        QFETCH(const qint64, code);
+        m_server->setResponder([&](const QVReceivedRequest &) { return script; });
+        Probe probe;
+        load(probe, "/a.png");
+        QVERIFY(waitFor([&] { return probe.isDone(); }));
+        QCOMPARE(probe.fault(), QString());
+        QVERIFY(probe.result().isNull());
+        QCOMPARE(probe.code(), code);
+        // A failure is not remembered: the next try asks anew.
+        m_server->enqueue(picture());
+        Probe second;
+        load(second, "/a.png");
+        expectPicture(second, Qt::green);
+    }
+
+    void unusableAddress()
+    {
+        for (const char *address : {"", "nowhere", "file:///etc/hostname", "http://"}) {
+            Probe probe;
+            probe.run([&](auto completed) {
+                return QVImageLoader::shared().load(QString::fromLatin1(address), completed);
+            });
+            QVERIFY(waitFor([&] { return probe.isDone(); }));
+            QCOMPARE(probe.fault(), QString());
+            QVERIFY(probe.error());
+        }
+    }
+
+    void deadline()
+    {
+        m_server->enqueue(QVScript());
+        Probe probe;
+        load(probe, "/a.png");
+        QVERIFY(waitFor([&] { return m_server->requests().size() == 1; }));
+        advance(15s - 1ms);
+        QVERIFY(!probe.isDone());
+        advance(1ms);
+        QVERIFY(waitFor([&] { return probe.isDone(); }));
+        QCOMPARE(probe.code(), -1001);
+    }
+
+    void cancelledDownload()
+    {
+        m_server->enqueue(QVScript());
+        Probe probe;
+        const auto task = load(probe, "/a.png");
+        QVERIFY(waitFor([&] { return m_server->requests().size() == 1; }));
+        task->cancel();
+        task->cancel();
+        expectCancelled(probe);
+    }
+
+    void cancelledMemory()
+    {
+        m_server->enqueue(picture());
+        Probe first;
+        load(first, "/a.png");
+        expectPicture(first, Qt::green);
+        Probe second;
+        load(second, "/a.png")->cancel();
+        expectCancelled(second);
+    }
+
+    void cancelledDecoding()
+    {
+        QVImageResources resources;
+        resources.decoders().setMaxThreadCount(1);
+        QSemaphore blocker;
+        resources.decoders().start([&] { blocker.acquire(); });
+        m_server->enqueue(picture());
+        Probe probe;
+        QVImageLoad *started = nullptr;
+        probe.run([&](auto completed) {
+            return started = QVImageLoad::start(resources, address("/a.png"), completed);
+        });
+        QVERIFY(waitFor([&] { return m_server->requests().size() == 1 && time().pendingCount() == 0; }));
+        QVERIFY(!probe.isDone());
+        started->cancel();
+        blocker.release();
+        expectCancelled(probe);
+        QVERIFY(resources.decoders().waitForDone(5000));
+    }
+
+    void goesAwayWithLoadsUnderWay()
+    {
+        m_server->enqueue(picture());
+        Probe decoding;
+        Probe downloading;
+        {
+            QVImageResources resources;
+            resources.decoders().setMaxThreadCount(1);
+            resources.decoders().start([] { QThread::yieldCurrentThread(); });
+            const auto start = [&](Probe &probe, const char *path) {
+                probe.run(
+                    [&](auto completed) { return QVImageLoad::start(resources, address(path), completed); });
+            };
+            start(decoding, "/a.png");
+            QVERIFY(waitFor([&] { return m_server->requests().size() == 1; }));
+            start(downloading, "/b.png");
+            QVERIFY(waitFor([&] { return m_server->requests().size() == 2; }));
+        }
+        QCoreApplication::processEvents();
+        QVERIFY(!downloading.isDone());
+        QCOMPARE(time().pendingCount(), 0);
+    }
+
+protected:
+    void prepare() override { m_server = std::make_unique<QVScriptedServer>(); }
+    void finish() override { m_server.reset(); }
+
+private:
+    [[nodiscard]] QString address(const char *path) const
+    {
+        return m_server->address() + QString::fromLatin1(path);
+    }
+
+    std::shared_ptr<QVDataTask> load(Probe &probe, const char *path) const
+    {
+        return probe.run(
+            [&](auto completed) { return QVImageLoader::shared().load(address(path), completed); });
+    }
+
+    void expectPicture(const Probe &probe, const QColor &colour) const
+    {
+        QVERIFY(waitFor([&] { return probe.isDone(); }));
+        QCOMPARE(probe.fault(), QString());
+        QCOMPARE(probe.code(), 0);
+        QVERIFY(!probe.result().isNull());
+        QCOMPARE(probe.result().pixelColor(5, 5), colour);
+    }
+
+    void expectCancelled(const Probe &probe) const
+    {
+        QVERIFY(waitFor([&] { return probe.isDone(); }));
+        QCOMPARE(probe.fault(), QString());
+        QVERIFY(probe.result().isNull());
+        QCOMPARE(probe.code(), -999);
+    }
+
+    std::unique_ptr<QVScriptedServer> m_server;
+};
+
+QV_TEST(TestImageLoader)
+#include "TestImageLoader.moc"
