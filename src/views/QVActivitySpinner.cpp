@@ -1,0 +1,60 @@
+#include "views/QVActivitySpinner.h"
+
+#include <QPainter>
+
+#include <numbers>
+
+namespace {
+
+constexpr QColor grey(150, 150, 150);
+constexpr qreal lineWidth = 2;
+constexpr qreal visiblePart = 0.75;
+
+QVAnimation turning()
+{
+    QVAnimation animation = QVAnimation::basic(QVLayerProperty::Rotation, 0.0, 2 * std::numbers::pi);
+    animation.setDuration(1);
+    animation.setRepeatsForever();
+    return animation;
+}
+
+} // namespace
+
+QVActivitySpinner::QVActivitySpinner(QWidget *parent)
+    : QWidget(parent)
+    , m_layers(*this)
+    , m_ring(std::make_shared<QVLayer>())
+{
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+    const QRectF square(0, 0, defaultSide, defaultSide);
+    QPainterPath circle;
+    circle.addEllipse(square.marginsRemoved(QMarginsF(lineWidth, lineWidth, lineWidth, lineWidth)));
+    m_ring->setFrame(square);
+    m_ring->setPath(circle);
+    m_ring->setStrokeColor(grey);
+    m_ring->setStrokeEnd(visiblePart);
+    m_ring->setLineWidth(lineWidth);
+    m_ring->setLineCap(Qt::RoundCap);
+    m_layers.root().addSublayer(m_ring);
+    hide();
+}
+
+void QVActivitySpinner::startAnimating()
+{
+    m_isAnimating = true;
+    m_ring->addAnimation(turning(), QStringLiteral("turning"));
+    show();
+}
+
+void QVActivitySpinner::stopAnimating()
+{
+    m_isAnimating = false;
+    m_ring->removeAllAnimations();
+    hide();
+}
+
+void QVActivitySpinner::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    m_layers.paint(painter);
+}

@@ -1,0 +1,104 @@
+#include "views/QVCharVerifyInputView.h"
+
+#include "settings/QVLocalization.h"
+#include "settings/QVLocalizationKeys.h"
+#include "views/QVBorderedBox.h"
+#include "views/QVCharVerifyInputViewDoneButton.h"
+#include "views/QVCharVerifyTextField.h"
+#include "views/QVColors.h"
+
+#include <QGuiApplication>
+#include <QInputMethod>
+#include <QPaintEvent>
+#include <QPainter>
+#include <QPointer>
+
+namespace {
+
+constexpr int loadingStatus = 1;
+constexpr int boxHeight = 30;
+constexpr int boxLeft = 10;
+// The box ends well before the button, which is half as wide.
+constexpr int boxRight = 160;
+constexpr int fieldInset = 5;
+constexpr int buttonWidth = 80;
+
+} // namespace
+
+QVCharVerifyInputView::QVCharVerifyInputView(QWidget *parent)
+    : QWidget(parent)
+    , m_tfBackView(new QVBorderedBox(this))
+    , m_inputTF(new QVCharVerifyTextField(this))
+    , m_doneButton(new QVCharVerifyInputViewDoneButton(this))
+    , m_layout(this)
+{
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    nameElements();
+    placeElements();
+    m_inputTF->setShouldBeginEditing([this] { return textFieldShouldBeginEditing(); });
+    connect(m_doneButton, &QAbstractButton::clicked, this,
+            &QVCharVerifyInputView::doneButtonDidClickedAction);
+}
+
+void QVCharVerifyInputView::nameElements()
+{
+    setObjectName(QStringLiteral("charInputView"));
+    m_tfBackView->setObjectName(QStringLiteral("tfBackView"));
+    m_inputTF->setObjectName(QStringLiteral("inputTF"));
+    m_doneButton->setObjectName(QStringLiteral("doneButton"));
+    m_inputTF->setPlaceholder(qv_localizedStringForKey(QVKey::characterCaptchaHolder));
+    m_inputTF->setAccessibleName(qv_localizedStringForKey(QVKey::accessibleAnswer));
+}
+
+void QVCharVerifyInputView::placeElements()
+{
+    m_layout.make(m_tfBackView, [this](QVConstraintMaker &make) {
+        make.centerY().equalTo(this);
+        make.left().equalTo(this).offset(boxLeft);
+        make.right().equalTo(this).offset(-boxRight);
+        make.height().equalTo(boxHeight);
+    });
+    m_layout.make(m_inputTF, [this](QVConstraintMaker &make) {
+        make.centerY().equalTo(m_tfBackView);
+        make.left().equalTo(m_tfBackView).offset(fieldInset);
+        make.right().equalTo(m_tfBackView).offset(-fieldInset);
+        make.height().equalTo(m_tfBackView);
+    });
+    m_layout.make(m_doneButton, [this](QVConstraintMaker &make) {
+        make.centerY().equalTo(this);
+        make.right().equalTo(this);
+        make.height().equalTo(m_tfBackView);
+        make.width().equalTo(buttonWidth);
+    });
+}
+
+bool QVCharVerifyInputView::textFieldShouldBeginEditing() const
+{
+    if (m_doneButton->buttonStauts() == loadingStatus)
+        return false;
+    QVCharVerifyInputViewDelegate *delegate = m_delegate.get();
+    return !delegate || delegate->canInput().value_or(true);
+}
+
+void QVCharVerifyInputView::doneButtonDidClickedAction()
+{
+    // What is being composed counts as typed.
+    if (QGuiApplication::focusObject() == m_inputTF)
+        QGuiApplication::inputMethod()->commit();
+    const QString charString = m_inputTF->text();
+    if (charString.isEmpty())
+        return;
+    m_inputTF->clearFocus();
+    QVCharVerifyInputViewDelegate *delegate = m_delegate.get();
+    if (!delegate)
+        return;
+    const QPointer<QVCharVerifyInputView> self(this);
+    const bool isTaken = delegate->charVerifyInputViewDidClickedDoneButtonWithCharString(this, charString);
+    if (self && isTaken)
+        m_inputTF->clear();
+}
+
+void QVCharVerifyInputView::paintEvent(QPaintEvent *event)
+{
+    QPainter(this).fillRect(event->rect(), QVColors::strip);
+}

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "layout/QVLayout.h"
+#include "views/QVTouchButton.h"
+
+class QVActivitySpinner;
+
+/// Sends the typed answer. It turns into a spinner while the answer is checked.
+class QVCharVerifyInputViewDoneButton final : public QVTouchButton
+{
+    Q_OBJECT
+
+public:
+    explicit QVCharVerifyInputViewDoneButton(QWidget *parent = nullptr);
+
+    [[nodiscard]] int buttonStauts() const { return m_buttonStauts; }
+    /// 0 is normal, 1 is loading; any other status stops the spinner and leaves the title alone.
+    void setButtonStauts(int status);
+    [[nodiscard]] QString title() const { return m_title; }
+    [[nodiscard]] QVActivitySpinner *indicatorView() const { return m_indicatorView; }
+
+protected:
+    /// While loading no point is inside.
+    [[nodiscard]] bool hitButton(const QPoint &point) const override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    int m_buttonStauts = 0;
+    QString m_title;
+    QVActivitySpinner *m_indicatorView;
+    QVLayout m_layout;
+};

@@ -1,0 +1,180 @@
+#include "views/QVCharVerifyTextField.h"
+
+#include "views/QVColors.h"
+#include "views/QVSystemFont.h"
+
+#include <QApplication>
+#include <QFocusEvent>
+#include <QFontMetrics>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QStyle>
+#include <QTextLayout>
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+namespace {
+
+constexpr int fontSize = 15;
+constexpr int placeholderSize = 14;
+// A server's characters are few; pasting a book must not cost its measuring.
+constexpr qsizetype measuredLength = 100;
+// What QLineEdit leaves free before its text, whatever the style.
+constexpr int innerMargin = 2;
+
+// The widget's own sheet goes before those of its host, rule by rule, so every rule that would change
+// how the field looks is named.
+QString isolatingSheet()
+{
+    QString family = QApplication::font().family();
+    family.remove(u'"').remove(u'\\');
+    return QStringLiteral(
+               "QLineEdit { background: transparent; border: none; border-radius: 0px; margin: 0px;"
+               " padding: 0px; min-width: 0px; min-height: 0px; max-width: 16777215px;"
+               " max-height: 16777215px; color: black; selection-color: white;"
+               " selection-background-color: %1; text-decoration: none; font: normal normal %2px"
+               " \"%3\"; lineedit-password-character: 9679; }")
+        .arg(QVColors::accent.name())
+        .arg(fontSize)
+        .arg(family);
+}
+
+// The window has become active again, or the field's own menu has closed.
+bool isPassing(Qt::FocusReason reason)
+{
+    return reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason;
+}
+
+// Without the focus these would select, paste or offer to paste.
+bool needsFocus(QEvent::Type type)
+{
+    return type == QEvent::MouseMove || type == QEvent::MouseButtonRelease ||
+           type == QEvent::MouseButtonDblClick || type == QEvent::ContextMenu;
+}
+
+} // namespace
+
+QVCharVerifyTextField::QVCharVerifyTextField(QWidget *parent)
+    : QLineEdit(parent)
+{
+    setFrame(false);
+    setStyleSheet(isolatingSheet());
+    // Not by click: a refused click must not take the focus away from elsewhere.
+    setFocusPolicy(Qt::TabFocus);
+    setAcceptDrops(false);
+    setMaxLength(std::numeric_limits<int>::max());
+    connect(this, &QLineEdit::textChanged, this, [this] { levelLine({}); });
+    setInputMethodHints(Qt::ImhNoPredictiveText | Qt::ImhNoAutoUppercase);
+}
+
+// The base centres the line by its own height but then places it by the font's ascent, so that letters
+// of a taller fallback font (Chinese ones, mostly) would make the whole line jump up.
+void QVCharVerifyTextField::levelLine(const QString &composed)
+{
+    QTextLayout layout(text().left(measuredLength) + composed.left(measuredLength), font());
+    layout.beginLayout();
+    const QTextLine line = layout.createLine();
+    // Only this measures the line.
+    layout.endLayout();
+    const int height = line.isValid() ? qRound(line.height()) : 0;
+    setTextMargins(0, std::max(0, height - fontMetrics().height()), 0, 0);
+}
+
+void QVCharVerifyTextField::setPlaceholder(const QString &text)
+{
+    m_placeholder = text;
+    update();
+}
+
+bool QVCharVerifyTextField::isEditing() const
+{
+    return window()->focusWidget() == this;
+}
+
+QVariant QVCharVerifyTextField::inputMethodQuery(Qt::InputMethodQuery query) const
+{
+    if (query == Qt::ImEnterKeyType)
+        return static_cast<int>(Qt::EnterKeyDone);
+    return QLineEdit::inputMethodQuery(query);
+}
+
+bool QVCharVerifyTextField::event(QEvent *event)
+{
+    if (needsFocus(event->type()) && !isEditing())
+        return true;
+    return QLineEdit::event(event);
+}
+
+void QVCharVerifyTextField::mousePressEvent(QMouseEvent *event)
+{
+    if (!isEditing()) {
+        if (!mayBegin())
+            return;
+        m_hasAsked = true;
+        setFocus(Qt::MouseFocusReason);
+        m_hasAsked = false;
+    }
+    QLineEdit::mousePressEvent(event);
+}
+
+void QVCharVerifyTextField::focusInEvent(QFocusEvent *event)
+{
+    const bool isReturning = m_wasEditing && isPassing(event->reason());
+    m_wasEditing = isReturning || m_hasAsked || mayBegin();
+    if (m_wasEditing)
+        QLineEdit::focusInEvent(event);
+    else
+        refuseFocus(event->reason());
+}
+
+void QVCharVerifyTextField::focusOutEvent(QFocusEvent *event)
+{
+    m_wasEditing = m_wasEditing && isPassing(event->reason());
+    QLineEdit::focusOutEvent(event);
+}
+
+void QVCharVerifyTextField::refuseFocus(Qt::FocusReason reason)
+{
+    const bool isForward = reason == Qt::TabFocusReason;
+    if (isForward || reason == Qt::BacktabFocusReason)
+        focusNextPrevChild(isForward);
+    else
+        clearFocus();
+}
+
+void QVCharVerifyTextField::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        // Taken, or a host's dialog would press its default button.
+        event->accept();
+        clearFocus();
+        return;
+    }
+    QLineEdit::keyPressEvent(event);
+}
+
+void QVCharVerifyTextField::inputMethodEvent(QInputMethodEvent *event)
+{
+    const QString composed = event->preeditString();
+    m_isComposing = !composed.isEmpty();
+    QLineEdit::inputMethodEvent(event);
+    levelLine(composed);
+}
+
+void QVCharVerifyTextField::paintEvent(QPaintEvent *event)
+{
+    QLineEdit::paintEvent(event);
+    if (!text().isEmpty() || m_isComposing)
+        return;
+    QPainter painter(this);
+    painter.setFont(qv_systemFont(placeholderSize));
+    painter.setPen(QVColors::lightGray);
+    const QRect line = rect().adjusted(innerMargin, 0, -innerMargin, 0);
+    const QString elided = painter.fontMetrics().elidedText(m_placeholder, Qt::ElideRight, line.width());
+    const Qt::Alignment alignment =
+        Qt::AlignVCenter | QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft);
+    painter.drawText(line, static_cast<int>(alignment) | Qt::TextSingleLine, elided);
+}

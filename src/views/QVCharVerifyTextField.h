@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QLineEdit>
+
+#include <functional>
+
+/// The field of the answer. It asks before it lets the user begin to type, the return key only ends
+/// that, and a host's style sheet does not reach it.
+class QVCharVerifyTextField final : public QLineEdit
+{
+    Q_OBJECT
+
+public:
+    using Question = std::function<bool()>;
+
+    explicit QVCharVerifyTextField(QWidget *parent = nullptr);
+
+    /// Asked whenever editing is about to begin.
+    void setShouldBeginEditing(Question question) { m_shouldBeginEditing = std::move(question); }
+    /// Shown while the field is empty. Not the base's own one, which has the text's font.
+    [[nodiscard]] QString placeholder() const { return m_placeholder; }
+    void setPlaceholder(const QString &text);
+    [[nodiscard]] bool isEditing() const;
+
+    [[nodiscard]] QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
+
+protected:
+    bool event(QEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void inputMethodEvent(QInputMethodEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    [[nodiscard]] bool mayBegin() const { return !m_shouldBeginEditing || m_shouldBeginEditing(); }
+    void levelLine(const QString &composed);
+    void refuseFocus(Qt::FocusReason reason);
+
+    Question m_shouldBeginEditing;
+    QString m_placeholder;
+    bool m_isComposing = false;
+    bool m_hasAsked = false;
+    bool m_wasEditing = false;
+};

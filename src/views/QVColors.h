@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QColor>
+
+/// The colours that the views share.
+namespace QVColors {
+
+inline constexpr QColor accent(65, 141, 251);
+inline constexpr QColor secondaryText(102, 102, 102);
+inline constexpr QColor lightGray(170, 170, 170);
+inline constexpr QColor picture(38, 38, 52);
+inline constexpr QColor strip(244, 244, 244);
+
+// Alpha 0.8.
+inline constexpr QColor promptBar(255, 255, 255, 204);
+inline constexpr QColor errorBar(238, 60, 64, 204);
+inline constexpr QColor successBar(0, 213, 159, 204);
+
+} // namespace QVColors

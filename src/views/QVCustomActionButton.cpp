@@ -1,0 +1,60 @@
+#include "views/QVCustomActionButton.h"
+
+#include "views/QVColors.h"
+
+#include <QPainter>
+
+QVCustomActionButton::QVCustomActionButton(QWidget *parent)
+    : QVTouchButton(parent)
+    , m_layers(*this)
+    , m_layer(std::make_shared<QVLayer>())
+    , m_picture(std::make_shared<QVLayer>())
+{
+    setCursor(Qt::PointingHandCursor);
+    m_layer->addSublayer(m_picture);
+    m_layers.root().addSublayer(m_layer);
+}
+
+void QVCustomActionButton::setImage(const QPixmap &image)
+{
+    m_picture->setContents(image);
+}
+
+void QVCustomActionButton::setImageEdgeInsets(const QMargins &insets)
+{
+    m_insets = insets;
+    placePicture();
+}
+
+void QVCustomActionButton::setAlpha(qreal alpha)
+{
+    m_alpha = alpha;
+    m_layer->setOpacity(alpha);
+    setVisible(alpha > 0);
+}
+
+void QVCustomActionButton::setHighlighted(bool highlighted)
+{
+    constexpr qreal highlightedAlpha = 0.8;
+    QVTouchButton::setHighlighted(highlighted);
+    setAlpha(highlighted ? highlightedAlpha : 1);
+}
+
+void QVCustomActionButton::placePicture()
+{
+    m_layer->setFrame(rect());
+    m_picture->setFrame(QRectF(rect().marginsRemoved(m_insets)));
+}
+
+void QVCustomActionButton::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    m_layers.paint(painter);
+    paintFocusRing(painter, QVColors::accent);
+}
+
+void QVCustomActionButton::resizeEvent(QResizeEvent *event)
+{
+    QVTouchButton::resizeEvent(event);
+    placePicture();
+}

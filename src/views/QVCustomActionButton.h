@@ -1,0 +1,40 @@
+#pragma once
+
+#include "layers/QVLayerHost.h"
+#include "views/QVTouchButton.h"
+
+#include <QMargins>
+#include <QPixmap>
+
+/// A button that is a picture, a little fainter while it is pressed.
+class QVCustomActionButton final : public QVTouchButton
+{
+    Q_OBJECT
+
+public:
+    explicit QVCustomActionButton(QWidget *parent = nullptr);
+
+    [[nodiscard]] QPixmap image() const { return m_picture->contents(); }
+    void setImage(const QPixmap &image);
+    /// What stays free around the picture.
+    void setImageEdgeInsets(const QMargins &insets);
+    /// 0 hides the button and keeps it from taking input.
+    [[nodiscard]] qreal alpha() const { return m_alpha; }
+    void setAlpha(qreal alpha);
+    void setHighlighted(bool highlighted) override;
+    /// The whole button, for animations; the picture is a part of it.
+    [[nodiscard]] QVLayer &layer() const { return *m_layer; }
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+
+private:
+    void placePicture();
+
+    QVLayerHost m_layers;
+    std::shared_ptr<QVLayer> m_layer;
+    std::shared_ptr<QVLayer> m_picture;
+    QMargins m_insets;
+    qreal m_alpha = 1;
+};

@@ -1,0 +1,274 @@
+#include "views/QVInvisibleAnimationView.h"
+
+#include "layers/QVPathGeometry.h"
+#include "settings/QVBundleImage.h"
+
+#include <QFontMetricsF>
+#include <QPainter>
+#include <QPointer>
+#include <QRandomGenerator>
+
+#include <cmath>
+#include <numbers>
+#include <utility>
+
+using std::numbers::pi;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr QColor animationColor(40, 193, 247);
+constexpr QColor backAnimationColor(169, 230, 250);
+constexpr qreal ringWidth = 6;
+constexpr qreal haloWidth = 2;
+constexpr qreal haloGrowth = 10;
+constexpr qreal logoSide = 40;
+constexpr qreal stripHeight = 60;
+constexpr qreal halfStrip = stripHeight / 2;
+constexpr double openSeconds = 0.5;
+constexpr double haloSeconds = 0.25;
+
+QString passText()
+{
+    return QStringLiteral("PASS");
+}
+
+QFont passFont()
+{
+    QFont font;
+    font.setPixelSize(20);
+    font.setWeight(QFont::Normal);
+    return font;
+}
+
+void moveTo(QVLayer &layer, const QRectF &from, const QRectF &to)
+{
+    QVAnimation animation = QVAnimation::basic(QVLayerProperty::Frame, from, to);
+    animation.setDuration(openSeconds);
+    animation.setTimingCurve(QVTimingCurve::easeOut());
+    layer.setFrame(to);
+    layer.addAnimation(animation, QString());
+}
+
+} // namespace
+
+QVInvisibleAnimationView::QVInvisibleAnimationView(QWidget *parent)
+    : QWidget(parent)
+    , m_random([] { return QRandomGenerator::global()->generate(); })
+{
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+    setFrame({0, 0, defaultWidth(), defaultWidth()});
+}
+
+QRect QVInvisibleAnimationView::frame() const
+{
+    return geometry().marginsRemoved(overflow());
+}
+
+void QVInvisibleAnimationView::setFrame(const QRect &frame)
+{
+    m_frameSize = frame.size();
+    const QMargins margins = overflow();
+    setGeometry(frame.marginsAdded(margins));
+    m_host.root().setFrame(QRectF(QPointF(margins.left(), margins.top()), QSizeF(m_frameSize)));
+}
+
+void QVInvisibleAnimationView::setCenter(QPoint centre)
+{
+    QRect moved = frame();
+    moved.moveTopLeft(centre - QPoint(moved.width() / 2, moved.height() / 2));
+    setFrame(moved);
+}
+
+QPainterPath QVInvisibleAnimationView::circlePath() const
+{
+    return qv_arcPath(bounds().center(), bounds().width() / 2, 0, 2 * pi);
+}
+
+void QVInvisibleAnimationView::clearLayers()
+{
+    m_host.root().removeSublayers();
+}
+
+void QVInvisibleAnimationView::startLoadingAnimation()
+{
+    constexpr quint32 starts = 75;
+    constexpr qreal hundred = 100;
+    constexpr qreal arcLength = 0.25;
+    clearLayers();
+    layOutRing();
+    QVLayer &arc = circleAnimationLayer();
+    arc.setStrokeStart(m_random() % starts / hundred);
+    arc.setStrokeEnd(arc.strokeStart() + arcLength);
+    QVAnimation spin = QVAnimation::basic(QVLayerProperty::Rotation, 0.0, 2 * pi);
+    spin.setDuration(1);
+    spin.setRepeatsForever();
+    spin.setRemovedOnCompletion(false);
+    arc.addAnimation(spin, QString());
+}
+
+void QVInvisibleAnimationView::passAnimationComplete(std::function<void()> completion)
+{
+    clearLayers();
+    openStrip();
+    passCircleAnimationLayer().setPath(circlePath());
+    passCircleAnimationLayer().setFrame(bounds());
+    passCircleAnimationLayer().setOpacity(0);
+    layOutRing();
+    fillRing();
+    QVScheduler::shared().schedule(750ms, [view = QPointer(this)] {
+        if (view)
+            view->startHalo();
+    });
+    // Not tied to this view: who waits for the end hears of it even if the badge has gone meanwhile.
+    if (completion)
+        QVScheduler::shared().schedule(1s, std::move(completion));
+}
+
+void QVInvisibleAnimationView::paintEvent(QPaintEvent *event)
+{
+    Q_UNUSED(event)
+    QPainter painter(this);
+    m_host.paint(painter);
+}
+
+std::shared_ptr<QVLayer> QVInvisibleAnimationView::makeLayer()
+{
+    auto layer = std::make_shared<QVLayer>();
+    m_host.root().addSublayer(layer);
+    return layer;
+}
+
+QVLayer &QVInvisibleAnimationView::circleBackLayer()
+{
+    if (!m_circleBackLayer) {
+        m_circleBackLayer = makeLayer();
+        m_circleBackLayer->setFillColor(Qt::white);
+        m_circleBackLayer->setStrokeColor(backAnimationColor);
+        m_circleBackLayer->setLineWidth(ringWidth);
+    }
+    return *m_circleBackLayer;
+}
+
+QVLayer &QVInvisibleAnimationView::circleAnimationLayer()
+{
+    if (!m_circleAnimationLayer) {
+        m_circleAnimationLayer = makeLayer();
+        m_circleAnimationLayer->setStrokeColor(animationColor);
+        m_circleAnimationLayer->setLineWidth(ringWidth);
+    }
+    return *m_circleAnimationLayer;
+}
+
+QVLayer &QVInvisibleAnimationView::passView()
+{
+    if (!m_passView)
+        m_passView = makeLayer();
+    return *m_passView;
+}
+
+QVLayer &QVInvisibleAnimationView::passHalfCircleView()
+{
+    if (!m_passHalfCircleView)
+        m_passHalfCircleView = makeLayer();
+    return *m_passHalfCircleView;
+}
+
+QVLayer &QVInvisibleAnimationView::passLabel()
+{
+    if (!m_passLabel) {
+        m_passLabel = makeLayer();
+        m_passLabel->setFillColor(Qt::white);
+        const QFontMetricsF metrics(passFont());
+        QPainterPath text;
+        text.addText(0, halfStrip + (metrics.ascent() - metrics.descent()) / 2, passFont(), passText());
+        m_passLabel->setPath(text);
+    }
+    return *m_passLabel;
+}
+
+QVLayer &QVInvisibleAnimationView::passCircleAnimationLayer()
+{
+    if (!m_passCircleAnimationLayer) {
+        m_passCircleAnimationLayer = makeLayer();
+        m_passCircleAnimationLayer->setStrokeColor(Qt::white);
+        m_passCircleAnimationLayer->setLineWidth(haloWidth);
+    }
+    return *m_passCircleAnimationLayer;
+}
+
+QVLayer &QVInvisibleAnimationView::logoIV()
+{
+    if (!m_logoIV) {
+        m_logoIV = makeLayer();
+        m_logoIV->setContents(
+            qv_imageFromBundleWithName(QStringLiteral("qv_invisible_logo"), devicePixelRatioF()));
+    }
+    return *m_logoIV;
+}
+
+void QVInvisibleAnimationView::layOutRing()
+{
+    for (QVLayer *ring : {&circleBackLayer(), &circleAnimationLayer()}) {
+        ring->setPath(circlePath());
+        ring->setFrame(bounds());
+    }
+    QRectF logo(0, 0, logoSide, logoSide);
+    logo.moveCenter(bounds().center());
+    logoIV().setFrame(logo);
+}
+
+void QVInvisibleAnimationView::fillRing()
+{
+    QVAnimation fill = QVAnimation::basic(QVLayerProperty::StrokeEnd, 0.0, 1.0);
+    fill.setDuration(openSeconds);
+    circleAnimationLayer().addAnimation(fill, QString());
+}
+
+void QVInvisibleAnimationView::openStrip()
+{
+    const QPointF c = bounds().center();
+    const qreal top = c.y() - halfStrip;
+    const qreal label = labelWidth();
+    const qreal open = openLength();
+    passHalfCircleView().setBackgroundColor(animationColor);
+    passHalfCircleView().setMask(qv_arcPath({0, halfStrip}, halfStrip, -pi / 2, pi / 2));
+    passView().setBackgroundColor(animationColor);
+    moveTo(passHalfCircleView(), {c.x(), top, halfStrip, stripHeight},
+           {c.x() + open - 1, top, halfStrip, stripHeight});
+    moveTo(passView(), {c.x(), top, 0, stripHeight}, {c.x(), top, open, stripHeight});
+    moveTo(passLabel(), {c.x() - label / 2, top, label, stripHeight},
+           {c.x() + open - label + 5, top, label, stripHeight});
+}
+
+void QVInvisibleAnimationView::startHalo()
+{
+    const QPainterPath grown = qv_arcPath(bounds().center(), bounds().width() / 2 + haloGrowth, 0, 2 * pi);
+    QVAnimation growth = QVAnimation::basic(QVLayerProperty::Path, passCircleAnimationLayer().path(), grown);
+    growth.setDuration(haloSeconds);
+    growth.setTimingCurve(QVTimingCurve::easeOut());
+    QVAnimation fading = QVAnimation::basic(QVLayerProperty::Opacity, 0.5, 0.0);
+    fading.setDuration(haloSeconds);
+    fading.setTimingCurve(QVTimingCurve::easeIn());
+    QVAnimation halo = QVAnimation::group({growth, fading});
+    halo.setDuration(haloSeconds);
+    passCircleAnimationLayer().addAnimation(halo, QString());
+}
+
+qreal QVInvisibleAnimationView::labelWidth() const
+{
+    return QFontMetricsF(passFont()).horizontalAdvance(passText()) + 0.5;
+}
+
+qreal QVInvisibleAnimationView::openLength() const
+{
+    return bounds().width() / 2 + labelWidth() + 10;
+}
+
+QMargins QVInvisibleAnimationView::overflow() const
+{
+    // A pixel more than the halo's pen, and than the strip's round end, for their soft edges.
+    const int halo = int(std::ceil(haloGrowth + haloWidth / 2)) + 1;
+    const int strip = int(std::ceil(openLength() + halfStrip - bounds().width() / 2)) + 1;
+    return {halo, halo, strip, halo};
+}

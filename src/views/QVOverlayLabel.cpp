@@ -1,0 +1,75 @@
+#include "views/QVOverlayLabel.h"
+
+#include "views/QVSystemFont.h"
+
+#include <QFontMetricsF>
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr int barFontSize = 14;
+constexpr qreal iconSide = 20;
+constexpr qreal iconBelowBaseline = 4;
+// More than fits anywhere; measuring a server's megabyte at each repaint would stall the host.
+constexpr qsizetype longestLine = 400;
+
+QString oneLine(const QString &text)
+{
+    QString line = text.left(longestLine);
+    for (QChar &character : line) {
+        if (character.category() == QChar::Other_Control || character == QChar::LineSeparator ||
+            character == QChar::ParagraphSeparator)
+            character = u' ';
+    }
+    return line;
+}
+
+} // namespace
+
+QVOverlayLabel::QVOverlayLabel(QWidget *parent)
+    : QWidget(parent)
+{
+    // The bar is the control; the label is only its face.
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+}
+
+void QVOverlayLabel::setContent(const QPixmap &image, const QString &text)
+{
+    m_image = image;
+    m_text = text;
+    m_line = oneLine(text);
+    update();
+}
+
+void QVOverlayLabel::setTextColor(const QColor &color)
+{
+    m_textColor = color;
+    update();
+}
+
+void QVOverlayLabel::paintEvent(QPaintEvent *)
+{
+    const QFont font = qv_systemFont(barFontSize);
+    const QFontMetricsF metrics(font);
+    const qreal iconWidth = m_image.isNull() ? 0 : iconSide;
+    const QString line = metrics.elidedText(m_line, Qt::ElideRight, width() - iconWidth);
+    const qreal contentWidth = iconWidth + metrics.horizontalAdvance(line);
+    // The icon takes part in the height of the line, as a letter of its own size would.
+    const qreal ascent = std::max(metrics.ascent(), iconWidth - iconBelowBaseline);
+    const qreal descent = std::max(metrics.descent(), m_image.isNull() ? 0 : iconBelowBaseline);
+    const qreal left = std::max(0.0, std::floor((width() - contentWidth) / 2));
+    const qreal baseline = std::round((height() - ascent - descent) / 2 + ascent);
+
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    if (!m_image.isNull()) {
+        const QRectF icon(left, baseline + iconBelowBaseline - iconSide, iconSide, iconSide);
+        painter.drawPixmap(icon, m_image, QRectF(m_image.rect()));
+    }
+    painter.setFont(font);
+    painter.setPen(m_textColor);
+    painter.drawText(QPointF(left + iconWidth, baseline), line);
+}

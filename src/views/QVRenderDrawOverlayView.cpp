@@ -1,0 +1,76 @@
+#include "views/QVRenderDrawOverlayView.h"
+
+#include "views/QVOverlayLabel.h"
+
+#include <QAccessible>
+#include <QPaintEvent>
+#include <QPainter>
+
+namespace {
+
+constexpr int labelInset = 10;
+constexpr qreal pressedOpacity = 0.8;
+
+} // namespace
+
+QVRenderDrawOverlayView::QVRenderDrawOverlayView(const QColor &background, const QColor &text,
+                                                 QWidget *parent)
+    : QVTouchButton(parent)
+    , m_overlayLabel(new QVOverlayLabel(this))
+    , m_layout(this)
+    , m_background(background)
+{
+    m_overlayLabel->setTextColor(text);
+    m_layout.make(m_overlayLabel, [this](QVConstraintMaker &make) {
+        make.left().equalTo(this).offset(labelInset);
+        make.right().equalTo(this).offset(-labelInset);
+        make.top().equalTo(this);
+        make.bottom().equalTo(this);
+    });
+    hide();
+    updateInput();
+}
+
+void QVRenderDrawOverlayView::setOverlayImage(const QPixmap &image, const QString &text)
+{
+    const bool hasBoth = !image.isNull() && !text.isNull();
+    m_overlayLabel->setContent(image, hasBoth ? u' ' + text : text);
+    setAccessibleName(text);
+}
+
+void QVRenderDrawOverlayView::setAcceptsTouches(bool accepts)
+{
+    m_acceptsTouches = accepts;
+    updateInput();
+}
+
+void QVRenderDrawOverlayView::setOnScreen(bool onScreen)
+{
+    m_isOnScreen = onScreen;
+    updateInput();
+    if (!onScreen)
+        return;
+    show();
+    raise();
+    // Read out at once: the bar says what has just happened.
+    QAccessibleEvent alert(this, QAccessible::Alert);
+    QAccessible::updateAccessibility(&alert);
+}
+
+void QVRenderDrawOverlayView::updateInput()
+{
+    const bool takesInput = m_acceptsTouches && m_isOnScreen;
+    setAttribute(Qt::WA_TransparentForMouseEvents, !takesInput);
+    setFocusPolicy(takesInput ? Qt::TabFocus : Qt::NoFocus);
+    setCursor(takesInput ? Qt::PointingHandCursor : Qt::ArrowCursor);
+    if (!takesInput)
+        clearFocus();
+}
+
+void QVRenderDrawOverlayView::paintEvent(QPaintEvent *event)
+{
+    QPainter painter(this);
+    painter.setOpacity(isDown() ? pressedOpacity : 1);
+    painter.fillRect(event->rect(), m_background);
+    paintFocusRing(painter, m_overlayLabel->textColor());
+}

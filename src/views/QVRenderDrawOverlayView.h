@@ -1,0 +1,41 @@
+#pragma once
+
+#include "layout/QVLayout.h"
+#include "views/QVTouchButton.h"
+
+class QVOverlayLabel;
+
+/// A bar over the picture: an icon followed by a line of text.
+class QVRenderDrawOverlayView final : public QVTouchButton
+{
+    Q_OBJECT
+
+public:
+    static constexpr int defaultHeight = 30;
+
+    QVRenderDrawOverlayView(const QColor &background, const QColor &text, QWidget *parent = nullptr);
+
+    [[nodiscard]] QVOverlayLabel *overlayLabel() const { return m_overlayLabel; }
+    /// Without a picture, or with a null text, the other one stands alone.
+    void setOverlayImage(const QPixmap &image, const QString &text);
+
+    /// Whether the bar can be tapped while it is on screen. Otherwise it lets everything through to
+    /// what lies below.
+    [[nodiscard]] bool acceptsTouches() const { return m_acceptsTouches; }
+    void setAcceptsTouches(bool accepts);
+    [[nodiscard]] bool isOnScreen() const { return m_isOnScreen; }
+    /// A bar on its way out takes no more taps and no focus.
+    void setOnScreen(bool onScreen);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    void updateInput();
+
+    QVOverlayLabel *m_overlayLabel;
+    QVLayout m_layout;
+    QColor m_background;
+    bool m_acceptsTouches = false;
+    bool m_isOnScreen = false;
+};

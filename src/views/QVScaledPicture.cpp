@@ -1,0 +1,31 @@
+#include "views/QVScaledPicture.h"
+
+#include <QPainter>
+
+namespace {
+
+// Bounds the memory where a host zooms a scene that shows the widget.
+constexpr qreal largestRatio = 4;
+
+} // namespace
+
+void QVScaledPicture::setImage(const QImage &image)
+{
+    m_image = image;
+    m_scaled = QPixmap();
+}
+
+void QVScaledPicture::paint(QPainter &painter, QSize size)
+{
+    if (m_image.isNull() || size.isEmpty())
+        return;
+    // Not the device's ratio: a widget that is rendered elsewhere answers with that of its own screen.
+    const qreal ratio = qBound(1.0, painter.deviceTransform().m11(), largestRatio);
+    const QSize pixels = (QSizeF(size) * ratio).toSize();
+    if (m_scaled.size() != pixels) {
+        m_scaled =
+            QPixmap::fromImage(m_image.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+    }
+    m_scaled.setDevicePixelRatio(ratio);
+    painter.drawPixmap(QPointF(), m_scaled);
+}

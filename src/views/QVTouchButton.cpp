@@ -1,0 +1,101 @@
+#include "views/QVTouchButton.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <QPointer>
+#include <QTouchEvent>
+
+QVTouchButton::QVTouchButton(QWidget *parent)
+    : QAbstractButton(parent)
+{
+    setAttribute(Qt::WA_AcceptTouchEvents);
+    // Not by click: a tap must not take the focus away from where the user types.
+    setFocusPolicy(Qt::TabFocus);
+    connect(this, &QAbstractButton::pressed, this, [this] { setHighlighted(true); });
+    connect(this, &QAbstractButton::released, this, [this] { setHighlighted(false); });
+}
+
+void QVTouchButton::setHighlighted(bool highlighted)
+{
+    setDown(highlighted);
+}
+
+bool QVTouchButton::event(QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::TouchBegin:
+    case QEvent::TouchUpdate:
+    case QEvent::TouchEnd:
+    case QEvent::TouchCancel:
+        return takeTouch(*static_cast<QTouchEvent *>(event));
+    default:
+        return QAbstractButton::event(event);
+    }
+}
+
+bool QVTouchButton::takeTouch(QTouchEvent &event)
+{
+    const bool isInside = event.pointCount() > 0 && hitButton(event.point(0).position().toPoint());
+    if (event.type() == QEvent::TouchBegin && !isInside) {
+        event.ignore();
+        return true;
+    }
+    event.accept();
+    touchMoved(isInside && event.type() != QEvent::TouchCancel);
+    if (event.type() == QEvent::TouchEnd)
+        touchEnded();
+    return true;
+}
+
+void QVTouchButton::touchMoved(bool isInside)
+{
+    if (isInside == isDown())
+        return;
+    setDown(isInside);
+    if (isInside)
+        Q_EMIT pressed();
+    else
+        Q_EMIT released();
+}
+
+void QVTouchButton::touchEnded()
+{
+    if (!isDown())
+        return;
+    const QPointer<QVTouchButton> self(this);
+    touchMoved(false);
+    if (self)
+        Q_EMIT clicked();
+}
+
+void QVTouchButton::keyPressEvent(QKeyEvent *event)
+{
+    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (!isEnter) {
+        QAbstractButton::keyPressEvent(event);
+        return;
+    }
+    event->accept();
+    if (!event->isAutoRepeat())
+        click();
+}
+
+void QVTouchButton::hideEvent(QHideEvent *event)
+{
+    setDown(false);
+    QAbstractButton::hideEvent(event);
+}
+
+void QVTouchButton::paintFocusRing(QPainter &painter, const QColor &color) const
+{
+    // A window that becomes active gives the focus to some button; only the keyboard's user needs to see it.
+    if (!hasFocus() || !window()->testAttribute(Qt::WA_KeyboardFocusChange))
+        return;
+    constexpr qreal width = 2;
+    constexpr qreal radius = 3;
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(color, width));
+    painter.setBrush(Qt::NoBrush);
+    const QRectF ring = QRectF(rect()).marginsRemoved(QMarginsF(width, width, width, width));
+    painter.drawRoundedRect(ring, radius, radius);
+}

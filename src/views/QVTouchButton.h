@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QAbstractButton>
+
+class QTouchEvent;
+
+/// A button that paints nothing of its own and works alike by mouse, touch and keyboard.
+///
+/// It takes touches itself, since a parent that takes them would leave it without the mouse events
+/// that the platform makes of them.
+class QVTouchButton : public QAbstractButton
+{
+    Q_OBJECT
+
+public:
+    explicit QVTouchButton(QWidget *parent = nullptr);
+
+    /// Shows the button pressed or not; called whenever that changes.
+    virtual void setHighlighted(bool highlighted);
+
+protected:
+    bool event(QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
+    void paintFocusRing(QPainter &painter, const QColor &color) const;
+
+private:
+    bool takeTouch(QTouchEvent &event);
+    void touchMoved(bool isInside);
+    void touchEnded();
+};

@@ -1,0 +1,112 @@
+#include "support/QVPixels.h"
+#include "support/QVTestCase.h"
+#include "views/QVCustomActionButton.h"
+
+#include <QSignalSpy>
+
+using namespace std::chrono_literals;
+
+class TestCustomActionButton : public QVTestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void pictureLiesInItsInsets()
+    {
+        const QImage shot = pixelsOf(*m_button);
+        QCOMPARE(shot.pixelColor(5, 5), QColor(Qt::red));
+        QCOMPARE(shot.pixelColor(24, 24), QColor(Qt::red));
+        QCOMPARE(shot.pixelColor(4, 15).red(), shot.pixelColor(1, 1).red());
+        QCOMPARE(shot.pixelColor(25, 15), shot.pixelColor(1, 1));
+    }
+
+    void isFainterWhilePressed()
+    {
+        QSignalSpy taps(m_button, &QAbstractButton::clicked);
+        QTest::mousePress(m_button, Qt::LeftButton, {}, QPoint(15, 15));
+        QCOMPARE(m_button->alpha(), 0.8);
+        QTest::mouseMove(m_button, QPoint(15, 60));
+        QCOMPARE(m_button->alpha(), 1.0);
+        QTest::mouseMove(m_button, QPoint(15, 15));
+        QCOMPARE(m_button->alpha(), 0.8);
+        QTest::mouseRelease(m_button, Qt::LeftButton, {}, QPoint(15, 15));
+        QCOMPARE(m_button->alpha(), 1.0);
+        QCOMPARE(taps.size(), 1);
+    }
+
+    void worksByTouch()
+    {
+        QSignalSpy taps(m_button, &QAbstractButton::clicked);
+        const std::unique_ptr<QPointingDevice> screen(QTest::createTouchDevice());
+        QTest::touchEvent(m_button, screen.get()).press(1, QPoint(15, 15));
+        QCOMPARE(m_button->alpha(), 0.8);
+        QTest::touchEvent(m_button, screen.get()).move(1, QPoint(15, 60));
+        QCOMPARE(m_button->alpha(), 1.0);
+        QTest::touchEvent(m_button, screen.get()).release(1, QPoint(15, 60));
+        QCOMPARE(taps.size(), 0);
+        QTest::touchEvent(m_button, screen.get()).press(1, QPoint(15, 15));
+        QTest::touchEvent(m_button, screen.get()).release(1, QPoint(15, 15));
+        QCOMPARE(taps.size(), 1);
+    }
+
+    void atAlphaZeroItIsNotThere()
+    {
+        QSignalSpy taps(m_button, &QAbstractButton::clicked);
+        m_button->setAlpha(0);
+        QTest::mouseClick(m_window->windowHandle(), Qt::LeftButton, {}, QPoint(15, 15));
+        QCOMPARE(taps.size(), 0);
+        QCOMPARE(pixelsOf(*m_window).pixelColor(15, 15), pixelsOf(*m_window).pixelColor(90, 90));
+        m_button->setAlpha(1);
+        QTest::mouseClick(m_window->windowHandle(), Qt::LeftButton, {}, QPoint(15, 15));
+        QCOMPARE(taps.size(), 1);
+    }
+
+    void ownerMayHideItInItsTap()
+    {
+        connect(m_button, &QAbstractButton::clicked, m_button, [this] { m_button->setAlpha(0); });
+        QTest::mouseClick(m_button, Qt::LeftButton);
+        QCOMPARE(m_button->alpha(), 0.0);
+        QVERIFY(!m_button->isVisible());
+    }
+
+    void turnsAsAWhole()
+    {
+        QPixmap halves(20, 20);
+        halves.fill(Qt::red);
+        QPainter(&halves).fillRect(0, 0, 20, 10, Qt::blue);
+        m_button->setImage(halves);
+        QVAnimation turn = QVAnimation::basic(QVLayerProperty::Rotation, 0.0, 3.141592653589793);
+        turn.setDuration(0.3);
+        m_button->layer().addAnimation(turn, QString());
+        advance(150ms);
+        const QImage shot = pixelsOf(*m_button);
+        QCOMPARE(shot.pixelColor(22, 15), QColor(Qt::blue));
+        QCOMPARE(shot.pixelColor(8, 15), QColor(Qt::red));
+        advance(151ms);
+        QCOMPARE(pixelsOf(*m_button).pixelColor(15, 8), QColor(Qt::blue));
+        advance(50ms);
+        QCOMPARE(time().pendingCount(), 0);
+    }
+
+private:
+    void prepare() override
+    {
+        m_window = std::make_unique<QWidget>();
+        m_window->resize(100, 100);
+        m_button = new QVCustomActionButton(m_window.get());
+        m_button->setGeometry(0, 0, 30, 30);
+        m_button->setImageEdgeInsets({5, 5, 5, 5});
+        QPixmap picture(20, 20);
+        picture.fill(Qt::red);
+        m_button->setImage(picture);
+        m_window->show();
+    }
+
+    void finish() override { m_window.reset(); }
+
+    std::unique_ptr<QWidget> m_window;
+    QVCustomActionButton *m_button = nullptr;
+};
+
+QV_TEST(TestCustomActionButton)
+#include "TestCustomActionButton.moc"
