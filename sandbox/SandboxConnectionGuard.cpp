@@ -1,0 +1,45 @@
+#include "sandbox/SandboxConnectionGuard.h"
+
+#include <chrono>
+
+namespace {
+
+constexpr qint64 maximumRequest = 64 * 1024;
+constexpr std::chrono::seconds longestSilence(60);
+
+} // namespace
+
+SandboxConnectionGuard::SandboxConnectionGuard(QTcpSocket *socket)
+    : QObject(socket)
+    , m_socket(socket)
+{
+    // Small answers go out in three parts, which must not wait for one another.
+    socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
+    socket->setReadBufferSize(maximumRequest);
+    connect(socket, &QTcpSocket::readyRead, this, &SandboxConnectionGuard::countReceived);
+    connect(socket, &QTcpSocket::bytesWritten, this, &SandboxConnectionGuard::forgetReceived);
+    connect(&m_silence, &QTimer::timeout, this, &SandboxConnectionGuard::end);
+    m_silence.setSingleShot(true);
+    m_silence.start(longestSilence);
+}
+
+void SandboxConnectionGuard::countReceived()
+{
+    m_received += m_socket->bytesAvailable();
+    m_silence.start(longestSilence);
+    // Not at once: the HTTP server is still to be told about the same bytes.
+    if (m_received >= maximumRequest)
+        QMetaObject::invokeMethod(this, &SandboxConnectionGuard::end, Qt::QueuedConnection);
+}
+
+void SandboxConnectionGuard::forgetReceived()
+{
+    m_received = 0;
+    m_silence.start(longestSilence);
+}
+
+void SandboxConnectionGuard::end()
+{
+    m_socket->abort();
+    m_socket->deleteLater();
+}

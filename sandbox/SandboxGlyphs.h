@@ -1,0 +1,15 @@
+#pragma once
+
+#include "sandbox/SandboxGeometry.h"
+
+#include <QChar>
+#include <QString>
+
+/// Letters and digits as pen strokes, drawn for this service; none that looks like another.
+namespace SandboxGlyphs {
+
+[[nodiscard]] QString alphabet();
+/// The strokes of a character in a box from (0, 0) to (1, 1); empty for what is not in the alphabet.
+[[nodiscard]] QList<SandboxPath> strokes(QChar character);
+
+} // namespace SandboxGlyphs

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "sandbox/SandboxAnswer.h"
+#include "sandbox/SandboxChallenges.h"
+#include "sandbox/SandboxQuery.h"
+
+struct SandboxShared;
+
+/// The service that stands in while the main one is down: one address, told apart by "action".
+class SandboxOutageService
+{
+public:
+    explicit SandboxOutageService(SandboxShared &shared);
+
+    [[nodiscard]] SandboxAnswer answer(const SandboxQuery &query);
+
+    [[nodiscard]] const SandboxChallenges &challenges() const { return m_challenges; }
+
+    /// Path of the pictures below the base address.
+
+private:
+    [[nodiscard]] SandboxAnswer get();
+    [[nodiscard]] SandboxAnswer verify(const SandboxQuery &query);
+
+    SandboxShared &m_shared;
+    SandboxChallenges m_challenges;
+};

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "sandbox/SandboxPictureStore.h"
+#include "sandbox/SandboxSecret.h"
+#include "sandbox/SandboxTokens.h"
+
+#include <chrono>
+#include <functional>
+#include <optional>
+
+/// What both services of a sandbox use.
+struct SandboxShared
+{
+    SandboxSecret secret;
+    std::function<std::chrono::milliseconds()> clock;
+    SandboxTokens tokens;
+    SandboxPictureStore pictures;
+    /// Scheme, host and port; known once the sandbox listens.
+    QString base;
+    /// What the picture that was asked for last shows.
+    std::optional<SandboxPuzzle> latestPuzzle;
+
+    void publish(const QString &stem, const SandboxPuzzle &puzzle)
+    {
+        latestPuzzle = puzzle;
+        pictures.add(stem, puzzle);
+    }
+
+    [[nodiscard]] QString grant(const SandboxTokens::Grant &grant)
+    {
+        const QString token = secret.nextName();
+        tokens.add(token, grant);
+        return token;
+    }
+};

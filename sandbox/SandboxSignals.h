@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QObject>
+#include <QSocketNotifier>
+
+#include <array>
+#include <memory>
+
+/// Turns the signals that ask a program to stop into a Qt signal.
+class SandboxSignals : public QObject
+{
+    Q_OBJECT
+
+public:
+    SandboxSignals();
+    ~SandboxSignals() override;
+
+Q_SIGNALS:
+    void stopRequested();
+
+private:
+    std::array<int, 2> m_pipe{-1, -1};
+    std::unique_ptr<QSocketNotifier> m_notifier;
+};

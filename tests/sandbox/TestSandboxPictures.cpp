@@ -1,0 +1,95 @@
+#include "sandbox/SandboxCurveMaker.h"
+#include "sandbox/SandboxGlyphs.h"
+#include "sandbox/SandboxPainter.h"
+#include "support/QVTestCase.h"
+
+namespace {
+
+SandboxPuzzle curvePuzzle(quint64 seed)
+{
+    return {SandboxCurveMaker(seed).make(), {}, seed};
+}
+
+// How many pixels differ clearly between two pictures of a size.
+int difference(const QImage &a, const QImage &b)
+{
+    int count = 0;
+    for (int y = 0; y < a.height(); ++y) {
+        for (int x = 0; x < a.width(); ++x)
+            count += std::abs(qGray(a.pixel(x, y)) - qGray(b.pixel(x, y))) > 24 ? 1 : 0;
+    }
+    return count;
+}
+
+} // namespace
+
+class TestSandboxPictures : public QVTestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void sameSeedGivesTheSamePicture()
+    {
+        QCOMPARE(SandboxPainter(curvePuzzle(9), 1).jpeg(), SandboxPainter(curvePuzzle(9), 1).jpeg());
+        QVERIFY(SandboxPainter(curvePuzzle(9), 1).jpeg() != SandboxPainter(curvePuzzle(10), 1).jpeg());
+    }
+
+    void hasBothSizes()
+    {
+        QCOMPARE(QImage::fromData(SandboxPainter(curvePuzzle(1), 1).jpeg()).size(), QSize(400, 230));
+        const QByteArray sharp = SandboxPainter(curvePuzzle(1), 2).jpeg();
+        QCOMPARE(QImage::fromData(sharp, "JPEG").size(), QSize(800, 460));
+        QVERIFY(sharp.size() < 120 * 1024);
+    }
+
+    void curveStandsOutOnEveryGround()
+    {
+        for (quint64 seed = 0; seed < 40; ++seed) {
+            const SandboxPuzzle puzzle = curvePuzzle(seed);
+            const QImage image = QImage::fromData(SandboxPainter(puzzle, 2).jpeg());
+            int bright = 0;
+            // Without the start's mark.
+            const SandboxPath points = SandboxGeometry::resampled(puzzle.curve, 100).mid(5);
+            for (const QPointF point : points)
+                bright += qGray(image.pixel((point * 2.0).toPoint())) > 225 ? 1 : 0;
+            // The hints for the direction take the rest.
+            QVERIFY2(bright > points.size() * 70 / 100, qPrintable(QString::number(bright)));
+        }
+    }
+
+    void startIsMarked()
+    {
+        const SandboxPuzzle puzzle = curvePuzzle(4);
+        const QImage image = QImage::fromData(SandboxPainter(puzzle, 2).jpeg());
+        const QColor centre = image.pixelColor((puzzle.curve.first() * 2.0).toPoint());
+        QVERIFY(centre.red() > 220 && centre.blue() < 100);
+        const QColor end = image.pixelColor((puzzle.curve.last() * 2.0).toPoint());
+        QVERIFY(end.blue() > 200);
+    }
+
+    void alphabetHasNoLookAlikes()
+    {
+        const QString alphabet = SandboxGlyphs::alphabet();
+        QVERIFY(alphabet.size() >= 16);
+        for (const QChar confusing : QStringLiteral("01OIlQDZ25S8B6G9"))
+            QVERIFY(!alphabet.contains(confusing));
+        for (const QChar character : alphabet)
+            QVERIFY(!SandboxGlyphs::strokes(character).isEmpty());
+        QVERIFY(SandboxGlyphs::strokes(u'0').isEmpty());
+    }
+
+    void everyCharacterIsDrawn()
+    {
+        // On the same ground, each differs from every other by much more than compression does.
+        QList<QImage> images;
+        for (const QChar character : SandboxGlyphs::alphabet())
+            images.append(SandboxPainter({{}, QString(character), 77}, 1).image());
+        for (qsizetype i = 0; i < images.size(); ++i) {
+            for (qsizetype j = i + 1; j < images.size(); ++j)
+                QVERIFY(difference(images[i], images[j]) > 150);
+        }
+    }
+};
+
+QV_TEST(TestSandboxPictures)
+#include "TestSandboxPictures.moc"
