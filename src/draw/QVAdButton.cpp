@@ -1,0 +1,48 @@
+#include "draw/QVAdButton.h"
+
+#include "settings/QVLocalization.h"
+#include "settings/QVLocalizationKeys.h"
+#include "views/QVSystemFont.h"
+
+#include <QPainter>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int inset = 5;
+constexpr int heightBeyondText = 5;
+constexpr int widest = 125;
+constexpr int fontSize = 12;
+constexpr int backgroundAlpha = 179; // 0.7
+
+} // namespace
+
+QVAdButton::QVAdButton(QWidget *parent)
+    : QVTouchButton(parent)
+{
+    setCursor(Qt::PointingHandCursor);
+}
+
+void QVAdButton::setWord(const QString &word, const QString &link)
+{
+    m_word = word;
+    m_link = link;
+    setAccessibleName(qv_localizedStringForKey(QVKey::accessibleAdvertisement) + u' ' + word);
+    const QFontMetrics metrics(qv_systemFont(fontSize));
+    const int width = std::min(metrics.horizontalAdvance(word) + 2 * inset, widest);
+    setGeometry(0, 0, width, metrics.height() + heightBeyondText);
+    update();
+}
+
+void QVAdButton::paintEvent(QPaintEvent * /*event*/)
+{
+    QPainter painter(this);
+    painter.fillRect(rect(), QColor(0, 0, 0, backgroundAlpha));
+    painter.setFont(qv_systemFont(fontSize));
+    painter.setPen(Qt::white);
+    const QRect title = rect().adjusted(inset, 0, -inset, 0);
+    painter.drawText(title, Qt::AlignCenter | Qt::TextSingleLine,
+                     painter.fontMetrics().elidedText(m_word, Qt::ElideRight, title.width()));
+    paintFocusRing(painter, Qt::white);
+}

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "views/QVTouchButton.h"
+
+/// The advertisement in the picture's top left corner.
+class QVAdButton final : public QVTouchButton
+{
+public:
+    explicit QVAdButton(QWidget *parent);
+
+    /// Shows \a word, and takes the size that it needs up to a limit. \a link is kept, not shown.
+    void setWord(const QString &word, const QString &link);
+    [[nodiscard]] QString word() const { return m_word; }
+    [[nodiscard]] QString link() const { return m_link; }
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    // Not the button's text, in which an ampersand would mean a shortcut.
+    QString m_word;
+    QString m_link;
+};

@@ -1,0 +1,459 @@
+#include "draw/QVRenderDrawFlow.h"
+
+#include "image/QVImageLoader.h"
+#include "platform/QVScheduler.h"
+#include "service/QVAPIRequestManager.h"
+#include "service/QVClickResponseModel.h"
+#include "service/QVConfigResponseModel.h"
+#include "service/QVDownTimeResponseModel.h"
+#include "service/QVErrorClassification.h"
+#include "service/QVGetOutageResponseModel.h"
+#include "service/QVVerifyResponseModel.h"
+#include "settings/QVConfigurationManager.h"
+#include "settings/QVLocalization.h"
+#include "settings/QVLocalizationKeys.h"
+
+#include <QImage>
+
+namespace {
+
+constexpr auto successNoticeDelay = std::chrono::seconds(1);
+constexpr qint64 wrongAnswerCode = 104;
+constexpr qint64 pictureErrorCode = 10000;
+constexpr qint64 triesPerPicture = 2;
+
+QVAPIRequestManager &service()
+{
+    return QVAPIRequestManager::shared();
+}
+
+QString vid()
+{
+    return QVConfigurationManager::sharedManager().vid();
+}
+
+/// The outage switch can end with neither answer nor error; the user is to be told something all the same.
+QVError reasonFor(const std::optional<QVError> &error)
+{
+    return error ? *error : qv_parseError(QVError());
+}
+
+} // namespace
+
+QVRenderDrawFlow::QVRenderDrawFlow(QVVerifyStyle style, QVRenderDrawSurface *surface)
+    : m_verifyStyle(style)
+    , m_surface(surface)
+{
+}
+
+QVRenderDrawFlow::~QVRenderDrawFlow()
+{
+    // A running countdown keeps its record, and a timer, for up to three minutes.
+    if (m_getRefreshModel)
+        m_getRefreshModel->endTimeDown();
+}
+
+void QVRenderDrawFlow::requestQuarvoConfigAction()
+{
+    beginAttempt();
+    surface().clearPicture();
+    surface().setDrawingEnabled(false);
+    requestOutageAction();
+}
+
+void QVRenderDrawFlow::reset()
+{
+    surface().setHelpButtonShown(false);
+    surface().setRefreshButtonShown(false);
+    surface().setDrawingEnabled(false);
+    surface().hiddernAll();
+    requestQuarvoConfigAction();
+}
+
+void QVRenderDrawFlow::handleConfigResponseFromQuarvoServer(
+    const std::shared_ptr<QVConfigResponseModel> &config,
+    const std::shared_ptr<QVGetRefreshResponseModel> &getRefresh)
+{
+    beginAttempt();
+    if (!config) {
+        requestOutageAction();
+        return;
+    }
+    handleConfigResponseFromQuarvoServer(config, true);
+    handleGetRefreshResponseFromQuarvoServer(getRefresh, false);
+}
+
+void QVRenderDrawFlow::requestNewPicture()
+{
+    if (m_outage)
+        requestGetFromOutageServer();
+    else if (m_quarvoConfig)
+        requestRefreshFromQuarvoServer();
+    else
+        requestQuarvoConfigAction();
+}
+
+void QVRenderDrawFlow::charVerifyInputViewDidClickedDoneButtonWithCharString(const QString &charString)
+{
+    surface().setCharInputBusy(true);
+    requestVerifyFromQuarvoServerWithV(charString, QStringLiteral("0"));
+}
+
+void QVRenderDrawFlow::renderDrawImageViewHiddenDelayErrorCompleted()
+{
+    if (!surface().isDrawing() && canDirectlyShow() && isEmbedded())
+        surface().showPrompt();
+}
+
+void QVRenderDrawFlow::beginAttempt()
+{
+    ++m_now.attempt;
+    beginStep();
+    // What the attempt before was still about: its picture must not be replaced in this one's midst,
+    // and its answer no longer frees the input.
+    if (m_getRefreshModel)
+        m_getRefreshModel->endTimeDown();
+    surface().setCharInputBusy(false);
+}
+
+template<class Record>
+QVCompletion<Record> QVRenderDrawFlow::ifNotOvertaken(Handler<Record> handler)
+{
+    return [weak = weak_from_this(), asked = m_now, handler](std::shared_ptr<Record> record,
+                                                             std::optional<QVError> error) {
+        const auto flow = weak.lock();
+        if (flow && flow->m_surface && flow->m_now == asked)
+            (flow.get()->*handler)(record, error);
+    };
+}
+
+QVCompletion<QVVerifyResponseModel> QVRenderDrawFlow::verifyCompletion()
+{
+    return [weak = weak_from_this(), asked = m_now](const std::shared_ptr<QVVerifyResponseModel> &record,
+                                                    const std::optional<QVError> &error) {
+        const auto flow = weak.lock();
+        if (flow && flow->m_surface && flow->m_now.attempt == asked.attempt)
+            flow->handleVerifyResponse(asked, record, error);
+    };
+}
+
+void QVRenderDrawFlow::requestOutageAction()
+{
+    beginStep();
+    surface().showLoadingAnimation();
+    service().requestOutageComplted(ifNotOvertaken(&QVRenderDrawFlow::handleOutageResponse));
+}
+
+void QVRenderDrawFlow::requestConfigFromQuarvoServer()
+{
+    beginStep();
+    surface().showLoadingAnimation();
+    service().requestConfigWithVid(vid(), qv_typeStringForVerifyStyle(m_verifyStyle),
+                                   QVConfigurationManager::sharedManager().scene(),
+                                   ifNotOvertaken(&QVRenderDrawFlow::handleConfigResponse));
+}
+
+void QVRenderDrawFlow::requestGetFromQuarvoServer()
+{
+    beginStep();
+    service().requestGetWithApiServer(apiServer(), vid(), challenge(),
+                                      ifNotOvertaken(&QVRenderDrawFlow::handleGetResponse));
+}
+
+void QVRenderDrawFlow::requestClickFromQuarvoServer()
+{
+    beginStep();
+    service().requestClickWithApiServer(apiServer(), vid(), challenge(),
+                                        ifNotOvertaken(&QVRenderDrawFlow::handleClickResponse));
+}
+
+void QVRenderDrawFlow::requestRefreshFromQuarvoServer()
+{
+    beginStep();
+    surface().setDrawingEnabled(false);
+    surface().setAdLinkword(nullptr);
+    surface().setRefreshButtonEnabled(false);
+    surface().clearPicture();
+    surface().showLoadingAnimation();
+    service().requestRefreshWithApiServer(apiServer(), vid(), challenge(),
+                                          ifNotOvertaken(&QVRenderDrawFlow::handleRefreshResponse));
+}
+
+void QVRenderDrawFlow::requestGetFromOutageServer()
+{
+    beginStep();
+    surface().setDrawingEnabled(false);
+    surface().setRefreshButtonShown(false);
+    surface().setRefreshButtonEnabled(false);
+    surface().clearPicture();
+    surface().showLoadingAnimation();
+    service().requestOutageGetcompleted(ifNotOvertaken(&QVRenderDrawFlow::handleGetOutageResponse));
+}
+
+void QVRenderDrawFlow::requestVerifyFromQuarvoServerWithV(const QString &v, const QString &drwatime)
+{
+    surface().setRefreshButtonEnabled(false);
+    service().requestVerifyWithApiServer(apiServer(), vid(), challenge(), v, drwatime, verifyCompletion());
+}
+
+void QVRenderDrawFlow::requestVerifyFromOutageServerWithV(const QString &v, const QString &drwatime)
+{
+    surface().setRefreshButtonEnabled(false);
+    const QString outageChallenge = m_getOutageModel ? m_getOutageModel->challenge() : QString();
+    service().requestOutageVerifyWithChallenge(outageChallenge, v, drwatime, verifyCompletion());
+}
+
+void QVRenderDrawFlow::handleOutageResponse(const std::shared_ptr<QVDownTimeResponseModel> &record,
+                                            const std::optional<QVError> &error)
+{
+    if (!record) {
+        surface().hiddenLoadingAnimation();
+        handleRequestError(reasonFor(error), true);
+        return;
+    }
+    m_outage = record->active();
+    surface().setOutage(m_outage);
+    if (m_outage)
+        enterOutage();
+    else
+        requestConfigFromQuarvoServer();
+}
+
+void QVRenderDrawFlow::enterOutage()
+{
+    if (isCharVerify()) {
+        // The outage service knows drawings only, whatever the attempt before was about.
+        m_quarvoConfig.reset();
+        surface().setIsCharVerify(false);
+        surface().updateContentWidthHeightQVVerifyPercentage(false);
+    }
+    surface().setHelpButtonShown(true);
+    requestGetFromOutageServer();
+    if (!isEmbedded())
+        surface().setCaption(qv_localizedStringForKey(QVKey::drawCaptcha));
+}
+
+void QVRenderDrawFlow::handleConfigResponse(const std::shared_ptr<QVConfigResponseModel> &record,
+                                            const std::optional<QVError> &error)
+{
+    if (record) {
+        handleConfigResponseFromQuarvoServer(record, false);
+        return;
+    }
+    surface().hiddenLoadingAnimation();
+    handleRequestError(reasonFor(error), true);
+}
+
+void QVRenderDrawFlow::handleConfigResponseFromQuarvoServer(
+    const std::shared_ptr<QVConfigResponseModel> &config, bool fromout)
+{
+    m_quarvoConfig = config;
+    const bool isCharacters = config->type() == QLatin1String("character");
+    surface().setIsCharVerify(isCharacters);
+    const QString key = isCharacters ? QVKey::characterCaptcha : QVKey::drawCaptcha;
+    surface().setCaption(isEmbedded() ? QString() : qv_localizedStringForKey(key));
+    surface().setHelpButtonShown(config->guide());
+    surface().setRefreshButtonShown(true);
+    surface().updateContentWidthHeightQVVerifyPercentage(isCharacters);
+    if (isEmbedded())
+        requestGetFromQuarvoServer();
+    else if (!fromout)
+        requestClickFromQuarvoServer();
+}
+
+void QVRenderDrawFlow::handleGetResponse(const std::shared_ptr<QVGetRefreshResponseModel> &record,
+                                         const std::optional<QVError> &error)
+{
+    surface().hiddenLoadingAnimation();
+    if (record)
+        handleGetRefreshResponseFromQuarvoServer(record, false);
+    else
+        handleRequestError(reasonFor(error), true);
+}
+
+void QVRenderDrawFlow::handleClickResponse(const std::shared_ptr<QVClickResponseModel> &record,
+                                           const std::optional<QVError> &error)
+{
+    if (!record) {
+        surface().hiddenLoadingAnimation();
+        handleRequestError(reasonFor(error), true);
+    } else if (record->code() == QLatin1String("0103")) {
+        QVVerifyResponseModel verify;
+        verify.setToken(record->token());
+        handleRequestVerifySuccess(verify);
+    } else {
+        handleGetRefreshResponseFromQuarvoServer(record, false);
+    }
+}
+
+void QVRenderDrawFlow::handleRefreshResponse(const std::shared_ptr<QVGetRefreshResponseModel> &record,
+                                             const std::optional<QVError> &error)
+{
+    surface().hiddenLoadingAnimation();
+    if (record)
+        handleGetRefreshResponseFromQuarvoServer(record, true);
+    else
+        handleRequestError(reasonFor(error), true);
+}
+
+void QVRenderDrawFlow::handleGetOutageResponse(const std::shared_ptr<QVGetOutageResponseModel> &record,
+                                               const std::optional<QVError> &error)
+{
+    if (!record) {
+        surface().hiddenLoadingAnimation();
+        handleRequestError(reasonFor(error), true);
+        return;
+    }
+    surface().setRefreshButtonShown(true);
+    m_getOutageModel = record;
+    loadVerifyImageFromURLString(record->imgUrlString(), false);
+}
+
+void QVRenderDrawFlow::handleVerifyResponse(Stamp asked, const std::shared_ptr<QVVerifyResponseModel> &record,
+                                            const std::optional<QVError> &error)
+{
+    surface().setCharInputBusy(false);
+    if (record) {
+        handleRequestVerifySuccess(*record);
+        return;
+    }
+    if (m_now != asked)
+        return;
+    const QVError failure = reasonFor(error);
+    if (failure.code() == wrongAnswerCode)
+        handleWrongAnswer(failure);
+    else
+        handleRequestError(failure, true);
+}
+
+void QVRenderDrawFlow::handleGetRefreshResponseFromQuarvoServer(
+    const std::shared_ptr<QVGetRefreshResponseModel> &record, bool isRefresh)
+{
+    keepPicture(record);
+    const QString path = record ? record->img() : QString();
+    loadVerifyImageFromURLString(m_quarvoConfig->source_server() + u'/' + path, isRefresh);
+}
+
+void QVRenderDrawFlow::keepPicture(const std::shared_ptr<QVGetRefreshResponseModel> &record)
+{
+    if (m_getRefreshModel)
+        m_getRefreshModel->endTimeDown();
+    m_getRefreshModel = record;
+    surface().setAdLinkword(record && !record->adlinkword().isEmpty() ? record : nullptr);
+    m_quarvoConfig->setGetRefreshCount(m_quarvoConfig->getRefreshCount() + 1);
+    if (!record)
+        return;
+    record->startTimeDown();
+    record->setFireTimeDown([weak = weak_from_this()] {
+        const auto flow = weak.lock();
+        if (flow && flow->m_surface)
+            flow->requestRefreshFromQuarvoServer();
+    });
+}
+
+void QVRenderDrawFlow::loadVerifyImageFromURLString(const QString &address, bool isRefresh)
+{
+    beginStep();
+    surface().setRefreshButtonEnabled(true);
+    if (!isRefresh)
+        surface().clearPicture();
+    if (!surface().hasPicture())
+        surface().showLoadingAnimation();
+    surface().setDrawingEnabled(false);
+    // Holds the flow until the picture is there or has failed.
+    QVImageLoader::shared().load(address, [flow = shared_from_this(), asked = m_now](
+                                              const QImage &picture, const std::optional<QVError> &error) {
+        if (flow->m_surface && flow->m_now == asked)
+            flow->handlePicture(picture, error.has_value());
+    });
+}
+
+void QVRenderDrawFlow::handlePicture(const QImage &picture, bool failed)
+{
+    surface().hiddenLoadingAnimation();
+    if (failed) {
+        handleRequestError(QVError(qv_localizedStringForKey(QVKey::loadFaild), pictureErrorCode), true);
+        return;
+    }
+    surface().setPicture(picture);
+    surface().setDrawingEnabled(!isCharVerify());
+    if (isEmbedded())
+        surface().showPrompt();
+    surface().pictureIsReady();
+}
+
+void QVRenderDrawFlow::handleRequestVerifySuccess(const QVVerifyResponseModel &verify)
+{
+    // Outdates everything under way, a second passed answer included: there is one token an attempt.
+    ++m_now.attempt;
+    clearGetRefreshModel();
+    surface().hiddenLoadingAnimation();
+    surface().setRefreshButtonShown(false);
+    surface().setDrawingEnabled(false);
+    surface().showSuccess(verify);
+    // Holds the flow: the token reaches the delegate even when the view has gone meanwhile.
+    QVScheduler::shared().schedule(successNoticeDelay, [flow = shared_from_this(), token = verify.token()] {
+        if (auto *delegate = flow->m_delegate.get())
+            delegate->renderDrawViewVerifySuccess(token);
+    });
+}
+
+void QVRenderDrawFlow::handleWrongAnswer(const QVError &error)
+{
+    const qint64 count = countWrongAnswer();
+    surface().setRefreshButtonEnabled(true);
+    handleRequestError(QVError(qv_localizedStringForKey(QVKey::fail), error.code(), error.userInfo()), false);
+    // Equal, not at least: the service may send a picture with a count of its own.
+    if (count == triesPerPicture)
+        requestNewPicture();
+    surface().answerWasWrong();
+}
+
+qint64 QVRenderDrawFlow::countWrongAnswer()
+{
+    const auto countOn = [](auto *picture) -> qint64 {
+        if (!picture)
+            return 0;
+        picture->setVerifyCount(picture->verifyCount() + 1);
+        return picture->verifyCount();
+    };
+    return m_outage ? countOn(m_getOutageModel.get()) : countOn(m_getRefreshModel.get());
+}
+
+void QVRenderDrawFlow::handleRequestError(const QVError &error, bool canClickRefresh)
+{
+    surface().setRefreshButtonShown(!canClickRefresh);
+    if (canClickRefresh) {
+        beginStep();
+        surface().showFailedPicture();
+        surface().setDrawingEnabled(false);
+        clearGetRefreshModel();
+        surface().setAdLinkword(nullptr);
+    }
+    surface().showError(error, canClickRefresh);
+    if (canClickRefresh)
+        surface().attemptHasFailed(error);
+}
+
+void QVRenderDrawFlow::clearGetRefreshModel()
+{
+    if (m_getRefreshModel)
+        m_getRefreshModel->endTimeDown();
+    m_getRefreshModel.reset();
+    m_getOutageModel.reset();
+}
+
+bool QVRenderDrawFlow::isCharVerify() const
+{
+    return m_quarvoConfig && m_quarvoConfig->isCharVerify();
+}
+
+QString QVRenderDrawFlow::apiServer() const
+{
+    return m_quarvoConfig ? m_quarvoConfig->api_server() : QString();
+}
+
+QString QVRenderDrawFlow::challenge() const
+{
+    return m_quarvoConfig ? m_quarvoConfig->challenge() : QString();
+}

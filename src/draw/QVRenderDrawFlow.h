@@ -1,0 +1,121 @@
+#pragma once
+
+#include "draw/QVRenderDrawSurface.h"
+#include "draw/QVRenderDrawViewDelegate.h"
+#include "draw/QVVerifyStyle.h"
+#include "service/QVCompletion.h"
+
+#include <QString>
+
+#include <memory>
+#include <optional>
+
+class QVClickResponseModel;
+class QVConfigResponseModel;
+class QVDownTimeResponseModel;
+class QVGetOutageResponseModel;
+class QVGetRefreshResponseModel;
+class QVVerifyResponseModel;
+
+/// The conversation with the services about one captcha after another, from the outage switch to the
+/// token. Knows no widget: it drives a surface.
+///
+/// Requests may overlap: the user draws again before the last stroke is judged, the countdown replaces
+/// a picture, the host resets. Whatever was started last decides what is shown; an answer that has been
+/// overtaken is dropped. Only a passed answer counts as long as no new attempt was started, since the
+/// user has earned it.
+class QVRenderDrawFlow final : public std::enable_shared_from_this<QVRenderDrawFlow>
+{
+public:
+    QVRenderDrawFlow(QVVerifyStyle style, QVRenderDrawSurface *surface);
+    ~QVRenderDrawFlow();
+    Q_DISABLE_COPY(QVRenderDrawFlow)
+
+    void setDelegate(QVRenderDrawViewDelegate *delegate) { m_delegate = delegate; }
+    [[nodiscard]] QVVerifyStyle verifyStyle() const { return m_verifyStyle; }
+    [[nodiscard]] bool outage() const { return m_outage; }
+    [[nodiscard]] bool canDirectlyShow() const { return m_getRefreshModel || m_getOutageModel; }
+
+    void requestQuarvoConfigAction();
+    void reset();
+    /// Starts with answers that the host holds already; without a configuration, from scratch.
+    void handleConfigResponseFromQuarvoServer(const std::shared_ptr<QVConfigResponseModel> &config,
+                                              const std::shared_ptr<QVGetRefreshResponseModel> &getRefresh);
+
+    /// Replaces the picture; where no service has been chosen yet, starts from scratch.
+    void requestNewPicture();
+    void requestVerifyFromQuarvoServerWithV(const QString &v, const QString &drwatime);
+    void requestVerifyFromOutageServerWithV(const QString &v, const QString &drwatime);
+    void charVerifyInputViewDidClickedDoneButtonWithCharString(const QString &charString);
+    void renderDrawImageViewHiddenDelayErrorCompleted();
+
+private:
+    template<class Record>
+    using Handler = void (QVRenderDrawFlow::*)(const std::shared_ptr<Record> &record,
+                                               const std::optional<QVError> &error);
+    /// When something was started.
+    struct Stamp
+    {
+        quint64 attempt = 0;
+        quint64 step = 0;
+
+        friend bool operator==(const Stamp &, const Stamp &) = default;
+    };
+
+    void beginAttempt();
+    void beginStep() { ++m_now.step; }
+    template<class Record>
+    [[nodiscard]] QVCompletion<Record> ifNotOvertaken(Handler<Record> handler);
+    [[nodiscard]] QVCompletion<QVVerifyResponseModel> verifyCompletion();
+
+    void requestOutageAction();
+    void requestConfigFromQuarvoServer();
+    void requestGetFromQuarvoServer();
+    void requestClickFromQuarvoServer();
+    void requestRefreshFromQuarvoServer();
+    void requestGetFromOutageServer();
+
+    void handleOutageResponse(const std::shared_ptr<QVDownTimeResponseModel> &record,
+                              const std::optional<QVError> &error);
+    void handleConfigResponse(const std::shared_ptr<QVConfigResponseModel> &record,
+                              const std::optional<QVError> &error);
+    void handleGetResponse(const std::shared_ptr<QVGetRefreshResponseModel> &record,
+                           const std::optional<QVError> &error);
+    void handleClickResponse(const std::shared_ptr<QVClickResponseModel> &record,
+                             const std::optional<QVError> &error);
+    void handleRefreshResponse(const std::shared_ptr<QVGetRefreshResponseModel> &record,
+                               const std::optional<QVError> &error);
+    void handleGetOutageResponse(const std::shared_ptr<QVGetOutageResponseModel> &record,
+                                 const std::optional<QVError> &error);
+    void handleVerifyResponse(Stamp asked, const std::shared_ptr<QVVerifyResponseModel> &record,
+                              const std::optional<QVError> &error);
+
+    void enterOutage();
+    void handleConfigResponseFromQuarvoServer(const std::shared_ptr<QVConfigResponseModel> &config,
+                                              bool fromout);
+    void handleGetRefreshResponseFromQuarvoServer(const std::shared_ptr<QVGetRefreshResponseModel> &record,
+                                                  bool isRefresh);
+    void keepPicture(const std::shared_ptr<QVGetRefreshResponseModel> &record);
+    void loadVerifyImageFromURLString(const QString &address, bool isRefresh);
+    void handlePicture(const QImage &picture, bool failed);
+    void handleRequestVerifySuccess(const QVVerifyResponseModel &verify);
+    void handleWrongAnswer(const QVError &error);
+    [[nodiscard]] qint64 countWrongAnswer();
+    void handleRequestError(const QVError &error, bool canClickRefresh);
+    void clearGetRefreshModel();
+
+    [[nodiscard]] QVRenderDrawSurface &surface() const { return *m_surface.get(); }
+    [[nodiscard]] bool isEmbedded() const { return m_verifyStyle == QVVerifyStyleEmbed; }
+    [[nodiscard]] bool isCharVerify() const;
+    [[nodiscard]] QString apiServer() const;
+    [[nodiscard]] QString challenge() const;
+
+    const QVVerifyStyle m_verifyStyle;
+    const QVWeakDelegate<QVRenderDrawSurface> m_surface;
+    QVWeakDelegate<QVRenderDrawViewDelegate> m_delegate;
+    bool m_outage = false;
+    std::shared_ptr<QVConfigResponseModel> m_quarvoConfig;
+    std::shared_ptr<QVGetRefreshResponseModel> m_getRefreshModel;
+    std::shared_ptr<QVGetOutageResponseModel> m_getOutageModel;
+    Stamp m_now;
+};

@@ -1,0 +1,94 @@
+#include "draw/QVRenderDrawGesture.h"
+
+#include "draw/QVRenderStrokeView.h"
+#include "platform/QVScheduler.h"
+
+QVRenderDrawGesture::QVRenderDrawGesture(QWidget *view, ImageFrame imageFrame)
+    : m_view(view)
+    , m_imageFrame(std::move(imageFrame))
+    , m_panGestureRecognizer(view)
+    , m_renderLayer(new QVRenderStrokeView(view))
+{
+    m_panGestureRecognizer.setEnabled(false);
+    m_panGestureRecognizer.setShouldBegin(
+        [this](QPointF location) { return gestureRecognizerShouldBegin(location); });
+    m_panGestureRecognizer.setAction(
+        [this](QVPanGestureRecognizer::State state) { panGestureRecognizerAction(state); });
+}
+
+void QVRenderDrawGesture::layoutSubviews()
+{
+    m_renderLayer->setGeometry(m_view->rect());
+    m_renderLayer->raise();
+}
+
+bool QVRenderDrawGesture::gestureRecognizerShouldBegin(QPointF location) const
+{
+    return !m_staysInPicture || m_imageFrame().contains(location);
+}
+
+void QVRenderDrawGesture::panGestureRecognizerAction(QVPanGestureRecognizer::State state)
+{
+    switch (state) {
+    case QVPanGestureRecognizer::State::Began:
+        return panGestureRecognizerStateBegan();
+    case QVPanGestureRecognizer::State::Changed:
+        return panGestureRecognizerStateChanged();
+    case QVPanGestureRecognizer::State::Ended:
+        return panGestureRecognizerStateEnded();
+    default:
+        return panGestureRecognizerStateOthers();
+    }
+}
+
+void QVRenderDrawGesture::panGestureRecognizerStateBegan()
+{
+    const double time = QVScheduler::shared().secondsSince1970();
+    const QPointF location = m_panGestureRecognizer.location();
+    m_trace.setFrameSize(m_view->size());
+    m_trace.setPanGestureStartTime(time);
+    m_trace.handlePanGesturePoint(location, time);
+    m_renderLayer->moveTo(location);
+    Q_EMIT began();
+}
+
+void QVRenderDrawGesture::panGestureRecognizerStateChanged()
+{
+    if (m_staysInPicture && !m_imageFrame().contains(m_panGestureRecognizer.location())) {
+        // Cancels: the recogniser reports it, and the rest of the drag goes unheard.
+        m_panGestureRecognizer.setEnabled(false);
+        m_panGestureRecognizer.setEnabled(true);
+        return;
+    }
+    extendStroke();
+}
+
+void QVRenderDrawGesture::panGestureRecognizerStateEnded()
+{
+    extendStroke();
+    if (m_trace.isAcceptable())
+        Q_EMIT accepted();
+    else
+        Q_EMIT discarded();
+    m_trace.resetDataSource();
+    resetUIs();
+}
+
+void QVRenderDrawGesture::panGestureRecognizerStateOthers()
+{
+    m_trace.resetDataSource();
+    resetUIs();
+    Q_EMIT discarded();
+}
+
+void QVRenderDrawGesture::extendStroke()
+{
+    const QPointF location = m_panGestureRecognizer.location();
+    m_trace.handlePanGesturePoint(location, QVScheduler::shared().secondsSince1970());
+    m_renderLayer->addLineTo(location);
+}
+
+void QVRenderDrawGesture::resetUIs()
+{
+    m_renderLayer->removeAllPoints();
+}

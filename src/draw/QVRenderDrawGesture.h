@@ -1,0 +1,58 @@
+#pragma once
+
+#include "draw/QVPanGestureRecognizer.h"
+#include "draw/QVRenderTrace.h"
+
+#include <QObject>
+#include <QRectF>
+
+class QVRenderStrokeView;
+
+/// Drawing on a view: follows one drag at a time, shows it as a stroke above the view's children and
+/// judges whether it is fit to be sent.
+class QVRenderDrawGesture final : public QObject
+{
+    Q_OBJECT
+
+public:
+    using ImageFrame = std::function<QRectF()>;
+
+    /// Must not outlive \a view. \a imageFrame tells where the picture is in it.
+    QVRenderDrawGesture(QWidget *view, ImageFrame imageFrame);
+
+    [[nodiscard]] QVPanGestureRecognizer &panGestureRecognizer() { return m_panGestureRecognizer; }
+    [[nodiscard]] const QVPanGestureRecognizer &panGestureRecognizer() const
+    {
+        return m_panGestureRecognizer;
+    }
+    [[nodiscard]] const QVRenderTrace &trace() const { return m_trace; }
+
+    /// Whether a stroke has to stay within the picture.
+    void setStaysInPicture(bool staysInPicture) { m_staysInPicture = staysInPicture; }
+    /// Puts the stroke above all children and fits it to the view.
+    void layoutSubviews();
+
+Q_SIGNALS:
+    void began();
+    /// The trace may be sent. It is gone when the slots have returned.
+    void accepted();
+    /// The stroke came to nothing.
+    void discarded();
+
+private:
+    [[nodiscard]] bool gestureRecognizerShouldBegin(QPointF location) const;
+    void panGestureRecognizerAction(QVPanGestureRecognizer::State state);
+    void panGestureRecognizerStateBegan();
+    void panGestureRecognizerStateChanged();
+    void panGestureRecognizerStateEnded();
+    void panGestureRecognizerStateOthers();
+    void extendStroke();
+    void resetUIs();
+
+    QWidget *m_view;
+    ImageFrame m_imageFrame;
+    QVPanGestureRecognizer m_panGestureRecognizer;
+    QVRenderTrace m_trace;
+    QVRenderStrokeView *m_renderLayer;
+    bool m_staysInPicture = false;
+};

@@ -1,0 +1,95 @@
+#include "draw/QVRenderDrawLayout.h"
+
+#include <QWidget>
+
+namespace {
+
+constexpr double pictureAspect = 0.575;
+constexpr double drawingRatio = 1.7391304347826086;
+constexpr double characterRatio = 1.4814814814814814;
+constexpr double inputHeight = 40;
+constexpr double captionGap = 10;
+constexpr QSizeF buttonSize(30, 30);
+constexpr auto changeDuration = std::chrono::milliseconds(200);
+
+} // namespace
+
+QVRenderDrawLayout::QVRenderDrawLayout(QVVerifyStyle style, const Parts &parts)
+    : m_style(style)
+    , m_parts(parts)
+    , m_layout(parts.view)
+{
+}
+
+void QVRenderDrawLayout::initRenders(double contentWidth)
+{
+    m_layout.make(m_parts.contentView, contentBuild(pictureAspect, contentWidth));
+    placePicture();
+    placeControls();
+    m_layout.layoutNow();
+}
+
+void QVRenderDrawLayout::setIsCharVerify(bool isCharVerify, double contentWidth)
+{
+    const QVLayout::Build build =
+        contentBuild(1 / (isCharVerify ? characterRatio : drawingRatio), contentWidth);
+    if (m_style == QVVerifyStyleEmbed)
+        m_layout.make(m_parts.contentView, build);
+    else
+        m_layout.remake(m_parts.contentView, build);
+    m_layout.animateLayout(changeDuration);
+}
+
+void QVRenderDrawLayout::setContentWidth(double contentWidth)
+{
+    if (m_style == QVVerifyStyleEmbed)
+        return;
+    m_layout.update(m_parts.contentView,
+                    [contentWidth](QVConstraintMaker &make) { make.width().equalTo(contentWidth); });
+}
+
+QVLayout::Build QVRenderDrawLayout::contentBuild(double aspect, double contentWidth) const
+{
+    return [this, aspect, contentWidth](QVConstraintMaker &make) {
+        make.center().equalTo(m_parts.view);
+        if (m_style == QVVerifyStyleEmbed)
+            make.width().equalTo(m_parts.view);
+        else
+            make.width().equalTo(contentWidth);
+        make.height().equalTo(make.width()).multipliedBy(aspect);
+    };
+}
+
+void QVRenderDrawLayout::placePicture()
+{
+    m_layout.make(m_parts.imageView, [this](QVConstraintMaker &make) {
+        make.top().equalTo(m_parts.contentView);
+        make.centerX().equalTo(m_parts.contentView);
+        make.width().equalTo(m_parts.contentView);
+        make.height().equalTo(make.width()).multipliedBy(pictureAspect);
+    });
+    m_layout.make(m_parts.charInputView, [this](QVConstraintMaker &make) {
+        make.left().equalTo(m_parts.contentView);
+        make.bottom().equalTo(m_parts.contentView);
+        make.right().equalTo(m_parts.contentView);
+        make.height().equalTo(inputHeight);
+    });
+}
+
+void QVRenderDrawLayout::placeControls()
+{
+    m_layout.make(m_parts.captchaLabel, [this](QVConstraintMaker &make) {
+        make.bottom().equalTo(m_parts.imageView, QVLayoutAttribute::Top).offset(-captionGap);
+        make.centerX().equalTo(m_parts.view);
+    });
+    m_layout.make(m_parts.helpButton, [this](QVConstraintMaker &make) {
+        make.size().equalTo(buttonSize);
+        make.top().equalTo(m_parts.imageView);
+        make.right().equalTo(m_parts.imageView);
+    });
+    m_layout.make(m_parts.refreshButton, [this](QVConstraintMaker &make) {
+        make.size().equalTo(buttonSize);
+        make.top().equalTo(m_parts.imageView);
+        make.right().equalTo(m_parts.helpButton, QVLayoutAttribute::Left);
+    });
+}

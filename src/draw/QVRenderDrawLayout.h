@@ -1,0 +1,39 @@
+#pragma once
+
+#include "draw/QVVerifyStyle.h"
+#include "layout/QVLayout.h"
+
+/// Where the parts of the draw view are.
+class QVRenderDrawLayout final
+{
+public:
+    struct Parts
+    {
+        QWidget *view = nullptr;
+        QWidget *contentView = nullptr;
+        QWidget *imageView = nullptr;
+        QWidget *charInputView = nullptr;
+        QWidget *captchaLabel = nullptr;
+        QWidget *helpButton = nullptr;
+        QWidget *refreshButton = nullptr;
+    };
+
+    QVRenderDrawLayout(QVVerifyStyle style, const Parts &parts);
+
+    /// Places everything for a drawing captcha. \a contentWidth counts in the popup styles only; embedded,
+    /// the content is as wide as the view.
+    void initRenders(double contentWidth);
+    /// Moves to the shape for characters or for drawing.
+    void setIsCharVerify(bool isCharVerify, double contentWidth);
+    void setContentWidth(double contentWidth);
+    void layoutNow() { m_layout.layoutNow(); }
+
+private:
+    [[nodiscard]] QVLayout::Build contentBuild(double aspect, double contentWidth) const;
+    void placePicture();
+    void placeControls();
+
+    QVVerifyStyle m_style;
+    Parts m_parts;
+    QVLayout m_layout;
+};

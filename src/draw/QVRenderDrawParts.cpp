@@ -1,0 +1,227 @@
+#include "draw/QVRenderDrawParts.h"
+
+#include "draw/QVAdButton.h"
+#include "draw/QVRenderDrawLayout.h"
+#include "draw/QVTextLabel.h"
+#include "service/QVGetRefreshResponseModel.h"
+#include "settings/QVBundleImage.h"
+#include "settings/QVLocalization.h"
+#include "settings/QVLocalizationKeys.h"
+#include "views/QVCharVerifyInputView.h"
+#include "views/QVCharVerifyInputViewDoneButton.h"
+#include "views/QVColors.h"
+#include "views/QVCustomActionButton.h"
+#include "views/QVRenderDrawImageView.h"
+#include "views/QVRenderDrawOverlayView.h"
+#include "views/QVSystemFont.h"
+
+#include <numbers>
+
+namespace {
+
+constexpr int captionFontSize = 17;
+constexpr int buttonInset = 5;
+constexpr double spinSeconds = 0.3;
+constexpr int badgeFontSize = 12;
+constexpr QSize badgePadding(10, 5);
+constexpr QColor badgeGround(0, 0, 0, 179); // alpha 0.7
+
+QVCustomActionButton *makeButton(QWidget *parent, const char *name, const char *picture,
+                                 QLatin1String accessibleKey)
+{
+    auto *button = new QVCustomActionButton(parent);
+    button->setObjectName(QLatin1String(name));
+    button->setImage(qv_imageFromBundleWithName(QLatin1String(picture)));
+    button->setImageEdgeInsets(QMargins(buttonInset, buttonInset, buttonInset, buttonInset));
+    button->setAccessibleName(qv_localizedStringForKey(accessibleKey));
+    button->setAlpha(0);
+    return button;
+}
+
+} // namespace
+
+QVRenderDrawParts::QVRenderDrawParts(QWidget *view)
+    : m_view(view)
+{
+}
+
+QVRenderDrawParts::~QVRenderDrawParts() = default;
+
+void QVRenderDrawParts::initRenders(QVVerifyStyle style)
+{
+    initContent();
+    initControls();
+    // Moves without a button pass through to whoever follows the pointer.
+    m_contentView->setMouseTracking(true);
+    m_imageView->setMouseTracking(true);
+    m_layout = std::make_unique<QVRenderDrawLayout>(
+        style, QVRenderDrawLayout::Parts{m_view, m_contentView, m_imageView, m_charInputView, m_captchaLabel,
+                                         m_helpButton, m_refreshButton});
+    m_layout->initRenders(contentViewWidth());
+}
+
+void QVRenderDrawParts::updateContentWidth()
+{
+    m_layout->setContentWidth(contentViewWidth());
+}
+
+void QVRenderDrawParts::initContent()
+{
+    m_contentView = new QWidget(m_view);
+    m_contentView->setObjectName(QStringLiteral("contentView"));
+    m_imageView = new QVRenderDrawImageView(m_contentView);
+    m_imageView->setObjectName(QStringLiteral("imageView"));
+    m_charInputView = new QVCharVerifyInputView(m_contentView);
+    m_charInputView->setObjectName(QStringLiteral("charInputView"));
+    m_charInputView->hide();
+}
+
+void QVRenderDrawParts::initControls()
+{
+    m_captchaLabel = new QVTextLabel(qv_systemFont(captionFontSize), QVColors::secondaryText, m_view);
+    m_captchaLabel->setObjectName(QStringLiteral("captchaLabel"));
+    m_captchaLabel->hide();
+
+    m_helpButton = makeButton(m_view, "helpButton", "qv_draw_help", QVKey::accessibleHelp);
+    m_refreshButton = makeButton(m_view, "refreshButton", "qv_draw_refresh", QVKey::accessibleRefresh);
+}
+
+QRectF QVRenderDrawParts::imageFrame() const
+{
+    return QRectF(m_imageView->mapTo(m_view, QPoint(0, 0)), m_imageView->size());
+}
+
+QVTextLabel &QVRenderDrawParts::outageLabel()
+{
+    if (!m_outageLabel) {
+        QFont badgeFont = qv_systemFont(badgeFontSize);
+        badgeFont.setItalic(true);
+        m_outageLabel = new QVTextLabel(badgeFont, Qt::white, m_imageView);
+        m_outageLabel->setObjectName(QStringLiteral("outageLabel"));
+        m_outageLabel->setGround(badgeGround);
+        m_outageLabel->setPadding(badgePadding);
+        m_outageLabel->setText(qv_localizedStringForKey(QVKey::outage));
+        m_outageLabel->resize(m_outageLabel->sizeHint());
+    }
+    return *m_outageLabel;
+}
+
+QVAdButton &QVRenderDrawParts::adButton()
+{
+    if (!m_adButton) {
+        m_adButton = std::make_unique<QVAdButton>(m_imageView);
+        m_adButton->setObjectName(QStringLiteral("adButton"));
+        m_adButton->show();
+        adButtonWasAdded(*m_adButton);
+    }
+    return *m_adButton;
+}
+
+void QVRenderDrawParts::showLoadingAnimation()
+{
+    m_imageView->showLoadingAnimation();
+}
+
+void QVRenderDrawParts::hiddenLoadingAnimation()
+{
+    m_imageView->hiddenLoadingAnimation();
+}
+
+void QVRenderDrawParts::setPicture(const QImage &picture)
+{
+    m_imageView->setImage(picture);
+}
+
+void QVRenderDrawParts::clearPicture()
+{
+    m_imageView->setImage({});
+}
+
+void QVRenderDrawParts::showFailedPicture()
+{
+    m_imageView->setImage(qv_imageFromBundleWithName(QStringLiteral("qv_request_faild.jpg")).toImage());
+}
+
+bool QVRenderDrawParts::hasPicture() const
+{
+    return m_imageView->hasImage();
+}
+
+void QVRenderDrawParts::showPrompt()
+{
+    m_imageView->showPrompt();
+}
+
+void QVRenderDrawParts::showError(const QVError &error, bool canClicked)
+{
+    m_imageView->showError(error, canClicked);
+}
+
+void QVRenderDrawParts::showSuccess(const QVVerifyResponseModel &verify)
+{
+    m_imageView->showSuccess(verify);
+}
+
+void QVRenderDrawParts::hiddernAll()
+{
+    m_imageView->hiddernAll();
+}
+
+void QVRenderDrawParts::setIsCharVerify(bool isCharVerify)
+{
+    m_imageView->setIsCharVerify(isCharVerify);
+}
+
+void QVRenderDrawParts::updateContentWidthHeightQVVerifyPercentage(bool isCharVerify)
+{
+    m_charInputView->setVisible(isCharVerify);
+    m_layout->setIsCharVerify(isCharVerify, contentViewWidth());
+}
+
+void QVRenderDrawParts::setCaption(const QString &caption)
+{
+    if (!caption.isNull())
+        m_captchaLabel->setText(caption);
+    m_captchaLabel->setVisible(!caption.isNull());
+}
+
+void QVRenderDrawParts::setHelpButtonShown(bool shown)
+{
+    m_helpButton->setAlpha(shown ? 1 : 0);
+}
+
+void QVRenderDrawParts::setRefreshButtonShown(bool shown)
+{
+    m_refreshButton->setAlpha(shown ? 1 : 0);
+}
+
+void QVRenderDrawParts::setRefreshButtonEnabled(bool enabled)
+{
+    m_refreshButton->setEnabled(enabled);
+}
+
+void QVRenderDrawParts::setAdLinkword(const std::shared_ptr<QVGetRefreshResponseModel> &answer)
+{
+    if (answer && !answer->adlinkword().isEmpty())
+        adButton().setWord(answer->adlinkword(), answer->adlink());
+    else if (m_adButton)
+        m_adButton->setParent(nullptr);
+}
+
+void QVRenderDrawParts::setCharInputBusy(bool busy)
+{
+    if (busy || !m_charInputView->isHidden())
+        m_charInputView->doneButton()->setButtonStauts(busy ? 1 : 0);
+}
+
+void QVRenderDrawParts::setOutage(bool outage)
+{
+    outageLabel().setVisible(outage);
+}
+
+void QVRenderDrawParts::spinRefreshButton()
+{
+    QVAnimation spin = QVAnimation::basic(QVLayerProperty::Rotation, 0.0, std::numbers::pi);
+    spin.setDuration(spinSeconds);
+    m_refreshButton->layer().addAnimation(spin, QString());
+}

@@ -1,0 +1,80 @@
+#pragma once
+
+#include "draw/QVRenderDrawSurface.h"
+#include "draw/QVVerifyStyle.h"
+
+#include <QRectF>
+
+class QVAdButton;
+class QVCharVerifyInputView;
+class QVCustomActionButton;
+class QVRenderDrawImageView;
+class QVRenderDrawLayout;
+class QVTextLabel;
+class QWidget;
+
+/// What a drawing captcha is made of on screen: the picture with its bars, caption, buttons, badge,
+/// advertisement and character input. Shows what it is told to; the view that it is in does the rest.
+class QVRenderDrawParts : public QVRenderDrawSurface
+{
+public:
+    void showLoadingAnimation() override;
+    void hiddenLoadingAnimation() override;
+    void setPicture(const QImage &picture) override;
+    void clearPicture() override;
+    void showFailedPicture() override;
+    [[nodiscard]] bool hasPicture() const override;
+    void showPrompt() override;
+    void showError(const QVError &error, bool canClicked) override;
+    void showSuccess(const QVVerifyResponseModel &verify) override;
+    void hiddernAll() override;
+    void setIsCharVerify(bool isCharVerify) override;
+    void updateContentWidthHeightQVVerifyPercentage(bool isCharVerify) override;
+    void setCaption(const QString &caption) override;
+    void setHelpButtonShown(bool shown) override;
+    void setRefreshButtonShown(bool shown) override;
+    void setRefreshButtonEnabled(bool enabled) override;
+    void setOutage(bool outage) override;
+    void setAdLinkword(const std::shared_ptr<QVGetRefreshResponseModel> &answer) override;
+    void setCharInputBusy(bool busy) override;
+
+protected:
+    /// The parts become children of \a view.
+    explicit QVRenderDrawParts(QWidget *view);
+    ~QVRenderDrawParts() override;
+
+    /// Makes the parts and places them.
+    void initRenders(QVVerifyStyle style);
+    /// Takes up a changed width of a popup's content.
+    void updateContentWidth();
+    /// How wide the content of a popup is.
+    [[nodiscard]] virtual double contentViewWidth() const = 0;
+    /// The advertisement has been shown for the first time.
+    virtual void adButtonWasAdded(QVAdButton &button) = 0;
+
+    [[nodiscard]] QVRenderDrawImageView &imageView() const { return *m_imageView; }
+    [[nodiscard]] QVCharVerifyInputView &charInputView() const { return *m_charInputView; }
+    [[nodiscard]] QVCustomActionButton &helpButton() const { return *m_helpButton; }
+    [[nodiscard]] QVCustomActionButton &refreshButton() const { return *m_refreshButton; }
+    /// Where the picture is in the view.
+    [[nodiscard]] QRectF imageFrame() const;
+    void spinRefreshButton();
+
+private:
+    void initContent();
+    void initControls();
+    QVTextLabel &outageLabel();
+    QVAdButton &adButton();
+
+    QWidget *m_view;
+    QWidget *m_contentView = nullptr;
+    QVRenderDrawImageView *m_imageView = nullptr;
+    QVCharVerifyInputView *m_charInputView = nullptr;
+    QVTextLabel *m_captchaLabel = nullptr;
+    QVCustomActionButton *m_helpButton = nullptr;
+    QVCustomActionButton *m_refreshButton = nullptr;
+    QVTextLabel *m_outageLabel = nullptr;
+    // Once taken out of the picture it stays out, with no parent to own it.
+    std::unique_ptr<QVAdButton> m_adButton;
+    std::unique_ptr<QVRenderDrawLayout> m_layout;
+};

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "platform/QVDelegate.h"
+
+#include <memory>
+
+class QImage;
+class QString;
+class QVError;
+class QVGetRefreshResponseModel;
+class QVVerifyResponseModel;
+
+/// What the drawing flow needs of a screen. A toolkit's view implements it; the flow holds it weakly.
+class QVRenderDrawSurface : public QVDelegate
+{
+public:
+    virtual void showLoadingAnimation() = 0;
+    virtual void hiddenLoadingAnimation() = 0;
+
+    virtual void setPicture(const QImage &picture) = 0;
+    virtual void clearPicture() = 0;
+    /// Shows the picture that stands for one that could not be had.
+    virtual void showFailedPicture() = 0;
+    [[nodiscard]] virtual bool hasPicture() const = 0;
+
+    virtual void showPrompt() = 0;
+    virtual void showError(const QVError &error, bool canClicked) = 0;
+    virtual void showSuccess(const QVVerifyResponseModel &verify) = 0;
+    virtual void hiddernAll() = 0;
+
+    /// Chooses between the looks of a drawing and of a character captcha.
+    virtual void setIsCharVerify(bool isCharVerify) = 0;
+    virtual void updateContentWidthHeightQVVerifyPercentage(bool isCharVerify) = 0;
+    /// Shows a caption; a null one is hidden.
+    virtual void setCaption(const QString &caption) = 0;
+    virtual void setHelpButtonShown(bool shown) = 0;
+    virtual void setRefreshButtonShown(bool shown) = 0;
+    virtual void setRefreshButtonEnabled(bool enabled) = 0;
+    virtual void setOutage(bool outage) = 0;
+    /// Shows the advertisement of an answer; a null one removes it.
+    virtual void setAdLinkword(const std::shared_ptr<QVGetRefreshResponseModel> &answer) = 0;
+
+    virtual void setDrawingEnabled(bool enabled) = 0;
+    [[nodiscard]] virtual bool isDrawing() const = 0;
+    virtual void setCharInputBusy(bool busy) = 0;
+
+    // Notices for whoever watches the surface, who may destroy it in answer.
+    virtual void pictureIsReady() = 0;
+    virtual void answerWasWrong() = 0;
+    virtual void attemptHasFailed(const QVError &error) = 0;
+};

@@ -1,0 +1,252 @@
+#include "draw/QVRenderDrawView.h"
+
+#include "draw/QVAdButton.h"
+#include "draw/QVRenderDrawFlow.h"
+#include "draw/QVRenderDrawGesture.h"
+#include "platform/QVMainThread.h"
+#include "platform/QVPage.h"
+#include "platform/QVScheduler.h"
+#include "settings/QVConfigurationManager.h"
+#include "views/QVCharVerifyInputView.h"
+#include "views/QVCustomActionButton.h"
+#include "views/QVRenderDrawImageView.h"
+#include "views/QVRenderDrawOverlayView.h"
+
+#include <QScreen>
+
+#include <algorithm>
+
+namespace {
+
+constexpr double widestContent = 414;
+constexpr auto embedStartDelay = std::chrono::milliseconds(100);
+/// What an embedded view asks of a host's layout: room for the picture and the character input.
+constexpr QSize embedSize(400, 270);
+
+} // namespace
+
+QVRenderDrawView::QVRenderDrawView(QVVerifyStyle style, QWidget *parent)
+    : QWidget(parent)
+    , QVRenderDrawParts(this)
+{
+    qv_assertMainThread();
+    QVRenderDrawSurface *surface = this;
+    m_flow = std::make_shared<QVRenderDrawFlow>(style, surface);
+    initRenders(style);
+    connectParts();
+    initGesture();
+    if (parent)
+        didMoveToSuperview();
+}
+
+QVRenderDrawView::~QVRenderDrawView() = default;
+
+void QVRenderDrawView::setDelegate(QVRenderDrawViewDelegate *delegate)
+{
+    m_flow->setDelegate(delegate);
+}
+
+QVVerifyStyle QVRenderDrawView::verifyStyle() const
+{
+    return m_flow->verifyStyle();
+}
+
+bool QVRenderDrawView::outage() const
+{
+    return m_flow->outage();
+}
+
+bool QVRenderDrawView::canDirectlyShow() const
+{
+    return m_flow->canDirectlyShow();
+}
+
+std::optional<bool> QVRenderDrawView::canInput()
+{
+    return hasPicture();
+}
+
+void QVRenderDrawView::requestQuarvoConfigAction()
+{
+    m_flow->requestQuarvoConfigAction();
+}
+
+void QVRenderDrawView::reset()
+{
+    m_flow->reset();
+}
+
+void QVRenderDrawView::handleConfigResponseFromQuarvoServer(
+    const std::shared_ptr<QVConfigResponseModel> &config,
+    const std::shared_ptr<QVGetRefreshResponseModel> &getRefresh)
+{
+    m_flow->handleConfigResponseFromQuarvoServer(config, getRefresh);
+}
+
+void QVRenderDrawView::setScreenWidth(double width)
+{
+    m_screenWidth = width;
+    deviceOrientationDidChangeNotification();
+}
+
+double QVRenderDrawView::contentViewWidth() const
+{
+    return std::min(m_screenWidth.value_or(window()->width()), widestContent);
+}
+
+QSize QVRenderDrawView::sizeHint() const
+{
+    return embedSize;
+}
+
+bool QVRenderDrawView::event(QEvent *event)
+{
+    const bool handled = QWidget::event(event);
+    if (event->type() == QEvent::ParentChange)
+        didMoveToSuperview();
+    else if (event->type() == QEvent::Show)
+        watchScreen();
+    return handled;
+}
+
+void QVRenderDrawView::resizeEvent(QResizeEvent * /*event*/)
+{
+    m_gesture->layoutSubviews();
+    deviceOrientationDidChangeNotification();
+}
+
+void QVRenderDrawView::connectParts()
+{
+    imageView().setDelegate(this);
+    charInputView().setDelegate(this);
+    connect(&helpButton(), &QAbstractButton::clicked, this, &QVRenderDrawView::helpButtonDidClickedAction);
+    connect(&refreshButton(), &QAbstractButton::clicked, this,
+            &QVRenderDrawView::refreshButtonDidClickedAction);
+}
+
+void QVRenderDrawView::initGesture()
+{
+    m_gesture = std::make_unique<QVRenderDrawGesture>(this, [this] { return imageFrame(); });
+    m_gesture->panGestureRecognizer().addControl(&helpButton());
+    m_gesture->panGestureRecognizer().addControl(&refreshButton());
+    connect(m_gesture.get(), &QVRenderDrawGesture::began, &imageView(), &QVRenderDrawImageView::hiddernAll);
+    connect(m_gesture.get(), &QVRenderDrawGesture::accepted, this, &QVRenderDrawView::strokeAccepted);
+    connect(m_gesture.get(), &QVRenderDrawGesture::discarded, this, &QVRenderDrawView::strokeDiscarded);
+    m_gesture->layoutSubviews();
+}
+
+void QVRenderDrawView::watchScreen()
+{
+    if (m_screen == screen())
+        return;
+    if (m_screen)
+        m_screen->disconnect(this);
+    m_screen = screen();
+    connect(m_screen, &QScreen::geometryChanged, this,
+            &QVRenderDrawView::deviceOrientationDidChangeNotification);
+    connect(m_screen, &QScreen::orientationChanged, this,
+            &QVRenderDrawView::deviceOrientationDidChangeNotification);
+    deviceOrientationDidChangeNotification();
+}
+
+void QVRenderDrawView::didMoveToSuperview()
+{
+    if (verifyStyle() != QVVerifyStyleEmbed)
+        return;
+    QVScheduler::shared().schedule(embedStartDelay, [view = QPointer(this)] {
+        if (view && view->parentWidget())
+            view->requestQuarvoConfigAction();
+    });
+}
+
+void QVRenderDrawView::deviceOrientationDidChangeNotification()
+{
+    updateContentWidth();
+}
+
+void QVRenderDrawView::strokeAccepted()
+{
+    const QVRenderTrace &trace = m_gesture->trace();
+    if (outage())
+        m_flow->requestVerifyFromOutageServerWithV(trace.getRenderOutage_v(imageFrame()),
+                                                   trace.getRender_drawtime());
+    else
+        m_flow->requestVerifyFromQuarvoServerWithV(trace.getRenderSource_v(), trace.getRender_drawtime());
+}
+
+void QVRenderDrawView::strokeDiscarded()
+{
+    if (verifyStyle() == QVVerifyStyleEmbed)
+        showPrompt();
+}
+
+void QVRenderDrawView::helpButtonDidClickedAction()
+{
+    const QVServiceAddresses addresses = QVConfigurationManager::sharedManager().serviceAddresses();
+    qv_openPage(outage() ? addresses.outageHelpPage() : addresses.helpPage());
+}
+
+void QVRenderDrawView::refreshButtonDidClickedAction()
+{
+    spinRefreshButton();
+    m_flow->requestNewPicture();
+}
+
+void QVRenderDrawView::adButtonDidClickedAction(const QVAdButton &button)
+{
+    qv_openPage(button.link());
+}
+
+void QVRenderDrawView::adButtonWasAdded(QVAdButton &button)
+{
+    connect(&button, &QAbstractButton::clicked, this, [this, &button] { adButtonDidClickedAction(button); });
+    m_gesture->panGestureRecognizer().addControl(&button);
+}
+
+void QVRenderDrawView::renderDrawImageViewErrorDidClickedAction()
+{
+    m_flow->reset();
+}
+
+void QVRenderDrawView::renderDrawImageViewHiddenDelayErrorCompleted()
+{
+    m_flow->renderDrawImageViewHiddenDelayErrorCompleted();
+}
+
+bool QVRenderDrawView::charVerifyInputViewDidClickedDoneButtonWithCharString(QVCharVerifyInputView * /*view*/,
+                                                                             const QString &charString)
+{
+    m_flow->charVerifyInputViewDidClickedDoneButtonWithCharString(charString);
+    return true;
+}
+
+void QVRenderDrawView::setOutage(bool outage)
+{
+    m_gesture->setStaysInPicture(outage);
+    QVRenderDrawParts::setOutage(outage);
+}
+
+void QVRenderDrawView::setDrawingEnabled(bool enabled)
+{
+    m_gesture->panGestureRecognizer().setEnabled(enabled);
+}
+
+bool QVRenderDrawView::isDrawing() const
+{
+    return m_gesture->panGestureRecognizer().isDragging();
+}
+
+void QVRenderDrawView::pictureIsReady()
+{
+    Q_EMIT ready();
+}
+
+void QVRenderDrawView::answerWasWrong()
+{
+    Q_EMIT wrongAnswer();
+}
+
+void QVRenderDrawView::attemptHasFailed(const QVError &error)
+{
+    Q_EMIT failed(error);
+}

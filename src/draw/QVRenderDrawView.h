@@ -1,0 +1,98 @@
+#pragma once
+
+#include "draw/QVRenderDrawParts.h"
+#include "draw/QVRenderDrawViewDelegate.h"
+#include "platform/QVError.h"
+#include "views/QVCharVerifyInputViewDelegate.h"
+#include "views/QVRenderDrawImageViewDelegate.h"
+
+#include <QPointer>
+#include <QWidget>
+
+#include <memory>
+#include <optional>
+
+class QScreen;
+class QVConfigResponseModel;
+class QVGetRefreshResponseModel;
+class QVRenderDrawFlow;
+class QVRenderDrawGesture;
+
+/// The drawing captcha as a widget: its parts, the stroke on top of them, and what the user does with
+/// both. What comes of it is the flow's business.
+class QVRenderDrawView final : public QWidget,
+                               private QVRenderDrawParts,
+                               private QVRenderDrawImageViewDelegate,
+                               private QVCharVerifyInputViewDelegate
+{
+    Q_OBJECT
+
+public:
+    explicit QVRenderDrawView(QVVerifyStyle style, QWidget *parent = nullptr);
+    ~QVRenderDrawView() override;
+
+    void setDelegate(QVRenderDrawViewDelegate *delegate);
+    [[nodiscard]] QVVerifyStyle verifyStyle() const;
+    [[nodiscard]] bool outage() const;
+    /// Whether there is an answer with a picture, so that a hidden view may be shown again as it is.
+    [[nodiscard]] Q_INVOKABLE bool canDirectlyShow() const;
+    /// Whether there is a picture, so that its characters can be typed.
+    std::optional<bool> canInput() override;
+
+    void requestQuarvoConfigAction();
+    void reset();
+    /// Starts with answers that the host holds already; without a configuration, from scratch.
+    void handleConfigResponseFromQuarvoServer(const std::shared_ptr<QVConfigResponseModel> &config,
+                                              const std::shared_ptr<QVGetRefreshResponseModel> &getRefresh);
+
+    /// How wide the screen that a popup fills counts as; without one, the window does.
+    void setScreenWidth(double width);
+    /// How wide the content of a popup is.
+    [[nodiscard]] double contentViewWidth() const override;
+
+    [[nodiscard]] QSize sizeHint() const override;
+
+Q_SIGNALS:
+    /// A picture is there to be drawn on, or to be read.
+    void ready();
+    /// The service took the answer for wrong. The user may go on.
+    void wrongAnswer();
+    /// Something failed. The view shows it and lets the user start again.
+    void failed(const QVError &error);
+
+protected:
+    bool event(QEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+
+private:
+    void connectParts();
+    void initGesture();
+    void watchScreen();
+    void didMoveToSuperview();
+    void deviceOrientationDidChangeNotification();
+
+    void strokeAccepted();
+    void strokeDiscarded();
+    void helpButtonDidClickedAction();
+    void refreshButtonDidClickedAction();
+    void adButtonDidClickedAction(const QVAdButton &button);
+    void adButtonWasAdded(QVAdButton &button) override;
+
+    void renderDrawImageViewErrorDidClickedAction() override;
+    void renderDrawImageViewHiddenDelayErrorCompleted() override;
+    bool charVerifyInputViewDidClickedDoneButtonWithCharString(QVCharVerifyInputView *view,
+                                                               const QString &charString) override;
+
+    void setOutage(bool outage) override;
+    void setDrawingEnabled(bool enabled) override;
+    [[nodiscard]] bool isDrawing() const override;
+    void pictureIsReady() override;
+    void answerWasWrong() override;
+    void attemptHasFailed(const QVError &error) override;
+
+    std::shared_ptr<QVRenderDrawFlow> m_flow;
+    std::optional<double> m_screenWidth;
+    QPointer<QScreen> m_screen;
+    // Not a child: a drag that the view's end cancels has nobody to be reported to.
+    std::unique_ptr<QVRenderDrawGesture> m_gesture;
+};

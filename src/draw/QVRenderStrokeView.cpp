@@ -1,0 +1,104 @@
+#include "draw/QVRenderStrokeView.h"
+
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr double lineWidth = 5.0;
+// Beyond any screen, yet safe to turn into whole pixels.
+constexpr double farthestPosition = 32000.0;
+
+double drawable(double coordinate)
+{
+    return std::isnan(coordinate) ? 0.0 : std::clamp(coordinate, -farthestPosition, farthestPosition);
+}
+
+QPointF drawable(QPointF point)
+{
+    return {drawable(point.x()), drawable(point.y())};
+}
+
+/// The pixels that a line covers, soft edges included.
+QRect boxOf(const QRectF &line)
+{
+    constexpr double margin = lineWidth / 2 + 1;
+    return line.adjusted(-margin, -margin, margin, margin).toAlignedRect();
+}
+
+} // namespace
+
+QVRenderStrokeView::QVRenderStrokeView(QWidget *parent)
+    : QWidget(parent)
+{
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+}
+
+void QVRenderStrokeView::moveTo(QPointF point)
+{
+    removeAllPoints();
+    m_renderBezierPath.append(drawable(point));
+}
+
+void QVRenderStrokeView::addLineTo(QPointF point)
+{
+    m_renderBezierPath.append(drawable(point));
+    if (m_renderBezierPath.size() < 2)
+        return;
+    const QPointF *line = m_renderBezierPath.constData() + m_renderBezierPath.size() - 2;
+    if (hasCanvas())
+        drawOnCanvas(line, 2);
+    else
+        renewCanvas();
+    update(boxOf(QRectF(line[0], line[1]).normalized()));
+}
+
+void QVRenderStrokeView::removeAllPoints()
+{
+    if (m_renderBezierPath.size() > 1)
+        update(boxOf(m_renderBezierPath.boundingRect()));
+    m_renderBezierPath.clear();
+    m_canvas = QPixmap();
+}
+
+void QVRenderStrokeView::paintEvent(QPaintEvent * /*event*/)
+{
+    if (m_canvas.isNull())
+        return;
+    // Clipped by the system to what is to be renewed.
+    QPainter(this).drawPixmap(0, 0, m_canvas);
+}
+
+void QVRenderStrokeView::resizeEvent(QResizeEvent * /*event*/)
+{
+    if (m_renderBezierPath.size() > 1)
+        renewCanvas();
+}
+
+bool QVRenderStrokeView::hasCanvas() const
+{
+    return !m_canvas.isNull() && m_canvas.devicePixelRatio() == devicePixelRatioF();
+}
+
+void QVRenderStrokeView::renewCanvas()
+{
+    const double ratio = devicePixelRatioF();
+    m_canvas = QPixmap(size() * ratio);
+    m_canvas.setDevicePixelRatio(ratio);
+    m_canvas.fill(Qt::transparent);
+    drawOnCanvas(m_renderBezierPath.constData(), static_cast<int>(m_renderBezierPath.size()));
+}
+
+void QVRenderStrokeView::drawOnCanvas(const QPointF *points, int count)
+{
+    // A view of no size has no canvas.
+    if (m_canvas.isNull())
+        return;
+    QPainter painter(&m_canvas);
+    painter.setRenderHint(QPainter::Antialiasing);
+    // Round, so that lines drawn one by one join as if drawn in one go.
+    painter.setPen(QPen(QColor(65, 141, 251), lineWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.drawPolyline(points, count);
+}

@@ -1,0 +1,111 @@
+#include "draw/QVRenderTrace.h"
+
+#include "draw/QVTraceCorners.h"
+#include "draw/QVTraceEncoding.h"
+
+#include <QLoggingCategory>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+// Quiet unless a developer asks for it: a host's users must not find the component in its log.
+Q_LOGGING_CATEGORY(logDraw, "quarvo.draw", QtInfoMsg)
+
+constexpr double pictureWidth = 400.0;
+constexpr double pictureHeight = 230.0;
+constexpr double longestTrace = 8000.0;
+constexpr double millisecondsPerSecond = 1000.0;
+
+QPointF clampedPoint(QPointF point)
+{
+    // Written so that not-a-number ends up as 0 too.
+    return {point.x() > 0 ? point.x() : 0.0, point.y() > 0 ? point.y() : 0.0};
+}
+
+bool isFarEnough(QPointF from, QPointF to)
+{
+    return std::abs(from.x() - to.x()) >= QVRenderTrace::screeningDistance ||
+           std::abs(from.y() - to.y()) >= QVRenderTrace::screeningDistance;
+}
+
+double encodable(double value)
+{
+    return value > 0 ? std::min(value, static_cast<double>(traceLargestNumber)) : 0.0;
+}
+
+} // namespace
+
+void QVRenderTrace::handlePanGesturePoint(QPointF point, double panTime)
+{
+    const QPointF position = clampedPoint(point);
+    m_originalRenderPoints.push_back(position);
+    const double milliseconds = (panTime - m_panGestureStartTime) * millisecondsPerSecond;
+    if (!m_screeningRenderPoints.empty()) {
+        if (!isFarEnough(m_screeningRenderPoints.back(), position) || !(milliseconds < longestTrace))
+            return;
+    }
+    m_screeningRenderPoints.push_back(position);
+    addRenderSource(position, milliseconds);
+}
+
+void QVRenderTrace::addRenderSource(QPointF point, double changeTime)
+{
+    // The vertical factor is not the horizontal one: the service expects 230 units for the view's
+    // width. Multiplied out in this order, because truncation makes the last bit count.
+    const double width = m_frameSize.width();
+    const double height = m_frameSize.height();
+    const double scaledHeight = pictureHeight * height / width;
+    const double x = point.x() * (pictureWidth / width);
+    const double y = point.y() * (scaledHeight / height);
+    m_renderSource.push_back(
+        QVRenderDrawPointModel::modelWithPointX(encodable(x), encodable(y), encodable(changeTime)));
+}
+
+void QVRenderTrace::resetDataSource()
+{
+    m_originalRenderPoints.clear();
+    m_screeningRenderPoints.clear();
+    m_renderSource.clear();
+}
+
+bool QVRenderTrace::isAcceptable() const
+{
+    constexpr std::size_t fewest = 10;
+    constexpr std::size_t most = 80;
+    return m_renderSource.size() >= fewest && m_renderSource.size() <= most;
+}
+
+QString QVRenderTrace::getRenderSource_v() const
+{
+    const auto third = traceDigitsPerNumber * static_cast<qsizetype>(m_renderSource.size());
+    QString v(3 * third, Qt::Uninitialized);
+    QChar *target = v.data();
+    for (const QVRenderDrawPointModel &point : m_renderSource) {
+        qv_writeTo20(static_cast<quint64>(point.pointX()), target);
+        qv_writeTo20(static_cast<quint64>(point.pointY()), target + third);
+        qv_writeTo20(point.pointTimeInterval(), target + 2 * third);
+        target += traceDigitsPerNumber;
+    }
+    const auto length = static_cast<long>(third);
+    qCDebug(logDraw, "%ld %ld %ld", length, length, length);
+    return v;
+}
+
+QString QVRenderTrace::getRender_drawtime() const
+{
+    return m_renderSource.empty() ? QString() : QString::number(m_renderSource.back().pointTimeInterval());
+}
+
+QString QVRenderTrace::getRenderOutage_v(const QRectF &imageFrame) const
+{
+    if (m_screeningRenderPoints.empty())
+        return {};
+    QString v;
+    for (const QPointF corner : qv_traceCorners(m_screeningRenderPoints)) {
+        const QPointF inPicture = corner - imageFrame.topLeft();
+        v += converTo16WithSize(imageFrame.size(), inPicture.x(), inPicture.y());
+    }
+    return v;
+}

@@ -1,0 +1,146 @@
+#include "draw/DrawService.h"
+
+#include "settings/QVSDKManager.h"
+
+#include <QBuffer>
+#include <QImage>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QUrlQuery>
+
+#include <algorithm>
+
+DrawService::DrawService()
+{
+    const QString address = m_server.address();
+    QVSDKManager::setServiceAddresses(addresses());
+    QVSDKManager::setOutageServer(address + QStringLiteral("/outage"));
+    QVSDKManager::setOutageOpen(false);
+    QVSDKManager::setQuarvoSDKVid(QStringLiteral("some-id"), QStringLiteral("3"));
+
+    const QString code = QStringLiteral("code");
+    const QString ok = QStringLiteral("0103");
+    const QString challenge = QStringLiteral("challenge");
+    answer(QStringLiteral("switch"), {{QStringLiteral("active"), false}});
+    answer(QStringLiteral("config"),
+           {{code, ok},
+            {QStringLiteral("type"), QStringLiteral("draw")},
+            {challenge, QStringLiteral("main-challenge")},
+            {QStringLiteral("api_server"), address + QStringLiteral("/api")},
+            {QStringLiteral("cdn_servers"), QJsonArray{address + QStringLiteral("/pictures")}}});
+    for (const QString &name : {QStringLiteral("get"), QStringLiteral("refresh")})
+        answer(name, {{code, ok}});
+    answer(QStringLiteral("click"), {{code, QStringLiteral("0104")}});
+    answer(QStringLiteral("verify"), {{code, ok}, {QStringLiteral("token"), QStringLiteral("main-token")}});
+    answer(QStringLiteral("outage get"), {{code, ok}, {challenge, QStringLiteral("outage-challenge")}});
+    answer(QStringLiteral("outage verify"),
+           {{code, ok}, {QStringLiteral("token"), QStringLiteral("outage-token")}});
+    m_server.setResponder([this](const QVReceivedRequest &request) { return respond(nameOf(request)); });
+}
+
+QVServiceAddresses DrawService::addresses() const
+{
+    QVServiceAddresses result;
+    result.setApiHost(m_server.address());
+    result.setDownloadHost(m_server.address());
+    result.setImageHost(m_server.address() + QStringLiteral("/outage-pictures"));
+    return result;
+}
+
+void DrawService::answerCode(const QString &name, const QString &code)
+{
+    answer(name, {{QStringLiteral("code"), code}});
+}
+
+void DrawService::extend(const QString &name, const QJsonObject &json)
+{
+    for (auto member = json.begin(); member != json.end(); ++member)
+        m_answers[name].insert(member.key(), member.value());
+}
+
+QStringList DrawService::asked() const
+{
+    QStringList names;
+    for (const QVReceivedRequest &request : m_server.requests()) {
+        const QString name = nameOf(request);
+        if (!name.endsWith(QLatin1String("picture")))
+            names.append(name);
+    }
+    return names;
+}
+
+qsizetype DrawService::count(const QString &name) const
+{
+    return std::ranges::count(m_server.requests(), name, nameOf);
+}
+
+QMap<QString, QString> DrawService::query(const QString &name) const
+{
+    QMap<QString, QString> result;
+    for (const QVReceivedRequest &request : m_server.requests()) {
+        if (nameOf(request) != name)
+            continue;
+        result.clear();
+        const QUrlQuery query(QUrl(QString::fromLatin1(request.target)));
+        for (const auto &[key, value] : query.queryItems(QUrl::FullyDecoded))
+            result.insert(key, value);
+    }
+    return result;
+}
+
+QString DrawService::nameOf(const QVReceivedRequest &request)
+{
+    const QString path = QString::fromLatin1(request.target).section(u'?', 0, 0);
+    if (path == QLatin1String("/config"))
+        return QStringLiteral("switch");
+    if (path == QLatin1String("/outage"))
+        return QStringLiteral("outage ") +
+               (request.target.contains("action=verify") ? QStringLiteral("verify") : QStringLiteral("get"));
+    if (path.startsWith(QLatin1String("/pictures/")))
+        return QStringLiteral("picture");
+    if (path.startsWith(QLatin1String("/outage-pictures/")))
+        return QStringLiteral("outage picture");
+    // "/app/config/v1", "/api/verify/v1"
+    return path.section(u'/', 2, 2);
+}
+
+QVScript DrawService::respond(const QString &name)
+{
+    const QVScript answer = QVScript::answer(bodyFor(name));
+    const auto delay = m_delays.value(name);
+    if (delay.count() == 0)
+        return answer;
+    QVScript late;
+    late.wait(delay);
+    for (const QVScript::Step &step : answer.steps())
+        late.send(step.bytes);
+    return late;
+}
+
+QByteArray DrawService::bodyFor(const QString &name)
+{
+    if (name.endsWith(QLatin1String("picture")))
+        return m_picturesAreBroken ? QByteArrayLiteral("no picture") : nextPicture();
+    if (m_bodies.contains(name))
+        return m_bodies.value(name);
+    QJsonObject json = m_answers.value(name);
+    // Each picture has a name of its own, so that none comes from a cache.
+    const QString picture =
+        QStringLiteral("%1-%2").arg(m_server.requests().size()).arg(m_server.serverPort());
+    if (name == QLatin1String("outage get"))
+        json.insert(QStringLiteral("imgid"), picture);
+    else if (name == QLatin1String("get") || name == QLatin1String("refresh") ||
+             name == QLatin1String("click"))
+        json.insert(QStringLiteral("img"), picture);
+    return QJsonDocument(json).toJson();
+}
+
+QByteArray DrawService::nextPicture()
+{
+    QImage picture(400, 230, QImage::Format_RGB32);
+    picture.fill(QColor::fromHsv(++m_pictureCount * 40 % 360, 120, 200));
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    picture.save(&buffer, "PNG");
+    return bytes;
+}

@@ -1,0 +1,209 @@
+#include "draw/DrawTestCase.h"
+#include "draw/QVRenderDrawView.h"
+#include "settings/QVSDKManager.h"
+#include "views/QVRenderDrawImageView.h"
+
+#include <QDesktopServices>
+#include <QLabel>
+#include <QUrl>
+
+using namespace std::chrono_literals;
+
+/// Outage mode: pictures and judgements come from the host's own service.
+class TestDrawOutage : public DrawTestCase
+{
+    Q_OBJECT
+
+public Q_SLOTS:
+    void take(const QUrl &url) { m_opened.append(url.toString()); }
+
+private Q_SLOTS:
+    void entersByTheSwitchOrByForce_data()
+    {
+        QTest::addColumn<int>("style");
+        QTest::addColumn<bool>("isForced");
+        QTest::newRow("embedded, by the switch") << 0 << false;
+        QTest::newRow("embedded, by force") << 0 << true;
+        QTest::newRow("popup, by the switch") << 1 << false;
+    }
+
+    void entersByTheSwitchOrByForce()
+    {
+        QFETCH(int, style);
+        QFETCH(bool, isForced);
+        QVSDKManager::setOutageOpen(isForced);
+        service().answer(QStringLiteral("switch"), {{QStringLiteral("active"), !isForced}});
+        start(QVVerifyStyle(style));
+        QVERIFY(view().outage());
+        QCOMPARE(service().asked(), QStringList({QStringLiteral("switch"), QStringLiteral("outage get")}));
+        QVERIFY(isShown("outageLabel"));
+        QVERIFY(isShown("helpButton") && isShown("refreshButton") && part("refreshButton")->isEnabled());
+        QCOMPARE(isShown("captchaLabel"), style != QVVerifyStyleEmbed);
+        if (style != QVVerifyStyleEmbed)
+            QCOMPARE(part<QLabel>("captchaLabel")->text(),
+                     QStringLiteral("Draw along the curve in the picture"));
+        QCOMPARE(bar(), style == QVVerifyStyleEmbed ? QStringLiteral("promptOverlayView") : QString());
+    }
+
+    void passesByGridCells()
+    {
+        startOutage();
+        drawCorners();
+        QVERIFY(waitFor([this] { return bar() == QLatin1String("successOverlayView"); }));
+        const auto query = service().query(QStringLiteral("outage verify"));
+        QCOMPARE(query.value(QStringLiteral("v")), QStringLiteral("0c3f"));
+        QCOMPARE(query.value(QStringLiteral("challenge")), QStringLiteral("outage-challenge"));
+        QCOMPARE(service().count(QStringLiteral("verify")), 0);
+        QCOMPARE(barText(), QStringLiteral("Verified"));
+        advance(1s);
+        QCOMPARE(listener.tokens, QStringList{QStringLiteral("outage-token")});
+    }
+
+    void givesTwoTriesOnAPicture()
+    {
+        service().answerCode(QStringLiteral("outage verify"), QStringLiteral("0104"));
+        startOutage();
+        draw();
+        QVERIFY(waitForWrongAnswer());
+        QCOMPARE(service().count(QStringLiteral("outage get")), 1);
+        draw();
+        QVERIFY(waitForReady(2));
+        QCOMPARE(service().count(QStringLiteral("outage get")), 2);
+        QCOMPARE(service().count(QStringLiteral("refresh")), 0);
+        QVERIFY(isShown("refreshButton"));
+    }
+
+    void refreshesFromTheOutageService()
+    {
+        startOutage();
+        click("refreshButton");
+        QVERIFY(!isShown("refreshButton"));
+        QVERIFY(waitForReady(2));
+        QVERIFY(isShown("refreshButton"));
+        QCOMPARE(service().asked().last(), QStringLiteral("outage get"));
+    }
+
+    void keepsStrokesInsideThePicture()
+    {
+        startOutage();
+        const QRect area = frame("imageView");
+        QVERIFY(area.top() > 20);
+        // From outside: starts nothing.
+        QVPointerInput::Points points = QVPointerInput::wave(area.topLeft() + QPoint(30, 60), 20, 8);
+        points.front().setY(area.top() - 8);
+        QVPointerInput::strokeWithMouse(view(), points);
+        // Out of it and back: comes to nothing.
+        points = QVPointerInput::wave(area.topLeft() + QPoint(30, 60), 20, 8);
+        points[15].setY(area.bottom() + 9);
+        QVPointerInput::strokeWithMouse(view(), points);
+        QCOMPARE(bar(), QStringLiteral("promptOverlayView"));
+        QTest::qWait(20);
+        QCOMPARE(service().count(QStringLiteral("outage verify")), 0);
+        draw();
+        QVERIFY(waitFor([this] { return service().count(QStringLiteral("outage verify")) == 1; }));
+    }
+
+    void showsFailures_data()
+    {
+        QTest::addColumn<QString>("request");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("picture") << "outage get"
+                                 << "Access denied";
+        QTest::newRow("judgement") << "outage verify"
+                                   << "Access denied";
+        QTest::newRow("no switch") << "none"
+                                   << "System error: request failed";
+    }
+
+    void showsFailures()
+    {
+        QFETCH(QString, request);
+        service().answerCode(request, QStringLiteral("0101"));
+        service().answer(QStringLiteral("switch"), {{QStringLiteral("active"), true}});
+        if (request == QLatin1String("none"))
+            pointNowhere();
+        show(QVVerifyStylePopup);
+        view().requestQuarvoConfigAction();
+        if (request == QLatin1String("outage verify")) {
+            QVERIFY(waitForReady());
+            draw();
+        }
+        QVERIFY(waitForFailure());
+        QTEST(barText(), "text");
+        QVERIFY(picture().hasImage());
+        QVERIFY(picture().accessibleDescription().isEmpty());
+        QVERIFY(!view().canDirectlyShow());
+    }
+
+    void helpTellsOfTheModeInForce()
+    {
+        for (const char *scheme : {"http", "https"})
+            QDesktopServices::setUrlHandler(QLatin1String(scheme), this, "take");
+        QVServiceAddresses addresses = service().addresses();
+        addresses.setHelpPage(QStringLiteral("https://help.example/draw"));
+        addresses.setOutageHelpPage(QStringLiteral("https://help.example/outage"));
+        QVSDKManager::setServiceAddresses(addresses);
+        service().extend(QStringLiteral("config"), {{QStringLiteral("guide"), true}});
+        start(QVVerifyStyleEmbed);
+        click("helpButton");
+        service().answer(QStringLiteral("switch"), {{QStringLiteral("active"), true}});
+        view().reset();
+        QVERIFY(waitForReady(2));
+        click("helpButton");
+        QCOMPARE(m_opened, QStringList({QStringLiteral("https://help.example/draw"),
+                                        QStringLiteral("https://help.example/outage")}));
+        for (const char *scheme : {"http", "https"})
+            QDesktopServices::unsetUrlHandler(QLatin1String(scheme));
+    }
+
+    void followsACharacterCaptcha()
+    {
+        service().extend(QStringLiteral("config"), {{QStringLiteral("type"), QStringLiteral("character")}});
+        start(QVVerifyStyleEmbed);
+        QVERIFY(isShown("charInputView"));
+        QVERIFY(!isShown("outageLabel"));
+        service().answer(QStringLiteral("switch"), {{QStringLiteral("active"), true}});
+        view().reset();
+        QVERIFY(waitForReady(2));
+        QVERIFY(!isShown("charInputView"));
+        advance(300ms);
+        draw();
+        QVERIFY(waitFor([this] { return service().count(QStringLiteral("outage verify")) == 1; }));
+        // The countdown of the picture before the outage is over, too.
+        advance(1000s);
+        QTest::qWait(20);
+        QCOMPARE(service().count(QStringLiteral("refresh")), 0);
+    }
+
+private:
+    void startOutage()
+    {
+        service().answer(QStringLiteral("switch"), {{QStringLiteral("active"), true}});
+        start(QVVerifyStyleEmbed);
+    }
+
+    /// A stroke from the picture's top left corner down, up to the top right and down again.
+    void drawCorners()
+    {
+        const QRect area = frame("imageView").adjusted(20, 20, -20, -20);
+        QVPointerInput::Points points;
+        const QPoint corners[] = {area.topLeft(), area.bottomLeft(), area.topRight(), area.bottomRight()};
+        for (int leg = 0; leg < 3; ++leg) {
+            for (int i = 0; i <= 6; ++i)
+                points.push_back(corners[leg] + (corners[leg + 1] - corners[leg]) * i / 6);
+        }
+        QVPointerInput::strokeWithFinger(view(), points, [this] { advance(20ms); });
+    }
+
+    void pointNowhere()
+    {
+        QVServiceAddresses addresses = service().addresses();
+        addresses.setDownloadHost(QStringLiteral("http://127.0.0.1:1"));
+        QVSDKManager::setServiceAddresses(addresses);
+    }
+
+    QStringList m_opened;
+};
+
+QV_TEST(TestDrawOutage)
+#include "TestDrawOutage.moc"

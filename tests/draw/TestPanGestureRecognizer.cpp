@@ -1,0 +1,265 @@
+#include "draw/QVPanGestureRecognizer.h"
+#include "support/QVPointerInput.h"
+#include "support/QVTestCase.h"
+#include "views/QVCustomActionButton.h"
+
+#include <QMouseEvent>
+#include <QPushButton>
+#include <QWindow>
+
+#include <optional>
+
+using State = QVPanGestureRecognizer::State;
+
+namespace {
+
+/// A widget with a plain child, a control and a recogniser that keeps what it is told.
+class Pad : public QWidget
+{
+public:
+    explicit Pad(QWidget *parent = nullptr)
+        : QWidget(parent)
+        , picture(this)
+        , button(this)
+        , touchButton(this)
+        , recognizer(this)
+    {
+        resize(300, 200);
+        picture.setGeometry(0, 0, 300, 150);
+        button.setGeometry(250, 0, 30, 30);
+        touchButton.setGeometry(200, 0, 30, 30);
+        recognizer.addControl(&button);
+        recognizer.addControl(&touchButton);
+        recognizer.setAction([this](State state) {
+            states.append(static_cast<int>(state));
+            locations.append(recognizer.location());
+            if (state == cancelOn) {
+                recognizer.setEnabled(false);
+                recognizer.setEnabled(true);
+            }
+        });
+        connect(&button, &QPushButton::clicked, this, [this] { ++clicks; });
+        connect(&touchButton, &QPushButton::clicked, this, [this] { ++clicks; });
+    }
+
+    QWidget picture;
+    QPushButton button;
+    QVCustomActionButton touchButton;
+    QVPanGestureRecognizer recognizer;
+    QList<int> states;
+    QList<QPointF> locations;
+    int clicks = 0;
+    std::optional<State> cancelOn;
+};
+
+using Stroke = void (*)(QWidget &, const QVPointerInput::Points &, const QVPointerInput::Pause &);
+
+} // namespace
+
+Q_DECLARE_METATYPE(Stroke)
+Q_DECLARE_METATYPE(std::function<void(Pad &)>)
+
+class TestPanGestureRecognizer : public QVTestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void followsEachPointerOverChildren_data()
+    {
+        QTest::addColumn<Stroke>("stroke");
+        QTest::newRow("mouse") << Stroke(QVPointerInput::strokeWithMouse);
+        QTest::newRow("finger") << Stroke(QVPointerInput::strokeWithFinger);
+        QTest::newRow("pen") << Stroke(QVPointerInput::strokeWithPen);
+    }
+
+    void followsEachPointerOverChildren()
+    {
+        QFETCH(Stroke, stroke);
+        stroke(*m_pad, {{50, 60}, {52, 60}, {60, 70}, {80, 160}}, {});
+        QCOMPARE(m_pad->states, QList<int>({1, 2, 2, 3}));
+        QCOMPARE(m_pad->locations, QList<QPointF>({{50, 60}, {60, 70}, {80, 160}, {80, 160}}));
+        QCOMPARE(m_pad->recognizer.state(), State::Possible);
+    }
+
+    void aTapIsNoDrag()
+    {
+        QVPointerInput::strokeWithMouse(*m_pad, {{50, 60}, {54, 56}});
+        QVPointerInput::strokeWithFinger(*m_pad, {{50, 60}, {46, 64}});
+        QVPointerInput::strokeWithMouse(*m_pad, {{260, 10}, {264, 10}});
+        QCOMPARE(m_pad->states, QList<int>());
+        QCOMPARE(m_pad->clicks, 1);
+    }
+
+    void aDragMayStartOnAControlWhichThenIsNotClicked_data()
+    {
+        QTest::addColumn<Stroke>("stroke");
+        QTest::addColumn<QPoint>("control");
+        const QPoint plain(260, 10);
+        const QPoint touchable(210, 10);
+        QTest::newRow("mouse") << Stroke(QVPointerInput::strokeWithMouse) << plain;
+        QTest::newRow("mouse, touchable control") << Stroke(QVPointerInput::strokeWithMouse) << touchable;
+        QTest::newRow("finger") << Stroke(QVPointerInput::strokeWithFinger) << plain;
+        QTest::newRow("finger, touchable control") << Stroke(QVPointerInput::strokeWithFinger) << touchable;
+    }
+
+    void aDragMayStartOnAControlWhichThenIsNotClicked()
+    {
+        QFETCH(Stroke, stroke);
+        QFETCH(QPoint, control);
+        stroke(*m_pad, {control, control + QPoint(1, 0)}, {});
+        QCOMPARE(m_pad->states, QList<int>());
+        QCOMPARE(m_pad->clicks, 1);
+        stroke(*m_pad, {control, control - QPoint(40, 0), control}, {});
+        QCOMPARE(m_pad->states, QList<int>({1, 2, 2, 3}));
+        QCOMPARE(m_pad->locations.first(), QPointF(control));
+        QCOMPARE(m_pad->clicks, 1);
+        QVERIFY(!m_pad->button.isDown() && !m_pad->touchButton.isDown());
+    }
+
+    void otherButtonsAreNoPointers()
+    {
+        QVPointerInput::press(*m_pad, {50, 60}, Qt::RightButton);
+        QVPointerInput::move(*m_pad, {90, 60});
+        QVPointerInput::release(*m_pad, {90, 60}, Qt::RightButton);
+        QCOMPARE(m_pad->states, QList<int>());
+        QVPointerInput::press(*m_pad, {50, 60});
+        QVPointerInput::move(*m_pad, {90, 60});
+        QVPointerInput::press(*m_pad, {90, 60}, Qt::RightButton);
+        QVPointerInput::release(*m_pad, {90, 60}, Qt::RightButton);
+        QVERIFY(m_pad->recognizer.isDragging());
+        QVPointerInput::release(*m_pad, {90, 60});
+        QCOMPARE(m_pad->states, QList<int>({1, 2, 3}));
+    }
+
+    void aSecondFingerChangesNothing_data()
+    {
+        QTest::addColumn<QPoint>("second");
+        QTest::newRow("on the same child") << QPoint(200, 100);
+        QTest::newRow("beside the child") << QPoint(200, 180);
+        QTest::newRow("on a control") << QPoint(260, 20);
+        QTest::newRow("on a touchable control") << QPoint(210, 20);
+    }
+
+    void aSecondFingerChangesNothing()
+    {
+        QFETCH(QPoint, second);
+        const auto touch = [this] {
+            return QTest::touchEvent(m_pad->windowHandle(), QVPointerInput::touchScreen());
+        };
+        touch().press(0, QPoint(50, 60));
+        touch().move(0, QPoint(70, 60));
+        touch().stationary(0).press(1, second);
+        touch().move(0, QPoint(80, 60)).move(1, second + QPoint(0, -8));
+        touch().stationary(0).release(1, second);
+        touch().move(0, QPoint(90, 60));
+        touch().release(0, QPoint(90, 60));
+        QCOMPARE(m_pad->states, QList<int>({1, 2, 2, 2, 3}));
+        QCOMPARE(m_pad->locations.last(), QPointF(90, 60));
+        QCOMPARE(m_pad->clicks, 0);
+        QVPointerInput::strokeWithFinger(*m_pad, {{50, 60}, {70, 60}});
+        QCOMPARE(m_pad->states.size(), 8);
+    }
+
+    void isCancelled_data()
+    {
+        QTest::addColumn<std::function<void(Pad &)>>("disturb");
+        const auto row = [](const char *name, std::function<void(Pad &)> disturb) {
+            QTest::newRow(name) << disturb;
+        };
+        row("by hiding", [](Pad &pad) { pad.hide(); });
+        row("by disabling the view", [](Pad &pad) { pad.setEnabled(false); });
+        row("by disabling the recogniser", [](Pad &pad) { pad.recognizer.setEnabled(false); });
+        row("by a lost grab", [](Pad &pad) {
+            QMouseEvent move(QEvent::MouseMove, QPointF(80, 80), QPointF(80, 80), Qt::NoButton, Qt::NoButton,
+                             Qt::NoModifier);
+            QCoreApplication::sendEvent(&pad, &move);
+        });
+        row("by a press without a release", [](Pad &pad) { QVPointerInput::press(pad, {10, 10}); });
+        row("by another window", [](Pad &pad) {
+            QEvent deactivate(QEvent::WindowDeactivate);
+            QCoreApplication::sendEvent(&pad, &deactivate);
+        });
+        row("by a modal window", [](Pad &pad) {
+            QWidget dialog;
+            dialog.setWindowModality(Qt::ApplicationModal);
+            dialog.show();
+            QVERIFY(!pad.recognizer.isDragging());
+        });
+        row("by leaving the application",
+            [](Pad &) { Q_EMIT qGuiApp->applicationStateChanged(Qt::ApplicationInactive); });
+    }
+
+    void isCancelled()
+    {
+        QFETCH(std::function<void(Pad &)>, disturb);
+        QVPointerInput::press(*m_pad, {50, 60});
+        QVPointerInput::move(*m_pad, {90, 60});
+        QCOMPARE(m_pad->states, QList<int>({1, 2}));
+        disturb(*m_pad);
+        QCOMPARE(m_pad->states, QList<int>({1, 2, 4}));
+        QCOMPARE(m_pad->recognizer.state(), State::Possible);
+    }
+
+    void aCancelledTouchIsCancelled()
+    {
+        QTest::touchEvent(m_pad->windowHandle(), QVPointerInput::touchScreen()).press(0, QPoint(50, 60));
+        QTest::touchEvent(m_pad->windowHandle(), QVPointerInput::touchScreen()).move(0, QPoint(70, 60));
+        QTouchEvent cancel(QEvent::TouchCancel, QVPointerInput::touchScreen());
+        QCoreApplication::sendEvent(m_pad->windowHandle(), &cancel);
+        QCOMPARE(m_pad->states, QList<int>({1, 2, 4}));
+    }
+
+    void canBeCancelledFromItsOwnAction_data()
+    {
+        QTest::addColumn<State>("state");
+        QTest::addColumn<QList<int>>("expected");
+        QTest::newRow("at its beginning") << State::Began << QList<int>({1, 4});
+        QTest::newRow("on its way") << State::Changed << QList<int>({1, 2, 4});
+    }
+
+    void canBeCancelledFromItsOwnAction()
+    {
+        QFETCH(State, state);
+        m_pad->cancelOn = state;
+        QVPointerInput::strokeWithMouse(*m_pad, {{50, 60}, {70, 60}, {90, 60}});
+        // Enabled again, yet the rest of the same press starts nothing.
+        QTEST(m_pad->states, "expected");
+    }
+
+    void asksWhetherItMayBeginWhereItWasPressed()
+    {
+        QList<QPointF> asked;
+        m_pad->recognizer.setShouldBegin([&](QPointF location) {
+            asked.append(location);
+            return location.x() < 100;
+        });
+        QVPointerInput::strokeWithMouse(*m_pad, {{120, 60}, {80, 60}, {60, 60}});
+        QCOMPARE(m_pad->states, QList<int>());
+        QVPointerInput::strokeWithMouse(*m_pad, {{80, 60}, {120, 60}});
+        QCOMPARE(m_pad->states, QList<int>({1, 2, 3}));
+        QCOMPARE(asked, QList<QPointF>({{120, 60}, {80, 60}}));
+    }
+
+    void disabledItLeavesThePointerToOthers()
+    {
+        m_pad->recognizer.setEnabled(false);
+        QVPointerInput::strokeWithMouse(*m_pad, {{50, 60}, {70, 60}});
+        QVPointerInput::strokeWithFinger(*m_pad, {{50, 60}, {70, 60}});
+        QVPointerInput::strokeWithPen(*m_pad, {{50, 60}, {70, 60}});
+        QCOMPARE(m_pad->states, QList<int>());
+    }
+
+private:
+    void prepare() override
+    {
+        m_pad = std::make_unique<Pad>();
+        m_pad->show();
+        QVERIFY(QTest::qWaitForWindowExposed(m_pad.get()));
+    }
+    void finish() override { m_pad.reset(); }
+
+    std::unique_ptr<Pad> m_pad;
+};
+
+QV_TEST(TestPanGestureRecognizer)
+#include "TestPanGestureRecognizer.moc"
