@@ -1,0 +1,216 @@
+#include "modes/QVClickButton.h"
+
+#include "modes/QVClickButtonDelegate.h"
+#include "modes/QVClickButtonPrivate.h"
+#include "modes/QVClickStatusLabel.h"
+#include "platform/QVMainThread.h"
+
+#include <QFocusEvent>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QPointer>
+#include <QTextDocument>
+#include <QToolTip>
+#include <QTouchEvent>
+
+namespace {
+
+constexpr QSize usualSize(300, 44);
+constexpr QSize smallestSize(120, 40);
+
+bool pressesAtOnce(int key)
+{
+    return key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Select;
+}
+
+bool isPressKey(int key)
+{
+    return key == Qt::Key_Space || pressesAtOnce(key);
+}
+
+} // namespace
+
+QVClickButton::QVClickButton(QWidget *parent)
+    : QAbstractButton(parent)
+    , d(std::make_unique<QVClickButtonPrivate>(this))
+{
+    qv_assertMainThread();
+    // Taken here, since a host's widget around the button that takes touches leaves no mouse events.
+    setAttribute(Qt::WA_AcceptTouchEvents);
+    setFocusPolicy(Qt::StrongFocus);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    // Every way of activating a button meets here.
+    connect(this, &QAbstractButton::clicked, this, [this] { d->clickButtonTouchUpInside(); });
+}
+
+QVClickButton::~QVClickButton() = default;
+
+QVClickButtonDelegate *QVClickButton::delegate() const
+{
+    return d->delegate.get();
+}
+
+void QVClickButton::setDelegate(QVClickButtonDelegate *delegate)
+{
+    d->delegate = delegate;
+}
+
+QVClickStatus QVClickButton::clickStatus() const
+{
+    return d->clickStatus;
+}
+
+QString QVClickButton::statusText() const
+{
+    return d->clickStatusLabel->text();
+}
+
+QSize QVClickButton::sizeHint() const
+{
+    return usualSize;
+}
+
+QSize QVClickButton::minimumSizeHint() const
+{
+    return smallestSize;
+}
+
+void QVClickButton::reset()
+{
+    qv_assertMainThread();
+    d->reset();
+}
+
+bool QVClickButton::event(QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::TouchBegin:
+    case QEvent::TouchUpdate:
+    case QEvent::TouchEnd:
+    case QEvent::TouchCancel:
+        d->takeTouch(*static_cast<QTouchEvent *>(event));
+        return true;
+    case QEvent::ToolTip:
+        if (!d->clickStatusLabel->isElided())
+            break;
+        QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(),
+                           Qt::convertFromPlainText(statusText()), this);
+        return true;
+    case QEvent::WindowDeactivate:
+        d->cancelTracking();
+        break;
+    default:
+        break;
+    }
+    return QAbstractButton::event(event);
+}
+
+void QVClickButton::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.fillRect(rect(), d->background());
+    if (!d->showsFocus || !hasFocus())
+        return;
+    painter.setPen(QPen(Qt::white, 2, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+    painter.drawRect(rect().adjusted(3, 3, -3, -3));
+}
+
+void QVClickButton::resizeEvent(QResizeEvent *)
+{
+    d->layoutSubviews();
+}
+
+void QVClickButton::mousePressEvent(QMouseEvent *event)
+{
+    if (event->button() == Qt::LeftButton && d->takesInput())
+        d->beginTracking(event->position());
+    else
+        event->ignore();
+}
+
+void QVClickButton::mouseMoveEvent(QMouseEvent *event)
+{
+    if (d->tracking)
+        d->continueTracking(event->position());
+    else
+        event->ignore();
+}
+
+void QVClickButton::mouseReleaseEvent(QMouseEvent *event)
+{
+    if (event->button() == Qt::LeftButton && d->tracking)
+        d->endTracking(event->position());
+    else
+        event->ignore();
+}
+
+void QVClickButton::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Escape && d->tracking) {
+        d->cancelTracking();
+        return;
+    }
+    if (!isPressKey(event->key())) {
+        QAbstractButton::keyPressEvent(event);
+        return;
+    }
+    d->showsFocus = true;
+    update();
+    // Taken even while the button is busy: it would go on to the default button of the host's dialog.
+    event->accept();
+    if (event->isAutoRepeat() || d->tracking || !d->takesInput())
+        return;
+    const QPointer<QVClickButton> self(this);
+    const QPointF centre = QRectF(rect()).center();
+    d->beginTracking(centre);
+    if (self && pressesAtOnce(event->key()))
+        d->endTracking(centre);
+}
+
+void QVClickButton::keyReleaseEvent(QKeyEvent *event)
+{
+    if (event->key() != Qt::Key_Space) {
+        QAbstractButton::keyReleaseEvent(event);
+        return;
+    }
+    event->accept();
+    if (d->tracking && !event->isAutoRepeat())
+        d->endTracking(QRectF(rect()).center());
+}
+
+void QVClickButton::focusInEvent(QFocusEvent *event)
+{
+    switch (event->reason()) {
+    case Qt::TabFocusReason:
+    case Qt::BacktabFocusReason:
+    case Qt::ShortcutFocusReason:
+        d->showsFocus = true;
+        break;
+    case Qt::PopupFocusReason:
+    case Qt::ActiveWindowFocusReason:
+        break; // As it was before the focus went away.
+    default:
+        d->showsFocus = false;
+    }
+    QAbstractButton::focusInEvent(event);
+}
+
+void QVClickButton::focusOutEvent(QFocusEvent *event)
+{
+    d->cancelTracking();
+    QAbstractButton::focusOutEvent(event);
+}
+
+void QVClickButton::hideEvent(QHideEvent *event)
+{
+    d->cancelTracking();
+    QAbstractButton::hideEvent(event);
+}
+
+void QVClickButton::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::EnabledChange && !isEnabled())
+        d->cancelTracking();
+    QAbstractButton::changeEvent(event);
+}

@@ -1,0 +1,77 @@
+#pragma once
+
+#include <Quarvo/QVClickStatus.h>
+#include <Quarvo/QVError.h>
+#include <Quarvo/QuarvoExport.h>
+
+#include <QAbstractButton>
+
+#include <memory>
+
+class QVClickButtonDelegate;
+class QVClickButtonPrivate;
+
+/// The click-to-verify button: the user activates it, and it asks the service. Where the service
+/// wants more, a popup opens in which the user draws.
+///
+/// A host places it like any widget. It paints itself, whatever style or style sheet is in force,
+/// and ignores text and icon. While it verifies and after it has passed, it takes no input: touches
+/// go to what lies below it.
+///
+/// Each attempt (an activation by mouse, touch, key, accessibility or click()) ends in exactly one
+/// of passed(), failed() and closed(); only the button's own end spares it.
+class QUARVO_EXPORT QVClickButton : public QAbstractButton
+{
+    Q_OBJECT
+    Q_PROPERTY(QVClickStatus clickStatus READ clickStatus NOTIFY clickStatusChanged)
+
+public:
+    explicit QVClickButton(QWidget *parent = nullptr);
+    /// Closes an open popup. A token that is about to be reported still reaches a living delegate.
+    ~QVClickButton() override;
+
+    [[nodiscard]] QVClickButtonDelegate *delegate() const;
+    /// The delegate stays the host's own and is held weakly.
+    void setDelegate(QVClickButtonDelegate *delegate);
+
+    [[nodiscard]] QVClickStatus clickStatus() const;
+    /// What the button says: the state, or the message of the last failure.
+    [[nodiscard]] QString statusText() const;
+
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
+public Q_SLOTS:
+    /// Closes an open popup and makes the button ready for a new attempt.
+    void reset();
+
+Q_SIGNALS:
+    /// The user has passed; \a token is for the host's own server.
+    void passed(const QString &token);
+    /// The service could not be asked or refused; the button shows the error's domain.
+    void failed(const QVError &error);
+    /// The attempt ended without a result: the user closed the popup, the host called reset(), or
+    /// the host's window went away.
+    void closed();
+    /// The user has to draw.
+    void popupOpened();
+    void clickStatusChanged(QVClickStatus status);
+
+protected:
+    bool event(QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void keyReleaseEvent(QKeyEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
+    void changeEvent(QEvent *event) override;
+
+private:
+    friend class QVClickButtonPrivate;
+    const std::unique_ptr<QVClickButtonPrivate> d;
+};

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <Quarvo/QVClickButtonDelegate.h>
+#include <Quarvo/QVError.h>
+#include <Quarvo/QuarvoExport.h>
+
+#include <QObject>
+
+#include <memory>
+
+class QAbstractButton;
+class QVClickButton;
+class QVClickManagerDelegate;
+
+/// Click verification for a host that does not want to deal with the button itself: creates the
+/// button on demand and relays what becomes of it.
+///
+/// Each attempt of the user ends in exactly one of passed(), failed() and closed().
+class QUARVO_EXPORT QVClickManager : public QObject, public QVClickButtonDelegate
+{
+    Q_OBJECT
+
+public:
+    explicit QVClickManager(QObject *parent = nullptr);
+    ~QVClickManager() override;
+
+    [[nodiscard]] QVClickManagerDelegate *delegate() const;
+    /// The delegate stays the host's own and is held weakly.
+    void setDelegate(QVClickManagerDelegate *delegate);
+
+    /// The button, created by the first call. It belongs to the manager until it is given a parent.
+    [[nodiscard]] QVClickButton *button();
+    /// The same button, for a host that only places it in a layout.
+    [[nodiscard]] QAbstractButton *clickButton();
+
+    void clickButtonVerifyPassedWithToken(const QString &token) override;
+
+public Q_SLOTS:
+    /// Closes an open popup and makes the button ready for a new attempt.
+    void reset();
+
+Q_SIGNALS:
+    /// The user has passed; \a token is for the host's own server.
+    void passed(const QString &token);
+    /// The service could not be asked or refused; the button shows the error's domain.
+    void failed(const QVError &error);
+    /// The attempt ended without a result: the user closed the popup, the host called reset(), or
+    /// the host's window went away.
+    void closed();
+    /// The user has to draw.
+    void popupOpened();
+
+private:
+    class Private;
+    const std::unique_ptr<Private> d;
+};

@@ -1,0 +1,98 @@
+#include "modes/QVClickSequence.h"
+
+#include "service/QVAPIRequestManager.h"
+#include "service/QVClickResponseModel.h"
+#include "service/QVConfigResponseModel.h"
+#include "service/QVDataTask.h"
+#include "service/QVDownTimeResponseModel.h"
+#include "service/QVErrorClassification.h"
+#include "settings/QVConfigurationManager.h"
+
+#include <utility>
+
+QVClickSequence::QVClickSequence(QString type, Completion completion)
+    : m_type(std::move(type))
+    , m_completion(std::move(completion))
+{
+}
+
+QVClickSequence::~QVClickSequence()
+{
+    cancel();
+}
+
+void QVClickSequence::start()
+{
+    m_task = QVAPIRequestManager::shared().requestOutageComplted(
+        [weak = weak_from_this()](const auto &record, const auto &error) {
+            if (const auto self = weak.lock())
+                self->handleOutage(record, error);
+        });
+}
+
+void QVClickSequence::cancel()
+{
+    m_completion = nullptr;
+    if (m_task)
+        m_task->cancel();
+}
+
+void QVClickSequence::handleOutage(const std::shared_ptr<QVDownTimeResponseModel> &record,
+                                   const std::optional<QVError> &error)
+{
+    if (!record)
+        fail(error);
+    else if (record->active())
+        finish(OutageActive{});
+    else
+        requestConfigFromQuarvoServer();
+}
+
+void QVClickSequence::requestConfigFromQuarvoServer()
+{
+    if (!m_completion)
+        return;
+    const QVConfigurationManager &settings = QVConfigurationManager::sharedManager();
+    m_task = QVAPIRequestManager::shared().requestConfigWithVid(
+        settings.vid(), m_type, settings.scene(),
+        [weak = weak_from_this()](const Config &config, const auto &error) {
+            const auto self = weak.lock();
+            if (!self)
+                return;
+            if (config)
+                self->requestClickFromQuarvoServer(config);
+            else
+                self->fail(error);
+        });
+}
+
+void QVClickSequence::requestClickFromQuarvoServer(const Config &config)
+{
+    if (!m_completion)
+        return;
+    // Held strongly: the decision is taken in even when the owner has let go of this sequence, whose
+    // completion knows whether the owner is still there.
+    m_task = QVAPIRequestManager::shared().requestClickWithApiServer(
+        config->api_server(), QVConfigurationManager::sharedManager().vid(), config->challenge(),
+        [self = shared_from_this(), config](const Click &click, const auto &error) {
+            if (!click)
+                self->fail(error);
+            else if (click->code() == QLatin1String("0103"))
+                self->finish(Passed{click});
+            else
+                self->finish(Draw{config, click});
+        });
+}
+
+void QVClickSequence::fail(const std::optional<QVError> &error)
+{
+    // The switch may answer with neither a record nor an error; the user has to be told something.
+    finish(Failed{error ? *error : qv_customErrorWithErrorResponse(nullptr)});
+}
+
+void QVClickSequence::finish(const Outcome &outcome)
+{
+    // Taken out first: the completion may let go of this sequence or start another one.
+    if (const Completion completion = std::exchange(m_completion, nullptr))
+        completion(outcome);
+}

@@ -1,0 +1,267 @@
+#include "modes/QVClickStatusView.h"
+
+#include "layers/QVPathGeometry.h"
+#include "settings/QVBundleImage.h"
+
+#include <QPainter>
+#include <QPointer>
+#include <QRandomGenerator>
+
+#include <numbers>
+
+using std::numbers::pi;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr qreal logoWidth = 16;
+constexpr qreal circleRadius = 13;
+constexpr qreal smallCircleRadius = 8;
+constexpr qreal smallCircleAnimationRadius = 4;
+constexpr qreal ringLineWidth = 2;
+constexpr qreal arcLength = 0.15;
+constexpr QColor stripColor(0, 0, 0, 77);
+constexpr QColor ringColor(255, 255, 255);
+constexpr QColor paleColor(255, 255, 255, 128);
+
+QVAnimation pulse()
+{
+    QVAnimation animation = QVAnimation::keyFrames(QVLayerProperty::Scale, {1.0, 0.9, 0.8, 0.9, 1.0});
+    animation.setDuration(1);
+    animation.setRepeatsForever();
+    animation.setRemovedOnCompletion(false);
+    return animation;
+}
+
+QVAnimation reveal(double seconds)
+{
+    QVAnimation animation = QVAnimation::basic(QVLayerProperty::StrokeEnd, 0.0, 1.0);
+    animation.setDuration(seconds);
+    return animation;
+}
+
+void restart(QVLayer &layer, const QVAnimation &animation)
+{
+    layer.removeAllAnimations();
+    layer.addAnimation(animation, QString());
+}
+
+} // namespace
+
+QVClickStatusView::QVClickStatusView(QWidget *parent)
+    : QWidget(parent)
+    , m_random([] { return QRandomGenerator::global()->generate(); })
+{
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+}
+
+void QVClickStatusView::setClickStatus(QVClickStatus status)
+{
+    m_clickStatus = status;
+    clear();
+    switch (status) {
+    case QVClickStatusNormal:
+        return showNormal();
+    case QVClickStatusTouching:
+        return showTouching();
+    case QVClickStatusVerifying:
+        return showVerifying();
+    case QVClickStatusDrawing:
+        return showDrawing();
+    case QVClickStatusPassed:
+        return showEnd(successTickAnimationPath());
+    case QVClickStatusFailed:
+        return showEnd(errorAnimationPath());
+    }
+}
+
+void QVClickStatusView::paintEvent(QPaintEvent *event)
+{
+    Q_UNUSED(event)
+    QPainter painter(this);
+    painter.fillRect(rect(), stripColor);
+    m_host.paint(painter);
+}
+
+void QVClickStatusView::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    // Keeps what is shown in the middle without restarting it.
+    m_host.root().setFrame(QRectF(centre() - m_builtCentre, QSizeF()));
+}
+
+void QVClickStatusView::clear()
+{
+    m_host.root().removeSublayers();
+    m_normalLogoIV.reset();
+    m_statusCricleLayer.reset();
+    m_statusLoadingLayer.reset();
+    m_statusSmallCircleLayer.reset();
+    m_statusAnimationLayer.reset();
+    m_builtCentre = centre();
+    m_host.root().setFrame({});
+}
+
+void QVClickStatusView::showNormal()
+{
+    const QPixmap logo = qv_imageFromBundleWithName(QStringLiteral("qv_click_btn_logo"), devicePixelRatioF());
+    if (logo.isNull())
+        return;
+    QVLayer &layer = ensure(m_normalLogoIV);
+    QRectF frame(0, 0, logoWidth, logoWidth * logo.height() / logo.width());
+    frame.moveCenter(centre());
+    layer.setFrame(frame);
+    layer.setContents(logo);
+}
+
+void QVClickStatusView::showTouching()
+{
+    statusCricleLayer().setPath(circlePath(circleRadius));
+    statusCircleLayerScaleAnimation();
+}
+
+void QVClickStatusView::showVerifying()
+{
+    constexpr quint32 starts = 8;
+    constexpr qreal startStep = 10;
+    statusCricleLayer().setPath(circlePath(circleRadius));
+    statusCricleLayer().setStrokeColor(paleColor);
+    QVLayer &arc = statusLoadingLayer();
+    arc.setPath(circlePath(circleRadius));
+    arc.setStrokeStart(m_random() % starts / startStep);
+    arc.setStrokeEnd(arc.strokeStart() + arcLength);
+    statusLoadingLayerAnimation();
+}
+
+void QVClickStatusView::showDrawing()
+{
+    constexpr qreal dotLineWidth = 8;
+    statusCricleLayer().setPath(circlePath(circleRadius));
+    statusCricleLayer().setStrokeColor(paleColor);
+    statusLoadingLayer().setPath(circlePath(circleRadius));
+    statusSmallCircleLayer().setPath(circlePath(smallCircleRadius));
+    statusAnimationLayer().setLineWidth(dotLineWidth);
+    statusAnimationLayer().setPath(circlePath(smallCircleAnimationRadius));
+    statusWaitingAnimation();
+}
+
+void QVClickStatusView::showEnd(const QPainterPath &mark)
+{
+    statusCricleLayer().setPath(circlePath(circleRadius));
+    statusCricleLayer().setStrokeColor(paleColor);
+    statusLoadingLayer().setPath(circlePath(circleRadius));
+    QVLayer &layer = statusAnimationLayer();
+    layer.setLineWidth(ringLineWidth);
+    layer.setLineJoin(Qt::RoundJoin);
+    layer.setLineCap(Qt::RoundCap);
+    layer.setPath(mark);
+    layer.setRotation(-pi / 4);
+    strokeRevealAnimation();
+}
+
+QVLayer &QVClickStatusView::statusCricleLayer()
+{
+    if (!m_statusCricleLayer) {
+        ensure(m_statusCricleLayer).setStrokeColor(ringColor);
+        m_statusCricleLayer->setLineWidth(ringLineWidth);
+    }
+    return *m_statusCricleLayer;
+}
+
+QVLayer &QVClickStatusView::statusLoadingLayer()
+{
+    if (!m_statusLoadingLayer) {
+        ensure(m_statusLoadingLayer).setStrokeColor(ringColor);
+        m_statusLoadingLayer->setLineWidth(ringLineWidth);
+    }
+    return *m_statusLoadingLayer;
+}
+
+QVLayer &QVClickStatusView::statusSmallCircleLayer()
+{
+    if (!m_statusSmallCircleLayer)
+        ensure(m_statusSmallCircleLayer).setFillColor(paleColor);
+    return *m_statusSmallCircleLayer;
+}
+
+QVLayer &QVClickStatusView::statusAnimationLayer()
+{
+    if (!m_statusAnimationLayer)
+        ensure(m_statusAnimationLayer).setStrokeColor(ringColor);
+    return *m_statusAnimationLayer;
+}
+
+QVLayer &QVClickStatusView::ensure(std::shared_ptr<QVLayer> &layer)
+{
+    layer = std::make_shared<QVLayer>();
+    layer->setFrame(rect());
+    m_host.root().addSublayer(layer);
+    return *layer;
+}
+
+void QVClickStatusView::statusCircleLayerScaleAnimation()
+{
+    restart(statusCricleLayer(), pulse());
+}
+
+void QVClickStatusView::statusLoadingLayerAnimation()
+{
+    QVAnimation spin = QVAnimation::basic(QVLayerProperty::Rotation, std::nullopt, 2 * pi);
+    spin.setDuration(1);
+    spin.setRepeatsForever();
+    spin.setRemovedOnCompletion(false);
+    restart(statusLoadingLayer(), spin);
+}
+
+void QVClickStatusView::statusWaitingAnimation()
+{
+    restart(statusLoadingLayer(), reveal(1));
+    restart(statusAnimationLayer(), reveal(1));
+    // The pulse comes whatever the status is by then; on a layer made only for it, it shows nothing.
+    QVScheduler::shared().schedule(1s, [view = QPointer(this)] {
+        if (view)
+            view->statusWaitingSecondStep();
+    });
+}
+
+void QVClickStatusView::statusWaitingSecondStep()
+{
+    restart(statusAnimationLayer(), pulse());
+}
+
+void QVClickStatusView::strokeRevealAnimation()
+{
+    constexpr double seconds = 0.5;
+    restart(statusAnimationLayer(), reveal(seconds));
+}
+
+QPointF QVClickStatusView::centre() const
+{
+    return {width() / 2.0, height() / 2.0};
+}
+
+QPainterPath QVClickStatusView::circlePath(qreal radius) const
+{
+    return qv_arcPath(centre(), radius, -pi / 2, 3 * pi / 2);
+}
+
+QPainterPath QVClickStatusView::successTickAnimationPath() const
+{
+    // An L, which the layer's rotation makes a tick.
+    const QPointF c = centre() + QPointF(1, -1);
+    QPainterPath path(c + QPointF(-6.5, -3.25));
+    path.lineTo(c + QPointF(-6.5, 3.25));
+    path.lineTo(c + QPointF(6.5, 3.25));
+    return path;
+}
+
+QPainterPath QVClickStatusView::errorAnimationPath() const
+{
+    // A plus, which the layer's rotation makes a cross.
+    const QPointF c = centre();
+    QPainterPath path(c + QPointF(0, -8));
+    path.lineTo(c + QPointF(0, 8));
+    path.moveTo(c + QPointF(8, 0));
+    path.lineTo(c + QPointF(-8, 0));
+    return path;
+}

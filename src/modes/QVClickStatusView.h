@@ -1,0 +1,68 @@
+#pragma once
+
+#include "layers/QVLayerHost.h"
+#include "modes/QVClickStatus.h"
+
+#include <QWidget>
+
+/// The strip at the click button's left edge: a logo or a ring that tells how far it has come.
+///
+/// Every status builds its layers afresh, so the same status given again starts its effect anew.
+class QVClickStatusView : public QWidget
+{
+    Q_OBJECT
+
+public:
+    using RandomSource = std::function<quint32()>;
+
+    explicit QVClickStatusView(QWidget *parent = nullptr);
+
+    [[nodiscard]] static constexpr int defaultWidth() { return 40; }
+
+    [[nodiscard]] QVClickStatus clickStatus() const { return m_clickStatus; }
+    void setClickStatus(QVClickStatus status);
+    /// Where the spinning arc's start comes from.
+    void setRandomSource(RandomSource source) { m_random = std::move(source); }
+
+    /// What is shown now, back to front.
+    [[nodiscard]] const QVLayer &layers() const { return m_host.root(); }
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+
+private:
+    void clear();
+    void showNormal();
+    void showTouching();
+    void showVerifying();
+    void showDrawing();
+    void showEnd(const QPainterPath &mark);
+
+    QVLayer &statusCricleLayer();
+    QVLayer &statusLoadingLayer();
+    QVLayer &statusSmallCircleLayer();
+    QVLayer &statusAnimationLayer();
+    QVLayer &ensure(std::shared_ptr<QVLayer> &layer);
+
+    void statusCircleLayerScaleAnimation();
+    void statusLoadingLayerAnimation();
+    void statusWaitingAnimation();
+    void statusWaitingSecondStep();
+    void strokeRevealAnimation();
+
+    [[nodiscard]] QPointF centre() const;
+    [[nodiscard]] QPainterPath circlePath(qreal radius) const;
+    [[nodiscard]] QPainterPath successTickAnimationPath() const;
+    [[nodiscard]] QPainterPath errorAnimationPath() const;
+
+    QVClickStatus m_clickStatus = QVClickStatusNormal;
+    RandomSource m_random;
+    QVLayerHost m_host{*this};
+    QPointF m_builtCentre;
+    std::shared_ptr<QVLayer> m_normalLogoIV;
+    std::shared_ptr<QVLayer> m_statusCricleLayer;
+    std::shared_ptr<QVLayer> m_statusLoadingLayer;
+    std::shared_ptr<QVLayer> m_statusSmallCircleLayer;
+    std::shared_ptr<QVLayer> m_statusAnimationLayer;
+};

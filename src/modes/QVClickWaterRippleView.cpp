@@ -1,0 +1,51 @@
+#include "modes/QVClickWaterRippleView.h"
+
+#include "layers/QVPathGeometry.h"
+
+#include <QPainter>
+
+#include <cmath>
+#include <numbers>
+
+namespace {
+
+constexpr QColor rippleColor(255, 255, 255, 51);
+constexpr qreal startRadius = 0.1;
+constexpr double spreadSeconds = 0.5;
+
+QPainterPath circleAround(QPointF point, qreal radius)
+{
+    return qv_arcPath(point, radius, 0, 2 * std::numbers::pi);
+}
+
+} // namespace
+
+QVClickWaterRippleView::QVClickWaterRippleView(QWidget *parent)
+    : QWidget(parent)
+{
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+}
+
+void QVClickWaterRippleView::beganWaterRippleAnimationAtPoint(QPointF point)
+{
+    if (m_waterRippleLayer)
+        m_waterRippleLayer->removeFromSuperlayer();
+    m_waterRippleLayer = std::make_shared<QVLayer>();
+    m_waterRippleLayer->setFrame(rect());
+    m_waterRippleLayer->setFillColor(rippleColor);
+    m_host.root().addSublayer(m_waterRippleLayer);
+    // The diagonal reaches the far corner from any point.
+    const qreal endRadius = std::hypot(float(width()), float(height()));
+    // The layer has no path of its own: the ripple vanishes at once when it has spread.
+    QVAnimation spread = QVAnimation::basic(QVLayerProperty::Path, circleAround(point, startRadius),
+                                            circleAround(point, endRadius));
+    spread.setDuration(spreadSeconds);
+    m_waterRippleLayer->addAnimation(spread, QString());
+}
+
+void QVClickWaterRippleView::paintEvent(QPaintEvent *event)
+{
+    Q_UNUSED(event)
+    QPainter painter(this);
+    m_host.paint(painter);
+}

@@ -1,0 +1,39 @@
+#include "modes/QVCloseButton.h"
+
+#include "settings/QVBundleImage.h"
+#include "settings/QVLocalization.h"
+#include "settings/QVLocalizationKeys.h"
+
+#include <QPainter>
+
+namespace {
+
+constexpr int pictureInset = 9;
+constexpr qreal pressedOpacity = 0.8;
+
+} // namespace
+
+QVCloseButton::QVCloseButton(QWidget *parent)
+    : QVTouchButton(parent)
+    , m_cross(qv_imageFromBundleWithName(QStringLiteral("qv_draw_close"), devicePixelRatioF()))
+{
+    setFixedSize(defaultSize());
+    setCursor(Qt::PointingHandCursor);
+    setAccessibleName(qv_localizedStringForKey(QVKey::accessibleClose));
+}
+
+void QVCloseButton::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+    painter.setOpacity(isDown() ? pressedOpacity : 1.0);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Qt::black);
+    painter.drawEllipse(rect());
+    painter.drawPixmap(rect().marginsRemoved(QMargins() + pictureInset), m_cross);
+    if (!hasFocus())
+        return;
+    painter.setPen(QPen(Qt::white, 2));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawEllipse(QRectF(rect()).adjusted(3, 3, -3, -3));
+}

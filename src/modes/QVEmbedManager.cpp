@@ -1,0 +1,91 @@
+#include "modes/QVEmbedManager.h"
+
+#include "draw/QVRenderDrawView.h"
+#include "modes/QVEmbedManagerDelegate.h"
+#include "platform/QVMainThread.h"
+
+#include <QPointer>
+
+/// Owns the view while nobody else does, and relays its token.
+class QVEmbedManager::Private final : public QVRenderDrawViewDelegate
+{
+public:
+    explicit Private(QVEmbedManager &manager)
+        : m_manager(manager)
+    {
+    }
+
+    ~Private() override
+    {
+        if (m_renderView && !m_renderView->parentWidget())
+            delete m_renderView;
+    }
+
+    [[nodiscard]] QVRenderDrawView *renderView();
+    void renderDrawViewVerifySuccess(const QString &token) override;
+
+    QVWeakDelegate<QVEmbedManagerDelegate> delegate;
+
+private:
+    QVEmbedManager &m_manager;
+    QPointer<QVRenderDrawView> m_renderView;
+};
+
+QVRenderDrawView *QVEmbedManager::Private::renderView()
+{
+    if (m_renderView)
+        return m_renderView;
+    m_renderView = new QVRenderDrawView(QVVerifyStyleEmbed);
+    m_renderView->setDelegate(this);
+    connect(m_renderView, &QVRenderDrawView::ready, &m_manager, &QVEmbedManager::ready);
+    connect(m_renderView, &QVRenderDrawView::wrongAnswer, &m_manager, &QVEmbedManager::wrongAnswer);
+    connect(m_renderView, &QVRenderDrawView::failed, &m_manager, &QVEmbedManager::failed);
+    return m_renderView;
+}
+
+void QVEmbedManager::Private::renderDrawViewVerifySuccess(const QString &token)
+{
+    // The delegate may destroy the manager.
+    const QPointer<QVEmbedManager> manager(&m_manager);
+    if (auto *host = delegate.get())
+        host->embedManagerVerifyPassedWithToken(token);
+    if (manager)
+        Q_EMIT manager->passed(token);
+}
+
+QVEmbedManager::QVEmbedManager(QObject *parent)
+    : QObject(parent)
+    , d(std::make_unique<Private>(*this))
+{
+    qv_assertMainThread();
+}
+
+QVEmbedManager::~QVEmbedManager() = default;
+
+QVEmbedManagerDelegate *QVEmbedManager::delegate() const
+{
+    return d->delegate.get();
+}
+
+void QVEmbedManager::setDelegate(QVEmbedManagerDelegate *delegate)
+{
+    qv_assertMainThread();
+    d->delegate = delegate;
+}
+
+QWidget *QVEmbedManager::embedView()
+{
+    return renderView();
+}
+
+QVRenderDrawView *QVEmbedManager::renderView()
+{
+    qv_assertMainThread();
+    return d->renderView();
+}
+
+void QVEmbedManager::reset()
+{
+    qv_assertMainThread();
+    d->renderView()->reset();
+}

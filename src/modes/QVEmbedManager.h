@@ -1,0 +1,57 @@
+#pragma once
+
+#include <Quarvo/QVError.h>
+#include <Quarvo/QuarvoExport.h>
+
+#include <QObject>
+
+#include <memory>
+
+class QVEmbedManagerDelegate;
+class QVRenderDrawView;
+class QWidget;
+
+/// Verification inside the host's own layout: the host places embedView(), which starts by itself a
+/// tenth of a second after it was given a parent.
+///
+/// Failures are shown in the view, where the user can start again.
+class QUARVO_EXPORT QVEmbedManager : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit QVEmbedManager(QObject *parent = nullptr);
+    /// Destroys the view if the host has not given it a parent; otherwise the view stays, but nothing
+    /// is reported any more.
+    ~QVEmbedManager() override;
+
+    [[nodiscard]] QVEmbedManagerDelegate *delegate() const;
+    /// The delegate stays the host's own and is held weakly.
+    void setDelegate(QVEmbedManagerDelegate *delegate);
+
+    /// The view to place, made on first use. It belongs to the manager until it gets a parent, and to
+    /// that parent from then on; if the parent destroys it, the next call makes another.
+    [[nodiscard]] QWidget *embedView();
+    /// The same view.
+    [[nodiscard]] QVRenderDrawView *renderView();
+    /// How wide the view is to be for its height: 400 to 270 leaves room for typing characters.
+    [[nodiscard]] static constexpr double embedViewWidthHeightPercentage() { return 1.4814814814814814; }
+
+public Q_SLOTS:
+    /// Starts anew with another picture.
+    void reset();
+
+Q_SIGNALS:
+    /// The user has passed; \a token is for the host's own server.
+    void passed(const QString &token);
+    /// A picture is there for the user.
+    void ready();
+    /// The answer was wrong. The user may go on.
+    void wrongAnswer();
+    /// Something failed, as the view shows it; the error's domain is the message.
+    void failed(const QVError &error);
+
+private:
+    class Private;
+    const std::unique_ptr<Private> d;
+};

@@ -1,0 +1,81 @@
+#include "modes/QVFocusTrap.h"
+
+#include "modes/QVWindow.h"
+
+#include <QApplication>
+#include <QWidget>
+
+namespace {
+
+bool takesTabFocus(const QWidget *widget)
+{
+    return widget->isVisible() && widget->isEnabled() && !widget->focusProxy() &&
+           (widget->focusPolicy() & Qt::TabFocus) != 0;
+}
+
+} // namespace
+
+QVFocusTrap::QVFocusTrap(QWidget *root)
+    : QObject(root)
+    , m_root(root)
+{
+}
+
+void QVFocusTrap::activate()
+{
+    if (m_active)
+        return;
+    m_active = true;
+    m_before = m_root->isWindow() ? QApplication::focusWidget() : m_root->window()->focusWidget();
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *now) { followFocus(now); });
+    focusInside();
+}
+
+void QVFocusTrap::release()
+{
+    if (!m_active)
+        return;
+    m_active = false;
+    disconnect(qApp, nullptr, this, nullptr);
+    if (m_before && m_before->isVisible() && m_before->isEnabled())
+        m_before->setFocus(Qt::PopupFocusReason);
+    else if (!m_root->isWindow())
+        m_root->parentWidget()->setFocus(Qt::PopupFocusReason);
+    m_before = nullptr;
+}
+
+void QVFocusTrap::moveFocus(bool next)
+{
+    const auto step = [next](QWidget *from) {
+        return next ? from->nextInFocusChain() : from->previousInFocusChain();
+    };
+    QWidget *const start = m_inside ? m_inside.data() : m_root;
+    for (QWidget *widget = step(start); widget != start; widget = step(widget)) {
+        if (!m_root->isAncestorOf(widget) || !takesTabFocus(widget))
+            continue;
+        widget->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+        return;
+    }
+}
+
+bool QVFocusTrap::holds(const QWidget *widget) const
+{
+    return widget == m_root || m_root->isAncestorOf(widget);
+}
+
+void QVFocusTrap::followFocus(QWidget *now)
+{
+    // Other windows, and no window at all, are the user's choice.
+    if (!now || now->window() != m_root->window())
+        return;
+    if (holds(now))
+        m_inside = now;
+    else if (QVWindow::topmostIn(m_root->window()) == m_root)
+        focusInside();
+}
+
+void QVFocusTrap::focusInside()
+{
+    QWidget *const target = m_inside && m_inside->isVisible() ? m_inside.data() : m_root;
+    target->setFocus(Qt::PopupFocusReason);
+}

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QGraphicsEffect>
+#include <QList>
+#include <QPointer>
+
+class QWidget;
+
+/// Squeezes a widget vertically about its centre line, from nothing at 0 to its full height at 1.
+/// To be set on the very widget that it was made for.
+class QVUnfoldEffect final : public QGraphicsEffect
+{
+    Q_OBJECT
+
+public:
+    explicit QVUnfoldEffect(QWidget *widget);
+    ~QVUnfoldEffect() override;
+
+    [[nodiscard]] qreal scale() const { return m_scale; }
+    void setScale(qreal scale);
+
+protected:
+    void draw(QPainter *painter) override;
+
+private:
+    qreal m_scale = 0;
+    QList<QPointer<QWidget>> m_opaque;
+};

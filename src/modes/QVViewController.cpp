@@ -1,0 +1,174 @@
+#include "modes/QVViewController.h"
+
+#include "draw/QVRenderDrawView.h"
+#include "layers/QVValueAnimation.h"
+#include "modes/QVCloseButton.h"
+#include "modes/QVHostWatch.h"
+#include "modes/QVSupportLabel.h"
+#include "modes/QVUnfoldEffect.h"
+#include "modes/QVWindow.h"
+#include "platform/QVScheduler.h"
+#include "service/QVClickResponseModel.h"
+#include "service/QVConfigResponseModel.h"
+
+#include <utility>
+
+namespace {
+
+constexpr double unfoldSeconds = 0.25;
+constexpr QPoint supportOffset(10, 5);
+
+} // namespace
+
+std::shared_ptr<QVViewController>
+QVViewController::showQvWithVerifyStyle(QVVerifyStyle style, const Config &config, const Click &click,
+                                        QVViewControllerDelegate *delegate, QWidget *host)
+{
+    const std::shared_ptr<QVViewController> controller(new QVViewController);
+    controller->m_verifyStyle = style;
+    controller->m_config = config;
+    controller->m_clickResp = click;
+    controller->m_delegate = delegate;
+    // Its host's, or its own until dismissWindow() deletes it.
+    controller->showIn(new QVWindow(QVHostWatch::hostWindow(host)));
+    return controller;
+}
+
+QVViewController::~QVViewController() = default;
+
+void QVViewController::showIn(QVWindow *window)
+{
+    m_showWindow = window;
+    window->setRootController(shared_from_this());
+    QObject::connect(window, &QVWindow::popupScreenChanged, &m_context, [this] { layoutSubviews(); });
+    QObject::connect(window, &QVWindow::closeRequested, &m_context,
+                     [this] { closeButtonDidClickedAction(); });
+    QObject::connect(window, &QVWindow::hostEnded, &m_context, [this] { hostEnded(); });
+    setupSubviews();
+    displayWindow();
+}
+
+void QVViewController::setupSubviews()
+{
+    m_renderView = new QVRenderDrawView(m_verifyStyle, m_showWindow);
+    m_renderView->setDelegate(this);
+    m_closeButton = new QVCloseButton(m_showWindow);
+    QObject::connect(m_closeButton, &QVCloseButton::clicked, &m_context,
+                     [this] { closeButtonDidClickedAction(); });
+    m_supportLabel = new QVSupportLabel(m_showWindow);
+    layoutSubviews();
+    m_renderView->handleConfigResponseFromQuarvoServer(m_config, m_clickResp);
+}
+
+void QVViewController::layoutSubviews()
+{
+    if (!m_showWindow)
+        return;
+    const QRect screen = m_showWindow->popupScreen();
+    m_renderView->setScreenWidth(screen.width());
+    m_renderView->setGeometry(screen);
+    // Flush in the corner: there is no status bar here that it would have to keep clear of.
+    m_closeButton->move(screen.right() + 1 - m_closeButton->width(), screen.top());
+    m_supportLabel->adjustSize();
+    const QPoint corner = screen.bottomRight() + QPoint(1, 1) - supportOffset;
+    m_supportLabel->move(corner - QPoint(m_supportLabel->width(), m_supportLabel->height()));
+}
+
+void QVViewController::displayWindow()
+{
+    ++m_displays;
+    if (m_showWindow)
+        m_showWindow->makeKeyAndVisible();
+    showRenderViewAnimation();
+}
+
+void QVViewController::hiddenWindow()
+{
+    if (m_showWindow)
+        m_showWindow->resignKeyAndHide();
+}
+
+void QVViewController::dismissWindow()
+{
+    QVWindow *const window = m_showWindow;
+    if (!window)
+        return;
+    m_showWindow = nullptr;
+    // Kept until the end of this call; usually nobody else holds it.
+    const auto self = window->takeRootController();
+    window->resignKeyAndHide();
+    window->deleteLater();
+}
+
+bool QVViewController::canDirectlyShow() const
+{
+    return m_renderView && m_renderView->canDirectlyShow();
+}
+
+void QVViewController::showRenderViewAnimation()
+{
+    if (!m_renderView)
+        return;
+    m_renderView->setGraphicsEffect(nullptr);
+    m_unfold = new QVUnfoldEffect(m_renderView);
+    m_renderView->setGraphicsEffect(m_unfold);
+    if (!m_unfoldAnimation)
+        m_unfoldAnimation = std::make_unique<QVValueAnimation>(m_renderView);
+    // The platform's default curve for a lone animation; anything livelier makes the picture wobble.
+    m_unfoldAnimation->setTimingCurve(QVTimingCurve({0.25, 0.1}, {0.25, 1}));
+    m_unfoldAnimation->start(
+        0, 1, unfoldSeconds,
+        [unfold = m_unfold](double scale) {
+            if (unfold)
+                unfold->setScale(scale);
+        },
+        [view = m_renderView] {
+            if (view)
+                view->setGraphicsEffect(nullptr);
+        });
+}
+
+void QVViewController::closeButtonDidClickedAction()
+{
+    const auto self = shared_from_this();
+    const int displays = m_displays;
+    if (auto *const delegate = m_delegate.get())
+        delegate->qv_controllerCloseAction();
+    // The opener's host may have started its next attempt at once.
+    if (m_displays != displays)
+        return;
+    if (canDirectlyShow())
+        hiddenWindow();
+    else
+        dismissWindow();
+}
+
+void QVViewController::renderDrawViewVerifySuccess(const QString &token)
+{
+    const auto self = shared_from_this();
+    if (auto *const delegate = m_delegate.get())
+        delegate->quarvoControllerVerifySuccessWithToken(token);
+    dismissWindow();
+}
+
+void QVViewController::hostEnded()
+{
+    const auto self = shared_from_this();
+    auto *const delegate = m_delegate.get();
+    if (delegate && m_showWindow && !m_showWindow->isHidden())
+        delegate->qv_controllerCloseAction();
+    dismissWindow();
+}
+
+void QVViewController::windowDestroyed()
+{
+    const bool shown = m_showWindow && !m_showWindow->isHidden();
+    m_showWindow = nullptr;
+    if (!shown)
+        return;
+    // Not at once: the host's window is in its destructor, where its slots must not be called any more.
+    QVScheduler::shared().schedule({}, [delegate = m_delegate] {
+        if (auto *const opener = delegate.get())
+            opener->qv_controllerCloseAction();
+    });
+}

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "platform/QVDelegate.h"
+
+#include <QString>
+
+/// What the popup tells its opener.
+class QVViewControllerDelegate : public QVDelegate
+{
+public:
+    /// The trace was accepted; comes before the popup is dismissed.
+    virtual void quarvoControllerVerifySuccessWithToken(const QString &token) = 0;
+    /// The user, or the end of the host's window, closed the popup; comes before it is hidden or dismissed.
+    virtual void qv_controllerCloseAction() = 0;
+};

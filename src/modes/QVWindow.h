@@ -1,0 +1,59 @@
+#pragma once
+
+#include "modes/QVPopupGeometry.h"
+
+#include <QWidget>
+
+#include <memory>
+
+class QVFocusTrap;
+class QVViewController;
+
+/// The surface that a popup lives on: it covers the host's whole window, or a screen where there is
+/// none, and keeps all input from what lies below.
+class QVWindow final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit QVWindow(QWidget *host);
+    ~QVWindow() override;
+
+    /// The topmost visible window of this kind on \a host.
+    [[nodiscard]] static const QWidget *topmostIn(const QWidget *host);
+
+    /// Keeps \a controller alive until it is taken out again or this window ends.
+    void setRootController(std::shared_ptr<QVViewController> controller);
+    [[nodiscard]] std::shared_ptr<QVViewController> takeRootController();
+
+    /// Where the popup's elements go, in this window's coordinates.
+    [[nodiscard]] QRect popupScreen() const { return m_geometry.screen(); }
+
+    void makeKeyAndVisible();
+    void resignKeyAndHide();
+
+Q_SIGNALS:
+    void popupScreenChanged();
+    /// Escape, or the platform's own way of closing a window.
+    void closeRequested();
+    void hostEnded();
+
+protected:
+    bool event(QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void keyReleaseEvent(QKeyEvent *event) override;
+    bool focusNextPrevChild(bool next) override;
+
+private:
+    void coverHost(QWidget *host);
+    void coverScreen(QWidget *host);
+    void stayOnTop();
+
+    QVFocusTrap *m_focusTrap;
+    std::shared_ptr<QVViewController> m_rootController;
+    const QVPopupPresentation m_presentation;
+    QVPopupGeometry m_geometry;
+};

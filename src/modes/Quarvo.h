@@ -1,0 +1,17 @@
+#pragma once
+
+/// \file
+/// Everything a host needs.
+
+#include <Quarvo/QVClickButton.h>
+#include <Quarvo/QVClickButtonDelegate.h>
+#include <Quarvo/QVClickManager.h>
+#include <Quarvo/QVClickManagerDelegate.h>
+#include <Quarvo/QVEmbedManager.h>
+#include <Quarvo/QVEmbedManagerDelegate.h>
+#include <Quarvo/QVError.h>
+#include <Quarvo/QVInvisibleDelegate.h>
+#include <Quarvo/QVInvisibleManager.h>
+#include <Quarvo/QVPopupPresentation.h>
+#include <Quarvo/QVSDKManager.h>
+#include <Quarvo/QVServiceAddresses.h>

@@ -1,0 +1,123 @@
+#include "modes/ModesTestCase.h"
+
+#include "draw/QVRenderDrawView.h"
+#include "modes/QVCloseButton.h"
+#include "modes/QVWindow.h"
+#include "settings/QVSDKManager.h"
+#include "support/QVPointerInput.h"
+
+#include <QApplication>
+
+using namespace std::chrono_literals;
+
+QStringList ModesTestCase::words(const char *text)
+{
+    return QString::fromLatin1(text).split(QStringLiteral(", "), Qt::SkipEmptyParts);
+}
+
+void ModesTestCase::prepare()
+{
+    m_service = std::make_unique<DrawService>();
+    m_service->extend(click, {{QStringLiteral("token"), QStringLiteral("click-token")}});
+    m_forgotten = 0;
+    QVSDKManager::setPreferredLanguage(QStringLiteral("en"));
+    auto host = std::make_unique<QWidget>();
+    host->resize(700, 600);
+    replaceHost(std::move(host));
+}
+
+void ModesTestCase::finish()
+{
+    m_host.reset();
+    settle();
+    m_service.reset();
+}
+
+void ModesTestCase::answerCode(const QString &what, const QString &code)
+{
+    m_service->extend(what, {{QStringLiteral("code"), code}});
+}
+
+void ModesTestCase::settle() const
+{
+    // Nothing tells when the network has nothing more to say; a quiet stretch of turns does.
+    qsizetype seen = -1;
+    for (int quiet = 0; quiet < 6; ++quiet) {
+        QTest::qWait(2);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        if (seen != m_service->asked().size())
+            quiet = 0;
+        seen = m_service->asked().size();
+    }
+}
+
+void ModesTestCase::pass(std::chrono::milliseconds duration) const
+{
+    const auto stretch = std::max(50ms, duration / 20);
+    for (auto left = duration; left > 0ms; left -= stretch) {
+        settle();
+        advance(std::min(left, stretch));
+    }
+    settle();
+}
+
+void ModesTestCase::replaceHost(std::unique_ptr<QWidget> host)
+{
+    m_host = std::move(host);
+    showActive(*m_host);
+}
+
+void ModesTestCase::showActive(QWidget &window)
+{
+    window.show();
+    window.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+}
+
+QVWindow *ModesTestCase::popup()
+{
+    for (QWidget *widget : QApplication::allWidgets()) {
+        auto *const window = qobject_cast<QVWindow *>(widget);
+        if (window && window->isVisible())
+            return window;
+    }
+    return nullptr;
+}
+
+qsizetype ModesTestCase::popupCount()
+{
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    return std::ranges::count_if(QApplication::allWidgets(),
+                                 [](QWidget *widget) { return qobject_cast<QVWindow *>(widget); });
+}
+
+QVRenderDrawView *ModesTestCase::drawView()
+{
+    QVWindow *const window = popup();
+    return window ? window->findChild<QVRenderDrawView *>() : nullptr;
+}
+
+bool ModesTestCase::waitForPicture()
+{
+    return waitFor([] { return drawView() && drawView()->canInput().value_or(false); });
+}
+
+void ModesTestCase::stroke() const
+{
+    QVRenderDrawView &view = *drawView();
+    QVPointerInput::strokeWithMouse(view, QVPointerInput::wave(view.rect().center() - QPoint(150, 0), 40),
+                                    [this] { advance(16ms); });
+}
+
+void ModesTestCase::strokeAndVerify() const
+{
+    stroke();
+    QVERIFY(waitFor([this] { return m_service->count(verify) > 0; }));
+    settle();
+}
+
+void ModesTestCase::pressClose()
+{
+    auto *const button = popup()->findChild<QVCloseButton *>();
+    QVPointerInput::click(*button, button->rect().center());
+}

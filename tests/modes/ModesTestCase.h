@@ -1,0 +1,65 @@
+#pragma once
+
+#include "draw/DrawService.h"
+#include "support/QVTestCase.h"
+
+#include <QWidget>
+
+class QVRenderDrawView;
+class QVWindow;
+
+/// Tests that run against a service which answers as each test tells it, on a window of a host.
+class ModesTestCase : public QVTestCase
+{
+    Q_OBJECT
+
+protected:
+    // What is asked, in the service's words.
+    static inline const QString outageSwitch = QStringLiteral("switch");
+    static inline const QString config = QStringLiteral("config");
+    static inline const QString click = QStringLiteral("click");
+    static inline const QString picture = QStringLiteral("picture");
+    static inline const QString refresh = QStringLiteral("refresh");
+    static inline const QString verify = QStringLiteral("verify");
+    static inline const QString outageGet = QStringLiteral("outage get");
+
+    /// "a, b" as a list.
+    [[nodiscard]] static QStringList words(const char *text);
+
+    void prepare() override;
+    void finish() override;
+
+    [[nodiscard]] DrawService &service() const { return *m_service; }
+    void answerCode(const QString &what, const QString &code);
+    void openOutage() { m_service->answer(outageSwitch, {{QStringLiteral("active"), true}}); }
+    void passByClick() { answerCode(click, QStringLiteral("0103")); }
+    void delay(const QString &what, std::chrono::milliseconds by) { m_service->delay(what, by); }
+    /// Everything asked since it was last forgotten, but for pictures.
+    [[nodiscard]] QStringList asked() const { return m_service->asked().mid(m_forgotten); }
+    void forgetAsked() { m_forgotten = m_service->asked().size(); }
+    /// Runs the event loop until the network has been quiet for a while, without moving time.
+    void settle() const;
+    /// Lets \a duration pass with everything that happens in it.
+    void pass(std::chrono::milliseconds duration) const;
+
+    [[nodiscard]] QWidget &host() const { return *m_host; }
+    void replaceHost(std::unique_ptr<QWidget> host);
+    void destroyHost() { m_host.reset(); }
+    static void showActive(QWidget &window);
+
+    /// The popup on screen, on any window; null where there is none.
+    [[nodiscard]] static QVWindow *popup();
+    /// How many popups there are, hidden ones included.
+    [[nodiscard]] static qsizetype popupCount();
+    [[nodiscard]] static QVRenderDrawView *drawView();
+    [[nodiscard]] static bool waitForPicture();
+    /// Draws something that the service could be asked about.
+    void stroke() const;
+    void strokeAndVerify() const;
+    static void pressClose();
+
+private:
+    std::unique_ptr<DrawService> m_service;
+    std::unique_ptr<QWidget> m_host;
+    qsizetype m_forgotten = 0;
+};

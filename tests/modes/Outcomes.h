@@ -1,0 +1,50 @@
+#pragma once
+
+#include "modes/QVClickButtonDelegate.h"
+#include "modes/QVClickManagerDelegate.h"
+#include "modes/QVInvisibleDelegate.h"
+
+#include <QObject>
+#include <QStringList>
+
+/// Writes down what one of the host-facing objects says, by its signals and to its delegate.
+class Outcomes : public QVClickButtonDelegate, public QVClickManagerDelegate, public QVInvisibleDelegate
+{
+public:
+    template<class Sender>
+    void watch(Sender *sender)
+    {
+        sender->setDelegate(this);
+        QObject::connect(sender, &Sender::passed, &m_context,
+                         [this](const QString &token) { add(QStringLiteral("passed ") + token); });
+        QObject::connect(sender, &Sender::failed, &m_context, [this](const QVError &error) {
+            add(QStringLiteral("failed %1").arg(error.code()));
+        });
+        QObject::connect(sender, &Sender::closed, &m_context, [this] { add(QStringLiteral("closed")); });
+        QObject::connect(sender, &Sender::popupOpened, &m_context, [this] { add(QStringLiteral("popup")); });
+    }
+
+    /// The signals, in order.
+    [[nodiscard]] const QStringList &said() const { return m_said; }
+    /// How many of them end an attempt.
+    [[nodiscard]] qsizetype ended() const { return m_said.size() - m_said.count(QStringLiteral("popup")); }
+    /// What the delegate was told.
+    [[nodiscard]] const QStringList &told() const { return m_told; }
+    void forget()
+    {
+        m_said.clear();
+        m_told.clear();
+    }
+
+    void clickButtonVerifyPassedWithToken(const QString &token) override { m_told.append(token); }
+    void clickManagerVerifyPassedWithToken(const QString &token) override { m_told.append(token); }
+    void invisibleVerifyPassedWithToken(const QString &token) override { m_told.append(token); }
+    void invisibleVerifyFailedWithError(const QVError &error) override { m_told.append(error.domain()); }
+
+private:
+    void add(const QString &text) { m_said.append(text); }
+
+    QObject m_context;
+    QStringList m_said;
+    QStringList m_told;
+};
