@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QString>
+
+/// The demo's own words; the component brings its texts with it.
+enum class DemoText {
+    Title,
+    Subtitle,
+    Name,
+    Password,
+    SignIn,
+    SignedIn,
+    Again,
+    Embed,
+    Click,
+    Invisible,
+    Language,
+    ForceOutage,
+    Events,
+};
+
+[[nodiscard]] QString demoText(DemoText text, const QString &languageTag);

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QPointF>
+#include <QString>
+#include <QStringList>
+#include <QVector>
+
+#include <optional>
+
+/// One line of a drive file.
+struct DriveAction
+{
+    enum class Kind {
+        Tap,
+        Hold,
+        Lift,
+        Start,
+        WaitEvent,
+        WaitTime,
+        Stroke,
+        Solve,
+        Type,
+        Done,
+        Refresh,
+        Retry,
+        Close,
+        Reset,
+        Shot
+    };
+
+    Kind kind = Kind::Tap;
+    /// The event to wait for, the text to type or the picture's name.
+    QString text;
+    QVector<QPointF> points;
+    int milliseconds = 0;
+    int line = 0;
+};
+
+/// A drive file: an action a line, empty lines and lines that begin with # left out.
+class DriveScript
+{
+public:
+    /// On a malformed line returns nothing and says which and why.
+    [[nodiscard]] static std::optional<DriveScript> parse(const QByteArray &source, QString &problem);
+    [[nodiscard]] static std::optional<DriveScript> read(const QString &path, QString &problem);
+
+    [[nodiscard]] const QVector<DriveAction> &actions() const { return m_actions; }
+    [[nodiscard]] bool takesPictures() const;
+
+private:
+    QVector<DriveAction> m_actions;
+};

@@ -1,0 +1,234 @@
+#include "demo/Driver.h"
+
+#include "demo/DemoWindow.h"
+#include "demo/EventLog.h"
+#include "demo/PanelProbe.h"
+
+#include <QLineF>
+#include <QPixmap>
+
+#include <cstdio>
+
+namespace {
+
+using namespace std::chrono_literals;
+
+// Between two actions, so that what one has started on the event loop is seen by the next.
+constexpr auto betweenActions = 30ms;
+
+// A person draws about as many points; well inside the 10 to 80 that the service takes.
+constexpr int solutionPoints = 40;
+constexpr int solutionMilliseconds = 1400;
+constexpr double pictureUnits = 400;
+
+/// The curve as evenly spaced points.
+QVector<QPointF> resampled(const QVector<QPointF> &curve, int count)
+{
+    double length = 0;
+    for (qsizetype index = 1; index < curve.size(); ++index)
+        length += QLineF(curve[index - 1], curve[index]).length();
+    QVector<QPointF> points{curve.constFirst()};
+    const double step = length / (count - 1);
+    double sinceLast = 0;
+    for (qsizetype index = 1; index < curve.size(); ++index) {
+        QLineF piece(curve[index - 1], curve[index]);
+        while (step > 0 && sinceLast + piece.length() >= step) {
+            const QPointF point = piece.pointAt((step - sinceLast) / piece.length());
+            points.append(point);
+            piece.setP1(point);
+            sinceLast = 0;
+        }
+        sinceLast += piece.length();
+    }
+    return points;
+}
+
+} // namespace
+
+Driver::Driver(const Stage &stage, DriveScript script, const QVector<QUrl> &solutionServices,
+               const QString &screenshots)
+    : m_stage(stage)
+    , m_script(std::move(script))
+    , m_solution(solutionServices)
+    , m_screenshots(screenshots)
+{
+    m_pause.setSingleShot(true);
+    connect(&m_pause, &QTimer::timeout, this, &Driver::next);
+    connect(&m_input, &InputPlayer::finished, this, &Driver::continueSoon);
+    connect(&m_solution, &SolutionClient::curve, this, &Driver::solveCurve);
+    connect(&m_solution, &SolutionClient::characters, this, &Driver::solveCharacters);
+    connect(&m_solution, &SolutionClient::failed, this, &Driver::fail);
+    // Queued: the window is to be as the event left it before the next action starts.
+    connect(&m_stage.log, &EventLog::added, this, &Driver::checkEvents, Qt::QueuedConnection);
+}
+
+void Driver::start()
+{
+    continueSoon();
+}
+
+void Driver::next()
+{
+    if (m_next < m_script.actions().size()) {
+        perform(m_script.actions()[m_next++]);
+        return;
+    }
+    m_awaited = QStringLiteral("token");
+    m_seen = m_stage.log.hasToken() ? 0 : m_seen;
+    checkEvents();
+}
+
+void Driver::perform(const DriveAction &action)
+{
+    switch (action.kind) {
+    case Kind::WaitEvent:
+        m_awaited = action.text;
+        checkEvents();
+        break;
+    case Kind::WaitTime:
+        m_pause.start(action.milliseconds);
+        break;
+    case Kind::Stroke:
+    case Kind::Hold:
+        stroke(action.points, action.milliseconds, action.kind == Kind::Hold);
+        break;
+    case Kind::Lift:
+        m_input.lift();
+        continueSoon();
+        break;
+    case Kind::Solve:
+        m_solution.ask();
+        break;
+    case Kind::Shot:
+        shoot(action.text);
+        break;
+    case Kind::Start:
+        m_stage.window.startInvisible();
+        continueSoon();
+        break;
+    case Kind::Reset:
+        m_stage.window.resetVerification();
+        continueSoon();
+        break;
+    default:
+        performPointing(action);
+        break;
+    }
+}
+
+void Driver::performPointing(const DriveAction &action)
+{
+    switch (action.kind) {
+    case Kind::Tap:
+        press(m_stage.window.clickButton(), "click button");
+        break;
+    case Kind::Refresh:
+        press(m_stage.probe.part(QStringLiteral("refreshButton")), "refresh button");
+        break;
+    case Kind::Retry:
+        press(m_stage.probe.part(QStringLiteral("errorOverlayView")), "error bar");
+        break;
+    case Kind::Close:
+        press(PanelProbe::closeButton(), "close button");
+        break;
+    case Kind::Done:
+        press(m_stage.probe.part(QStringLiteral("doneButton")), "done button");
+        break;
+    case Kind::Type:
+        if (QWidget *const field = m_stage.probe.part(QStringLiteral("inputTF"))) {
+            m_input.type(field, action.text);
+            continueSoon();
+        } else {
+            fail(QStringLiteral("there is no answer field on screen"));
+        }
+        break;
+    default:
+        break;
+    }
+}
+
+void Driver::press(QWidget *target, const char *what)
+{
+    if (!target || !target->isVisible()) {
+        fail(QStringLiteral("there is no %1 on screen").arg(QLatin1String(what)));
+        return;
+    }
+    m_input.click(target);
+    continueSoon();
+}
+
+void Driver::stroke(const QVector<QPointF> &points, int milliseconds, bool isHeld)
+{
+    if (QWidget *const panel = m_stage.probe.panel())
+        m_input.draw(panel, points, milliseconds, isHeld);
+    else
+        fail(QStringLiteral("there is no drawing panel on screen"));
+}
+
+void Driver::solveCurve(const QVector<QPointF> &curve)
+{
+    QWidget *const panel = m_stage.probe.panel();
+    QWidget *const picture = m_stage.probe.part(QStringLiteral("imageView"));
+    if (!panel || !picture) {
+        fail(QStringLiteral("there is no drawing panel on screen"));
+        return;
+    }
+    const QPointF origin = picture->mapTo(panel, QPointF());
+    QVector<QPointF> points = resampled(curve, solutionPoints);
+    for (QPointF &point : points)
+        point = origin + point * picture->width() / pictureUnits;
+    stroke(points, solutionMilliseconds);
+}
+
+void Driver::solveCharacters(const QString &text)
+{
+    QWidget *const field = m_stage.probe.part(QStringLiteral("inputTF"));
+    QWidget *const done = m_stage.probe.part(QStringLiteral("doneButton"));
+    if (!field || !done) {
+        fail(QStringLiteral("there is no answer field on screen"));
+        return;
+    }
+    m_input.type(field, text);
+    press(done, "done button");
+}
+
+void Driver::shoot(const QString &name)
+{
+    const QString path = m_screenshots.filePath(name + QStringLiteral(".png"));
+    if (m_stage.window.grab().save(path))
+        continueSoon();
+    else
+        fail(QStringLiteral("cannot write %1").arg(path));
+}
+
+void Driver::checkEvents()
+{
+    if (m_awaited.isEmpty())
+        return;
+    const qsizetype found = m_stage.log.kinds().indexOf(m_awaited, m_seen);
+    if (found < 0)
+        return;
+    m_seen = found + 1;
+    m_awaited.clear();
+    if (m_next < m_script.actions().size()) {
+        continueSoon();
+    } else if (!m_isEnded) {
+        m_isEnded = m_stage.log.hasToken();
+        m_isEnded ? Q_EMIT finished(true) : continueSoon();
+    }
+}
+
+void Driver::continueSoon()
+{
+    m_pause.start(betweenActions);
+}
+
+void Driver::fail(const QString &reason)
+{
+    if (m_isEnded)
+        return;
+    m_isEnded = true;
+    const int line = m_script.actions()[m_next - 1].line;
+    std::fprintf(stderr, "quarvo-demo: line %d of the drive file: %s\n", line, qUtf8Printable(reason));
+    Q_EMIT finished(false);
+}

@@ -1,0 +1,76 @@
+#include "demo/PanelProbe.h"
+
+#include "demo/EventLog.h"
+
+#include <QApplication>
+#include <QEvent>
+
+namespace {
+
+const char *const hadPicture = "demoHadPicture";
+
+} // namespace
+
+PanelProbe::PanelProbe(EventLog &log, QObject *parent)
+    : QObject(parent)
+    , m_log(log)
+{
+    QApplication::instance()->installEventFilter(this);
+}
+
+QWidget *PanelProbe::panel() const
+{
+    return m_panel && m_panel->isVisible() ? m_panel.data() : nullptr;
+}
+
+QWidget *PanelProbe::part(const QString &name) const
+{
+    QWidget *const onScreen = panel();
+    auto *const found = onScreen ? onScreen->findChild<QWidget *>(name) : nullptr;
+    return found && found->isVisible() ? found : nullptr;
+}
+
+QWidget *PanelProbe::closeButton()
+{
+    const QWidgetList all = QApplication::allWidgets();
+    for (QWidget *widget : all) {
+        if (widget->inherits("QVCloseButton") && widget->isVisible())
+            return widget;
+    }
+    return nullptr;
+}
+
+bool PanelProbe::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::Show && watched->inherits("QVRenderDrawView"))
+        watch(static_cast<QWidget *>(watched));
+    return QObject::eventFilter(watched, event);
+}
+
+void PanelProbe::watch(QWidget *panel)
+{
+    m_panel = panel;
+    // A panel that comes back brings its picture along.
+    if (panel->property(hadPicture).toBool())
+        m_log.add(QStringLiteral("ready"));
+    // By name: the panel's class is the component's own business, its signals are not.
+    connect(panel, SIGNAL(ready()), this, SLOT(onReady()), Qt::UniqueConnection);
+    connect(panel, SIGNAL(wrongAnswer()), this, SLOT(onWrongAnswer()), Qt::UniqueConnection);
+    connect(panel, SIGNAL(failed(QVError)), this, SLOT(onFailed(QVError)), Qt::UniqueConnection);
+}
+
+void PanelProbe::onReady()
+{
+    sender()->setProperty(hadPicture, true);
+    m_log.add(QStringLiteral("ready"));
+}
+
+void PanelProbe::onWrongAnswer()
+{
+    m_log.add(QStringLiteral("wrong"));
+}
+
+void PanelProbe::onFailed(const QVError &error)
+{
+    m_log.add(QStringLiteral("error"), QStringLiteral("%1 %2").arg(error.code()).arg(error.domain()));
+}
