@@ -44,7 +44,11 @@ QVClickButton::QVClickButton(QWidget *parent)
     connect(this, &QAbstractButton::clicked, this, [this] { d->clickButtonTouchUpInside(); });
 }
 
-QVClickButton::~QVClickButton() = default;
+QVClickButton::~QVClickButton()
+{
+    // While this is still a button, since the popup may give the focus back to it.
+    d->dismissPopup();
+}
 
 QVClickButtonDelegate *QVClickButton::delegate() const
 {

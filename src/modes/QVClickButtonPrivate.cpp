@@ -56,10 +56,7 @@ QVClickButtonPrivate::QVClickButtonPrivate(QVClickButton *button)
     setClickStatus(QVClickStatusNormal);
 }
 
-QVClickButtonPrivate::~QVClickButtonPrivate()
-{
-    dismissPopup();
-}
+QVClickButtonPrivate::~QVClickButtonPrivate() = default;
 
 void QVClickButtonPrivate::setupSubviews()
 {

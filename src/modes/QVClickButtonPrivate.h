@@ -47,6 +47,7 @@ public:
     void clickButtonTouchUpInside();
 
     void reset();
+    void dismissPopup();
     void quarvoControllerVerifySuccessWithToken(const QString &token) override;
     void qv_controllerCloseAction() override;
 
@@ -72,7 +73,6 @@ private:
     void handleSuccess(const QString &token);
     void handleError(const QVError &error);
     void close();
-    void dismissPopup();
     void dropSequence();
 
     std::weak_ptr<QVViewController> m_qv_controller;
