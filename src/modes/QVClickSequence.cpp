@@ -50,7 +50,7 @@ void QVClickSequence::handleOutage(const std::shared_ptr<QVDownTimeResponseModel
 
 void QVClickSequence::requestConfigFromQuarvoServer()
 {
-    if (!m_completion)
+    if (isFinished())
         return;
     const QVConfigurationManager &settings = QVConfigurationManager::sharedManager();
     m_task = QVAPIRequestManager::shared().requestConfigWithVid(
@@ -68,7 +68,7 @@ void QVClickSequence::requestConfigFromQuarvoServer()
 
 void QVClickSequence::requestClickFromQuarvoServer(const Config &config)
 {
-    if (!m_completion)
+    if (isFinished())
         return;
     // Held strongly: the decision is taken in even when the owner has let go of this sequence, whose
     // completion knows whether the owner is still there.

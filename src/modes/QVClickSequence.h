@@ -53,6 +53,8 @@ public:
     void start();
     /// No outcome is reported any more.
     void cancel();
+    /// Whether the outcome is known, or will never be.
+    [[nodiscard]] bool isFinished() const { return !m_completion; }
 
 private:
     void handleOutage(const std::shared_ptr<QVDownTimeResponseModel> &record,

@@ -96,16 +96,13 @@ void QVInvisibleManagerPrivate::requestOutageAction()
     if (auto *const view = animationView())
         view->startLoadingAnimation();
     watchHost();
-    const auto slot = std::make_shared<QVClickSequence *>(nullptr);
     // The click answer may come after the manager has gone.
-    const auto sequence = std::make_shared<QVClickSequence>(
-        QStringLiteral("invisible"), [manager = QPointer(q), slot](const QVClickSequence::Outcome &outcome) {
+    m_sequences.push_back(std::make_shared<QVClickSequence>(
+        QStringLiteral("invisible"), [manager = QPointer(q)](const QVClickSequence::Outcome &outcome) {
             if (manager)
-                manager->d->handleOutcome(*slot, outcome);
-        });
-    *slot = sequence.get();
-    m_sequences.push_back(sequence);
-    sequence->start();
+                manager->d->handleOutcome(outcome);
+        }));
+    m_sequences.back()->start();
     reportClosed();
 }
 
@@ -119,10 +116,9 @@ void QVInvisibleManagerPrivate::watchHost()
     QObject::connect(m_hostWatch.get(), &QVHostWatch::resized, q, [this] { centreAnimationView(); });
 }
 
-void QVInvisibleManagerPrivate::handleOutcome(const QVClickSequence *sequence,
-                                              const QVClickSequence::Outcome &outcome)
+void QVInvisibleManagerPrivate::handleOutcome(const QVClickSequence::Outcome &outcome)
 {
-    std::erase_if(m_sequences, [sequence](const Sequence &other) { return other.get() == sequence; });
+    std::erase_if(m_sequences, [](const Sequence &sequence) { return sequence->isFinished(); });
     if (m_sequences.empty())
         m_hostWatch.reset();
     removeAnimationView();

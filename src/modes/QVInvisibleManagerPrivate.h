@@ -45,7 +45,7 @@ private:
 
     void requestOutageAction();
     void watchHost();
-    void handleOutcome(const QVClickSequence *sequence, const QVClickSequence::Outcome &outcome);
+    void handleOutcome(const QVClickSequence::Outcome &outcome);
     void showVerifyControllerWithConfig(const QVClickSequence::Config &config,
                                         const QVClickSequence::Click &click);
     void handleSuccess(const QString &token);
