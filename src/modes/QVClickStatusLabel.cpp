@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr int fontPixelSize = 15;
+constexpr int statusFontSize = 15;
 
 QString oneLine(QString text)
 {
@@ -44,16 +44,16 @@ bool QVClickStatusLabel::isElided() const
 void QVClickStatusLabel::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    painter.setFont(qv_systemFont(fontPixelSize));
+    painter.setFont(qv_systemFont(statusFontSize));
     painter.setPen(Qt::white);
     painter.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextDontClip, lines().join(u'\n'));
 }
 
 QStringList QVClickStatusLabel::lines() const
 {
-    const QFontMetrics metrics(qv_systemFont(fontPixelSize));
+    const QFontMetrics metrics(qv_systemFont(statusFontSize));
     const QString text = oneLine(m_text);
-    QTextLayout layout(text, qv_systemFont(fontPixelSize));
+    QTextLayout layout(text, qv_systemFont(statusFontSize));
     layout.setTextOption(wrapping());
     const bool two = height() >= 2 * metrics.lineSpacing();
     layout.beginLayout();
