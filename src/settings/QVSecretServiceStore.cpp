@@ -5,8 +5,6 @@
 
 namespace {
 
-// What a user hardly notices, and hundreds of times what a lookup takes.
-constexpr std::chrono::seconds limit(1);
 constexpr std::chrono::seconds pauseAfterHang(30);
 
 QVSecureStatus readAll(QVSecretCalls &calls, const QVSecretCalls::Paths &paths, QList<QVSecureItem> &items)
@@ -23,13 +21,14 @@ QVSecureStatus readAll(QVSecretCalls &calls, const QVSecretCalls::Paths &paths, 
 
 } // namespace
 
-std::unique_ptr<QVSecureStore> QVSecureStore::create()
+std::unique_ptr<QVSecureStore> QVSecureStore::create(std::chrono::milliseconds limit)
 {
-    return std::make_unique<QVSecretServiceStore>();
+    return std::make_unique<QVSecretServiceStore>(limit);
 }
 
-QVSecretServiceStore::QVSecretServiceStore()
-    : m_context(g_main_context_new())
+QVSecretServiceStore::QVSecretServiceStore(std::chrono::milliseconds limit)
+    : m_limit(limit)
+    , m_context(g_main_context_new())
 {
 }
 
@@ -85,7 +84,7 @@ QVSecureStatus QVSecretServiceStore::perform(const Operation &operation)
     const std::scoped_lock lock(m_mutex);
     if (QVScheduler::shared().now() < m_leftAloneUntil)
         return QVSecureStatus::NotAvailable;
-    QVGlibLoop loop(m_context.get(), limit);
+    QVGlibLoop loop(m_context.get(), m_limit);
     const bool isKept = m_connection != nullptr;
     auto status = attempt(loop, operation);
     // A kept connection may be to a service that was started anew since.

@@ -16,7 +16,7 @@ class QVSecretCalls;
 class QVSecretServiceStore final : public QVSecureStore
 {
 public:
-    QVSecretServiceStore();
+    explicit QVSecretServiceStore(std::chrono::milliseconds limit);
     ~QVSecretServiceStore() override;
 
     [[nodiscard]] Answer copyMatching(const QVSecureQuery &query, Return what) override;
@@ -31,6 +31,7 @@ private:
     [[nodiscard]] QVSecureStatus perform(const Operation &operation);
     [[nodiscard]] QVSecureStatus attempt(QVGlibLoop &loop, const Operation &operation);
 
+    const std::chrono::milliseconds m_limit;
     std::mutex m_mutex;
     std::unique_ptr<GMainContext, QVGlibRelease<g_main_context_unref>> m_context;
     std::unique_ptr<QVSecretConnection> m_connection;

@@ -2,10 +2,11 @@
 
 #include "settings/QVSecureItem.h"
 
+#include <chrono>
 #include <memory>
 
-/// Where the user's secrets are kept, item by item. A call is done when it returns, at the latest
-/// after about a second, and never asks the user for anything.
+/// Where the user's secrets are kept, item by item. A call is done when it returns and never asks the
+/// user for anything.
 class QVSecureStore
 {
 public:
@@ -29,8 +30,11 @@ public:
                                                 const QString &accessibility) = 0;
     [[nodiscard]] virtual QVSecureStatus deleteMatching(const QVSecureQuery &query) = 0;
 
-    /// The store of this desktop.
-    [[nodiscard]] static std::unique_ptr<QVSecureStore> create();
+    /// What a user hardly notices, and hundreds of times what a lookup takes.
+    static constexpr std::chrono::milliseconds usualLimit{1000};
+
+    /// The store of this desktop, none of whose calls takes longer than \a limit.
+    [[nodiscard]] static std::unique_ptr<QVSecureStore> create(std::chrono::milliseconds limit = usualLimit);
 
     [[nodiscard]] static QVSecureStore &shared();
     /// Replaces the shared store, which must outlive its use; null brings back the desktop's.

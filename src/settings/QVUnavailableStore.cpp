@@ -1,6 +1,6 @@
 #include "settings/QVUnavailableStore.h"
 
-std::unique_ptr<QVSecureStore> QVSecureStore::create()
+std::unique_ptr<QVSecureStore> QVSecureStore::create(std::chrono::milliseconds)
 {
     return std::make_unique<QVUnavailableStore>();
 }

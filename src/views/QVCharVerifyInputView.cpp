@@ -15,7 +15,6 @@
 
 namespace {
 
-constexpr int loadingStatus = 1;
 constexpr int boxHeight = 30;
 constexpr int boxLeft = 10;
 // The box ends well before the button, which is half as wide.
@@ -74,7 +73,7 @@ void QVCharVerifyInputView::placeElements()
 
 bool QVCharVerifyInputView::textFieldShouldBeginEditing() const
 {
-    if (m_doneButton->buttonStauts() == loadingStatus)
+    if (m_doneButton->buttonStauts() == QVCharVerifyInputViewDoneButton::loadingStauts)
         return false;
     QVCharVerifyInputViewDelegate *delegate = m_delegate.get();
     return !delegate || delegate->canInput().value_or(true);

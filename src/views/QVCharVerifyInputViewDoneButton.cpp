@@ -12,8 +12,6 @@
 
 namespace {
 
-constexpr int normal = 0;
-constexpr int loading = 1;
 constexpr int titleFontSize = 15;
 constexpr float pressedAlpha = 0.8F;
 
@@ -37,32 +35,32 @@ QVCharVerifyInputViewDoneButton::QVCharVerifyInputViewDoneButton(QWidget *parent
         make.center().equalTo(this);
         make.size().equalTo(QVActivitySpinner::defaultSide);
     });
-    setButtonStauts(normal);
+    setButtonStauts(normalStauts);
 }
 
 void QVCharVerifyInputViewDoneButton::setButtonStauts(int status)
 {
     m_buttonStauts = status;
-    if (status == loading) {
+    if (status == loadingStauts) {
         m_title = QString();
         m_indicatorView->startAnimating();
     } else {
         m_indicatorView->stopAnimating();
     }
-    if (status == normal)
+    if (status == normalStauts)
         m_title = qv_localizedStringForKey(QVKey::done);
-    setCursor(status == loading ? Qt::ArrowCursor : Qt::PointingHandCursor);
+    setCursor(status == loadingStauts ? Qt::ArrowCursor : Qt::PointingHandCursor);
     update();
 }
 
 bool QVCharVerifyInputViewDoneButton::hitButton(const QPoint &point) const
 {
-    return m_buttonStauts != loading && QVTouchButton::hitButton(point);
+    return m_buttonStauts != loadingStauts && QVTouchButton::hitButton(point);
 }
 
 void QVCharVerifyInputViewDoneButton::keyPressEvent(QKeyEvent *event)
 {
-    if (m_buttonStauts == loading)
+    if (m_buttonStauts == loadingStauts)
         event->ignore();
     else
         QVTouchButton::keyPressEvent(event);

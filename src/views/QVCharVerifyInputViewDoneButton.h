@@ -11,10 +11,13 @@ class QVCharVerifyInputViewDoneButton final : public QVTouchButton
     Q_OBJECT
 
 public:
+    static constexpr int normalStauts = 0;
+    static constexpr int loadingStauts = 1;
+
     explicit QVCharVerifyInputViewDoneButton(QWidget *parent = nullptr);
 
     [[nodiscard]] int buttonStauts() const { return m_buttonStauts; }
-    /// 0 is normal, 1 is loading; any other status stops the spinner and leaves the title alone.
+    /// Any status but normal and loading stops the spinner and leaves the title alone.
     void setButtonStauts(int status);
     [[nodiscard]] QString title() const { return m_title; }
     [[nodiscard]] QVActivitySpinner *indicatorView() const { return m_indicatorView; }

@@ -18,7 +18,7 @@
 
 namespace {
 
-constexpr int fontSize = 15;
+constexpr int answerFontSize = 15;
 constexpr int placeholderSize = 14;
 // A server's characters are few; pasting a book must not cost its measuring.
 constexpr qsizetype measuredLength = 100;
@@ -38,7 +38,7 @@ QString isolatingSheet()
                " selection-background-color: %1; text-decoration: none; font: normal normal %2px"
                " \"%3\"; lineedit-password-character: 9679; }")
         .arg(QVColors::accent.name())
-        .arg(fontSize)
+        .arg(answerFontSize)
         .arg(family);
 }
 

@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr int barFontSize = 14;
+constexpr int overlayFontSize = 14;
 constexpr qreal iconSide = 20;
 constexpr qreal iconBelowBaseline = 4;
 // More than fits anywhere; measuring a server's megabyte at each repaint would stall the host.
@@ -52,7 +52,7 @@ void QVOverlayLabel::setTextColor(const QColor &color)
 
 void QVOverlayLabel::paintEvent(QPaintEvent *)
 {
-    const QFont font = qv_systemFont(barFontSize);
+    const QFont font = qv_systemFont(overlayFontSize);
     const QFontMetricsF metrics(font);
     const qreal iconWidth = m_image.isNull() ? 0 : iconSide;
     const QString line = metrics.elidedText(m_line, Qt::ElideRight, width() - iconWidth);

@@ -4,7 +4,7 @@
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
 #include <QDBusObjectPath>
-#include <QFile>
+#include <QDir>
 #include <QTest>
 
 #include <csignal>
@@ -24,6 +24,15 @@ QByteArray busConfiguration(const QString &folder)
         .toUtf8();
 }
 
+// In memory where there is such a place: the keyring waits for the disk at each change, for seconds on a
+// busy machine.
+QString folderTemplate()
+{
+    const QString memory = QStringLiteral("/dev/shm");
+    return (QFileInfo(memory).isWritable() ? memory : QDir::tempPath()) +
+           QStringLiteral("/quarvo-tests-XXXXXX");
+}
+
 void stop(QProcess &process)
 {
     process.terminate();
@@ -35,7 +44,8 @@ void stop(QProcess &process)
 } // namespace
 
 QVPrivateDesktop::QVPrivateDesktop()
-    : m_formerAddress(qgetenv(addressVariable))
+    : m_folder(folderTemplate())
+    , m_formerAddress(qgetenv(addressVariable))
 {
 }
 
@@ -57,7 +67,7 @@ bool QVPrivateDesktop::startBus()
     prepare(m_bus);
     m_bus.start(QStringLiteral("dbus-daemon"), {QStringLiteral("--nofork"), QStringLiteral("--print-address"),
                                                 QStringLiteral("--config-file=") + configuration.fileName()});
-    if (!m_bus.waitForReadyRead(5000))
+    if (!m_bus.waitForReadyRead(30000))
         return false;
     m_address = QString::fromUtf8(m_bus.readLine()).trimmed();
     qputenv(addressVariable, m_address.toUtf8());
@@ -73,7 +83,7 @@ bool QVPrivateDesktop::startKeyring(bool unlocked)
     m_keyring.start(QStringLiteral("gnome-keyring-daemon"), arguments);
     m_keyring.write("test");
     m_keyring.closeWriteChannel();
-    return QTest::qWaitFor([this] { return isOwned(QStringLiteral("org.freedesktop.secrets")); }, 10000);
+    return QTest::qWaitFor([this] { return isOwned(QStringLiteral("org.freedesktop.secrets")); }, 30000);
 }
 
 void QVPrivateDesktop::stopKeyring()

@@ -15,7 +15,7 @@ protected:
     {
         m_desktop = std::make_unique<QVPrivateDesktop>();
         QVERIFY(m_desktop->startBus());
-        m_store = QVSecureStore::create();
+        m_store = QVSecureStore::create(QVPrivateDesktop::generousLimit);
     }
 
     void finish() override
@@ -27,7 +27,7 @@ protected:
 private Q_SLOTS:
     void keepsItemsApartByServiceAndAccount()
     {
-        QVERIFY2(m_desktop->startKeyring(), "these tests need gnome-keyring-daemon");
+        QVERIFY2(m_desktop->startKeyring(), "needs gnome-keyring-daemon");
         QCOMPARE(m_store->add(item("one", "a")), QVSecureStatus::Success);
         QCOMPARE(m_store->add(item("one", "b")), QVSecureStatus::Success);
         QCOMPARE(m_store->add(item("two", "a")), QVSecureStatus::Success);
@@ -85,7 +85,7 @@ private Q_SLOTS:
         } else {
             QVERIFY(m_desktop->lockKeyring());
         }
-        m_store = QVSecureStore::create();
+        m_store = QVSecureStore::create(QVPrivateDesktop::generousLimit);
         verifyEveryCallGives(QVSecureStatus::InteractionNotAllowed);
         QCOMPARE(m_store->add(item("one", "new")), QVSecureStatus::InteractionNotAllowed);
     }
@@ -103,6 +103,7 @@ private Q_SLOTS:
         QVFakeSecretService service(m_desktop->address(), QVFakeSecretService::Manner::Failing);
         QVERIFY(service.isRegistered());
         verifyEveryCallGives(QVSecureStatus::NotAvailable);
+        QVERIFY2(service.messageCount() >= 4, "every call must have reached the service");
     }
 
     void withoutServiceOrBusItAnswersAtOnce_data()
@@ -121,6 +122,10 @@ private Q_SLOTS:
         if (!address.isNull())
             qputenv("DBUS_SESSION_BUS_ADDRESS", address);
         verifyEveryCallGives(QVSecureStatus::NotAvailable);
+        // None of that was a wait in vain, after which the store would pause.
+        qputenv("DBUS_SESSION_BUS_ADDRESS", m_desktop->address().toUtf8());
+        QVERIFY(m_desktop->startKeyring());
+        QCOMPARE(m_store->add(item("one", "a")), QVSecureStatus::Success);
     }
 
     void aSilentServiceHoldsItsHostUpOnceAndBriefly()
@@ -131,11 +136,12 @@ private Q_SLOTS:
         {
             QVFakeSecretService service(m_desktop->address(), QVFakeSecretService::Manner::Silent);
             QVERIFY(service.isRegistered());
+            m_store = QVSecureStore::create();
             QElapsedTimer timer;
             timer.start();
             const auto answer = m_store->copyMatching(query("one", "a"), QVSecureStore::Return::Data);
             QCOMPARE(answer.status, QVSecureStatus::NotAvailable);
-            QVERIFY2(timer.elapsed() > 900 && timer.elapsed() < 2000,
+            QVERIFY2(timer.elapsed() > 900 && timer.elapsed() < 5000,
                      qPrintable(QString::number(timer.elapsed())));
             QVERIFY2(!delivered, "no event of the host may be delivered meanwhile");
             verifyEveryCallGives(QVSecureStatus::NotAvailable);
@@ -143,8 +149,11 @@ private Q_SLOTS:
         }
         QVERIFY(m_desktop->startKeyring());
         QCOMPARE(m_store->add(item("one", "a")), QVSecureStatus::NotAvailable);
-        advance(std::chrono::seconds(31));
-        QCOMPARE(m_store->add(item("one", "a")), QVSecureStatus::Success);
+        // More than once only where the machine is so busy that a keyring needs a second, too.
+        QVERIFY(waitFor([this] {
+            advance(std::chrono::seconds(31));
+            return m_store->add(item("one", "a")) == QVSecureStatus::Success;
+        }));
     }
 
 private:
@@ -174,13 +183,10 @@ private:
 
     void verifyEveryCallGives(QVSecureStatus status)
     {
-        QElapsedTimer timer;
-        timer.start();
         QCOMPARE(m_store->copyMatching(query("one", "a"), QVSecureStore::Return::Data).status, status);
         QCOMPARE(m_store->add(item("one", "a")), status);
         QCOMPARE(m_store->update(query("one", "a"), QByteArray("new"), QString()), status);
         QCOMPARE(m_store->deleteMatching(query("one", "a")), status);
-        QVERIFY2(timer.elapsed() < 1000, qPrintable(QString::number(timer.elapsed())));
     }
 
     std::unique_ptr<QVPrivateDesktop> m_desktop;

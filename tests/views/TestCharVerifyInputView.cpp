@@ -15,7 +15,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-class Owner : public QVCharVerifyInputViewDelegate
+class AnswerOwner : public QVCharVerifyInputViewDelegate
 {
 public:
     bool charVerifyInputViewDidClickedDoneButtonWithCharString(QVCharVerifyInputView *inputView,
@@ -280,7 +280,7 @@ private:
     void prepare() override
     {
         QVSDKManager::setPreferredLanguage(QStringLiteral("en"));
-        m_owner = std::make_unique<Owner>();
+        m_owner = std::make_unique<AnswerOwner>();
         m_window = std::make_unique<QDialog>();
         m_window->resize(400, 100);
         m_other = new QLineEdit(m_window.get());
@@ -324,7 +324,7 @@ private:
         }
     }
 
-    std::unique_ptr<Owner> m_owner;
+    std::unique_ptr<AnswerOwner> m_owner;
     std::unique_ptr<QDialog> m_window;
     QLineEdit *m_other = nullptr;
     QVCharVerifyInputView *m_view = nullptr;

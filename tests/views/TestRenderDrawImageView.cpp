@@ -12,7 +12,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-class Owner final : public QWidget, public QVRenderDrawImageViewDelegate
+class PictureOwner final : public QWidget, public QVRenderDrawImageViewDelegate
 {
 public:
     void renderDrawImageViewErrorDidClickedAction() override { ++taps; }
@@ -24,7 +24,7 @@ public:
     int presses = 0;
 };
 
-QVError error(const char *text)
+QVError failure(const char *text)
 {
     return QVError(QString::fromLatin1(text), 104);
 }
@@ -71,7 +71,7 @@ private Q_SLOTS:
 
     void promptDisplacesNeitherErrorNorSuccess()
     {
-        m_view->showError(error("no"), true);
+        m_view->showError(failure("no"), true);
         m_view->showPrompt();
         advance(200ms);
         QCOMPARE(m_view->showView(), m_view->errorOverlayView());
@@ -86,7 +86,7 @@ private Q_SLOTS:
 
     void hidingAnyBarForgetsTheShownOne()
     {
-        m_view->showError(error("no"), true);
+        m_view->showError(failure("no"), true);
         m_view->hiddenPrompt();
         QCOMPARE(m_view->showView(), nullptr);
         m_view->showPrompt();
@@ -101,7 +101,7 @@ private Q_SLOTS:
 
     void passingErrorGoesByItself()
     {
-        m_view->showError(error("wrong"), false);
+        m_view->showError(failure("wrong"), false);
         advance(999ms);
         QCOMPARE(m_view->errorOverlayView()->y(), 200);
         QCOMPARE(m_owner->hides, 0);
@@ -114,9 +114,9 @@ private Q_SLOTS:
 
     void tappableErrorReplacesAPassingOne()
     {
-        m_view->showError(error("wrong"), false);
+        m_view->showError(failure("wrong"), false);
         advance(500ms);
-        m_view->showError(error("failed"), true);
+        m_view->showError(failure("failed"), true);
         advance(2s);
         QCOMPARE(m_owner->hides, 0);
         QCOMPARE(m_view->errorOverlayView()->y(), 200);
@@ -125,9 +125,9 @@ private Q_SLOTS:
 
     void everyPassingErrorHasItsOwnTimer()
     {
-        m_view->showError(error("wrong"), false);
+        m_view->showError(failure("wrong"), false);
         advance(500ms);
-        m_view->showError(error("again"), false);
+        m_view->showError(failure("again"), false);
         advance(500ms);
         QCOMPARE(m_owner->hides, 1);
         advance(500ms);
@@ -144,7 +144,7 @@ private Q_SLOTS:
     void errorBarTakesATap()
     {
         QFETCH(QString, by);
-        m_view->showError(error("failed"), true);
+        m_view->showError(failure("failed"), true);
         advance(200ms);
         QCOMPARE(m_view->errorOverlayView()->focusPolicy(), Qt::TabFocus);
         tap(by);
@@ -155,7 +155,7 @@ private Q_SLOTS:
 
     void onlyTheKeyboardShowsTheFocus()
     {
-        m_view->showError(error("failed"), true);
+        m_view->showError(failure("failed"), true);
         advance(200ms);
         const QImage plain = pixelsOf(*m_view);
         m_view->errorOverlayView()->setFocus(Qt::ActiveWindowFocusReason);
@@ -168,7 +168,7 @@ private Q_SLOTS:
 
     void passingErrorLetsAStrokeThrough()
     {
-        m_view->showError(error("wrong"), false);
+        m_view->showError(failure("wrong"), false);
         advance(200ms);
         QCOMPARE(m_view->errorOverlayView()->focusPolicy(), Qt::NoFocus);
         tap(QStringLiteral("mouse"));
@@ -178,7 +178,7 @@ private Q_SLOTS:
 
     void leavingErrorTakesNoMoreTaps()
     {
-        m_view->showError(error("failed"), true);
+        m_view->showError(failure("failed"), true);
         advance(200ms);
         m_view->errorOverlayView()->setFocus();
         m_view->hiddenError();
@@ -189,18 +189,18 @@ private Q_SLOTS:
 
     void lastsWithoutItsDelegate()
     {
-        m_view->showError(error("failed"), true);
+        m_view->showError(failure("failed"), true);
         advance(200ms);
         m_view->setDelegate(nullptr);
         tap(QStringLiteral("mouse"));
-        m_view->showError(error("wrong"), false);
+        m_view->showError(failure("wrong"), false);
         advance(1s);
         QCOMPARE(m_view->showView(), nullptr);
     }
 
     void mayEndWhileAnErrorWaits()
     {
-        m_view->showError(error("wrong"), false);
+        m_view->showError(failure("wrong"), false);
         advance(300ms);
         delete m_view;
         advance(2s);
@@ -254,7 +254,7 @@ private Q_SLOTS:
         m_view->setImage(picture);
         QVERIFY(m_view->hasImage());
         m_view->showLoadingAnimation();
-        m_view->showError(error("x"), true);
+        m_view->showError(failure("x"), true);
         advance(200ms);
         const QImage shot = pixelsOf(*m_view);
         QCOMPARE(shot.pixelColor(5, 5), QColor(10, 200, 30));
@@ -287,7 +287,7 @@ private Q_SLOTS:
     void hasNames()
     {
         QCOMPARE(m_view->accessibleName(), QStringLiteral("Picture to draw on"));
-        m_view->showError(error("Something <b>bold</b>"), true);
+        m_view->showError(failure("Something <b>bold</b>"), true);
         QCOMPARE(m_view->errorOverlayView()->accessibleName(), QStringLiteral("Something <b>bold</b>"));
         QCOMPARE(m_view->errorOverlayView()->objectName(), QStringLiteral("errorOverlayView"));
     }
@@ -296,7 +296,7 @@ private:
     void prepare() override
     {
         QVSDKManager::setPreferredLanguage(QStringLiteral("en"));
-        m_owner = std::make_unique<Owner>();
+        m_owner = std::make_unique<PictureOwner>();
         m_owner->resize(500, 300);
         m_view = new QVRenderDrawImageView(m_owner.get());
         m_view->setGeometry(0, 0, 400, 230);
@@ -330,7 +330,7 @@ private:
         }
     }
 
-    std::unique_ptr<Owner> m_owner;
+    std::unique_ptr<PictureOwner> m_owner;
     QVRenderDrawImageView *m_view = nullptr;
     const std::unique_ptr<QPointingDevice> m_screen{QTest::createTouchDevice()};
 };

@@ -5,10 +5,10 @@
 
 namespace {
 
-const QColor background(0, 0, 100);
+const QColor barColor(0, 0, 100);
 const QColor iconColor(0, 255, 0);
 
-QPixmap icon()
+QPixmap greenIcon()
 {
     QPixmap picture(20, 20);
     picture.fill(iconColor);
@@ -54,8 +54,8 @@ private Q_SLOTS:
         QFETCH(bool, hasIcon);
         QFETCH(QString, text);
         QFETCH(QString, expected);
-        QVRenderDrawOverlayView bar(background, Qt::white);
-        bar.setOverlayImage(hasIcon ? icon() : QPixmap(), text);
+        QVRenderDrawOverlayView bar(barColor, Qt::white);
+        bar.setOverlayImage(hasIcon ? greenIcon() : QPixmap(), text);
         QCOMPARE(bar.overlayLabel()->text(), expected);
         QCOMPARE(bar.overlayLabel()->text().isNull(), expected.isNull());
         QCOMPARE(bar.overlayLabel()->image().isNull(), !hasIcon);
@@ -63,7 +63,7 @@ private Q_SLOTS:
 
     void labelIsInset()
     {
-        QVRenderDrawOverlayView bar(background, Qt::white);
+        QVRenderDrawOverlayView bar(barColor, Qt::white);
         bar.resize(400, 30);
         bar.show();
         QCOMPARE(bar.overlayLabel()->geometry(), QRect(10, 0, 380, 30));
@@ -71,11 +71,11 @@ private Q_SLOTS:
 
     void lineIsCentred()
     {
-        QVRenderDrawOverlayView bar(background, Qt::white);
+        QVRenderDrawOverlayView bar(barColor, Qt::white);
         bar.resize(400, 30);
-        bar.setOverlayImage(icon(), QStringLiteral("Hello"));
+        bar.setOverlayImage(greenIcon(), QStringLiteral("Hello"));
         const QImage shot = pixelsOf(bar);
-        const QRect seen = differingFrom(shot, background);
+        const QRect seen = differingFrom(shot, barColor);
         QVERIFY2(qAbs(seen.left() + seen.right() - 399) <= 4, "as much free on the left as on the right");
         const QRect iconSeen = iconRect(shot);
         QCOMPARE(iconSeen.size(), QSize(20, 20));
@@ -85,12 +85,12 @@ private Q_SLOTS:
 
     void iconReachesBelowTheBaseline()
     {
-        QVRenderDrawOverlayView bar(background, Qt::white);
+        QVRenderDrawOverlayView bar(barColor, Qt::white);
         bar.resize(400, 30);
-        bar.setOverlayImage(icon(), QStringLiteral("HHH"));
+        bar.setOverlayImage(greenIcon(), QStringLiteral("HHH"));
         const QImage shot = pixelsOf(bar);
         const QRect iconSeen = iconRect(shot);
-        const QRect text = differingFrom(shot.copy(iconSeen.right() + 1, 0, 200, 30), background);
+        const QRect text = differingFrom(shot.copy(iconSeen.right() + 1, 0, 200, 30), barColor);
         QCOMPARE(iconSeen.bottom() - text.bottom(), 4);
     }
 
@@ -105,10 +105,10 @@ private Q_SLOTS:
     void elidesWhatDoesNotFit()
     {
         QFETCH(QString, text);
-        QVRenderDrawOverlayView bar(background, Qt::white);
+        QVRenderDrawOverlayView bar(barColor, Qt::white);
         bar.resize(160, 30);
-        bar.setOverlayImage(icon(), text);
-        const QRect seen = differingFrom(pixelsOf(bar), background);
+        bar.setOverlayImage(greenIcon(), text);
+        const QRect seen = differingFrom(pixelsOf(bar), barColor);
         QVERIFY(seen.left() >= 10);
         QVERIFY(seen.right() < 150);
         QVERIFY2(seen.right() > 130, "it uses the room that there is");
@@ -117,14 +117,14 @@ private Q_SLOTS:
 
     void markupIsText()
     {
-        QVRenderDrawOverlayView plain(background, Qt::white);
+        QVRenderDrawOverlayView plain(barColor, Qt::white);
         plain.resize(300, 30);
         plain.setOverlayImage({}, QStringLiteral("<h1>x</h1>"));
-        QVRenderDrawOverlayView shortened(background, Qt::white);
+        QVRenderDrawOverlayView shortened(barColor, Qt::white);
         shortened.resize(300, 30);
         shortened.setOverlayImage({}, QStringLiteral("x"));
-        QVERIFY(differingFrom(pixelsOf(plain), background).width() >
-                4 * differingFrom(pixelsOf(shortened), background).width());
+        QVERIFY(differingFrom(pixelsOf(plain), barColor).width() >
+                4 * differingFrom(pixelsOf(shortened), barColor).width());
     }
 };
 
