@@ -49,9 +49,7 @@ const char *const look = R"(
     QTabBar::tab:selected { color: #418dfb; border-bottom: 2px solid #418dfb; font-weight: 600; }
     QTabBar::tab:focus { color: #1d4f9e; }
     QCheckBox { font-size: 13px; color: #344054; }
-    QComboBox { font-size: 13px; color: #344054; background: white; border: 1px solid #d0d5dd;
-                border-radius: 6px; padding: 6px 10px; }
-    QComboBox:focus { border-color: #418dfb; }
+    QComboBox { font-size: 13px; color: #344054; }
 )";
 
 QLabel *makeLabel(const QString &objectName, QWidget *parent)

@@ -15,6 +15,8 @@
 
 #include <QImage>
 
+#include <limits>
+
 namespace {
 
 constexpr auto successNoticeDelay = std::chrono::seconds(1);
@@ -36,6 +38,12 @@ QString vid()
 QVError reasonFor(const std::optional<QVError> &error)
 {
     return error ? *error : qv_parseError(QVError());
+}
+
+// The service may have started the count anywhere, at the end of the range too.
+qint64 oneMore(qint64 count)
+{
+    return count == std::numeric_limits<qint64>::max() ? count : count + 1;
 }
 
 } // namespace
@@ -340,7 +348,7 @@ void QVRenderDrawFlow::keepPicture(const std::shared_ptr<QVGetRefreshResponseMod
         m_getRefreshModel->endTimeDown();
     m_getRefreshModel = record;
     surface().setAdLinkword(record && !record->adlinkword().isEmpty() ? record : nullptr);
-    m_quarvoConfig->setGetRefreshCount(m_quarvoConfig->getRefreshCount() + 1);
+    m_quarvoConfig->setGetRefreshCount(oneMore(m_quarvoConfig->getRefreshCount()));
     if (!record)
         return;
     record->startTimeDown();
@@ -414,7 +422,7 @@ qint64 QVRenderDrawFlow::countWrongAnswer()
     const auto countOn = [](auto *picture) -> qint64 {
         if (!picture)
             return 0;
-        picture->setVerifyCount(picture->verifyCount() + 1);
+        picture->setVerifyCount(oneMore(picture->verifyCount()));
         return picture->verifyCount();
     };
     return m_outage ? countOn(m_getOutageModel.get()) : countOn(m_getRefreshModel.get());

@@ -7,7 +7,7 @@
 namespace {
 
 constexpr QColor grey(150, 150, 150);
-constexpr qreal ringWidth = 2;
+constexpr qreal spinnerWidth = 2;
 constexpr qreal visiblePart = 0.75;
 
 QVAnimation turning()
@@ -28,12 +28,13 @@ QVActivitySpinner::QVActivitySpinner(QWidget *parent)
     setAttribute(Qt::WA_TransparentForMouseEvents);
     const QRectF square(0, 0, defaultSide, defaultSide);
     QPainterPath circle;
-    circle.addEllipse(square.marginsRemoved(QMarginsF(ringWidth, ringWidth, ringWidth, ringWidth)));
+    circle.addEllipse(
+        square.marginsRemoved(QMarginsF(spinnerWidth, spinnerWidth, spinnerWidth, spinnerWidth)));
     m_ring->setFrame(square);
     m_ring->setPath(circle);
     m_ring->setStrokeColor(grey);
     m_ring->setStrokeEnd(visiblePart);
-    m_ring->setLineWidth(ringWidth);
+    m_ring->setLineWidth(spinnerWidth);
     m_ring->setLineCap(Qt::RoundCap);
     m_layers.root().addSublayer(m_ring);
     hide();
