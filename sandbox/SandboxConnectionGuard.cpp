@@ -4,7 +4,7 @@
 
 namespace {
 
-constexpr qint64 maximumRequest = 64 * 1024;
+constexpr qint64 maximumRequest = qint64{64} * 1024;
 constexpr std::chrono::seconds longestSilence(60);
 
 } // namespace

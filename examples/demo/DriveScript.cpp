@@ -10,7 +10,7 @@ namespace {
 
 using Kind = DriveAction::Kind;
 
-constexpr qint64 largestFile = 64 * 1024;
+constexpr qint64 largestFile = qint64{64} * 1024;
 constexpr qsizetype mostActions = 1000;
 constexpr qsizetype mostPoints = 500;
 constexpr double farthest = 10000;

@@ -18,6 +18,8 @@ class QWidget;
 class QVRenderDrawParts : public QVRenderDrawSurface
 {
 public:
+    ~QVRenderDrawParts() override;
+
     void showLoadingAnimation() override;
     void hiddenLoadingAnimation() override;
     void setPicture(const QImage &picture) override;
@@ -41,7 +43,6 @@ public:
 protected:
     /// The parts become children of \a view.
     explicit QVRenderDrawParts(QWidget *view);
-    ~QVRenderDrawParts() override;
 
     /// Makes the parts and places them.
     void initRenders(QVVerifyStyle style);

@@ -10,7 +10,7 @@ using Text = std::unique_ptr<char, QVGlibRelease<g_free>>;
 using Value = std::unique_ptr<SecretValue, QVGlibRelease<secret_value_unref>>;
 
 // Other programs write to the store too; no password is anywhere near this size.
-constexpr gsize maximumSize = 64 * 1024;
+constexpr gsize maximumSize = gsize{64} * 1024;
 
 Value makeValue(const QByteArray &data)
 {
