@@ -20,7 +20,6 @@
 
 namespace {
 
-constexpr qsizetype maximumLog = 1000;
 constexpr qsizetype maximumQuery = 8192;
 constexpr qsizetype solutionPoints = 40;
 
@@ -309,7 +308,7 @@ void QVSandbox::send(const SandboxAnswer &answer, const SandboxReply &reply, QVS
         entry.status = answer.status;
         entry.code = answer.code;
         m_parts->log.append(std::move(entry));
-        if (m_parts->log.size() > maximumLog)
+        if (m_parts->log.size() > m_parts->options.logLimit)
             m_parts->log.removeFirst();
     }
     if (delay == std::chrono::milliseconds::zero())

@@ -34,6 +34,8 @@ struct QVSandboxOptions
     bool outageActive = false;
     /// How late the id "test-slow" is answered.
     std::chrono::milliseconds slowDelay{3000};
+    /// How many requests are remembered.
+    qsizetype logLimit = 1000;
     /// Age of challenges and refresh bounds are measured on it; the real clock when not set.
     Clock clock;
 };

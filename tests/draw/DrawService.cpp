@@ -1,6 +1,7 @@
 #include "draw/DrawService.h"
 
 #include "settings/QVSDKManager.h"
+#include "support/QVText.h"
 
 #include <QBuffer>
 #include <QImage>
@@ -14,27 +15,25 @@ DrawService::DrawService()
 {
     const QString address = m_server.address();
     QVSDKManager::setServiceAddresses(addresses());
-    QVSDKManager::setOutageServer(address + QStringLiteral("/outage"));
+    QVSDKManager::setOutageServer(address + q("/outage"));
     QVSDKManager::setOutageOpen(false);
-    QVSDKManager::setQuarvoSDKVid(QStringLiteral("some-id"), QStringLiteral("3"));
+    QVSDKManager::setQuarvoSDKVid(q("some-id"), q("3"));
 
-    const QString code = QStringLiteral("code");
-    const QString ok = QStringLiteral("0103");
-    const QString challenge = QStringLiteral("challenge");
-    answer(QStringLiteral("switch"), {{QStringLiteral("active"), false}});
-    answer(QStringLiteral("config"),
-           {{code, ok},
-            {QStringLiteral("type"), QStringLiteral("draw")},
-            {challenge, QStringLiteral("main-challenge")},
-            {QStringLiteral("api_server"), address + QStringLiteral("/api")},
-            {QStringLiteral("cdn_servers"), QJsonArray{address + QStringLiteral("/pictures")}}});
-    for (const QString &name : {QStringLiteral("get"), QStringLiteral("refresh")})
+    const QString code = q("code");
+    const QString ok = q("0103");
+    const QString challenge = q("challenge");
+    answer(q("switch"), {{q("active"), false}});
+    answer(q("config"), {{code, ok},
+                         {q("type"), q("draw")},
+                         {challenge, q("main-challenge")},
+                         {q("api_server"), address + q("/api")},
+                         {q("cdn_servers"), QJsonArray{address + q("/pictures")}}});
+    for (const QString &name : {q("get"), q("refresh")})
         answer(name, {{code, ok}});
-    answer(QStringLiteral("click"), {{code, QStringLiteral("0104")}});
-    answer(QStringLiteral("verify"), {{code, ok}, {QStringLiteral("token"), QStringLiteral("main-token")}});
-    answer(QStringLiteral("outage get"), {{code, ok}, {challenge, QStringLiteral("outage-challenge")}});
-    answer(QStringLiteral("outage verify"),
-           {{code, ok}, {QStringLiteral("token"), QStringLiteral("outage-token")}});
+    answer(q("click"), {{code, q("0104")}});
+    answer(q("verify"), {{code, ok}, {q("token"), q("main-token")}});
+    answer(q("outage get"), {{code, ok}, {challenge, q("outage-challenge")}});
+    answer(q("outage verify"), {{code, ok}, {q("token"), q("outage-token")}});
     m_server.setResponder([this](const QVReceivedRequest &request) { return respond(nameOf(request)); });
 }
 
@@ -43,13 +42,13 @@ QVServiceAddresses DrawService::addresses() const
     QVServiceAddresses result;
     result.setApiHost(m_server.address());
     result.setDownloadHost(m_server.address());
-    result.setImageHost(m_server.address() + QStringLiteral("/outage-pictures"));
+    result.setImageHost(m_server.address() + q("/outage-pictures"));
     return result;
 }
 
 void DrawService::answerCode(const QString &name, const QString &code)
 {
-    answer(name, {{QStringLiteral("code"), code}});
+    answer(name, {{q("code"), code}});
 }
 
 void DrawService::extend(const QString &name, const QJsonObject &json)
@@ -92,14 +91,13 @@ QString DrawService::nameOf(const QVReceivedRequest &request)
 {
     const QString path = QString::fromLatin1(request.target).section(u'?', 0, 0);
     if (path == QLatin1String("/config"))
-        return QStringLiteral("switch");
+        return q("switch");
     if (path == QLatin1String("/outage"))
-        return QStringLiteral("outage ") +
-               (request.target.contains("action=verify") ? QStringLiteral("verify") : QStringLiteral("get"));
+        return q("outage ") + (request.target.contains("action=verify") ? q("verify") : q("get"));
     if (path.startsWith(QLatin1String("/pictures/")))
-        return QStringLiteral("picture");
+        return q("picture");
     if (path.startsWith(QLatin1String("/outage-pictures/")))
-        return QStringLiteral("outage picture");
+        return q("outage picture");
     // "/app/config/v1", "/api/verify/v1"
     return path.section(u'/', 2, 2);
 }
@@ -125,13 +123,12 @@ QByteArray DrawService::bodyFor(const QString &name)
         return m_bodies.value(name);
     QJsonObject json = m_answers.value(name);
     // Each picture has a name of its own, so that none comes from a cache.
-    const QString picture =
-        QStringLiteral("%1-%2").arg(m_server.requests().size()).arg(m_server.serverPort());
+    const QString picture = q("%1-%2").arg(m_server.requests().size()).arg(m_server.serverPort());
     if (name == QLatin1String("outage get"))
-        json.insert(QStringLiteral("imgid"), picture);
+        json.insert(q("imgid"), picture);
     else if (name == QLatin1String("get") || name == QLatin1String("refresh") ||
              name == QLatin1String("click"))
-        json.insert(QStringLiteral("img"), picture);
+        json.insert(q("img"), picture);
     return QJsonDocument(json).toJson();
 }
 

@@ -10,7 +10,7 @@ using namespace std::chrono_literals;
 
 void DrawTestCase::prepare()
 {
-    QVSDKManager::setPreferredLanguage(QStringLiteral("en"));
+    QVSDKManager::setPreferredLanguage(q("en"));
     m_service = std::make_unique<DrawService>();
     listener.tokens.clear();
     readyCount = 0;

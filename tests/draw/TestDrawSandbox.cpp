@@ -4,7 +4,6 @@
 #include "sandbox/QVSandbox.h"
 #include "sandbox/SandboxTrace.h"
 #include "settings/QVSDKManager.h"
-#include "views/QVCharVerifyTextField.h"
 
 #include <QRandomGenerator>
 
@@ -49,15 +48,11 @@ private Q_SLOTS:
 
     void passesWhoDrawsTheCurve_data()
     {
-        QTest::addColumn<int>("style");
-        QTest::addColumn<QSize>("size");
-        QTest::addColumn<bool>("isOutage");
-        QTest::addColumn<bool>("isBackwards");
-        QTest::newRow("embedded") << 0 << QSize(400, 270) << false << false;
-        QTest::newRow("embedded, small, backwards") << 0 << QSize(320, 216) << false << true;
-        QTest::newRow("popup") << 1 << QSize(414, 520) << false << false;
-        QTest::newRow("popup, small") << 1 << QSize(320, 480) << false << false;
-        QTest::newRow("outage") << 0 << QSize(400, 270) << true << false;
+        const auto row = addColumns<int, QSize, bool, bool>({"style", "size", "isOutage", "isBackwards"});
+        row("embedded", 0, QSize(400, 270), false, false);
+        row("embedded, small, backwards", 0, QSize(320, 216), false, true);
+        row("popup, small", 1, QSize(320, 480), false, false);
+        row("outage", 0, QSize(400, 270), true, false);
     }
 
     void passesWhoDrawsTheCurve()
@@ -67,7 +62,7 @@ private Q_SLOTS:
         QFETCH(bool, isOutage);
         QFETCH(bool, isBackwards);
         m_sandbox->setOutageActive(isOutage);
-        QVSDKManager::setQuarvoSDKVid(QStringLiteral("test-draw"), QStringLiteral("1"));
+        QVSDKManager::setQuarvoSDKVid(q("test-draw"), q("1"));
         start(QVVerifyStyle(style), size);
         if (isOutage) {
             // Its pictures are named to the client alone, who then names them in its first try.
@@ -82,57 +77,6 @@ private Q_SLOTS:
         advance(1s);
         QCOMPARE(listener.tokens.size(), 1);
         QVERIFY(!listener.tokens.first().isEmpty());
-    }
-
-    void refusesWhoDrawsSomethingElse()
-    {
-        QVSDKManager::setQuarvoSDKVid(QStringLiteral("test-draw"), QStringLiteral("1"));
-        start(QVVerifyStyleEmbed, QSize(400, 270));
-        const QRect image = frame("imageView");
-        auto points = curve();
-        for (QPoint &point : points)
-            point.setY(image.top() + image.bottom() - point.y() / 3 + 20);
-        QVPointerInput::strokeWithMouse(view(), points, [this] { advance(25ms); });
-        QVERIFY(waitForWrongAnswer());
-    }
-
-    void passesWhoTypesTheCharacters()
-    {
-        QVSDKManager::setQuarvoSDKVid(QStringLiteral("test-character"), QStringLiteral("1"));
-        start(QVVerifyStyleEmbed, QSize(400, 270));
-        auto *field = part<QVCharVerifyTextField>("inputTF");
-        QVPointerInput::click(*field, field->rect().center());
-        QTest::keyClicks(field, m_sandbox->solution(challenge())->characters);
-        click("doneButton");
-        QVERIFY(waitFor([this] { return bar() == QLatin1String("successOverlayView"); }));
-        advance(1s);
-        QCOMPARE(listener.tokens.size(), 1);
-    }
-
-    void meetsEachTestId_data()
-    {
-        QTest::addColumn<QString>("id");
-        QTest::addColumn<QString>("text");
-        QTest::newRow("denied") << "test-denied"
-                                << "Access denied";
-        QTest::newRow("fast") << "test-fast"
-                              << "Refreshing too fast. Please wait a moment.";
-        QTest::newRow("expired") << "test-expired"
-                                 << "Verification expired. Please try again.";
-        QTest::newRow("no JSON") << "test-badjson"
-                                 << "System error: request failed";
-        QTest::newRow("broken picture") << "test-broken-picture"
-                                        << "The picture could not be loaded";
-    }
-
-    void meetsEachTestId()
-    {
-        QFETCH(QString, id);
-        QVSDKManager::setQuarvoSDKVid(id, QStringLiteral("1"));
-        show(QVVerifyStyleEmbed);
-        advance(100ms);
-        QVERIFY(waitForFailure());
-        QTEST(barText(), "text");
     }
 
 private:
@@ -167,7 +111,7 @@ private:
     {
         QString last;
         for (const QVSandboxLogEntry &entry : m_sandbox->log())
-            last = entry.values.value(QStringLiteral("challenge"), last);
+            last = entry.values.value(q("challenge"), last);
         return last;
     }
 

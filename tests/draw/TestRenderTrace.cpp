@@ -1,8 +1,10 @@
 #include "draw/QVRenderTrace.h"
 #include "draw/QVTraceCorners.h"
+#include "draw/QVTraceEncoding.h"
 #include "support/QVTestCase.h"
 
 #include <limits>
+#include <stdexcept>
 
 namespace {
 
@@ -17,12 +19,6 @@ QVRenderTrace traceIn(QSizeF size)
     return trace;
 }
 
-void addLine(QVRenderTrace &trace, int count, double step)
-{
-    for (int i = 0; i < count; ++i)
-        trace.handlePanGesturePoint({i * step, 10}, startTime + i * 0.0625);
-}
-
 } // namespace
 
 class TestRenderTrace : public QVTestCase
@@ -30,28 +26,18 @@ class TestRenderTrace : public QVTestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void dropsWhatIsTooCloseToTheLastKeptPoint_data()
-    {
-        QTest::addColumn<QPointF>("point");
-        QTest::addColumn<bool>("kept");
-        QTest::newRow("5 to the right") << QPointF(105, 100) << true;
-        QTest::newRow("5 to the left") << QPointF(95, 100) << true;
-        QTest::newRow("5 down") << QPointF(100, 105) << true;
-        QTest::newRow("5 up") << QPointF(100, 95) << true;
-        QTest::newRow("4.9 on both axes") << QPointF(104.9, 104.9) << false;
-        QTest::newRow("same place") << QPointF(100, 100) << false;
-    }
-
     void dropsWhatIsTooCloseToTheLastKeptPoint()
     {
-        QFETCH(QPointF, point);
-        QFETCH(bool, kept);
-        QVRenderTrace trace = traceIn({400, 230});
-        trace.handlePanGesturePoint({100, 100}, startTime);
-        trace.handlePanGesturePoint(point, startTime);
-        QCOMPARE(trace.originalRenderPoints().size(), std::size_t(2));
-        QCOMPARE(trace.screeningRenderPoints().size(), std::size_t(kept ? 2 : 1));
-        QCOMPARE(trace.renderSource().size(), trace.screeningRenderPoints().size());
+        const QVCases<QPointF, std::size_t> cases{{{105, 100}, 2}, {{95, 100}, 2},      {{100, 105}, 2},
+                                                  {{100, 95}, 2},  {{104.9, 104.9}, 1}, {{100, 100}, 1}};
+        for (const auto &[point, kept] : cases) {
+            QVRenderTrace trace = traceIn({400, 230});
+            trace.handlePanGesturePoint({100, 100}, startTime);
+            trace.handlePanGesturePoint(point, startTime);
+            QCOMPARE(trace.originalRenderPoints().size(), std::size_t(2));
+            QCOMPARE(trace.screeningRenderPoints().size(), kept);
+            QCOMPARE(trace.renderSource().size(), kept);
+        }
     }
 
     void comparesWithTheLastKeptPointNotTheLastReported()
@@ -64,20 +50,15 @@ private Q_SLOTS:
 
     void scales_data()
     {
-        QTest::addColumn<QSizeF>("size");
-        QTest::addColumn<QPointF>("point");
-        QTest::addColumn<QPoint>("expected");
+        const auto row = addColumns<QSizeF, QPointF, QPoint>({"size", "point", "expected"});
         constexpr double nan = std::numeric_limits<double>::quiet_NaN();
         constexpr double endless = std::numeric_limits<double>::infinity();
-        QTest::newRow("by unequal factors") << QSizeF(320, 184) << QPointF(160, 92) << QPoint(200, 66);
-        QTest::newRow("by the width alone") << QSizeF(414, 736) << QPointF(207, 414) << QPoint(200, 230);
-        QTest::newRow("left of and above the view") << QSizeF(320, 184) << QPointF(-4, -9) << QPoint(0, 0);
-        QTest::newRow("far outside the view")
-            << QSizeF(320, 184) << QPointF(1e9, 1e9) << QPoint(159999, 159999);
-        QTest::newRow("endless") << QSizeF(320, 184) << QPointF(endless, -endless) << QPoint(159999, 0);
-        QTest::newRow("not a number") << QSizeF(320, 184) << QPointF(nan, 92) << QPoint(0, 66);
-        QTest::newRow("a view of no size") << QSizeF(0, 0) << QPointF(0, 0) << QPoint(0, 0);
-        QTest::newRow("a view of no width") << QSizeF(0, 100) << QPointF(3, 0) << QPoint(159999, 0);
+        row("by unequal factors", QSizeF(320, 184), QPointF(160, 92), QPoint(200, 66));
+        row("by the width alone", QSizeF(414, 736), QPointF(207, 414), QPoint(200, 230));
+        row("left of and above the view", QSizeF(320, 184), QPointF(-4, -9), QPoint(0, 0));
+        row("far outside the view", QSizeF(320, 184), QPointF(1e9, 1e9), QPoint(159999, 159999));
+        row("not a number", QSizeF(320, 184), QPointF(nan, 92), QPoint(0, 66));
+        row("a view of no width", QSizeF(0, 100), QPointF(3, 0), QPoint(159999, 0));
     }
 
     void scales()
@@ -91,23 +72,14 @@ private Q_SLOTS:
         QCOMPARE(trace.getRenderSource_v().size(), 9);
     }
 
-    void acceptsFrom10To80Points_data()
-    {
-        QTest::addColumn<int>("count");
-        QTest::addColumn<bool>("accepted");
-        QTest::newRow("none") << 0 << false;
-        QTest::newRow("9") << 9 << false;
-        QTest::newRow("10") << 10 << true;
-        QTest::newRow("80") << 80 << true;
-        QTest::newRow("81") << 81 << false;
-    }
-
     void acceptsFrom10To80Points()
     {
-        QFETCH(int, count);
-        QVRenderTrace trace = traceIn({400, 230});
-        addLine(trace, count, 5.0);
-        QTEST(trace.isAcceptable(), "accepted");
+        for (const int count : {0, 9, 10, 80, 81}) {
+            QVRenderTrace trace = traceIn({400, 230});
+            for (int i = 0; i < count; ++i)
+                trace.handlePanGesturePoint({i * 5.0, 10}, startTime + i * 0.0625);
+            QCOMPARE(trace.isAcceptable(), count >= 10 && count <= 80);
+        }
     }
 
     void keepsTheFirst8SecondsOnly()
@@ -129,7 +101,7 @@ private Q_SLOTS:
         trace.handlePanGesturePoint({10, 0}, startTime - 3600);
         trace.handlePanGesturePoint({20, 0}, std::numeric_limits<double>::quiet_NaN());
         QCOMPARE(trace.renderSource().size(), std::size_t(2));
-        QCOMPARE(trace.getRender_drawtime(), QStringLiteral("0"));
+        QCOMPARE(trace.getRender_drawtime(), q("0"));
     }
 
     void writesThePayload()
@@ -137,49 +109,53 @@ private Q_SLOTS:
         QVRenderTrace trace = traceIn({400, 400});
         trace.handlePanGesturePoint({12.9, 12.9}, startTime);
         trace.handlePanGesturePoint({30.5, 12.9}, startTime + 0.0457);
-        QCOMPARE(trace.getRenderSource_v(), QStringLiteral("kkdkqpkk6kk6kkkkrj"));
-        QCOMPARE(trace.getRender_drawtime(), QStringLiteral("45"));
-    }
-
-    void drawtimeIsTruncatedAndAbsentWithoutPoints()
-    {
-        QVRenderTrace trace = traceIn({400, 230});
-        QVERIFY(trace.getRender_drawtime().isNull());
-        QVERIFY(trace.getRenderSource_v().isEmpty());
-        QVERIFY(trace.getRenderOutage_v({0, 0, 400, 230}).isEmpty());
-        trace.handlePanGesturePoint({0, 0}, startTime);
-        trace.handlePanGesturePoint({9, 0}, startTime + 1.2349);
-        QCOMPARE(trace.getRender_drawtime(), QStringLiteral("1234"));
-    }
-
-    void isEmptyAfterAReset()
-    {
-        QVRenderTrace trace = traceIn({400, 230});
-        addLine(trace, 20, 7.0);
+        QCOMPARE(trace.getRenderSource_v(), q("kkdkqpkk6kk6kkkkrj"));
+        QCOMPARE(trace.getRender_drawtime(), q("45"));
         trace.resetDataSource();
-        QVERIFY(trace.originalRenderPoints().empty());
-        QVERIFY(trace.screeningRenderPoints().empty());
-        QVERIFY(trace.renderSource().empty());
+        QVERIFY(trace.getRender_drawtime().isNull());
+        QVERIFY(trace.getRenderSource_v().isEmpty() && trace.getRenderOutage_v({0, 0, 400, 230}).isEmpty());
+    }
+
+    void writesNumbers()
+    {
+        // The digit of 400 is left out.
+        const QVCases<quint64, const char *> cases{{0, "kkk"},   {12, "kkd"},   {20, "kqk"},    {399, "kzz"},
+                                                   {400, "kkk"}, {8000, "qkk"}, {159999, "zzz"}};
+        for (const auto &[number, digits] : cases)
+            QCOMPARE(convertTo20(number), q(digits));
+        QVERIFY_THROWS_EXCEPTION(std::out_of_range, (void)convertTo20(160000));
+    }
+
+    void findsCells()
+    {
+        constexpr double nan = std::numeric_limits<double>::quiet_NaN();
+        const QSizeF size(400, 200);
+        const QVCases<QSizeF, QPointF, const char *> cases{{size, {399, 199}, "f"},
+                                                           {size, {100, 50}, "5"},
+                                                           {size, {-0.1, 0}, "3"},
+                                                           {size, {100, -1e300}, "d"},
+                                                           {{0, 0}, {nan, nan}, "0"}};
+        for (const auto &[frame, point, digit] : cases)
+            QCOMPARE(converTo16WithSize(frame, point.x(), point.y()), q(digit));
     }
 
     void findsCorners_data()
     {
         using Points = std::vector<QPointF>;
-        QTest::addColumn<Points>("points");
-        QTest::addColumn<Points>("corners");
-        QTest::newRow("an L, its second corner before the first")
-            << Points{{0, 0}, {1, 40}, {0, 80}, {0, 100}, {40, 100}, {100, 100}}
-            << Points{{0, 0}, {1, 40}, {0, 100}, {100, 100}};
-        QTest::newRow("a Z, its second corner after the first")
-            << Points{{0, 0}, {50, 0}, {100, 0}, {50, 50}, {10, 90}, {100, 100}}
-            << Points{{0, 0}, {100, 0}, {10, 90}, {100, 100}};
-        QTest::newRow("equal areas keep the earlier point")
-            << Points{{0, 0}, {10, 20}, {20, 20}, {30, 0}} << Points{{0, 0}, {10, 20}, {20, 20}, {30, 0}};
-        QTest::newRow("straight: the first corner stays at 0, 0")
-            << Points{{10, 10}, {20, 10}, {30, 10}, {40, 10}} << Points{{10, 10}, {0, 0}, {20, 10}, {40, 10}};
-        QTest::newRow("no second corner: 0, 0 comes first")
-            << Points{{10, 10}, {50, 60}, {90, 10}} << Points{{10, 10}, {0, 0}, {50, 60}, {90, 10}};
-        QTest::newRow("one point") << Points{{7, 8}} << Points{{7, 8}, {0, 0}, {0, 0}, {7, 8}};
+        const auto row = addColumns<Points, Points>({"points", "corners"});
+        row("an L, its second corner before the first",
+            Points{{0, 0}, {1, 40}, {0, 80}, {0, 100}, {40, 100}, {100, 100}},
+            Points{{0, 0}, {1, 40}, {0, 100}, {100, 100}});
+        row("a Z, its second corner after the first",
+            Points{{0, 0}, {50, 0}, {100, 0}, {50, 50}, {10, 90}, {100, 100}},
+            Points{{0, 0}, {100, 0}, {10, 90}, {100, 100}});
+        row("equal areas keep the earlier point", Points{{0, 0}, {10, 20}, {20, 20}, {30, 0}},
+            Points{{0, 0}, {10, 20}, {20, 20}, {30, 0}});
+        row("straight: the first corner stays at 0, 0", Points{{10, 10}, {20, 10}, {30, 10}, {40, 10}},
+            Points{{10, 10}, {0, 0}, {20, 10}, {40, 10}});
+        row("no second corner: 0, 0 comes first", Points{{10, 10}, {50, 60}, {90, 10}},
+            Points{{10, 10}, {0, 0}, {50, 60}, {90, 10}});
+        row("one point", Points{{7, 8}}, Points{{7, 8}, {0, 0}, {0, 0}, {7, 8}});
     }
 
     void findsCorners()
@@ -196,16 +172,8 @@ private Q_SLOTS:
         for (const QPointF point :
              {QPointF(110, 210), QPointF(310, 210), QPointF(310, 390), QPointF(490, 390)})
             trace.handlePanGesturePoint(point, startTime);
-        QCOMPARE(trace.getRenderOutage_v({100, 200, 400, 200}), QStringLiteral("02ef"));
-        QCOMPARE(trace.getRenderOutage_v({0, 0, 0, 0}), QStringLiteral("ffff"));
-    }
-
-    void aStraightOutageStrokeHasACornerOutsideThePicture()
-    {
-        QVRenderTrace trace = traceIn({600, 600});
-        for (int i = 0; i < 12; ++i)
-            trace.handlePanGesturePoint({110.0 + 30 * i, 210}, startTime);
-        QCOMPARE(trace.getRenderOutage_v({100, 200, 400, 200}).mid(1, 1), QStringLiteral("f"));
+        QCOMPARE(trace.getRenderOutage_v({100, 200, 400, 200}), q("02ef"));
+        QCOMPARE(trace.getRenderOutage_v({0, 0, 0, 0}), q("ffff"));
     }
 };
 

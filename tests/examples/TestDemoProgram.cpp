@@ -11,36 +11,31 @@ class TestDemoProgram : public QVTestCase
 private Q_SLOTS:
     void logsInByItself_data()
     {
-        QTest::addColumn<QString>("arguments");
-        QTest::newRow("drawing") << "";
-        QTest::newRow("characters") << "--vid test-character";
-        QTest::newRow("outage service") << "--vid test-outage";
-        QTest::newRow("narrow window") << "--size 320x568 --language zh-Hans";
+        const auto row = addColumns<QString>({"arguments"});
+        row("drawing", "");
+        row("characters", "--vid test-character");
+        row("outage service", "--vid test-outage");
+        row("narrow window", "--size 320x568 --language zh-Hans");
     }
 
     void logsInByItself()
     {
         QFETCH(QString, arguments);
         const QTemporaryDir folder;
-        const Outcome outcome =
-            run(arguments.split(u' ', Qt::SkipEmptyParts) +
-                QStringList{QStringLiteral("--drive"), QStringLiteral(QUARVO_DRIVE_FILES "/login.drive"),
-                            QStringLiteral("--screenshots"), folder.path()});
+        const Outcome outcome = run(arguments.split(u' ', Qt::SkipEmptyParts) +
+                                    QStringList{q("--drive"), q(QUARVO_DRIVE_FILES "/login.drive"),
+                                                q("--screenshots"), folder.path()});
         QVERIFY2(outcome.exitCode == 0, outcome.errors);
-        QVERIFY2(QRegularExpression(QStringLiteral("^ready\\n(.*\\n)*token \\S+\\n"))
-                     .match(outcome.output)
-                     .hasMatch(),
+        QVERIFY2(QRegularExpression(q("^ready\\n(.*\\n)*token \\S+\\n")).match(outcome.output).hasMatch(),
                  qPrintable(outcome.output));
-        QVERIFY(QImage(folder.filePath(QStringLiteral("1-ready.png"))).width() >= 320);
+        QVERIFY(QImage(folder.filePath(q("1-ready.png"))).width() >= 320);
     }
 
     void badInputEndsWithOneLine_data()
     {
-        QTest::addColumn<QString>("arguments");
-        QTest::newRow("unknown option") << "--fast";
-        QTest::newRow("no such drive file") << "--drive nowhere.drive";
-        QTest::newRow("unwritable folder")
-            << "--drive " QUARVO_DRIVE_FILES "/login.drive --screenshots /proc/quarvo";
+        const auto row = addColumns<QString>({"arguments"});
+        row("no such drive file", "--drive nowhere.drive");
+        row("unwritable folder", "--drive " QUARVO_DRIVE_FILES "/login.drive --screenshots /proc/quarvo");
     }
 
     void badInputEndsWithOneLine()
@@ -63,7 +58,7 @@ private:
     static Outcome run(const QStringList &arguments)
     {
         QProcess program;
-        program.start(QStringLiteral(QUARVO_DEMO_PROGRAM), arguments);
+        program.start(q(QUARVO_DEMO_PROGRAM), arguments);
         program.waitForFinished(20000);
         return {program.exitStatus() == QProcess::NormalExit ? program.exitCode() : -1,
                 QString::fromUtf8(program.readAllStandardOutput()), program.readAllStandardError()};

@@ -29,16 +29,6 @@ class TestImageLoader : public QVTestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void loads()
-    {
-        m_server->enqueue(picture());
-        Probe probe;
-        const auto task = load(probe, "/a.png");
-        QVERIFY(!task->isFinished());
-        expectPicture(probe, Qt::green);
-        QVERIFY(task->isFinished());
-        QCOMPARE(time().pendingCount(), 0);
-    }
 
     void remembersWhatItDecoded()
     {
@@ -66,17 +56,13 @@ private Q_SLOTS:
 
     void failures_data()
     {
-        QTest::addColumn<QVScript>("script");
-        QTest::addColumn<qint64>("code");
+        const auto row = addColumns<QVScript, qint64>({"script", "code"});
         const QByteArray bytes = qv_testPicture({40, 23}, Qt::green, "png");
-        QTest::newRow("text") << QVScript::answer("no picture") << qint64(-1);
-        QTest::newRow("empty") << QVScript::answer({}) << qint64(-1);
-        QTest::newRow("half a picture") << QVScript::answer(bytes.left(bytes.size() / 2)) << qint64(-1);
-        QTest::newRow("giant") << QVScript::answer(qv_giantClaim()) << qint64(-1);
-        QTest::newRow("picture of an error") << QVScript::answer(bytes, 404) << qint64(-1);
-        QTest::newRow("too many bytes")
-            << QVScript::answer(bytes + QByteArray(pictureLimit, 'x')) << qint64(-1);
-        QTest::newRow("closed") << QVScript().close() << qint64(-1005);
+        row("text", QVScript::answer("no picture"), qint64(-1));
+        row("giant", QVScript::answer(qv_giantClaim()), qint64(-1));
+        row("picture of an error", QVScript::answer(bytes, 404), qint64(-1));
+        row("too many bytes", QVScript::answer(bytes + QByteArray(pictureLimit, 'x')), qint64(-1));
+        row("closed", QVScript().close(), qint64(-1005));
     }
 
     void failures()
@@ -95,19 +81,6 @@ private Q_SLOTS:
         Probe second;
         load(second, "/a.png");
         expectPicture(second, Qt::green);
-    }
-
-    void unusableAddress()
-    {
-        for (const char *address : {"", "nowhere", "file:///etc/hostname", "http://"}) {
-            Probe probe;
-            probe.run([&](auto completed) {
-                return QVImageLoader::shared().load(QString::fromLatin1(address), completed);
-            });
-            QVERIFY(waitFor([&] { return probe.isDone(); }));
-            QCOMPARE(probe.fault(), QString());
-            QVERIFY(probe.error());
-        }
     }
 
     void deadline()
@@ -132,17 +105,6 @@ private Q_SLOTS:
         task->cancel();
         task->cancel();
         expectCancelled(probe);
-    }
-
-    void cancelledMemory()
-    {
-        m_server->enqueue(picture());
-        Probe first;
-        load(first, "/a.png");
-        expectPicture(first, Qt::green);
-        Probe second;
-        load(second, "/a.png")->cancel();
-        expectCancelled(second);
     }
 
     void cancelledDecoding()

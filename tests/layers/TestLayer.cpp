@@ -37,28 +37,6 @@ class TestLayer : public QVTestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void animationLeavesTheModelAlone()
-    {
-        QVLayer layer;
-        QVAnimation animation = QVAnimation::basic(Property::StrokeEnd, 0.0, 1.0);
-        animation.setDuration(1);
-        const auto start = time().now();
-        layer.addAnimation(animation, QString());
-        QCOMPARE(layer.presented().strokeEnd, 0.0);
-        QCOMPARE(layer.strokeEnd(), 1.0);
-        QCOMPARE(layer.presentedAt(start + 250ms).strokeEnd, 0.25);
-        QCOMPARE(layer.presentedAt(start + 1s).strokeEnd, 1.0);
-    }
-
-    void laterAnimationWins()
-    {
-        QVLayer layer;
-        layer.addAnimation(QVAnimation::basic(Property::Opacity, 0.1, 0.1), QString());
-        layer.addAnimation(QVAnimation::basic(Property::Opacity, 0.2, 0.2), QString());
-        layer.addAnimation(QVAnimation::basic(Property::Rotation, 1.0, 1.0), QString());
-        QCOMPARE(layer.presented().opacity, 0.2);
-        QCOMPARE(layer.presented().rotation, 1.0);
-    }
 
     void emptyKeyNeverReplacesAndANameDoes()
     {
@@ -66,7 +44,7 @@ private Q_SLOTS:
         std::vector<bool> stopped;
         QVAnimation animation = QVAnimation::basic(Property::Opacity, 0.0, 1.0);
         animation.setStopped([&](bool finished) { stopped.push_back(finished); });
-        const QString name = QStringLiteral("pulse");
+        const QString name = q("pulse");
         for (const QString &key : {QString(), QString(), name, name})
             layer.addAnimation(animation, key);
         QCOMPARE(layer.animationKeys(), QStringList({QString(), QString(), name}));
@@ -81,9 +59,9 @@ private Q_SLOTS:
 
     void finishedAnimationStopsPresentingAndPerhapsStays_data()
     {
-        QTest::addColumn<bool>("removed");
-        QTest::newRow("removed") << true;
-        QTest::newRow("kept") << false;
+        const auto row = addColumns<bool>({"removed"});
+        row("removed", true);
+        row("kept", false);
     }
 
     void finishedAnimationStopsPresentingAndPerhapsStays()
@@ -139,21 +117,6 @@ private Q_SLOTS:
         QCOMPARE(image.pixelColor(12, 20), QColor(Qt::black));
     }
 
-    void opacityGoesDownTheTree()
-    {
-        QVLayer root;
-        const auto parent = square({0, 0, 40, 40}, QColor());
-        const auto child = square({10, 10, 20, 20}, Qt::white);
-        root.addSublayer(parent);
-        parent->addSublayer(child);
-        parent->setOpacity(0.5);
-        child->setOpacity(0.5);
-        const int level = painted(root).pixelColor(20, 20).red();
-        QVERIFY2(std::abs(level - 64) <= 1, qPrintable(QString::number(level)));
-        parent->setOpacity(0);
-        QCOMPARE(painted(root).pixelColor(20, 20), QColor(Qt::black));
-    }
-
     void strokesOnlyThePresentedPartAndFillsAll()
     {
         QVLayer root;
@@ -189,20 +152,6 @@ private Q_SLOTS:
         dot->setMask(left);
         QCOMPARE(painted(root).pixelColor(15, 20), QColor(Qt::green));
         QCOMPARE(painted(root).pixelColor(25, 20), QColor(Qt::black));
-    }
-
-    void coversItsPenAndItsSublayers()
-    {
-        QVLayer root;
-        const auto ring = square({10, 10, 80, 80}, QColor());
-        ring->setPath(qv_arcPath({40, 40}, 40, 0, 2 * pi));
-        ring->setStrokeColor(Qt::white);
-        ring->setLineWidth(6);
-        ring->setLineJoin(Qt::RoundJoin);
-        root.addSublayer(ring);
-        QCOMPARE(QVLayerPainter::rectInRoot(*ring), QRectF(7, 7, 86, 86));
-        ring->addSublayer(square({100, 0, 10, 10}, Qt::white));
-        QCOMPARE(QVLayerPainter::rectInRoot(*ring), QRectF(7, 7, 113, 86));
     }
 };
 

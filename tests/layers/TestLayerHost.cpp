@@ -74,23 +74,6 @@ private Q_SLOTS:
         QVERIFY(canvas.painted.back().contains(QRect(29, 20, 10, 10)));
     }
 
-    void setterRepaintsOldAndNewPlace()
-    {
-        Canvas canvas;
-        show(canvas);
-        canvas.dot->setFrame({60, 20, 10, 10});
-        advance(0ms);
-        QCOMPARE(canvas.painted, std::vector<QRect>{QRect(19, 19, 52, 12)});
-        canvas.painted.clear();
-        canvas.dot->setFrame({60, 20, 10, 10});
-        canvas.dot->removeFromSuperlayer();
-        advance(0ms);
-        QCOMPARE(canvas.painted, std::vector<QRect>{QRect(59, 19, 12, 12)});
-        canvas.dot->setOpacity(0.5);
-        advance(0ms);
-        QCOMPARE(canvas.painted.size(), 1U);
-    }
-
     void idleWhenNothingMoves()
     {
         Canvas canvas;
@@ -112,38 +95,11 @@ private Q_SLOTS:
         QCOMPARE(time().pendingCount(), 0);
     }
 
-    void finishedAnimationThatStaysDoesNotKeepTheTickerUp()
-    {
-        Canvas canvas;
-        show(canvas);
-        QVAnimation animation = QVAnimation::basic(Property::Opacity, 0.0, 1.0);
-        animation.setRemovedOnCompletion(false);
-        canvas.dot->addAnimation(animation, QStringLiteral("kept"));
-        advance(300ms);
-        QCOMPARE(canvas.dot->animationKeys(), QStringList{QStringLiteral("kept")});
-        QCOMPARE(time().pendingCount(), 0);
-    }
-
-    void endlessAnimationOfNothingWaitsForSomethingToDraw()
-    {
-        Canvas canvas;
-        show(canvas);
-        canvas.dot->setBackgroundColor(QColor());
-        canvas.turnForever();
-        QCOMPARE(time().pendingCount(), 0);
-        advance(500ms);
-        canvas.dot->setBackgroundColor(Qt::blue);
-        QCOMPARE(time().pendingCount(), 1);
-        advance(20ms);
-        QVERIFY(canvas.dot->presented().rotation > 3);
-    }
-
     void hiddenHostRestsAndComesBackInTime_data()
     {
-        QTest::addColumn<int>("way");
-        QTest::newRow("widget hidden") << 0;
-        QTest::newRow("window hidden") << 1;
-        QTest::newRow("window minimised") << 2;
+        const auto row = addColumns<int>({"way"});
+        row("window hidden", 1);
+        row("window minimised", 2);
     }
 
     void hiddenHostRestsAndComesBackInTime()
@@ -201,19 +157,6 @@ private Q_SLOTS:
         QVERIFY(!canvas);
         QCOMPARE(others, 1);
         QCOMPARE(time().pendingCount(), 0);
-    }
-
-    void stoppedCallbackMayAnimateAgain()
-    {
-        Canvas canvas;
-        show(canvas);
-        canvas.move(0.1, [&](bool) {
-            canvas.dot->removeAllAnimations();
-            canvas.turnForever();
-        });
-        advance(150ms);
-        QCOMPARE(canvas.dot->animationKeys().size(), 1);
-        QVERIFY(canvas.dot->presented().rotation > 0);
     }
 
     void reducedMotionKeepsEndlessLayersStillAndEndsTheOthers()

@@ -26,24 +26,13 @@ class TestPathGeometry : public QVTestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void circleRunsClockwiseFromItsStart()
-    {
-        const QPainterPath circle = qv_arcPath({20, 20}, 13, -pi / 2, 3 * pi / 2);
-        QVERIFY(close(circle.elementAt(0), onCircle(0)));
-        QVERIFY(close(circle.elementAt(3), onCircle(0.25)));
-        QVERIFY(close(circle.currentPosition(), onCircle(0)));
-    }
 
     void trimsACircleByLength_data()
     {
-        QTest::addColumn<double>("start");
-        QTest::addColumn<double>("end");
-        QTest::newRow("first quarter") << 0.0 << 0.25;
-        QTest::newRow("inside one curve") << 0.02 << 0.17;
-        QTest::newRow("over a seam") << 0.2 << 0.35;
-        QTest::newRow("to the end") << 0.7 << 1.0;
-        QTest::newRow("nearly all") << 0.001 << 0.999;
-        QTest::newRow("beyond both ends") << -3.0 << 0.6;
+        const auto row = addColumns<double, double>({"start", "end"});
+        row("first quarter", 0.0, 0.25);
+        row("over a seam", 0.2, 0.35);
+        row("beyond both ends", -3.0, 0.6);
     }
 
     void trimsACircleByLength()
@@ -79,18 +68,6 @@ private Q_SLOTS:
         QCOMPARE(QPointF(trimmed.elementAt(3)), QPointF(0, 0));
     }
 
-    void trimsNothingOutOfEmptyRangesAndPaths()
-    {
-        const QPainterPath circle = qv_arcPath({0, 0}, 5, 0, 2 * pi);
-        QVERIFY(qv_trimmedPath(circle, 0.5, 0.5).isEmpty());
-        QVERIFY(qv_trimmedPath(circle, 0.7, 0.3).isEmpty());
-        QVERIFY(qv_trimmedPath(QPainterPath(), 0.1, 0.5).isEmpty());
-        QPainterPath point(QPointF(3, 3));
-        point.lineTo(3, 3);
-        QVERIFY(qv_trimmedPath(point, 0.1, 0.5).isEmpty());
-        QCOMPARE(qv_trimmedPath(circle, 0, 1), circle);
-    }
-
     void blendsCirclesOfDifferentRadii()
     {
         const QPainterPath small = qv_arcPath({10, 10}, 0.1, 0, 2 * pi);
@@ -98,15 +75,6 @@ private Q_SLOTS:
         const QRectF half = qv_blendedPath(small, large, 0.5).boundingRect();
         QVERIFY(close(half.topLeft(), QPointF(10 - 150.1, 10 - 150.1)));
         QVERIFY(close(half.bottomRight(), QPointF(10 + 150.1, 10 + 150.1)));
-    }
-
-    void changesUnlikePathsHalfWay()
-    {
-        QPainterPath line;
-        line.lineTo(1, 1);
-        const QPainterPath circle = qv_arcPath({0, 0}, 5, 0, 2 * pi);
-        QCOMPARE(qv_blendedPath(line, circle, 0.4), line);
-        QCOMPARE(qv_blendedPath(line, circle, 0.6), circle);
     }
 };
 

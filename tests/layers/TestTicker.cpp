@@ -23,35 +23,6 @@ struct Client : QVTickerClient
     std::function<void()> action;
 };
 
-/// A clock whose tasks come as late as the test likes.
-class LateScheduler : public QVScheduler
-{
-public:
-    LateScheduler() { setShared(this); }
-
-    [[nodiscard]] std::chrono::nanoseconds now() const override { return m_now; }
-    [[nodiscard]] double secondsSince1970() const override { return 0; }
-    TaskId schedule(std::chrono::nanoseconds delay, Action action) override
-    {
-        m_due = m_now + delay;
-        m_action = std::move(action);
-        return 1;
-    }
-    void cancel(TaskId) override { m_action = {}; }
-    [[nodiscard]] qsizetype pendingCount() const override { return m_action ? 1 : 0; }
-
-    void runLateBy(std::chrono::nanoseconds lateness)
-    {
-        m_now = m_due + lateness;
-        std::exchange(m_action, {})();
-    }
-
-private:
-    std::chrono::nanoseconds m_now{};
-    std::chrono::nanoseconds m_due{};
-    Action m_action;
-};
-
 } // namespace
 
 class TestTicker : public QVTestCase
@@ -87,54 +58,6 @@ private Q_SLOTS:
         QCOMPARE((client.times.back() - origin).count(), std::chrono::nanoseconds(10s).count());
     }
 
-    void lateTickSkipsFramesAndStaysOnTheGrid()
-    {
-        LateScheduler late;
-        QVTicker::shared().setRefreshRate(100);
-        {
-            Client client;
-            client.start();
-            for (const auto lateness : {0ms, 1ms, 9ms, 35ms, 0ms})
-                late.runLateBy(lateness);
-            QCOMPARE(milliseconds(client, {}), (std::vector<qint64>{10, 20, 30, 70, 80}));
-        }
-        QCOMPARE(late.pendingCount(), 0);
-        QVScheduler::setShared(&time());
-    }
-
-    void goesOnInAnEventLoopInsideATick()
-    {
-        QVTicker::shared().setRefreshRate(100);
-        Client client;
-        const auto origin = time().now();
-        client.action = [&] {
-            time().advance(35ms);
-        };
-        client.start();
-        advance(20ms);
-        QCOMPARE(milliseconds(client, origin), (std::vector<qint64>{10, 20, 30, 40}));
-        advance(10ms);
-        QCOMPARE(milliseconds(client, origin).back(), 50);
-    }
-
-    void clientsOfATickShareItsTime()
-    {
-        Client first;
-        Client second;
-        std::chrono::nanoseconds seen{};
-        first.start();
-        advance(5ms);
-        second.start();
-        second.action = [&] {
-            seen = QVTicker::shared().time();
-        };
-        advance(20ms);
-        QCOMPARE(second.times.size(), 1U);
-        QCOMPARE(first.times.back().count(), second.times.back().count());
-        QCOMPARE(seen.count(), second.times.back().count());
-        QCOMPARE(QVTicker::shared().time().count(), time().now().count());
-    }
-
     void changesDuringATickAreSafe()
     {
         auto doomed = std::make_unique<Client>();
@@ -164,29 +87,7 @@ private Q_SLOTS:
         QCOMPARE(time().pendingCount(), 0);
     }
 
-    void lastClientMayEndAndAnotherBeginInOneTick()
-    {
-        Client first;
-        Client second;
-        first.start();
-        first.action = [&] {
-            first.stop();
-            second.start();
-        };
-        advance(100ms);
-        QCOMPARE(first.times.size(), 1U);
-        QCOMPARE(second.times.size(), 5U);
-    }
-
 private:
-    static std::vector<qint64> milliseconds(const Client &client, std::chrono::nanoseconds origin)
-    {
-        std::vector<qint64> result;
-        for (const auto stamp : client.times)
-            result.push_back((stamp - origin) / 1ms);
-        return result;
-    }
-
     void finish() override { QVTicker::shared().setRefreshRate(0); }
 };
 

@@ -27,17 +27,6 @@ private Q_SLOTS:
         QCOMPARE(time().pendingCount(), 0);
     }
 
-    void followsItsCurve()
-    {
-        QVValueAnimation animation;
-        animation.setTimingCurve(QVTimingCurve::easeOut());
-        animation.start(0, 100, 1, step());
-        advance(500ms);
-        QVERIFY(std::abs(m_values.back() - 68.46) < 0.01);
-        animation.stop();
-        QCOMPARE(time().pendingCount(), 0);
-    }
-
     void restartAndStopForgetTheFirstCompletion()
     {
         QVValueAnimation animation;
@@ -64,37 +53,6 @@ private Q_SLOTS:
         advance(1ms);
         QCOMPARE(m_values, (std::vector<double>{0, 1}));
         QCOMPARE(m_completions, 1);
-        QCOMPARE(time().pendingCount(), 0);
-    }
-
-    void callbacksMayDestroyIt_data()
-    {
-        QTest::addColumn<double>("destroyAt");
-        QTest::addColumn<int>("completions");
-        QTest::newRow("first step") << 0.0 << 0;
-        QTest::newRow("on the way") << 0.5 << 0;
-        QTest::newRow("last step") << 1.0 << 0;
-        QTest::newRow("completion") << 2.0 << 1;
-    }
-
-    void callbacksMayDestroyIt()
-    {
-        QFETCH(double, destroyAt);
-        QFETCH(int, completions);
-        auto animation = std::make_unique<QVValueAnimation>();
-        animation->start(
-            0, 1, 0.1,
-            [&](double value) {
-                if (value >= destroyAt)
-                    animation.reset();
-            },
-            [&] {
-                ++m_completions;
-                animation.reset();
-            });
-        advance(1s);
-        QVERIFY(!animation);
-        QCOMPARE(m_completions, completions);
         QCOMPARE(time().pendingCount(), 0);
     }
 

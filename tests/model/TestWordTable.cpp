@@ -6,41 +6,24 @@ class TestWordTable : public QVTestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void words_data()
-    {
-        QTest::addColumn<int>("word");
-        const auto add = [](QVWord word, const char *texts) {
-            for (const QByteArray &text : QByteArray(texts).split(' '))
-                QTest::newRow(text.constData()) << static_cast<int>(word);
-        };
-        add(QVWord::True, "TRUE True true YES Yes yes");
-        add(QVWord::False, "FALSE False false NO No no");
-        add(QVWord::Null, "NIL Nil nil NULL Null null (NULL) (Null) (null) <NULL> <Null> <null>");
-    }
-
     void words()
     {
-        QFETCH(const int, word);
-        const auto found = qv_wordFromText(QString::fromLatin1(QTest::currentDataTag()));
-        QVERIFY(found);
-        QCOMPARE(static_cast<int>(*found), word);
-    }
-
-    void otherTexts_data()
-    {
-        QTest::addColumn<QString>("text");
-        for (const char *text :
-             {"tRUE", "yES", "oui", "(nil)", "<nil>", "(NULL>", " true", "true ", "1", "Y"})
-            QTest::newRow(text) << QString::fromLatin1(text);
-        QTest::newRow("empty") << QStringLiteral("");
-        QTest::newRow("absent") << QString();
-        QTest::newRow("look-alike letter") << QStringLiteral("nо");
+        const QVCases<QVWord, QString> cases{
+            {QVWord::True, q("TRUE True true YES Yes yes")},
+            {QVWord::False, q("FALSE False false NO No no")},
+            {QVWord::Null, q("NIL Nil nil NULL Null null (NULL) (Null) (null) <NULL> <Null> <null>")}};
+        for (const auto &[word, texts] : cases) {
+            for (const QString &text : texts.split(u' '))
+                QVERIFY2(qv_wordFromText(text) == word, qPrintable(text));
+        }
     }
 
     void otherTexts()
     {
-        QFETCH(const QString, text);
-        QVERIFY(!qv_wordFromText(text));
+        for (const char *text :
+             {"tRUE", "oui", "(nil)", "<nil>", "(NULL>", " true", "true ", "1", "Y", "", "nо"})
+            QVERIFY2(!qv_wordFromText(q(text)), text);
+        QVERIFY(!qv_wordFromText(QString()));
     }
 };
 

@@ -12,15 +12,15 @@ using namespace std::chrono_literals;
 
 QStringList ModesTestCase::words(const char *text)
 {
-    return QString::fromLatin1(text).split(QStringLiteral(", "), Qt::SkipEmptyParts);
+    return QString::fromLatin1(text).split(q(", "), Qt::SkipEmptyParts);
 }
 
 void ModesTestCase::prepare()
 {
     m_service = std::make_unique<DrawService>();
-    m_service->extend(click, {{QStringLiteral("token"), QStringLiteral("click-token")}});
+    m_service->extend(click, {{q("token"), q("click-token")}});
     m_forgotten = 0;
-    QVSDKManager::setPreferredLanguage(QStringLiteral("en"));
+    QVSDKManager::setPreferredLanguage(q("en"));
     auto host = std::make_unique<QWidget>();
     host->resize(700, 600);
     replaceHost(std::move(host));
@@ -35,7 +35,19 @@ void ModesTestCase::finish()
 
 void ModesTestCase::answerCode(const QString &what, const QString &code)
 {
-    m_service->extend(what, {{QStringLiteral("code"), code}});
+    m_service->extend(what, {{q("code"), code}});
+}
+
+void ModesTestCase::answerForStatus(int status)
+{
+    if (status == 2)
+        delay(outageSwitch, std::chrono::hours(1));
+    if (status == 3)
+        openOutage();
+    if (status == 4)
+        passByClick();
+    if (status == 5)
+        answerCode(config, q("0101"));
 }
 
 void ModesTestCase::settle() const

@@ -15,13 +15,13 @@ class ModesTestCase : public QVTestCase
 
 protected:
     // What is asked, in the service's words.
-    static inline const QString outageSwitch = QStringLiteral("switch");
-    static inline const QString config = QStringLiteral("config");
-    static inline const QString click = QStringLiteral("click");
-    static inline const QString picture = QStringLiteral("picture");
-    static inline const QString refresh = QStringLiteral("refresh");
-    static inline const QString verify = QStringLiteral("verify");
-    static inline const QString outageGet = QStringLiteral("outage get");
+    static inline const QString outageSwitch = q("switch");
+    static inline const QString config = q("config");
+    static inline const QString click = q("click");
+    static inline const QString picture = q("picture");
+    static inline const QString refresh = q("refresh");
+    static inline const QString verify = q("verify");
+    static inline const QString outageGet = q("outage get");
 
     /// "a, b" as a list.
     [[nodiscard]] static QStringList words(const char *text);
@@ -31,8 +31,10 @@ protected:
 
     [[nodiscard]] DrawService &service() const { return *m_service; }
     void answerCode(const QString &what, const QString &code);
-    void openOutage() { m_service->answer(outageSwitch, {{QStringLiteral("active"), true}}); }
-    void passByClick() { answerCode(click, QStringLiteral("0103")); }
+    void openOutage() { m_service->answer(outageSwitch, {{q("active"), true}}); }
+    void passByClick() { answerCode(click, q("0103")); }
+    /// Prepares answers with which a button comes to rest in \a status.
+    void answerForStatus(int status);
     void delay(const QString &what, std::chrono::milliseconds by) { m_service->delay(what, by); }
     /// Everything asked since it was last forgotten, but for pictures.
     [[nodiscard]] QStringList asked() const { return m_service->asked().mid(m_forgotten); }

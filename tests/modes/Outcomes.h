@@ -3,6 +3,7 @@
 #include "modes/QVClickButtonDelegate.h"
 #include "modes/QVClickManagerDelegate.h"
 #include "modes/QVInvisibleDelegate.h"
+#include "support/QVText.h"
 
 #include <QObject>
 #include <QStringList>
@@ -16,18 +17,17 @@ public:
     {
         sender->setDelegate(this);
         QObject::connect(sender, &Sender::passed, &m_context,
-                         [this](const QString &token) { add(QStringLiteral("passed ") + token); });
-        QObject::connect(sender, &Sender::failed, &m_context, [this](const QVError &error) {
-            add(QStringLiteral("failed %1").arg(error.code()));
-        });
-        QObject::connect(sender, &Sender::closed, &m_context, [this] { add(QStringLiteral("closed")); });
-        QObject::connect(sender, &Sender::popupOpened, &m_context, [this] { add(QStringLiteral("popup")); });
+                         [this](const QString &token) { add(q("passed ") + token); });
+        QObject::connect(sender, &Sender::failed, &m_context,
+                         [this](const QVError &error) { add(q("failed %1").arg(error.code())); });
+        QObject::connect(sender, &Sender::closed, &m_context, [this] { add(q("closed")); });
+        QObject::connect(sender, &Sender::popupOpened, &m_context, [this] { add(q("popup")); });
     }
 
     /// The signals, in order.
     [[nodiscard]] const QStringList &said() const { return m_said; }
     /// How many of them end an attempt.
-    [[nodiscard]] qsizetype ended() const { return m_said.size() - m_said.count(QStringLiteral("popup")); }
+    [[nodiscard]] qsizetype ended() const { return m_said.size() - m_said.count(q("popup")); }
     /// What the delegate was told.
     [[nodiscard]] const QStringList &told() const { return m_told; }
     void forget()

@@ -10,42 +10,25 @@ class TestClickManager : public ModesTestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void ownsTheButtonUntilItHasAParent_data()
-    {
-        QTest::addColumn<bool>("placed");
-        QTest::newRow("never placed") << false;
-        QTest::newRow("placed") << true;
-    }
-
     void ownsTheButtonUntilItHasAParent()
     {
-        QFETCH(bool, placed);
-        const QPointer<QVClickButton> button = m_manager->button();
-        QCOMPARE(m_manager->button(), button.data());
+        QPointer<QVClickButton> button = m_manager->button();
         QCOMPARE(m_manager->clickButton(), button.data());
-        if (placed)
-            button->setParent(&host());
-        m_manager.reset();
-        QCOMPARE(!button.isNull(), placed);
-    }
-
-    void makesAnotherButtonAfterTheHostsEnd()
-    {
-        const QPointer<QVClickButton> first = m_manager->button();
-        first->setParent(&host());
+        button->setParent(&host());
         destroyHost();
-        QVERIFY(!first);
-        QVERIFY(m_manager->button());
+        QVERIFY(!button);
+        button = m_manager->button();
+        QVERIFY(button);
+        m_manager.reset();
+        QVERIFY(!button);
     }
 
     void relaysWhatTheButtonSays_data()
     {
-        QTest::addColumn<QString>("what");
-        QTest::addColumn<QString>("code");
-        QTest::addColumn<QStringList>("said");
-        QTest::newRow("passed") << click << QStringLiteral("0103") << words("passed click-token");
-        QTest::newRow("failed") << config << QStringLiteral("0105") << words("failed 105");
-        QTest::newRow("closed") << click << QStringLiteral("0104") << words("popup, closed");
+        const auto row = addColumns<QString, QString, QStringList>({"what", "code", "said"});
+        row("passed", click, q("0103"), words("passed click-token"));
+        row("failed", config, q("0105"), words("failed 105"));
+        row("closed", click, q("0104"), words("popup, closed"));
     }
 
     void relaysWhatTheButtonSays()
@@ -63,11 +46,9 @@ private Q_SLOTS:
 
     void hearsTheButtonsEnd_data()
     {
-        QTest::addColumn<QString>("held");
-        QTest::addColumn<QString>("said");
-        QTest::newRow("asking") << config << QStringLiteral("closed");
-        QTest::newRow("drawing") << picture << QStringLiteral("closed");
-        QTest::newRow("token on its way") << QString() << QStringLiteral("passed click-token");
+        const auto row = addColumns<QString, QString>({"held", "said"});
+        row("asking", config, q("closed"));
+        row("token on its way", QString(), q("passed click-token"));
     }
 
     void hearsTheButtonsEnd()

@@ -20,20 +20,159 @@ class TestModesAtRandom : public ModesTestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void anyOrderOfEvents_data();
-    void anyOrderOfEvents();
+    void anyOrderOfEvents_data()
+    {
+        QTest::addColumn<quint32>("seed");
+        for (quint32 seed = 1; seed <= 4; ++seed)
+            QTest::addRow("%u", seed) << seed;
+    }
+
+    void anyOrderOfEvents()
+    {
+        QFETCH(quint32, seed);
+        m_random.seed(seed);
+        for (int i = 0; i < 30; ++i)
+            step();
+        m_click->reset();
+        m_invisible->reset();
+        pass(1100ms);
+        QVERIFY(m_clickAttempts > 0 && m_invisibleAttempts > 0);
+        QCOMPARE(m_clicked->ended(), m_clickAttempts);
+        QCOMPARE(m_unseen->ended(), m_invisibleAttempts);
+        QCOMPARE(popupCount(), 0);
+
+        m_click->button()->click();
+        m_invisible->startInsivible();
+        m_click.reset();
+        m_invisible.reset();
+        delete host().findChild<QVClickButton *>();
+        delete m_embed->embedView();
+        m_embed.reset();
+        settle();
+        forgetAsked();
+        pass(3000ms);
+        QCOMPARE(asked(), QStringList());
+        QCOMPARE(popupCount(), 0);
+        QCOMPARE(time().pendingCount(), 0);
+    }
 
 private:
-    void prepare() override;
-    void finish() override;
+    void prepare() override
+    {
+        ModesTestCase::prepare();
+        m_clicked = std::make_unique<Outcomes>();
+        m_unseen = std::make_unique<Outcomes>();
+        m_clickAttempts = 0;
+        m_invisibleAttempts = 0;
+        m_click = std::make_unique<QVClickManager>();
+        m_invisible = std::make_unique<QVInvisibleManager>();
+        m_embed = std::make_unique<QVEmbedManager>();
+        m_embed->embedView()->setParent(&host());
+        m_embed->embedView()->setGeometry(0, 50, 300, 202);
+        m_embed->embedView()->show();
+        m_clicked->watch(m_click.get());
+        m_unseen->watch(m_invisible.get());
+        QVClickButton *const button = m_click->button();
+        button->setParent(&host());
+        button->setGeometry(0, 0, 200, 44);
+        button->show();
+        const auto isUnderWay = [](QVClickStatus status) {
+            return status == QVClickStatusVerifying || status == QVClickStatusDrawing;
+        };
+        connect(button, &QVClickButton::clickStatusChanged, button,
+                [this, isUnderWay, was = false](QVClickStatus status) mutable {
+                    m_clickAttempts += isUnderWay(status) && !was ? 1 : 0;
+                    was = isUnderWay(status);
+                });
+    }
+
+    void finish() override
+    {
+        m_click.reset();
+        m_invisible.reset();
+        m_embed.reset();
+        m_clicked.reset();
+        m_unseen.reset();
+        ModesTestCase::finish();
+    }
 
     [[nodiscard]] int roll(int sides) { return m_random.bounded(sides); }
-    void step();
-    void tapButton();
-    void startInvisible();
-    void changeAnswers();
-    void actInPopup();
-    [[nodiscard]] bool invisiblePopupIsShown() const;
+    void step()
+    {
+        switch (roll(12)) {
+        case 0:
+        case 1:
+            return tapButton();
+        case 2:
+            return startInvisible();
+        case 3:
+        case 4:
+            return changeAnswers();
+        case 5:
+        case 6:
+        case 7:
+            return actInPopup();
+        case 8:
+            return roll(3) ? pass(1ms * roll(1500)) : m_click->reset();
+        case 9:
+            return roll(3) ? pass(1ms * roll(1500)) : m_invisible->reset();
+        case 10:
+            return roll(2) ? m_embed->reset() : host().resize(300 + roll(700), 300 + roll(400));
+        default:
+            return pass(1ms * roll(600));
+        }
+    }
+
+    void tapButton()
+    {
+        if (roll(4) == 0)
+            QTest::keyClick(host().windowHandle(), roll(2) ? Qt::Key_Space : Qt::Key_Return);
+        else
+            QVPointerInput::click(host(), QPoint(20, 20));
+    }
+
+    void startInvisible()
+    {
+        m_invisible->setAnimation(roll(3) > 0);
+        m_invisibleAttempts += invisiblePopupIsShown() ? 0 : 1;
+        m_invisible->startInsivible();
+    }
+
+    void changeAnswers()
+    {
+        const auto oneOf = [this](const char *choices) {
+            const QStringList all = words(choices);
+            return all[roll(int(all.size()))];
+        };
+        delay(oneOf("switch, config, click, picture, refresh, verify, outage get, outage verify"),
+              1ms * roll(400));
+        service().answerBytes(
+            outageSwitch,
+            oneOf(R"({"active":true}, {"active":false}, {"active":false}, <html>, [])").toLatin1());
+        answerCode(config, oneOf("0103, 0103, 0103, 0101"));
+        answerCode(click, oneOf("0103, 0104, 0104, 1002"));
+        answerCode(verify, oneOf("0103, 0104, 0105"));
+    }
+
+    void actInPopup()
+    {
+        if (popup() && roll(3) == 0)
+            pressClose();
+        else if (popup())
+            stroke();
+        else
+            QVPointerInput::strokeWithMouse(*m_embed->embedView(), QVPointerInput::wave(QPoint(30, 90), 35),
+                                            [this] { advance(16ms); });
+    }
+
+    [[nodiscard]] bool invisiblePopupIsShown() const
+    {
+        const auto views = host().findChildren<QVRenderDrawView *>();
+        return std::ranges::any_of(views, [](const QVRenderDrawView *view) {
+            return view->isVisible() && view->verifyStyle() == QVVerifyStyleInvisible &&
+                   view->canDirectlyShow();
+        });
+    }
 
     QRandomGenerator m_random;
     std::unique_ptr<Outcomes> m_clicked;
@@ -44,156 +183,6 @@ private:
     std::unique_ptr<QVInvisibleManager> m_invisible;
     std::unique_ptr<QVEmbedManager> m_embed;
 };
-
-void TestModesAtRandom::prepare()
-{
-    ModesTestCase::prepare();
-    m_clicked = std::make_unique<Outcomes>();
-    m_unseen = std::make_unique<Outcomes>();
-    m_clickAttempts = 0;
-    m_invisibleAttempts = 0;
-    m_click = std::make_unique<QVClickManager>();
-    m_invisible = std::make_unique<QVInvisibleManager>();
-    m_embed = std::make_unique<QVEmbedManager>();
-    m_embed->embedView()->setParent(&host());
-    m_embed->embedView()->setGeometry(0, 50, 300, 202);
-    m_embed->embedView()->show();
-    m_clicked->watch(m_click.get());
-    m_unseen->watch(m_invisible.get());
-    QVClickButton *const button = m_click->button();
-    button->setParent(&host());
-    button->setGeometry(0, 0, 200, 44);
-    button->show();
-    const auto isUnderWay = [](QVClickStatus status) {
-        return status == QVClickStatusVerifying || status == QVClickStatusDrawing;
-    };
-    connect(button, &QVClickButton::clickStatusChanged, button,
-            [this, isUnderWay, was = false](QVClickStatus status) mutable {
-                m_clickAttempts += isUnderWay(status) && !was ? 1 : 0;
-                was = isUnderWay(status);
-            });
-}
-
-void TestModesAtRandom::finish()
-{
-    m_click.reset();
-    m_invisible.reset();
-    m_embed.reset();
-    m_clicked.reset();
-    m_unseen.reset();
-    ModesTestCase::finish();
-}
-
-bool TestModesAtRandom::invisiblePopupIsShown() const
-{
-    const auto views = host().findChildren<QVRenderDrawView *>();
-    return std::ranges::any_of(views, [](const QVRenderDrawView *view) {
-        return view->isVisible() && view->verifyStyle() == QVVerifyStyleInvisible && view->canDirectlyShow();
-    });
-}
-
-void TestModesAtRandom::tapButton()
-{
-    if (roll(4) == 0)
-        QTest::keyClick(host().windowHandle(), roll(2) ? Qt::Key_Space : Qt::Key_Return);
-    else
-        QVPointerInput::click(host(), QPoint(20, 20));
-}
-
-void TestModesAtRandom::startInvisible()
-{
-    m_invisible->setAnimation(roll(3) > 0);
-    m_invisibleAttempts += invisiblePopupIsShown() ? 0 : 1;
-    m_invisible->startInsivible();
-}
-
-void TestModesAtRandom::changeAnswers()
-{
-    const auto oneOf = [this](const char *choices) {
-        const QStringList all = words(choices);
-        return all[roll(int(all.size()))];
-    };
-    delay(oneOf("switch, config, click, picture, refresh, verify, outage get, outage verify"),
-          1ms * roll(400));
-    service().answerBytes(
-        outageSwitch, oneOf(R"({"active":true}, {"active":false}, {"active":false}, <html>, [])").toLatin1());
-    answerCode(config, oneOf("0103, 0103, 0103, 0101"));
-    answerCode(click, oneOf("0103, 0104, 0104, 1002"));
-    answerCode(verify, oneOf("0103, 0104, 0105"));
-}
-
-void TestModesAtRandom::actInPopup()
-{
-    if (popup() && roll(3) == 0)
-        pressClose();
-    else if (popup())
-        stroke();
-    else
-        QVPointerInput::strokeWithMouse(*m_embed->embedView(), QVPointerInput::wave(QPoint(30, 90), 35),
-                                        [this] { advance(16ms); });
-}
-
-void TestModesAtRandom::step()
-{
-    switch (roll(12)) {
-    case 0:
-    case 1:
-        return tapButton();
-    case 2:
-        return startInvisible();
-    case 3:
-    case 4:
-        return changeAnswers();
-    case 5:
-    case 6:
-    case 7:
-        return actInPopup();
-    case 8:
-        return roll(3) ? pass(1ms * roll(1500)) : m_click->reset();
-    case 9:
-        return roll(3) ? pass(1ms * roll(1500)) : m_invisible->reset();
-    case 10:
-        return roll(2) ? m_embed->reset() : host().resize(300 + roll(700), 300 + roll(400));
-    default:
-        return pass(1ms * roll(600));
-    }
-}
-
-void TestModesAtRandom::anyOrderOfEvents_data()
-{
-    QTest::addColumn<quint32>("seed");
-    for (quint32 seed = 1; seed <= 6; ++seed)
-        QTest::addRow("%u", seed) << seed;
-}
-
-void TestModesAtRandom::anyOrderOfEvents()
-{
-    QFETCH(quint32, seed);
-    m_random.seed(seed);
-    for (int i = 0; i < 50; ++i)
-        step();
-    m_click->reset();
-    m_invisible->reset();
-    pass(1100ms);
-    QVERIFY(m_clickAttempts > 0 && m_invisibleAttempts > 0);
-    QCOMPARE(m_clicked->ended(), m_clickAttempts);
-    QCOMPARE(m_unseen->ended(), m_invisibleAttempts);
-    QCOMPARE(popupCount(), 0);
-
-    m_click->button()->click();
-    m_invisible->startInsivible();
-    m_click.reset();
-    m_invisible.reset();
-    delete host().findChild<QVClickButton *>();
-    delete m_embed->embedView();
-    m_embed.reset();
-    settle();
-    forgetAsked();
-    pass(3000ms);
-    QCOMPARE(asked(), QStringList());
-    QCOMPARE(popupCount(), 0);
-    QCOMPARE(time().pendingCount(), 0);
-}
 
 QV_TEST(TestModesAtRandom)
 #include "TestModesAtRandom.moc"

@@ -25,22 +25,14 @@ public:
 protected:
     bool event(QEvent *event) override
     {
-        switch (event->type()) {
-        case QEvent::MouseButtonPress:
-        case QEvent::MouseButtonRelease:
-        case QEvent::MouseButtonDblClick:
-        case QEvent::Wheel:
-        case QEvent::ContextMenu:
-        case QEvent::TouchBegin:
-        case QEvent::TouchUpdate:
-        case QEvent::KeyPress:
-        case QEvent::KeyRelease:
-            ++count;
-            event->accept();
-            return true;
-        default:
+        const QSet<QEvent::Type> input{
+            QEvent::MouseButtonPress, QEvent::MouseButtonRelease, QEvent::Wheel,
+            QEvent::ContextMenu,      QEvent::TouchBegin,         QEvent::KeyPress};
+        if (!input.contains(event->type()))
             return QWidget::event(event);
-        }
+        ++count;
+        event->accept();
+        return true;
     }
 };
 
@@ -51,15 +43,112 @@ class TestPopupInput : public ModesTestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void nothingReachesTheHost_data();
-    void nothingReachesTheHost();
-    void hostsShortcutsRest();
-    void tabStaysInside();
-    void focusCannotBeTaken();
-    void focusGoesBack_data();
-    void focusGoesBack();
-    void closeButtonByKey_data();
-    void closeButtonByKey();
+    void nothingReachesTheHost_data()
+    {
+        const auto row = addColumns<QPoint>({"point"});
+        row("dimmed part", QPoint(20, 300));
+        row("over the host's own control", QPoint(20, 20));
+        row("picture", QPoint(350, 300));
+    }
+
+    void nothingReachesTheHost()
+    {
+        QFETCH(QPoint, point);
+        open();
+        QWidget &target = *host().childAt(point);
+        const QPoint local = target.mapFrom(&host(), point);
+        QVPointerInput::click(host(), point);
+        QVPointerInput::click(host(), point);
+        QVPointerInput::strokeWithFinger(host(), {point, point + QPoint(5, 5)});
+        QWheelEvent wheel(local, target.mapToGlobal(local), {}, {0, 120}, Qt::NoButton, Qt::NoModifier,
+                          Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(&target, &wheel);
+        QContextMenuEvent menu(QContextMenuEvent::Mouse, local, target.mapToGlobal(local));
+        QCoreApplication::sendEvent(&target, &menu);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_A);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        QCOMPARE(m_counting->count, 0);
+        QCOMPARE(m_edit->text(), QString());
+        m_controller.lock()->hiddenWindow();
+        QVPointerInput::click(host(), QPoint(350, 100));
+        QCOMPARE(m_counting->count, 2);
+    }
+
+    void hostsShortcutsRest()
+    {
+        QShortcut shortcut(QKeySequence(Qt::CTRL | Qt::Key_S), m_edit);
+        shortcut.setContext(Qt::ApplicationShortcut);
+        const QSignalSpy activated(&shortcut, &QShortcut::activated);
+        open();
+        QTest::keyClick(host().windowHandle(), Qt::Key_S, Qt::ControlModifier);
+        QCOMPARE(activated.count(), 0);
+        m_controller.lock()->hiddenWindow();
+        QTest::keyClick(host().windowHandle(), Qt::Key_S, Qt::ControlModifier);
+        QCOMPARE(activated.count(), 1);
+    }
+
+    void tabStaysInside()
+    {
+        open();
+        QSet<QWidget *> visited;
+        for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Backtab, Qt::Key_Backtab}) {
+            QTest::keyClick(host().windowHandle(), key);
+            visited.insert(QApplication::focusWidget());
+            QVERIFY(popup()->isAncestorOf(QApplication::focusWidget()));
+        }
+        auto *const close = popup()->findChild<QVCloseButton *>();
+        QVERIFY(visited.contains(close));
+        close->setFocus(Qt::TabFocusReason);
+        QTest::keyClick(host().windowHandle(), Qt::Key_Space);
+        QVERIFY(m_controller.expired());
+        QCOMPARE(QApplication::focusWidget(), m_edit.data());
+    }
+
+    void focusCannotBeTaken()
+    {
+        open();
+        m_edit->setFocus();
+        QCOMPARE(QApplication::focusWidget(), popup());
+        // Two popups on one window: only the upper one insists.
+        const auto second =
+            QVViewController::showQvWithVerifyStyle(QVVerifyStylePopup, nullptr, nullptr, nullptr, m_edit);
+        m_edit->setFocus();
+        const QWidget *const upper = QApplication::focusWidget();
+        QCOMPARE(upper, host().children().constLast());
+        second->dismissWindow();
+        QCOMPARE(QApplication::focusWidget(), popup());
+        QWidget dialog;
+        QLineEdit line(&dialog);
+        showActive(dialog);
+        line.setFocus();
+        QCOMPARE(QApplication::focusWidget(), &line);
+    }
+
+    void focusGoesBack_data()
+    {
+        const auto row = addColumns<bool, bool>({"dismissed", "gone"});
+        row("hidden", false, false);
+        row("dismissed", true, false);
+        row("dismissed, nobody there", true, true);
+    }
+
+    void focusGoesBack()
+    {
+        QFETCH(bool, dismissed);
+        QFETCH(bool, gone);
+        open();
+        QTest::keyClick(host().windowHandle(), Qt::Key_Tab);
+        QWidget *const window = popup();
+        if (gone)
+            delete m_edit;
+        if (dismissed)
+            m_controller.lock()->dismissWindow();
+        else
+            m_controller.lock()->hiddenWindow();
+        if (!gone)
+            QCOMPARE(QApplication::focusWidget(), m_edit.data());
+        QVERIFY(!QApplication::focusWidget() || !window->isAncestorOf(QApplication::focusWidget()));
+    }
 
 private:
     void prepare() override
@@ -85,129 +174,6 @@ private:
     QPointer<QLineEdit> m_edit;
     std::weak_ptr<QVViewController> m_controller;
 };
-
-void TestPopupInput::nothingReachesTheHost_data()
-{
-    QTest::addColumn<QPoint>("point");
-    QTest::newRow("dimmed part") << QPoint(20, 300);
-    QTest::newRow("over the host's own control") << QPoint(20, 20);
-    QTest::newRow("card") << QPoint(350, 100);
-    QTest::newRow("picture") << QPoint(350, 300);
-}
-
-void TestPopupInput::nothingReachesTheHost()
-{
-    QFETCH(QPoint, point);
-    open();
-    QWidget &target = *host().childAt(point);
-    const QPoint local = target.mapFrom(&host(), point);
-    QVPointerInput::click(host(), point);
-    QVPointerInput::click(host(), point);
-    QVPointerInput::strokeWithFinger(host(), {point, point + QPoint(5, 5)});
-    QWheelEvent wheel(local, target.mapToGlobal(local), {}, {0, 120}, Qt::NoButton, Qt::NoModifier,
-                      Qt::NoScrollPhase, false);
-    QCoreApplication::sendEvent(&target, &wheel);
-    QContextMenuEvent menu(QContextMenuEvent::Mouse, local, target.mapToGlobal(local));
-    QCoreApplication::sendEvent(&target, &menu);
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_A);
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
-    QCOMPARE(m_counting->count, 0);
-    QCOMPARE(m_edit->text(), QString());
-    m_controller.lock()->hiddenWindow();
-    QVPointerInput::click(host(), QPoint(350, 100));
-    QCOMPARE(m_counting->count, 2);
-}
-
-void TestPopupInput::hostsShortcutsRest()
-{
-    QShortcut shortcut(QKeySequence(Qt::CTRL | Qt::Key_S), m_edit);
-    shortcut.setContext(Qt::ApplicationShortcut);
-    const QSignalSpy activated(&shortcut, &QShortcut::activated);
-    open();
-    QTest::keyClick(host().windowHandle(), Qt::Key_S, Qt::ControlModifier);
-    QCOMPARE(activated.count(), 0);
-    m_controller.lock()->hiddenWindow();
-    QTest::keyClick(host().windowHandle(), Qt::Key_S, Qt::ControlModifier);
-    QCOMPARE(activated.count(), 1);
-}
-
-void TestPopupInput::tabStaysInside()
-{
-    open();
-    QSet<QWidget *> visited;
-    for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Backtab, Qt::Key_Backtab}) {
-        QTest::keyClick(host().windowHandle(), key);
-        visited.insert(QApplication::focusWidget());
-        QVERIFY(popup()->isAncestorOf(QApplication::focusWidget()));
-    }
-    QVERIFY(visited.contains(popup()->findChild<QVCloseButton *>()));
-}
-
-void TestPopupInput::focusCannotBeTaken()
-{
-    open();
-    m_edit->setFocus();
-    QCOMPARE(QApplication::focusWidget(), popup());
-    // Two popups on one window: only the upper one insists.
-    const auto second =
-        QVViewController::showQvWithVerifyStyle(QVVerifyStylePopup, nullptr, nullptr, nullptr, m_edit);
-    m_edit->setFocus();
-    const QWidget *const upper = QApplication::focusWidget();
-    QCOMPARE(upper, host().children().constLast());
-    second->dismissWindow();
-    QCOMPARE(QApplication::focusWidget(), popup());
-    QWidget dialog;
-    QLineEdit line(&dialog);
-    showActive(dialog);
-    line.setFocus();
-    QCOMPARE(QApplication::focusWidget(), &line);
-}
-
-void TestPopupInput::focusGoesBack_data()
-{
-    QTest::addColumn<bool>("dismissed");
-    QTest::addColumn<bool>("gone");
-    QTest::newRow("hidden") << false << false;
-    QTest::newRow("dismissed") << true << false;
-    QTest::newRow("hidden, nobody there") << false << true;
-    QTest::newRow("dismissed, nobody there") << true << true;
-}
-
-void TestPopupInput::focusGoesBack()
-{
-    QFETCH(bool, dismissed);
-    QFETCH(bool, gone);
-    open();
-    QTest::keyClick(host().windowHandle(), Qt::Key_Tab);
-    QWidget *const window = popup();
-    if (gone)
-        delete m_edit;
-    if (dismissed)
-        m_controller.lock()->dismissWindow();
-    else
-        m_controller.lock()->hiddenWindow();
-    if (!gone)
-        QCOMPARE(QApplication::focusWidget(), m_edit.data());
-    QVERIFY(!QApplication::focusWidget() || !window->isAncestorOf(QApplication::focusWidget()));
-}
-
-void TestPopupInput::closeButtonByKey_data()
-{
-    QTest::addColumn<Qt::Key>("key");
-    QTest::newRow("space") << Qt::Key_Space;
-    QTest::newRow("return") << Qt::Key_Return;
-    QTest::newRow("enter") << Qt::Key_Enter;
-}
-
-void TestPopupInput::closeButtonByKey()
-{
-    QFETCH(Qt::Key, key);
-    open();
-    popup()->findChild<QVCloseButton *>()->setFocus(Qt::TabFocusReason);
-    QTest::keyClick(host().windowHandle(), key);
-    QVERIFY(m_controller.expired());
-    QCOMPARE(QApplication::focusWidget(), m_edit.data());
-}
 
 QV_TEST(TestPopupInput)
 #include "TestPopupInput.moc"

@@ -27,7 +27,7 @@ private Q_SLOTS:
             QVPictureCacheFolder earlier;
             abandoned = earlier.path();
         }
-        QFile left(abandoned + QStringLiteral("/picture"));
+        QFile left(abandoned + q("/picture"));
         QVERIFY(left.open(QIODevice::WriteOnly));
         left.close();
 

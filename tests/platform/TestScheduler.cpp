@@ -9,22 +9,6 @@ class TestScheduler : public QVTestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void virtualTimeRunsInOrder()
-    {
-        QStringList seen;
-        QVScheduler &scheduler = QVScheduler::shared();
-        scheduler.schedule(20ms, [&] { seen.append(QStringLiteral("late")); });
-        scheduler.schedule(10ms, [&] {
-            seen.append(QStringLiteral("early"));
-            scheduler.schedule(5ms, [&] { seen.append(QStringLiteral("nested")); });
-        });
-        const auto cancelled = scheduler.schedule(1ms, [&] { seen.append(QStringLiteral("never")); });
-        scheduler.cancel(cancelled);
-        QVERIFY(seen.isEmpty());
-        advance(20ms);
-        QCOMPARE(seen,
-                 QStringList({QStringLiteral("early"), QStringLiteral("nested"), QStringLiteral("late")}));
-    }
 
     void realTimeRunsAfterTheCallAndForgetsTheTask()
     {

@@ -1,5 +1,7 @@
 #include "sandbox/SandboxStrokes.h"
 
+#include "support/QVText.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -9,7 +11,7 @@ namespace {
 
 QString threeDigits(qint64 number)
 {
-    const QString digits = QStringLiteral("kqrsvj567opcd89ghiyz");
+    const QString digits = q("kqrsvj567opcd89ghiyz");
     return QString(digits[number / 8000]) + digits[number / 20 % 20] + digits[number % 20];
 }
 
@@ -36,7 +38,7 @@ QChar cell(QPointF point)
     };
     const int index =
         4 * line(point.y(), SandboxGeometry::pictureHeight) + line(point.x(), SandboxGeometry::pictureWidth);
-    return QStringLiteral("0123456789abcdef")[index];
+    return q("0123456789abcdef")[index];
 }
 
 } // namespace

@@ -20,6 +20,7 @@ void SandboxTestCase::prepare()
     QVSandboxOptions options;
     options.seed = 20240101;
     options.slowDelay = std::chrono::milliseconds(120);
+    options.logLimit = 12;
     options.clock = [this] {
         return m_now;
     };
@@ -47,22 +48,20 @@ SandboxTestCase::Reply SandboxTestCase::get(const QString &address) const
 SandboxTestCase::Reply SandboxTestCase::service(const QString &operation, const QString &id,
                                                 const QString &challenge, const QString &more) const
 {
-    return get(
-        QStringLiteral("/app/%1/v1?challenge=%2&deviceid=d&id=%3%4").arg(operation, challenge, id, more));
+    return get(q("/app/%1/v1?challenge=%2&deviceid=d&id=%3%4").arg(operation, challenge, id, more));
 }
 
 QString SandboxTestCase::configured(const QString &id) const
 {
-    return get(QStringLiteral("/app/config/v1?id=%1&type=popup&scene=1&deviceid=d").arg(id))
-        .text("challenge");
+    return get(q("/app/config/v1?id=%1&type=popup&scene=1&deviceid=d").arg(id)).text("challenge");
 }
 
 SandboxTestCase::Reply SandboxTestCase::drawn(const QString &id, const QString &challenge,
                                               const QList<QPointF> &points) const
 {
     constexpr int between = 25;
-    return service(QStringLiteral("verify"), id, challenge,
-                   QStringLiteral("&v=%1&drawtime=%2")
+    return service(q("verify"), id, challenge,
+                   q("&v=%1&drawtime=%2")
                        .arg(SandboxStrokes::encoded(points, between))
                        .arg((points.size() - 1) * between));
 }

@@ -28,19 +28,6 @@ class TestSandboxPictures : public QVTestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void sameSeedGivesTheSamePicture()
-    {
-        QCOMPARE(SandboxPainter(curvePuzzle(9), 1).jpeg(), SandboxPainter(curvePuzzle(9), 1).jpeg());
-        QVERIFY(SandboxPainter(curvePuzzle(9), 1).jpeg() != SandboxPainter(curvePuzzle(10), 1).jpeg());
-    }
-
-    void hasBothSizes()
-    {
-        QCOMPARE(QImage::fromData(SandboxPainter(curvePuzzle(1), 1).jpeg()).size(), QSize(400, 230));
-        const QByteArray sharp = SandboxPainter(curvePuzzle(1), 2).jpeg();
-        QCOMPARE(QImage::fromData(sharp, "JPEG").size(), QSize(800, 460));
-        QVERIFY(sharp.size() < 120 * 1024);
-    }
 
     void curveStandsOutOnEveryGround()
     {
@@ -55,27 +42,6 @@ private Q_SLOTS:
             // The hints for the direction take the rest.
             QVERIFY2(bright > points.size() * 70 / 100, qPrintable(QString::number(bright)));
         }
-    }
-
-    void startIsMarked()
-    {
-        const SandboxPuzzle puzzle = curvePuzzle(4);
-        const QImage image = QImage::fromData(SandboxPainter(puzzle, 2).jpeg());
-        const QColor centre = image.pixelColor((puzzle.curve.first() * 2.0).toPoint());
-        QVERIFY(centre.red() > 220 && centre.blue() < 100);
-        const QColor end = image.pixelColor((puzzle.curve.last() * 2.0).toPoint());
-        QVERIFY(end.blue() > 200);
-    }
-
-    void alphabetHasNoLookAlikes()
-    {
-        const QString alphabet = SandboxGlyphs::alphabet();
-        QVERIFY(alphabet.size() >= 16);
-        for (const QChar confusing : QStringLiteral("01OIlQDZ25S8B6G9"))
-            QVERIFY(!alphabet.contains(confusing));
-        for (const QChar character : alphabet)
-            QVERIFY(!SandboxGlyphs::strokes(character).isEmpty());
-        QVERIFY(SandboxGlyphs::strokes(u'0').isEmpty());
     }
 
     void everyCharacterIsDrawn()

@@ -30,22 +30,30 @@ protected:
     [[nodiscard]] QVScriptedServer &server() const { return *m_server; }
 
     /// Asks the scripted server for a picture, the plainest of all requests.
-    Task requestPicture(Probe<Picture> &probe, const QString &vid = QStringLiteral("v")) const
+    Task requestPicture(Probe<Picture> &probe, const QString &vid = q("v")) const
     {
         return probe.run([&](QVCompletion<Picture> completed) {
-            return manager().requestGetWithApiServer(server().address(), vid, QStringLiteral("c"), completed);
+            return manager().requestGetWithApiServer(server().address(), vid, q("c"), std::move(completed));
         });
+    }
+
+    /// Waits for the completion, which must come as all of them do.
+    template<class Result>
+    static void await(const QVCompletionProbe<Result> &probe)
+    {
+        QVERIFY(waitFor([&] { return probe.isDone(); }));
+        QCOMPARE(probe.fault(), QString());
     }
 
     void prepare() override
     {
         m_server = std::make_unique<QVScriptedServer>();
         QVServiceAddresses addresses;
-        addresses.setApiHost(server().address() + QStringLiteral("/api"));
-        addresses.setDownloadHost(server().address() + QStringLiteral("/download"));
+        addresses.setApiHost(server().address() + q("/api"));
+        addresses.setDownloadHost(server().address() + q("/download"));
         settings().setServiceAddresses(addresses);
-        settings().setOutage(server().address() + QStringLiteral("/outage"));
-        settings().setPreferredLanguage(QStringLiteral("en"));
+        settings().setOutage(server().address() + q("/outage"));
+        settings().setPreferredLanguage(q("en"));
     }
 
     void finish() override

@@ -30,18 +30,6 @@ private Q_SLOTS:
         QVERIFY(waitFor([&] { return server().closedCount() == 1; }));
     }
 
-    void afterTheEnd()
-    {
-        server().enqueue(QVScript::answer(R"({"code":"0103"})"));
-        Probe<Picture> probe;
-        const Task task = requestPicture(probe);
-        QVERIFY(waitFor([&] { return probe.isDone(); }));
-        task->cancel();
-        QCoreApplication::processEvents();
-        QCOMPARE(probe.fault(), QString());
-        QVERIFY(probe.result());
-    }
-
     void ofAnotherFromACompletion()
     {
         server().enqueue(QVScript::answer(R"({"code":"0103"})"));
@@ -49,7 +37,7 @@ private Q_SLOTS:
         bool isDone = false;
         Task other;
         manager().requestGetWithApiServer(
-            server().address(), QStringLiteral("v"), QStringLiteral("c"),
+            server().address(), q("v"), q("c"),
             [&](const std::shared_ptr<Picture> &, const std::optional<QVError> &) {
                 other->cancel();
                 isDone = true;
@@ -60,22 +48,12 @@ private Q_SLOTS:
         expectCancelled(silent);
     }
 
-    void droppedTaskGoesOn()
-    {
-        server().enqueue(QVScript::answer(R"({"code":"0103"})"));
-        Probe<Picture> probe;
-        requestPicture(probe).reset();
-        QVERIFY(waitFor([&] { return probe.isDone(); }));
-        QVERIFY(probe.result());
-    }
-
     void absentCompletionIsSkipped()
     {
         server().setResponder(
             [](const QVReceivedRequest &) { return QVScript::answer(R"({"code":"0103"})"); });
-        const QList<Task> tasks{
-            requestPictureFor(nullptr), manager().requestOutageComplted(nullptr),
-            manager().requestGetWithApiServer(QString(), QStringLiteral("v"), QString(), nullptr)};
+        const QList<Task> tasks{requestPictureFor(nullptr), manager().requestOutageComplted(nullptr),
+                                manager().requestGetWithApiServer(QString(), q("v"), QString(), nullptr)};
         QVERIFY(waitFor(
             [&] { return std::ranges::all_of(tasks, [](const Task &task) { return task->isFinished(); }); }));
     }
@@ -83,14 +61,12 @@ private Q_SLOTS:
 private:
     [[nodiscard]] Task requestPictureFor(QVCompletion<Picture> completed) const
     {
-        return manager().requestGetWithApiServer(server().address(), QStringLiteral("v"), QStringLiteral("c"),
-                                                 std::move(completed));
+        return manager().requestGetWithApiServer(server().address(), q("v"), q("c"), std::move(completed));
     }
 
     void expectCancelled(const Probe<Picture> &probe) const
     {
-        QVERIFY(waitFor([&] { return probe.isDone(); }));
-        QCOMPARE(probe.fault(), QString());
+        await(probe);
         QVERIFY(!probe.result());
         QCOMPARE(probe.code(), -999);
         QVERIFY(!qv_isQVCustomError(*probe.error()));

@@ -13,10 +13,8 @@ QString localized(const char *key)
 
 QString composite()
 {
-    return localized("systemError").replace(QStringLiteral("{domain}"), localized("otherRequestError"));
+    return localized("systemError").replace(q("{domain}"), localized("otherRequestError"));
 }
-
-const QString customKey = QStringLiteral("QVCustonErrorKey");
 
 } // namespace
 
@@ -25,92 +23,41 @@ class TestErrorClassification : public QVTestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void serviceCodes_data()
-    {
-        QTest::addColumn<QString>("code");
-        QTest::addColumn<qint64>("expectedCode");
-        QTest::addColumn<QByteArray>("key");
-        const auto row = [](const char *code, qint64 expected, const char *key) {
-            QTest::newRow(code) << QString::fromLatin1(code) << expected << QByteArray(key);
-        };
-        row("0101", 101, "AccessDenied");
-        row("0105", 105, "RefreshTooFast");
-        row("0106", 106, "refreshMany");
-        row("0315", 315, "RequestToMouch");
-        row("1002", 1002, "expired");
-        row("0104", 104, "");
-        row("-1001", -1001, "");
-        row("-1009", -1009, "");
-        row("9999", 9999, "");
-        row("oops", 0, "");
-        row("", 0, "");
-    }
-
     void serviceCodes()
     {
-        QFETCH(const QString, code);
-        QFETCH(const qint64, expectedCode);
-        QFETCH(const QByteArray, key);
-        QVResponseModel record;
-        record.setCode(code);
-        const QVError error = qv_customErrorWithErrorResponse(&record);
-        QCOMPARE(error.code(), expectedCode);
-        QCOMPARE(error.domain(), key.isEmpty() ? composite() : localized(key.constData()));
-        QCOMPARE(error.userInfo(), QVariantMap({{customKey, 1}}));
-        QVERIFY(qv_isQVCustomError(error));
-        QCOMPARE(qv_parseError(error), error);
-    }
-
-    void absentRecord()
-    {
-        const QVError error = qv_customErrorWithErrorResponse(nullptr);
-        QCOMPARE(error, QVError(composite(), 0, qv_customUserInfo()));
-    }
-
-    void platformCodes_data()
-    {
-        QTest::addColumn<qint64>("code");
-        QTest::addColumn<QByteArray>("key");
-        const auto row = [](qint64 code, const char *key) {
-            QTest::addRow("%lld", static_cast<long long>(code)) << code << QByteArray(key);
-        };
-        row(-1001, "-1001");
-        row(-1005, "-1005");
-        row(-1009, "-1005");
-        for (const qint64 code : {-999, -1003, -1200, -1, 0, 101, 105, 106, 315, 1002, 3840})
-            row(code, "");
+        const QVCases<const char *, int, const char *> cases{{"0101", 101, "AccessDenied"},
+                                                             {"0105", 105, "RefreshTooFast"},
+                                                             {"0106", 106, "refreshMany"},
+                                                             {"0315", 315, "RequestToMouch"},
+                                                             {"1002", 1002, "expired"},
+                                                             {"0104", 104, ""},
+                                                             {"-1001", -1001, ""},
+                                                             {"oops", 0, ""},
+                                                             {"", 0, ""}};
+        for (const auto &[code, expected, key] : cases) {
+            QVResponseModel record;
+            record.setCode(q(code));
+            const QVError error = qv_customErrorWithErrorResponse(&record);
+            QCOMPARE(error.code(), expected);
+            QCOMPARE(error.domain(), *key ? localized(key) : composite());
+            QCOMPARE(error.userInfo(), QVariantMap({{q("QVCustonErrorKey"), 1}}));
+            QVERIFY(qv_isQVCustomError(error));
+            QCOMPARE(qv_parseError(error), error);
+        }
     }
 
     void platformCodes()
     {
-        QFETCH(const qint64, code);
-        QFETCH(const QByteArray, key);
-        const QVariantMap extra{{QStringLiteral("other"), 5}};
-        const QVError error = qv_parseError(QVError(QStringLiteral("platform"), code, extra));
-        QCOMPARE(error.domain(), key.isEmpty() ? composite() : localized(key.constData()));
-        QCOMPARE(error.code(), code);
-        QCOMPARE(error.userInfo(), extra);
-        QVERIFY(!qv_isQVCustomError(error));
-    }
-
-    void absentError() { QCOMPARE(qv_parseError(std::nullopt), QVError(QStringLiteral("No Error!!!"))); }
-
-    void anyMarkCounts()
-    {
-        QVERIFY(qv_isQVCustomError(QVError(QString(), 0, {{customKey, false}})));
-        QVERIFY(!qv_isQVCustomError(QVError(QString(), 0, {{customKey.toUpper(), 1}})));
-    }
-
-    void messagesFollowTheLanguage()
-    {
-        const auto message = [](const QString &language) {
-            QVConfigurationManager::sharedManager().setPreferredLanguage(language);
-            return qv_parseError(QVError(QString(), -1001)).domain();
-        };
-        const QString english = message(QStringLiteral("en"));
-        QVERIFY(message(QStringLiteral("zh-Hans")) != english);
-        QVERIFY(english != QStringLiteral("-1001"));
-        QVERIFY(!composite().contains(u'{'));
+        const QVCases<qint64, const char *> cases{{-1001, "-1001"}, {-1005, "-1005"}, {-1009, "-1005"},
+                                                  {-999, ""},       {-1200, ""},      {0, ""},
+                                                  {101, ""},        {3840, ""}};
+        const QVariantMap extra{{q("other"), 5}};
+        for (const auto &[code, key] : cases) {
+            const QVError error = qv_parseError(QVError(q("platform"), code, extra));
+            QCOMPARE(error, QVError(*key ? localized(key) : composite(), code, extra));
+            QVERIFY(!qv_isQVCustomError(error));
+        }
+        QCOMPARE(qv_parseError(std::nullopt), QVError(q("No Error!!!")));
     }
 };
 

@@ -1,11 +1,13 @@
 #include "settings/QVFakeSecretService.h"
 
+#include "support/QVText.h"
+
 #include <QDBusConnection>
 #include <QDBusObjectPath>
 #include <QDBusVariant>
 
 QVFakeSecretService::QVFakeSecretService(const QString &address, Manner manner)
-    : m_name(QStringLiteral("fake service on ") + address)
+    : m_name(q("fake service on ") + address)
     , m_manner(manner)
 {
     moveToThread(&m_thread);
@@ -37,7 +39,6 @@ QString QVFakeSecretService::introspect(const QString &) const
 
 bool QVFakeSecretService::handleMessage(const QDBusMessage &message, const QDBusConnection &connection)
 {
-    ++m_messageCount;
     if (m_manner == Manner::Silent)
         m_unanswered.append(message);
     else
@@ -48,21 +49,19 @@ bool QVFakeSecretService::handleMessage(const QDBusMessage &message, const QDBus
 QDBusMessage QVFakeSecretService::answer(const QDBusMessage &message)
 {
     const QString member = message.member();
-    if (m_manner == Manner::Failing)
-        return message.createErrorReply(QDBusError::InternalError, QStringLiteral("out of order"));
     if (member == QLatin1String("SearchItems")) {
         const auto none = QVariant::fromValue(QList<QDBusObjectPath>());
         return message.createReply({none, none});
     }
     if (member == QLatin1String("OpenSession")) {
         if (message.arguments().value(0).toString() != QLatin1String("plain"))
-            return message.createErrorReply(QDBusError::NotSupported, QStringLiteral("plain only"));
+            return message.createErrorReply(QDBusError::NotSupported, q("plain only"));
         return message.createReply({QVariant::fromValue(QDBusVariant(QString())),
-                                    QVariant::fromValue(QDBusObjectPath(QStringLiteral("/session")))});
+                                    QVariant::fromValue(QDBusObjectPath(q("/session")))});
     }
     if (member == QLatin1String("CreateItem"))
-        return message.createReply({QVariant::fromValue(QDBusObjectPath(QStringLiteral("/"))),
-                                    QVariant::fromValue(QDBusObjectPath(QStringLiteral("/prompt")))});
+        return message.createReply({QVariant::fromValue(QDBusObjectPath(q("/"))),
+                                    QVariant::fromValue(QDBusObjectPath(q("/prompt")))});
     if (member == QLatin1String("Prompt"))
         ++m_promptCount;
     return message.createReply();
@@ -71,8 +70,8 @@ QDBusMessage QVFakeSecretService::answer(const QDBusMessage &message)
 void QVFakeSecretService::registerOn(const QString &address)
 {
     auto connection = QDBusConnection::connectToBus(address, m_name);
-    m_isRegistered = connection.registerVirtualObject(QStringLiteral("/"), this, QDBusConnection::SubPath) &&
-                     connection.registerService(QStringLiteral("org.freedesktop.secrets"));
+    m_isRegistered = connection.registerVirtualObject(q("/"), this, QDBusConnection::SubPath) &&
+                     connection.registerService(q("org.freedesktop.secrets"));
 }
 
 void QVFakeSecretService::runThere(const std::function<void()> &action)

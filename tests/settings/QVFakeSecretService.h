@@ -16,8 +16,6 @@ public:
     enum class Manner {
         /// Keeps what it is asked and does not answer.
         Silent,
-        /// Answers every question with an error.
-        Failing,
         /// Knows no item, and wants to ask the user before it makes one.
         Prompting
     };
@@ -26,7 +24,6 @@ public:
     ~QVFakeSecretService() override;
 
     [[nodiscard]] bool isRegistered() const { return m_isRegistered; }
-    [[nodiscard]] int messageCount() const { return m_messageCount; }
     [[nodiscard]] int promptCount() const { return m_promptCount; }
     /// Answers what was left without an answer.
     void answerLate();
@@ -45,6 +42,5 @@ private:
     QThread m_thread;
     QList<QDBusMessage> m_unanswered;
     std::atomic<bool> m_isRegistered = false;
-    std::atomic<int> m_messageCount = 0;
     std::atomic<int> m_promptCount = 0;
 };

@@ -1,5 +1,7 @@
 #include "settings/QVPrivateDesktop.h"
 
+#include "support/QVText.h"
+
 #include <QDBusArgument>
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
@@ -16,10 +18,10 @@ constexpr const char *addressVariable = "DBUS_SESSION_BUS_ADDRESS";
 
 QByteArray busConfiguration(const QString &folder)
 {
-    return QStringLiteral("<busconfig><type>session</type><listen>unix:dir=%1</listen><auth>EXTERNAL</auth>"
-                          "<policy context=\"default\"><allow send_destination=\"*\"/><allow "
-                          "eavesdrop=\"true\"/><allow own=\"*\"/></policy>"
-                          "</busconfig>")
+    return q("<busconfig><type>session</type><listen>unix:dir=%1</listen><auth>EXTERNAL</auth>"
+             "<policy context=\"default\"><allow send_destination=\"*\"/><allow "
+             "eavesdrop=\"true\"/><allow own=\"*\"/></policy>"
+             "</busconfig>")
         .arg(folder)
         .toUtf8();
 }
@@ -28,9 +30,8 @@ QByteArray busConfiguration(const QString &folder)
 // busy machine.
 QString folderTemplate()
 {
-    const QString memory = QStringLiteral("/dev/shm");
-    return (QFileInfo(memory).isWritable() ? memory : QDir::tempPath()) +
-           QStringLiteral("/quarvo-tests-XXXXXX");
+    const QString memory = q("/dev/shm");
+    return (QFileInfo(memory).isWritable() ? memory : QDir::tempPath()) + q("/quarvo-tests-XXXXXX");
 }
 
 void stop(QProcess &process)
@@ -59,14 +60,14 @@ QVPrivateDesktop::~QVPrivateDesktop()
 
 bool QVPrivateDesktop::startBus()
 {
-    QFile configuration(m_folder.filePath(QStringLiteral("bus.conf")));
+    QFile configuration(m_folder.filePath(q("bus.conf")));
     if (!configuration.open(QIODevice::WriteOnly))
         return false;
     configuration.write(busConfiguration(m_folder.path()));
     configuration.close();
     prepare(m_bus);
-    m_bus.start(QStringLiteral("dbus-daemon"), {QStringLiteral("--nofork"), QStringLiteral("--print-address"),
-                                                QStringLiteral("--config-file=") + configuration.fileName()});
+    m_bus.start(q("dbus-daemon"),
+                {q("--nofork"), q("--print-address"), q("--config-file=") + configuration.fileName()});
     if (!m_bus.waitForReadyRead(30000))
         return false;
     m_address = QString::fromUtf8(m_bus.readLine()).trimmed();
@@ -77,13 +78,13 @@ bool QVPrivateDesktop::startBus()
 bool QVPrivateDesktop::startKeyring(bool unlocked)
 {
     prepare(m_keyring);
-    QStringList arguments{QStringLiteral("--foreground"), QStringLiteral("--components=secrets")};
+    QStringList arguments{q("--foreground"), q("--components=secrets")};
     if (unlocked)
-        arguments.append(QStringLiteral("--unlock"));
-    m_keyring.start(QStringLiteral("gnome-keyring-daemon"), arguments);
+        arguments.append(q("--unlock"));
+    m_keyring.start(q("gnome-keyring-daemon"), arguments);
     m_keyring.write("test");
     m_keyring.closeWriteChannel();
-    return QTest::qWaitFor([this] { return isOwned(QStringLiteral("org.freedesktop.secrets")); }, 30000);
+    return QTest::qWaitFor([this] { return isOwned(q("org.freedesktop.secrets")); }, 30000);
 }
 
 void QVPrivateDesktop::stopKeyring()
@@ -94,25 +95,23 @@ void QVPrivateDesktop::stopKeyring()
 
 bool QVPrivateDesktop::lockKeyring() const
 {
-    const QDBusObjectPath collection(QStringLiteral("/org/freedesktop/secrets/collection/login"));
+    const QDBusObjectPath collection(q("/org/freedesktop/secrets/collection/login"));
     const auto paths = QVariant::fromValue(QList<QDBusObjectPath>{collection});
-    return callService(QStringLiteral("Lock"), {paths}).type() == QDBusMessage::ReplyMessage;
+    return callService(q("Lock"), {paths}).type() == QDBusMessage::ReplyMessage;
 }
 
 int QVPrivateDesktop::countItems(const QString &service, const QString &account) const
 {
     QDBusArgument attributes;
     attributes.beginMap(QMetaType::fromType<QString>(), QMetaType::fromType<QString>());
-    const QMap<QString, QString> wanted{{QStringLiteral("service"), service},
-                                        {QStringLiteral("account"), account}};
+    const QMap<QString, QString> wanted{{q("service"), service}, {q("account"), account}};
     for (auto entry = wanted.cbegin(); entry != wanted.cend(); ++entry) {
         attributes.beginMapEntry();
         attributes << entry.key() << entry.value();
         attributes.endMapEntry();
     }
     attributes.endMap();
-    const auto found =
-        callService(QStringLiteral("SearchItems"), {QVariant::fromValue(attributes)}).arguments();
+    const auto found = callService(q("SearchItems"), {QVariant::fromValue(attributes)}).arguments();
     int count = 0;
     for (const QVariant &paths : found)
         count += static_cast<int>(qdbus_cast<QList<QDBusObjectPath>>(paths).size());
@@ -131,9 +130,8 @@ bool QVPrivateDesktop::isOwned(const QString &name) const
 
 QDBusMessage QVPrivateDesktop::callService(const QString &method, const QVariantList &arguments) const
 {
-    auto message = QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.secrets"),
-                                                  QStringLiteral("/org/freedesktop/secrets"),
-                                                  QStringLiteral("org.freedesktop.Secret.Service"), method);
+    auto message = QDBusMessage::createMethodCall(q("org.freedesktop.secrets"), q("/org/freedesktop/secrets"),
+                                                  q("org.freedesktop.Secret.Service"), method);
     message.setArguments(arguments);
     return connection().call(message);
 }

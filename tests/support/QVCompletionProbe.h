@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/QVError.h"
+#include "support/QVText.h"
 
 #include <QCoreApplication>
 #include <QThread>
@@ -42,10 +43,10 @@ public:
     [[nodiscard]] QString fault() const
     {
         if (m_seen->count != 1)
-            return QStringLiteral("completed %1 times").arg(m_seen->count);
+            return q("completed %1 times").arg(m_seen->count);
         if (m_seen->isEarly)
-            return QStringLiteral("completed before the call returned");
-        return m_seen->isElsewhere ? QStringLiteral("completed on another thread") : QString();
+            return q("completed before the call returned");
+        return m_seen->isElsewhere ? q("completed on another thread") : QString();
     }
 
 private:

@@ -1,5 +1,7 @@
 #include "support/QVPointerInput.h"
 
+#include "support/QVText.h"
+
 #include <QCoreApplication>
 #include <QTabletEvent>
 #include <QTest>
@@ -36,7 +38,7 @@ void stroke(const Points &points, const Pause &pause, const std::function<void(Q
 
 const QPointingDevice *pen()
 {
-    static const QPointingDevice device(QStringLiteral("pen"), 2, QInputDevice::DeviceType::Stylus,
+    static const QPointingDevice device(q("pen"), 2, QInputDevice::DeviceType::Stylus,
                                         QPointingDevice::PointerType::Pen, QInputDevice::Capability::Position,
                                         1, 1);
     return &device;

@@ -1,6 +1,7 @@
 #include "support/QVScriptedServer.h"
 
 #include "platform/QVScheduler.h"
+#include "support/QVText.h"
 
 #include <QPointer>
 #include <QSslSocket>
@@ -61,8 +62,8 @@ QVScriptedServer::~QVScriptedServer()
 
 QString QVScriptedServer::address() const
 {
-    const QString scheme = m_tls ? QStringLiteral("https") : QStringLiteral("http");
-    return QStringLiteral("%1://127.0.0.1:%2").arg(scheme).arg(serverPort());
+    const QString scheme = m_tls ? q("https") : q("http");
+    return q("%1://127.0.0.1:%2").arg(scheme).arg(serverPort());
 }
 
 void QVScriptedServer::incomingConnection(qintptr descriptor)

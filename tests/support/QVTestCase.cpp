@@ -17,7 +17,7 @@ std::map<QString, QVTestRegistry::Factory> &factories()
 void QVTestCase::init()
 {
     // All but what the offscreen platform says of itself.
-    QTest::failOnWarning(QRegularExpression(QStringLiteral("^(?!This plugin does not support)")));
+    QTest::failOnWarning(QRegularExpression(q("^(?!This plugin does not support)")));
     m_time = std::make_unique<QVVirtualScheduler>();
     prepare();
 }

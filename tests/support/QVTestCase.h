@@ -1,12 +1,20 @@
 #pragma once
 
+#include "support/QVText.h"
 #include "support/QVVirtualScheduler.h"
 
 #include <QObject>
 #include <QTest>
 
+#include <array>
 #include <functional>
 #include <memory>
+#include <tuple>
+#include <vector>
+
+/// A table of cases that need no fresh set-up each.
+template<class... Columns>
+using QVCases = std::vector<std::tuple<Columns...>>;
 
 /// Base of the test classes: virtual time in each test function, and any warning that the function
 /// did not announce fails it.
@@ -24,6 +32,18 @@ protected:
     void advance(std::chrono::milliseconds duration) const { m_time->advance(duration); }
     /// Delivers real events (sockets, threads) until \a condition holds; false after 5 real seconds.
     [[nodiscard]] static bool waitFor(const std::function<bool()> &condition);
+
+    /// Names the columns of a data-driven test. Gives what adds a row.
+    template<class... Values>
+    static auto addColumns(const std::array<const char *, sizeof...(Values)> &names)
+    {
+        std::size_t next = 0;
+        (QTest::addColumn<Values>(names[next++]), ...);
+        return [](const char *name, const auto &...values) {
+            QTestData &row = QTest::newRow(name);
+            (row << ... << values);
+        };
+    }
 
     /// What a class does besides at the start and end of each test function.
     virtual void prepare() {}

@@ -1,5 +1,7 @@
 #include "support/QVTestCertificate.h"
 
+#include "support/QVText.h"
+
 #include <QFile>
 #include <QProcess>
 #include <QSslKey>
@@ -11,7 +13,7 @@ bool runTool(const QString &folder, const QStringList &arguments)
 {
     QProcess tool;
     tool.setWorkingDirectory(folder);
-    tool.start(QStringLiteral("openssl"), arguments);
+    tool.start(q("openssl"), arguments);
     return tool.waitForFinished() && tool.exitStatus() == QProcess::NormalExit && tool.exitCode() == 0;
 }
 
@@ -30,12 +32,12 @@ bool writeExtensions(const QString &path)
 
 bool makeFiles(const QString &folder, const QString &days)
 {
-    const QString request = QStringLiteral(
-        "req -new -newkey ec -pkeyopt ec_paramgen_curve:prime256v1 -nodes -keyout key -out request "
-        "-subj /CN=127.0.0.1");
+    const QString request =
+        q("req -new -newkey ec -pkeyopt ec_paramgen_curve:prime256v1 -nodes -keyout key -out request "
+          "-subj /CN=127.0.0.1");
     const QString signing =
-        QStringLiteral("x509 -req -in request -signkey key -extfile extensions -out certificate -days ");
-    return writeExtensions(folder + QStringLiteral("/extensions")) && runTool(folder, request.split(u' ')) &&
+        q("x509 -req -in request -signkey key -extfile extensions -out certificate -days ");
+    return writeExtensions(folder + q("/extensions")) && runTool(folder, request.split(u' ')) &&
            runTool(folder, (signing + days).split(u' '));
 }
 
@@ -44,11 +46,11 @@ bool makeFiles(const QString &folder, const QString &days)
 QVTestCertificate::QVTestCertificate(Validity validity)
 {
     const QTemporaryDir folder;
-    const QString days = validity == Validity::Current ? QStringLiteral("2") : QStringLiteral("-1");
+    const QString days = validity == Validity::Current ? q("2") : q("-1");
     if (!makeFiles(folder.path(), days))
         return;
-    m_certificate = QSslCertificate(contents(folder.filePath(QStringLiteral("certificate"))));
-    m_key = QSslKey(contents(folder.filePath(QStringLiteral("key"))), QSsl::Ec);
+    m_certificate = QSslCertificate(contents(folder.filePath(q("certificate"))));
+    m_key = QSslKey(contents(folder.filePath(q("key"))), QSsl::Ec);
 }
 
 QSslConfiguration QVTestCertificate::serverConfiguration() const

@@ -13,8 +13,8 @@ int main(int argc, char *argv[])
     // No test writes to the keyring of whoever runs it.
     qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");
     QApplication application(argc, argv);
-    QApplication::setOrganizationDomain(QStringLiteral("tests.quarvo.example"));
-    QApplication::setApplicationName(QStringLiteral("quarvo-tests"));
+    QApplication::setOrganizationDomain(q("tests.quarvo.example"));
+    QApplication::setApplicationName(q("quarvo-tests"));
     QStandardPaths::setTestModeEnabled(true);
 
     QStringList arguments = QApplication::arguments();

@@ -11,28 +11,6 @@ class TestCustomActionButton : public QVTestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void pictureLiesInItsInsets()
-    {
-        const QImage shot = pixelsOf(*m_button);
-        QCOMPARE(shot.pixelColor(5, 5), QColor(Qt::red));
-        QCOMPARE(shot.pixelColor(24, 24), QColor(Qt::red));
-        QCOMPARE(shot.pixelColor(4, 15).red(), shot.pixelColor(1, 1).red());
-        QCOMPARE(shot.pixelColor(25, 15), shot.pixelColor(1, 1));
-    }
-
-    void isFainterWhilePressed()
-    {
-        QSignalSpy taps(m_button, &QAbstractButton::clicked);
-        QTest::mousePress(m_button, Qt::LeftButton, {}, QPoint(15, 15));
-        QCOMPARE(m_button->alpha(), 0.8);
-        QTest::mouseMove(m_button, QPoint(15, 60));
-        QCOMPARE(m_button->alpha(), 1.0);
-        QTest::mouseMove(m_button, QPoint(15, 15));
-        QCOMPARE(m_button->alpha(), 0.8);
-        QTest::mouseRelease(m_button, Qt::LeftButton, {}, QPoint(15, 15));
-        QCOMPARE(m_button->alpha(), 1.0);
-        QCOMPARE(taps.size(), 1);
-    }
 
     void worksByTouch()
     {
@@ -59,14 +37,6 @@ private Q_SLOTS:
         m_button->setAlpha(1);
         QTest::mouseClick(m_window->windowHandle(), Qt::LeftButton, {}, QPoint(15, 15));
         QCOMPARE(taps.size(), 1);
-    }
-
-    void ownerMayHideItInItsTap()
-    {
-        connect(m_button, &QAbstractButton::clicked, m_button, [this] { m_button->setAlpha(0); });
-        QTest::mouseClick(m_button, Qt::LeftButton);
-        QCOMPARE(m_button->alpha(), 0.0);
-        QVERIFY(!m_button->isVisible());
     }
 
     void turnsAsAWhole()

