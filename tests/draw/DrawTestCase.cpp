@@ -99,21 +99,6 @@ void DrawTestCase::click(const char *name) const
     QVPointerInput::click(*widget, widget->rect().center());
 }
 
-bool DrawTestCase::waitForReady(int count) const
-{
-    return waitFor([this, count] { return readyCount >= count; });
-}
-
-bool DrawTestCase::waitForWrongAnswer(int count) const
-{
-    return waitFor([this, count] { return wrongCount >= count; });
-}
-
-bool DrawTestCase::waitForFailure(int count) const
-{
-    return waitFor([this, count] { return failures.size() >= count; });
-}
-
 void DrawTestCase::pass(std::chrono::milliseconds duration) const
 {
     constexpr auto step = 100ms;

@@ -55,9 +55,18 @@ protected:
     void draw();
     void click(const char *name) const;
     /// Wait until the view has told so many of each since the test began.
-    [[nodiscard]] bool waitForReady(int count = 1) const;
-    [[nodiscard]] bool waitForWrongAnswer(int count = 1) const;
-    [[nodiscard]] bool waitForFailure(int count = 1) const;
+    [[nodiscard]] bool waitForReady(int count = 1) const
+    {
+        return waitFor([&] { return readyCount >= count; });
+    }
+    [[nodiscard]] bool waitForWrongAnswer(int count = 1) const
+    {
+        return waitFor([&] { return wrongCount >= count; });
+    }
+    [[nodiscard]] bool waitForFailure() const
+    {
+        return waitFor([&] { return !failures.isEmpty(); });
+    }
     /// Lets \a duration pass in small steps, with all traffic that happens in it.
     void pass(std::chrono::milliseconds duration) const;
 

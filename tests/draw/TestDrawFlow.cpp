@@ -223,6 +223,7 @@ private Q_SLOTS:
     void showsAFailureOfEachRequest_data()
     {
         const auto row = addColumns<int, QString>({"style", "request"});
+        row("switch", 0, "switch");
         row("configuration", 0, "config");
         row("picture", 0, "get");
         row("click", 1, "click");
@@ -235,6 +236,8 @@ private Q_SLOTS:
         QFETCH(int, style);
         QFETCH(QString, request);
         service().answerCode(request, q("1002"));
+        if (request == q("switch"))
+            service().answerBytes(request, "no JSON");
         show(QVVerifyStyle(style));
         view().requestQuarvoConfigAction();
         if (request == QLatin1String("refresh") || request == QLatin1String("verify")) {
@@ -245,8 +248,8 @@ private Q_SLOTS:
                 draw();
         }
         QVERIFY(waitForFailure());
-        QCOMPARE(failures.first().code(), 1002);
-        QCOMPARE(barText(), q("Verification expired. Please try again."));
+        QCOMPARE(failures.first().code(), request == q("switch") ? 3840 : 1002);
+        QCOMPARE(barText(), failures.first().domain());
         QVERIFY(picture().hasImage());
         QVERIFY(!view().canDirectlyShow());
         QVERIFY(!isShown("refreshButton"));

@@ -2,6 +2,7 @@
 #include "draw/QVAdButton.h"
 #include "draw/QVRenderDrawView.h"
 #include "draw/QVRenderStrokeView.h"
+#include "settings/QVSDKManager.h"
 #include "views/QVCustomActionButton.h"
 #include "views/QVRenderDrawImageView.h"
 #include "views/QVSystemFont.h"
@@ -101,24 +102,35 @@ private Q_SLOTS:
         QCOMPARE(frame("contentView").width(), 500);
     }
 
-    void showsAnAdvertisement_data()
-    {
-        const auto row = addColumns<QString>({"word"});
-        row("short", "Ad");
-        row("long", QString(40, u'W'));
-    }
-
     void showsAnAdvertisement()
     {
-        QFETCH(QString, word);
-        offer(q("get"), word, q("https://ad.example/x?y=z"));
-        start(QVVerifyStyleEmbed);
         const QFontMetrics metrics(qv_systemFont(12));
-        const int width = std::min(metrics.horizontalAdvance(word) + 10, 125);
-        QCOMPARE(part("adButton")->geometry(), QRect(0, 0, width, metrics.height() + 5));
+        for (const QString &word : {q("Ad"), QString(40, u'W')}) {
+            offer(q("get"), word, q("https://ad.example/x"));
+            start(QVVerifyStyleEmbed);
+            const int width = std::min(metrics.horizontalAdvance(word) + 10, 125);
+            QCOMPARE(part("adButton")->geometry(), QRect(0, 0, width, metrics.height() + 5));
+        }
+    }
+
+    void opensPages()
+    {
         QDesktopServices::setUrlHandler(q("https"), this, "take");
+        QVServiceAddresses addresses = service().addresses();
+        addresses.setHelpPage(q("https://help.example/draw"));
+        addresses.setOutageHelpPage(q("https://help.example/outage"));
+        QVSDKManager::setServiceAddresses(addresses);
+        service().extend(q("config"), {{q("guide"), true}});
+        offer(q("get"), q("word"), q("https://ad.example/x?y=z"));
+        start(QVVerifyStyleEmbed);
         click("adButton");
-        QCOMPARE(m_opened, QStringList{q("https://ad.example/x?y=z")});
+        click("helpButton");
+        service().answer(q("switch"), {{q("active"), true}});
+        view().reset();
+        QVERIFY(waitForReady(2));
+        click("helpButton");
+        QCOMPARE(m_opened, QStringList({q("https://ad.example/x?y=z"), q("https://help.example/draw"),
+                                        q("https://help.example/outage")}));
         QDesktopServices::unsetUrlHandler(q("https"));
     }
 

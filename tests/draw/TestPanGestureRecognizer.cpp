@@ -170,18 +170,12 @@ private Q_SLOTS:
             QCoreApplication::sendEvent(&pad, &move);
         });
         row("by a press without a release", [](Pad &pad) { QVPointerInput::press(pad, {10, 10}); });
-        row("by another window", [](Pad &pad) {
-            QEvent deactivate(QEvent::WindowDeactivate);
-            QCoreApplication::sendEvent(&pad, &deactivate);
-        });
         row("by a modal window", [](Pad &pad) {
             QWidget dialog;
             dialog.setWindowModality(Qt::ApplicationModal);
             dialog.show();
             QVERIFY(!pad.recognizer.isDragging());
         });
-        row("by leaving the application",
-            [](Pad &) { Q_EMIT qGuiApp->applicationStateChanged(Qt::ApplicationInactive); });
     }
 
     void isCancelled()

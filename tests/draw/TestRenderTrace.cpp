@@ -48,28 +48,23 @@ private Q_SLOTS:
         QCOMPARE(trace.screeningRenderPoints(), std::vector<QPointF>({{0, 0}, {6, 0}, {12, 0}}));
     }
 
-    void scales_data()
-    {
-        const auto row = addColumns<QSizeF, QPointF, QPoint>({"size", "point", "expected"});
-        constexpr double nan = std::numeric_limits<double>::quiet_NaN();
-        constexpr double endless = std::numeric_limits<double>::infinity();
-        row("by unequal factors", QSizeF(320, 184), QPointF(160, 92), QPoint(200, 66));
-        row("by the width alone", QSizeF(414, 736), QPointF(207, 414), QPoint(200, 230));
-        row("left of and above the view", QSizeF(320, 184), QPointF(-4, -9), QPoint(0, 0));
-        row("far outside the view", QSizeF(320, 184), QPointF(1e9, 1e9), QPoint(159999, 159999));
-        row("not a number", QSizeF(320, 184), QPointF(nan, 92), QPoint(0, 66));
-        row("a view of no width", QSizeF(0, 100), QPointF(3, 0), QPoint(159999, 0));
-    }
-
     void scales()
     {
-        QFETCH(QSizeF, size);
-        QFETCH(QPointF, point);
-        QVRenderTrace trace = traceIn(size);
-        trace.handlePanGesturePoint(point, startTime);
-        const QVRenderDrawPointModel kept = trace.renderSource().front();
-        QTEST(QPoint(static_cast<int>(kept.pointX()), static_cast<int>(kept.pointY())), "expected");
-        QCOMPARE(trace.getRenderSource_v().size(), 9);
+        constexpr double nan = std::numeric_limits<double>::quiet_NaN();
+        const QSizeF small(320, 184);
+        // By unequal factors, but by the width alone in a view of another shape; never negative, never
+        // beyond.
+        const QVCases<QSizeF, QPointF, QPoint> cases{
+            {small, {160, 92}, {200, 66}}, {{414, 736}, {207, 414}, {200, 230}},
+            {small, {-4, -9}, {0, 0}},     {small, {1e9, 1e9}, {159999, 159999}},
+            {small, {nan, 92}, {0, 66}},   {{0, 100}, {3, 0}, {159999, 0}}};
+        for (const auto &[size, point, expected] : cases) {
+            QVRenderTrace trace = traceIn(size);
+            trace.handlePanGesturePoint(point, startTime);
+            const QVRenderDrawPointModel kept = trace.renderSource().front();
+            QCOMPARE(QPoint(static_cast<int>(kept.pointX()), static_cast<int>(kept.pointY())), expected);
+            QCOMPARE(trace.getRenderSource_v().size(), 9);
+        }
     }
 
     void acceptsFrom10To80Points()
@@ -139,30 +134,24 @@ private Q_SLOTS:
             QCOMPARE(converTo16WithSize(frame, point.x(), point.y()), q(digit));
     }
 
-    void findsCorners_data()
-    {
-        using Points = std::vector<QPointF>;
-        const auto row = addColumns<Points, Points>({"points", "corners"});
-        row("an L, its second corner before the first",
-            Points{{0, 0}, {1, 40}, {0, 80}, {0, 100}, {40, 100}, {100, 100}},
-            Points{{0, 0}, {1, 40}, {0, 100}, {100, 100}});
-        row("a Z, its second corner after the first",
-            Points{{0, 0}, {50, 0}, {100, 0}, {50, 50}, {10, 90}, {100, 100}},
-            Points{{0, 0}, {100, 0}, {10, 90}, {100, 100}});
-        row("equal areas keep the earlier point", Points{{0, 0}, {10, 20}, {20, 20}, {30, 0}},
-            Points{{0, 0}, {10, 20}, {20, 20}, {30, 0}});
-        row("straight: the first corner stays at 0, 0", Points{{10, 10}, {20, 10}, {30, 10}, {40, 10}},
-            Points{{10, 10}, {0, 0}, {20, 10}, {40, 10}});
-        row("no second corner: 0, 0 comes first", Points{{10, 10}, {50, 60}, {90, 10}},
-            Points{{10, 10}, {0, 0}, {50, 60}, {90, 10}});
-        row("one point", Points{{7, 8}}, Points{{7, 8}, {0, 0}, {0, 0}, {7, 8}});
-    }
-
     void findsCorners()
     {
-        QFETCH(std::vector<QPointF>, points);
-        const auto corners = qv_traceCorners(points);
-        QTEST(std::vector<QPointF>(corners.begin(), corners.end()), "corners");
+        using Points = std::vector<QPointF>;
+        const QVCases<Points, Points> cases{
+            // The second corner before the first, and after it.
+            {{{0, 0}, {1, 40}, {0, 80}, {0, 100}, {40, 100}, {100, 100}},
+             {{0, 0}, {1, 40}, {0, 100}, {100, 100}}},
+            {{{0, 0}, {50, 0}, {100, 0}, {50, 50}, {10, 90}, {100, 100}},
+             {{0, 0}, {100, 0}, {10, 90}, {100, 100}}},
+            // Equal areas keep the earlier point; what is not found stays at 0, 0.
+            {{{0, 0}, {10, 20}, {20, 20}, {30, 0}}, {{0, 0}, {10, 20}, {20, 20}, {30, 0}}},
+            {{{10, 10}, {20, 10}, {30, 10}, {40, 10}}, {{10, 10}, {0, 0}, {20, 10}, {40, 10}}},
+            {{{10, 10}, {50, 60}, {90, 10}}, {{10, 10}, {0, 0}, {50, 60}, {90, 10}}},
+            {{{7, 8}}, {{7, 8}, {0, 0}, {0, 0}, {7, 8}}}};
+        for (const auto &[points, expected] : cases) {
+            const auto corners = qv_traceCorners(points);
+            QCOMPARE(Points(corners.begin(), corners.end()), expected);
+        }
     }
 
     void writesTheOutagePayloadRelativeToThePicture()

@@ -95,36 +95,22 @@ private Q_SLOTS:
         QCOMPARE(time().pendingCount(), 0);
     }
 
-    void hiddenHostRestsAndComesBackInTime_data()
-    {
-        const auto row = addColumns<int>({"way"});
-        row("window hidden", 1);
-        row("window minimised", 2);
-    }
-
     void hiddenHostRestsAndComesBackInTime()
     {
-        QFETCH(int, way);
         QWidget window;
-        window.resize(300, 200);
         Canvas canvas(&window);
         show(window);
-        QVAnimation turn = QVAnimation::basic(Property::Rotation, 0.0, 10.0);
-        turn.setDuration(10);
-        turn.setRepeatsForever();
-        canvas.dot->addAnimation(turn, QString());
-        advance(1s);
-        way == 0 ? canvas.hide() : way == 1 ? window.hide() : window.showMinimized();
+        canvas.turnForever();
+        advance(1100ms);
+        window.showMinimized();
         advance(0ms);
         QCOMPARE(time().pendingCount(), 0);
         canvas.painted.clear();
         advance(3s);
         QVERIFY(canvas.painted.empty());
-        way == 0 ? canvas.show() : way == 1 ? window.show() : window.showNormal();
+        window.showNormal();
         QCOMPARE(time().pendingCount(), 1);
-        QCOMPARE(canvas.dot->presented().rotation, 4.0);
-        advance(1s);
-        QVERIFY(std::abs(canvas.dot->presented().rotation - 5) < 0.02);
+        QVERIFY(std::abs(canvas.dot->presented().rotation - 0.6) < 0.01);
     }
 
     void animationThatEndsOutOfSightEndsProperly()

@@ -32,30 +32,18 @@ class TestTicker : public QVTestCase
 private Q_SLOTS:
     void runsOnlyWithClients()
     {
-        QCOMPARE(time().pendingCount(), 0);
-        Client client;
-        client.start();
-        client.start();
-        QCOMPARE(time().pendingCount(), 1);
-        advance(50ms);
-        QCOMPARE(client.times.size(), 3U);
-        client.stop();
-        QCOMPARE(time().pendingCount(), 0);
-        QVERIFY(!QVTicker::shared().isRunning());
-        advance(1s);
-        QCOMPARE(client.times.size(), 3U);
-    }
-
-    void ticksLieOnAGrid()
-    {
         QVTicker::shared().setRefreshRate(60);
         Client client;
         const auto origin = time().now();
         client.start();
+        client.start();
+        QCOMPARE(time().pendingCount(), 1);
         advance(10s);
+        // On a grid, without drift.
         QCOMPARE(client.times.size(), 600U);
-        QCOMPARE((client.times.at(299) - origin).count(), std::chrono::nanoseconds(5s).count());
         QCOMPARE((client.times.back() - origin).count(), std::chrono::nanoseconds(10s).count());
+        client.stop();
+        QCOMPARE(time().pendingCount(), 0);
     }
 
     void changesDuringATickAreSafe()

@@ -11,21 +11,6 @@ class TestValueAnimation : public QVTestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void stepsFromStartToEnd()
-    {
-        QVValueAnimation animation;
-        animation.start(0, -30, 0.2, step(), completion());
-        QCOMPARE(m_values, std::vector<double>{0});
-        advance(100ms);
-        QCOMPARE(m_values.back(), -15.0);
-        QCOMPARE(m_completions, 0);
-        advance(100ms);
-        QCOMPARE(m_values.size(), 13U);
-        QCOMPARE(m_values.back(), -30.0);
-        QCOMPARE(m_completions, 1);
-        QVERIFY(!animation.isRunning());
-        QCOMPARE(time().pendingCount(), 0);
-    }
 
     void restartAndStopForgetTheFirstCompletion()
     {

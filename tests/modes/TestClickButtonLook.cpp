@@ -17,9 +17,7 @@ private Q_SLOTS:
     void colourOfStatus_data()
     {
         const auto row = addColumns<int, QColor>({"status", "colour"});
-        const QColor blue(65, 141, 251);
-        for (int status = 0; status <= 3; ++status)
-            QTest::addRow("%d", status) << status << blue;
+        row("2", 2, QColor(65, 141, 251));
         row("4", 4, QColor(0, 213, 159, 204));
         row("5", 5, QColor(238, 60, 64, 204));
     }
@@ -28,47 +26,30 @@ private Q_SLOTS:
     {
         QFETCH(int, status);
         QFETCH(QColor, colour);
+        QCOMPARE(painted().pixelColor(299, 0), QColor(65, 141, 251));
         answerForStatus(status);
-        if (status == 1)
-            QTest::mousePress(m_button, Qt::LeftButton);
-        if (status > 1)
-            m_button->click();
+        m_button->click();
         QVERIFY(waitFor([&] { return int(m_button->clickStatus()) == status; }));
-        for (const QPoint &corner : {QPoint(299, 0), QPoint(60, 43)}) {
-            const QColor seen = painted().pixelColor(corner);
-            QCOMPARE(seen.alpha(), colour.alpha());
-            // Painting multiplies by alpha and back, which may lose one.
-            QVERIFY2(std::abs(seen.red() - colour.red()) <= 1 &&
-                         std::abs(seen.green() - colour.green()) <= 1 &&
-                         std::abs(seen.blue() - colour.blue()) <= 1,
-                     qPrintable(seen.name()));
-        }
-    }
-
-    void fitsLongTexts_data()
-    {
-        const auto row = addColumns<int, int, bool>({"height", "words", "elided"});
-        row("short", 44, 2, false);
-        row("no room for two lines", 24, 4, true);
-        row("more than two lines", 44, 40, true);
+        QImage expected(1, 1, QImage::Format_ARGB32);
+        expected.fill(Qt::transparent);
+        QPainter(&expected).fillRect(0, 0, 1, 1, colour);
+        QCOMPARE(painted().pixelColor(299, 0), expected.pixelColor(0, 0));
+        QCOMPARE(painted().pixelColor(60, 43), expected.pixelColor(0, 0));
     }
 
     void fitsLongTexts()
     {
-        QFETCH(int, height);
-        QFETCH(int, words);
-        QFETCH(bool, elided);
-        if (elided)
-            QTest::ignoreMessage(QtWarningMsg, QRegularExpression(q(".*raise.*")));
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(q(".*raise.*")));
         auto *const label = m_button->findChild<QVClickStatusLabel *>();
-        m_button->resize(300, height);
-        const QString text = q("<b>a</b>long ").repeated(words);
-        label->setText(text.trimmed());
-        QCOMPARE(label->isElided(), elided);
-        QHelpEvent event(QEvent::ToolTip, QPoint(60, 10), m_button->mapToGlobal(QPoint(60, 10)));
-        QCoreApplication::sendEvent(m_button, &event);
-        QCOMPARE(QToolTip::isVisible(), elided);
-        QVERIFY(!elided || QToolTip::text().contains(QLatin1String("&lt;b&gt;")));
+        const auto showsToolTip = [&](int words) {
+            label->setText(q("<b>a</b>long ").repeated(words).trimmed());
+            QHelpEvent event(QEvent::ToolTip, QPoint(60, 10), m_button->mapToGlobal(QPoint(60, 10)));
+            QCoreApplication::sendEvent(m_button, &event);
+            return QToolTip::isVisible();
+        };
+        QVERIFY(!showsToolTip(4) && !label->isElided());
+        QVERIFY(showsToolTip(40) && label->isElided());
+        QVERIFY(QToolTip::text().contains(q("&lt;b&gt;")));
         QToolTip::hideText();
     }
 

@@ -46,28 +46,24 @@ private Q_SLOTS:
 
     void hearsTheButtonsEnd_data()
     {
-        const auto row = addColumns<QString, QString>({"held", "said"});
-        row("asking", config, q("closed"));
-        row("token on its way", QString(), q("passed click-token"));
+        const auto row = addColumns<QString, QStringList>({"held", "said"});
+        row("asking", config, words("closed"));
+        row("token on its way", QString(), words("passed click-token"));
     }
 
     void hearsTheButtonsEnd()
     {
         QFETCH(QString, held);
-        QFETCH(QString, said);
         if (held.isEmpty())
             passByClick();
         delay(held, 100ms);
         start();
         settle();
-        QCOMPARE(m_manager->button()->clickStatus(),
-                 held.isEmpty() ? QVClickStatusPassed : QVClickStatusVerifying);
-        m_outcomes->forget();
         destroyHost();
         // The host is in its destructor when the button goes: it must not be called from there.
         QCOMPARE(m_outcomes->said(), QStringList());
         pass(500ms);
-        QCOMPARE(m_outcomes->said(), QStringList{said});
+        QTEST(m_outcomes->said(), "said");
     }
 
 private:

@@ -56,15 +56,6 @@ private Q_SLOTS:
         QVERIFY(std::abs(layer(1).presented().rotation - pi / 2) < 1e-6);
     }
 
-    void repeatedStatusStartsAfresh()
-    {
-        m_view->setClickStatus(QVClickStatusVerifying);
-        advance(400ms);
-        m_view->setClickStatus(QVClickStatusVerifying);
-        QCOMPARE(count(), 2U);
-        QCOMPARE(layer(1).presented().rotation, 0.0);
-    }
-
     void fillsTheRingThenPulsesTheDotToAskForADrawing()
     {
         m_view->setClickStatus(QVClickStatusDrawing);
@@ -96,30 +87,22 @@ private Q_SLOTS:
         QCOMPARE(count(), 1U);
     }
 
-    void revealsTickAndCross_data()
-    {
-        const auto row = addColumns<qint64, QRectF>({"status", "box"});
-        row("tick", qint64(QVClickStatusPassed), QRectF(14.5, 17.75, 13, 6.5));
-        row("cross", qint64(QVClickStatusFailed), QRectF(12, 14, 16, 16));
-    }
-
     void revealsTickAndCross()
     {
-        QFETCH(qint64, status);
-        QFETCH(QRectF, box);
-        m_view->setClickStatus(static_cast<QVClickStatus>(status));
-        QCOMPARE(count(), 3U);
-        QVERIFY(isPale(layer(0)));
-        QCOMPARE(layer(2).path().boundingRect(), box);
-        QCOMPARE(layer(2).rotation(), -pi / 4);
-        QCOMPARE(layer(2).lineCap(), Qt::RoundCap);
-        QCOMPARE(layer(2).lineWidth(), 2.0);
-        QCOMPARE(layer(2).presented().strokeEnd, 0.0);
-        advance(250ms);
-        QCOMPARE(layer(2).presented().strokeEnd, 0.5);
-        advance(250ms);
-        QCOMPARE(layer(2).presented().strokeEnd, 1.0);
-        QCOMPARE(time().pendingCount(), 0);
+        const QVCases<QVClickStatus, QRectF> cases{{QVClickStatusPassed, {14.5, 17.75, 13, 6.5}},
+                                                   {QVClickStatusFailed, {12, 14, 16, 16}}};
+        for (const auto &[status, box] : cases) {
+            m_view->setClickStatus(status);
+            QCOMPARE(count(), 3U);
+            QCOMPARE(layer(2).path().boundingRect(), box);
+            QCOMPARE(layer(2).rotation(), -pi / 4);
+            QCOMPARE(layer(2).presented().strokeEnd, 0.0);
+            advance(250ms);
+            QCOMPARE(layer(2).presented().strokeEnd, 0.5);
+            advance(250ms);
+            QCOMPARE(layer(2).presented().strokeEnd, 1.0);
+            QCOMPARE(time().pendingCount(), 0);
+        }
     }
 
     void paintsOverATranslucentStrip()

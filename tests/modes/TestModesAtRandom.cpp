@@ -99,28 +99,22 @@ private:
     [[nodiscard]] int roll(int sides) { return m_random.bounded(sides); }
     void step()
     {
-        switch (roll(12)) {
-        case 0:
-        case 1:
-            return tapButton();
-        case 2:
-            return startInvisible();
-        case 3:
-        case 4:
-            return changeAnswers();
-        case 5:
-        case 6:
-        case 7:
-            return actInPopup();
-        case 8:
-            return roll(3) ? pass(1ms * roll(1500)) : m_click->reset();
-        case 9:
-            return roll(3) ? pass(1ms * roll(1500)) : m_invisible->reset();
-        case 10:
-            return roll(2) ? m_embed->reset() : host().resize(300 + roll(700), 300 + roll(400));
-        default:
-            return pass(1ms * roll(600));
-        }
+        const std::array<std::function<void()>, 12> steps{
+            [this] { tapButton(); },
+            [this] { tapButton(); },
+            [this] { startInvisible(); },
+            [this] { changeAnswers(); },
+            [this] { changeAnswers(); },
+            [this] { actInPopup(); },
+            [this] { actInPopup(); },
+            [this] { actInPopup(); },
+            [this] { pass(1ms * roll(600)); },
+            [this] { roll(3) ? pass(1ms * roll(1500)) : m_click->reset(); },
+            [this] { roll(3) ? pass(1ms * roll(1500)) : m_invisible->reset(); },
+            [this] {
+                roll(2) ? m_embed->reset() : host().resize(300 + roll(700), 300 + roll(400));
+            }};
+        steps[std::size_t(roll(12))]();
     }
 
     void tapButton()

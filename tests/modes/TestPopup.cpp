@@ -151,23 +151,17 @@ private Q_SLOTS:
 
     void takesTheRoomThatTheHostChose_data()
     {
-        const auto row = addColumns<QVPopupPresentation, bool, bool, bool>(
-            {"presentation", "hostless", "isWindow", "isCard"});
-        row("automatic", QVPopupPresentation::Automatic, false, false, true);
-        row("window", QVPopupPresentation::WholeWindow, false, false, false);
-        row("screen", QVPopupPresentation::WholeScreen, false, true, false);
-        row("no host", QVPopupPresentation::Automatic, true, true, true);
+        const auto row = addColumns<QVPopupPresentation, bool, bool>({"presentation", "isWindow", "isCard"});
+        row("automatic", QVPopupPresentation::Automatic, false, true);
+        row("window", QVPopupPresentation::WholeWindow, false, false);
+        row("screen", QVPopupPresentation::WholeScreen, true, false);
     }
 
     void takesTheRoomThatTheHostChose()
     {
         QFETCH(QVPopupPresentation, presentation);
-        QFETCH(bool, hostless);
         QFETCH(bool, isWindow);
         QFETCH(bool, isCard);
-        if (hostless)
-            destroyHost();
-        m_hostless = hostless;
         QVSDKManager::setPopupPresentation(presentation);
         open();
         QCOMPARE(popup()->isWindow(), isWindow);
@@ -250,8 +244,8 @@ private:
 
     void open()
     {
-        m_controller = QVViewController::showQvWithVerifyStyle(
-            QVVerifyStylePopup, m_config, m_click, m_opener.get(), m_hostless ? nullptr : &host());
+        m_controller = QVViewController::showQvWithVerifyStyle(QVVerifyStylePopup, m_config, m_click,
+                                                               m_opener.get(), &host());
         m_opener->controller = m_controller;
     }
 
@@ -259,7 +253,6 @@ private:
     std::shared_ptr<QVConfigResponseModel> m_config;
     std::shared_ptr<QVClickResponseModel> m_click;
     std::weak_ptr<QVViewController> m_controller;
-    bool m_hostless = false;
 };
 
 QV_TEST(TestPopup)

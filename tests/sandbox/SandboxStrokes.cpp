@@ -1,5 +1,6 @@
 #include "sandbox/SandboxStrokes.h"
 
+#include "draw/QVRenderTrace.h"
 #include "support/QVText.h"
 
 #include <algorithm>
@@ -13,32 +14,6 @@ QString threeDigits(qint64 number)
 {
     const QString digits = q("kqrsvj567opcd89ghiyz");
     return QString(digits[number / 8000]) + digits[number / 20 % 20] + digits[number % 20];
-}
-
-// The point farthest from the line between two others, by index; -1 where all lie on it.
-qsizetype farthest(const SandboxPath &points, qsizetype from, qsizetype to, QPointF a, QPointF b,
-                   double &best)
-{
-    qsizetype found = -1;
-    for (qsizetype i = from; i < to; ++i) {
-        const double area = SandboxGeometry::triangleArea(a, b, points[i]);
-        if (area > best) {
-            best = area;
-            found = i;
-        }
-    }
-    return found;
-}
-
-QChar cell(QPointF point)
-{
-    const auto line = [](double position, double size) {
-        const double index = std::floor(position / (size / 4.0));
-        return index >= 0.0 && index <= 2.0 ? static_cast<int>(index) : 3;
-    };
-    const int index =
-        4 * line(point.y(), SandboxGeometry::pictureHeight) + line(point.x(), SandboxGeometry::pictureWidth);
-    return q("0123456789abcdef")[index];
 }
 
 } // namespace
@@ -90,15 +65,12 @@ QString encoded(const SandboxPath &points, qint64 millisecondsBetween, double to
 
 QString encodedCells(const SandboxPath &points)
 {
-    const qsizetype last = points.size() - 1;
-    double best = 0.0;
-    const qsizetype first = farthest(points, 1, last, points.first(), points.last(), best);
-    double second = 0.0;
-    qsizetype other = farthest(points, 1, first, points.first(), points[first], second);
-    const qsizetype after = farthest(points, first + 1, last, points[first], points.last(), second);
-    other = after < 0 ? other : after;
-    return QString(cell(points.first())) + cell(points[std::min(first, other)]) +
-           cell(points[std::max(first, other)]) + cell(points.last());
+    // The client's own, since nobody but this service and it knows these cells.
+    QVRenderTrace trace;
+    trace.setFrameSize({SandboxGeometry::pictureWidth, SandboxGeometry::pictureHeight});
+    for (const QPointF point : points)
+        trace.handlePanGesturePoint(point, 0.0);
+    return trace.getRenderOutage_v({0, 0, SandboxGeometry::pictureWidth, SandboxGeometry::pictureHeight});
 }
 
 } // namespace SandboxStrokes

@@ -5,36 +5,27 @@ class TestHostileAddresses : public QVServiceTestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void unusable_data()
-    {
-        addColumns<QString, QList<qint64>>({"address", "codes"});
-        const auto row = [](const char *name, const QString &address, const QList<qint64> &codes) {
-            QTest::newRow(name) << address << codes;
-        };
-        row("absent", QString(), {-1002});
-        row("no scheme", q("outage.example/x"), {-1002});
-        row("file", q("file:///etc/passwd"), {-1002});
-        row("scheme alone", q("https://"), {-1000});
-        row("space in the host", q("http://out age.example/"), {-1000, -1003, -1009});
-        row("open bracket", q("http://[::1/"), {-1000});
-        row("port too large", q("http://127.0.0.1:99999/"), {-1000});
-        row("control character in the host", q("http://a\x01z/"), {-1000});
-    }
-
     void unusable()
     {
-        QFETCH(const QString, address);
-        QFETCH(const QList<qint64>, codes);
-        settings().setOutage(address);
-        Probe<QVGetOutageResponseModel> probe;
-        const Task task = probe.run([](QVCompletion<QVGetOutageResponseModel> completed) {
-            return manager().requestOutageGetcompleted(completed);
-        });
-        QVERIFY(!task->isFinished());
-        await(probe);
-        QVERIFY(!probe.result());
-        QVERIFY2(codes.contains(probe.code()), qPrintable(QString::number(probe.code())));
-        QCOMPARE(time().pendingCount(), 0);
+        const QVCases<QString, QList<qint64>> cases{{QString(), {-1002}},
+                                                    {q("outage.example/x"), {-1002}},
+                                                    {q("file:///etc/passwd"), {-1002}},
+                                                    {q("https://"), {-1000}},
+                                                    {q("http://out age.example/"), {-1000, -1003, -1009}},
+                                                    {q("http://[::1/"), {-1000}},
+                                                    {q("http://127.0.0.1:99999/"), {-1000}},
+                                                    {q("http://a\x01z/"), {-1000}}};
+        for (const auto &[address, codes] : cases) {
+            settings().setOutage(address);
+            Probe<QVGetOutageResponseModel> probe;
+            const Task task = probe.run([](QVCompletion<QVGetOutageResponseModel> completed) {
+                return manager().requestOutageGetcompleted(std::move(completed));
+            });
+            QVERIFY(!task->isFinished());
+            await(probe);
+            QVERIFY2(codes.contains(probe.code()), qPrintable(address));
+            QCOMPARE(time().pendingCount(), 0);
+        }
     }
 
     void pastedText_data()

@@ -93,13 +93,6 @@ void QVPrivateDesktop::stopKeyring()
         stop(m_keyring);
 }
 
-bool QVPrivateDesktop::lockKeyring() const
-{
-    const QDBusObjectPath collection(q("/org/freedesktop/secrets/collection/login"));
-    const auto paths = QVariant::fromValue(QList<QDBusObjectPath>{collection});
-    return callService(q("Lock"), {paths}).type() == QDBusMessage::ReplyMessage;
-}
-
 int QVPrivateDesktop::countItems(const QString &service, const QString &account) const
 {
     QDBusArgument attributes;

@@ -23,7 +23,6 @@ public:
     void stopKeyring();
     /// For the store under test: only a store that hangs may meet its limit, however busy the machine is.
     static constexpr std::chrono::seconds generousLimit{30};
-    [[nodiscard]] bool lockKeyring() const;
 
     [[nodiscard]] QString address() const { return m_address; }
     /// How many items the keyring holds for a service and account, asked without our own code.

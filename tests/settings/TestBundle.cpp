@@ -24,48 +24,33 @@ protected:
     void finish() override { QVMainBundle::shared().setPlaces({q(":")}); }
 
 private Q_SLOTS:
-    void holdsThePictures_data()
-    {
-        addColumns<QString, QSize>({"name", "size"});
-        const auto row = [](const char *name, int width, int height) {
-            QTest::newRow(name) << QString::fromLatin1(name) << QSize(width, height);
-        };
-        for (const char *icon :
-             {"qv_draw_edit", "qv_draw_error", "qv_draw_success", "qv_draw_help", "qv_draw_refresh"})
-            row(icon, 20, 20);
-        row("qv_draw_close", 14, 14);
-        row("qv_click_btn_logo", 16, 16);
-        row("qv_invisible_logo", 40, 40);
-        row("qv_request_faild.jpg", 400, 230);
-    }
     void holdsThePictures()
     {
-        QFETCH(QString, name);
-        QFETCH(QSize, size);
-        for (const qreal ratio : {0.5, 1.0, 1.25, 2.0, 3.0, 4.0}) {
-            const QPixmap picture = qv_imageFromBundleWithName(name, ratio);
-            QCOMPARE(picture.deviceIndependentSize(), QSizeF(size));
-            QCOMPARE(picture.devicePixelRatio(), qBound(1.0, std::ceil(ratio), 3.0));
+        const QVCases<const char *, QSize> cases{
+            {"qv_draw_edit", {20, 20}},          {"qv_draw_error", {20, 20}},
+            {"qv_draw_success", {20, 20}},       {"qv_draw_help", {20, 20}},
+            {"qv_draw_refresh", {20, 20}},       {"qv_draw_close", {14, 14}},
+            {"qv_click_btn_logo", {16, 16}},     {"qv_invisible_logo", {40, 40}},
+            {"qv_request_faild.jpg", {400, 230}}};
+        for (const auto &[name, size] : cases) {
+            for (const qreal ratio : {0.5, 1.0, 1.25, 3.0, 4.0}) {
+                const QPixmap picture = qv_imageFromBundleWithName(q(name), ratio);
+                QCOMPARE(picture.deviceIndependentSize(), QSizeF(size));
+                QCOMPARE(picture.devicePixelRatio(), qBound(1.0, std::ceil(ratio), 3.0));
+            }
         }
-        QCOMPARE(qv_imageFromBundleWithName(name).devicePixelRatio(), qApp->devicePixelRatio());
     }
 
-    void aPictureThatIsNoneIsAbsent_data()
+    void aPictureThatIsNoneIsAbsent()
     {
-        const auto row = addColumns<QByteArray>({"content"});
         QByteArray vast;
         QBuffer buffer(&vast);
         QVERIFY(QImage(2049, 1, QImage::Format_Mono).save(&buffer, "PNG"));
-        row("not a picture", QByteArray("<svg/>"));
-        row("vast", vast);
-        row("larger than any of ours", QByteArray((1 << 20) + 1, 'P'));
-    }
-    void aPictureThatIsNoneIsAbsent()
-    {
-        QFETCH(QByteArray, content);
-        ship(q("p.png"), content);
-        shipFolder();
-        QVERIFY(qv_imageFromBundleWithName(q("p"), 1.0).isNull());
+        for (const QByteArray &content : {QByteArray("<svg/>"), vast, QByteArray((1 << 20) + 1, 'P')}) {
+            ship(q("p.png"), content);
+            shipFolder();
+            QVERIFY(qv_imageFromBundleWithName(q("p"), 1.0).isNull());
+        }
         QVERIFY(qv_imageFromBundleWithName(q("missing"), 1.0).isNull());
     }
 

@@ -59,23 +59,12 @@ private Q_SLOTS:
         QCOMPARE(answer.status, QVSecureStatus::Decode);
     }
 
-    void aLockedKeyringIsNotUnlocked_data()
-    {
-        const auto row = addColumns<bool>({"restarts"});
-        row("locked while in use", false);
-        row("locked from the start", true);
-    }
     void aLockedKeyringIsNotUnlocked()
     {
-        QFETCH(bool, restarts);
         QVERIFY(m_desktop->startKeyring());
         QCOMPARE(m_store->add(item("one", "a")), QVSecureStatus::Success);
-        if (restarts) {
-            m_desktop->stopKeyring();
-            QVERIFY(m_desktop->startKeyring(false));
-        } else {
-            QVERIFY(m_desktop->lockKeyring());
-        }
+        m_desktop->stopKeyring();
+        QVERIFY(m_desktop->startKeyring(false));
         m_store = QVSecureStore::create(QVPrivateDesktop::generousLimit);
         verifyEveryCallGives(QVSecureStatus::InteractionNotAllowed);
         QCOMPARE(m_store->add(item("one", "new")), QVSecureStatus::InteractionNotAllowed);

@@ -4,8 +4,6 @@
 
 #include <QSignalSpy>
 
-using namespace std::chrono_literals;
-
 class TestCustomActionButton : public QVTestCase
 {
     Q_OBJECT
@@ -37,25 +35,6 @@ private Q_SLOTS:
         m_button->setAlpha(1);
         QTest::mouseClick(m_window->windowHandle(), Qt::LeftButton, {}, QPoint(15, 15));
         QCOMPARE(taps.size(), 1);
-    }
-
-    void turnsAsAWhole()
-    {
-        QPixmap halves(20, 20);
-        halves.fill(Qt::red);
-        QPainter(&halves).fillRect(0, 0, 20, 10, Qt::blue);
-        m_button->setImage(halves);
-        QVAnimation turn = QVAnimation::basic(QVLayerProperty::Rotation, 0.0, 3.141592653589793);
-        turn.setDuration(0.3);
-        m_button->layer().addAnimation(turn, QString());
-        advance(150ms);
-        const QImage shot = pixelsOf(*m_button);
-        QCOMPARE(shot.pixelColor(22, 15), QColor(Qt::blue));
-        QCOMPARE(shot.pixelColor(8, 15), QColor(Qt::red));
-        advance(151ms);
-        QCOMPARE(pixelsOf(*m_button).pixelColor(15, 8), QColor(Qt::blue));
-        advance(50ms);
-        QCOMPARE(time().pendingCount(), 0);
     }
 
 private:
