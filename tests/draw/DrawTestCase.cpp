@@ -26,6 +26,7 @@ void DrawTestCase::finish()
 
 void DrawTestCase::show(QVVerifyStyle style, QSize size)
 {
+    readyCount = 0;
     m_host = std::make_unique<QWidget>();
     m_host->resize(size);
     m_view = new QVRenderDrawView(style, m_host.get());

@@ -146,21 +146,6 @@ private Q_SLOTS:
         QVERIFY(!part("adButton"));
     }
 
-    void canBeUsedByKeyboard()
-    {
-        service().extend(q("config"), {{q("guide"), true}});
-        start(QVVerifyStylePopup);
-        QCOMPARE(part("helpButton")->accessibleName(), q("Help"));
-        QCOMPARE(part("refreshButton")->accessibleName(), q("New picture"));
-        QWidget *button = part("refreshButton");
-        QVERIFY(button->focusPolicy() & Qt::TabFocus);
-        button->setFocus(Qt::TabFocusReason);
-        QCOMPARE(view().window()->focusWidget(), button);
-        QTest::keyClick(button, Qt::Key_Space);
-        QVERIFY(waitForReady(2));
-        QCOMPARE(service().count(q("refresh")), 1);
-    }
-
     void drawsFromAnywhereInTheView_data()
     {
         QTest::addColumn<QString>("where");
@@ -179,19 +164,6 @@ private Q_SLOTS:
         QVPointerInput::strokeWithMouse(view(), QVPointerInput::wave(from, 20, step));
         QVERIFY(waitFor([this] { return service().count(q("verify")) == 1; }));
         QCOMPARE(service().count(q("refresh")), 0);
-    }
-
-    void drawsOverTheBars()
-    {
-        service().answerCode(q("verify"), q("0104"));
-        start(QVVerifyStyleEmbed);
-        const QPoint onBar = frame("promptOverlayView").center() - QPoint(150, 0);
-        QVPointerInput::strokeWithFinger(view(), QVPointerInput::wave(onBar, 20, 8));
-        QVERIFY(waitForWrongAnswer());
-        advance(300ms);
-        QCOMPARE(bar(), q("errorOverlayView"));
-        QVPointerInput::strokeWithMouse(view(), QVPointerInput::wave(onBar, 20, 8));
-        QVERIFY(waitForWrongAnswer(2));
     }
 
     void showsTheStrokeAboveThePictureAtLittleCost()

@@ -96,7 +96,6 @@ private Q_SLOTS:
         const QPoint plain(260, 10);
         const QPoint touchable(210, 10);
         row("mouse", Stroke(QVPointerInput::strokeWithMouse), plain);
-        row("finger", Stroke(QVPointerInput::strokeWithFinger), plain);
         row("finger, touchable control", Stroke(QVPointerInput::strokeWithFinger), touchable);
     }
 

@@ -57,28 +57,21 @@ private Q_SLOTS:
         QCOMPARE(layer.presented().opacity, 1.0);
     }
 
-    void finishedAnimationStopsPresentingAndPerhapsStays_data()
-    {
-        const auto row = addColumns<bool>({"removed"});
-        row("removed", true);
-        row("kept", false);
-    }
-
     void finishedAnimationStopsPresentingAndPerhapsStays()
     {
-        QFETCH(bool, removed);
-        QVLayer layer;
-        QVAnimation animation = QVAnimation::basic(Property::Opacity, 0.0, 0.5);
-        animation.setRemovedOnCompletion(removed);
-        animation.setStopped([](bool) {});
-        layer.addAnimation(animation, QString());
-        QVAnimationStack::StoppedList ended;
-        QVERIFY(layer.present(time().now() + 250ms, ended));
-        QVERIFY(!layer.present(time().now() + 300ms, ended));
-        QCOMPARE(ended.size(), 1U);
-        QCOMPARE(layer.presented().opacity, 1.0);
-        QCOMPARE(layer.animationKeys().size(), removed ? 0 : 1);
-        QVERIFY(!layer.animations().isRunning());
+        for (const bool removed : {true, false}) {
+            QVLayer layer;
+            QVAnimation animation = QVAnimation::basic(Property::Opacity, 0.0, 0.5);
+            animation.setRemovedOnCompletion(removed);
+            animation.setStopped([](bool) {});
+            layer.addAnimation(animation, QString());
+            QVAnimationStack::StoppedList ended;
+            QVERIFY(layer.present(time().now() + 250ms, ended));
+            QVERIFY(!layer.present(time().now() + 300ms, ended));
+            QCOMPARE(ended.size(), 1U);
+            QCOMPARE(layer.presented().opacity, 1.0);
+            QCOMPARE(layer.animationKeys().size(), removed ? 0 : 1);
+        }
     }
 
     void treeRefusesCyclesAndMovesLayers()

@@ -113,25 +113,6 @@ private Q_SLOTS:
         QVERIFY(std::abs(canvas.dot->presented().rotation - 0.6) < 0.01);
     }
 
-    void animationThatEndsOutOfSightEndsProperly()
-    {
-        Canvas canvas;
-        show(canvas);
-        int stops = 0;
-        canvas.turnForever();
-        canvas.move(1, [&](bool finished) { stops += finished ? 1 : 100; });
-        canvas.hide();
-        advance(999ms);
-        QCOMPARE(stops, 0);
-        advance(1ms);
-        QCOMPARE(stops, 1);
-        QCOMPARE(canvas.dot->animationKeys().size(), 1);
-        QCOMPARE(time().pendingCount(), 0);
-        canvas.show();
-        advance(100ms);
-        QCOMPARE(stops, 1);
-    }
-
     void stoppedCallbackMayTakeEverythingAway()
     {
         auto canvas = std::make_unique<Canvas>();

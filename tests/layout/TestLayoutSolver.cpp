@@ -61,17 +61,6 @@ private Q_SLOTS:
         QVERIFY(solution.problems.empty());
     }
 
-    void crossesBranches()
-    {
-        // "second" lies at (100, 50); "nested" in it at (5, 5).
-        const QVLayoutSolution solution =
-            solver().solve({{first, Attribute::Top, nested, Attribute::Bottom, 1, 2},
-                            {nested, Attribute::Left, first, Attribute::Right},
-                            fixed(nested, Attribute::Top, 8)});
-        QCOMPARE(solution.frames.at(nested), QRectF(60, 58, 10, 10));
-        QCOMPARE(solution.frames.at(first).top(), 70);
-    }
-
     void reportsWhatItCannotUse()
     {
         const QVCases<Constraint, Kind> cases{

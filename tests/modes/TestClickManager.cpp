@@ -23,27 +23,6 @@ private Q_SLOTS:
         QVERIFY(!button);
     }
 
-    void relaysWhatTheButtonSays_data()
-    {
-        const auto row = addColumns<QString, QString, QStringList>({"what", "code", "said"});
-        row("passed", click, q("0103"), words("passed click-token"));
-        row("failed", config, q("0105"), words("failed 105"));
-        row("closed", click, q("0104"), words("popup, closed"));
-    }
-
-    void relaysWhatTheButtonSays()
-    {
-        QFETCH(QString, what);
-        QFETCH(QString, code);
-        answerCode(what, code);
-        start();
-        pass(500ms);
-        m_manager->reset();
-        QTEST(m_outcomes->said(), "said");
-        QCOMPARE(m_outcomes->told().size(), code == QLatin1String("0103") ? 1 : 0);
-        QCOMPARE(m_manager->button()->clickStatus(), QVClickStatusNormal);
-    }
-
     void hearsTheButtonsEnd_data()
     {
         const auto row = addColumns<QString, QStringList>({"held", "said"});

@@ -105,20 +105,6 @@ private Q_SLOTS:
         }
     }
 
-    void paintsOverATranslucentStrip()
-    {
-        QWidget bar;
-        bar.resize(40, 44);
-        bar.setPalette(QColor(65, 141, 251));
-        QVClickStatusView view(&bar);
-        view.resize(40, 44);
-        view.setClickStatus(QVClickStatusTouching);
-        const QImage image = bar.grab().toImage();
-        // 70 % of the bar's blue shows through.
-        QCOMPARE(image.pixelColor(2, 2), QColor(45, 98, 175));
-        QCOMPARE(image.pixelColor(20, 9), QColor(Qt::white));
-    }
-
 private:
     void prepare() override
     {

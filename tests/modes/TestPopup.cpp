@@ -190,36 +190,6 @@ private Q_SLOTS:
         second->dismissWindow();
     }
 
-    void endsWithTheHostsWindow_data()
-    {
-        const auto row = addColumns<bool, bool, QStringList>({"closes", "hidden", "heard"});
-        row("close", true, false, words("close"));
-        row("destroy", false, false, words("close"));
-        row("close, hidden", true, true, QStringList());
-    }
-
-    void endsWithTheHostsWindow()
-    {
-        QFETCH(bool, closes);
-        QFETCH(bool, hidden);
-        open();
-        QVERIFY(waitForPicture());
-        if (hidden)
-            m_controller.lock()->hiddenWindow();
-        forgetAsked();
-        if (closes)
-            host().close();
-        else
-            destroyHost();
-        // Never out of the host's own destructor or close handler.
-        QCOMPARE(m_opener->heard, QStringList());
-        pass(200s);
-        QTEST(m_opener->heard, "heard");
-        QVERIFY(m_controller.expired());
-        QCOMPARE(popupCount(), 0);
-        QCOMPARE(asked(), QStringList());
-    }
-
 private:
     void prepare() override
     {

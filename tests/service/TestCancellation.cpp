@@ -30,24 +30,6 @@ private Q_SLOTS:
         QVERIFY(waitFor([&] { return server().closedCount() == 1; }));
     }
 
-    void ofAnotherFromACompletion()
-    {
-        server().enqueue(QVScript::answer(R"({"code":"0103"})"));
-        Probe<Picture> silent;
-        bool isDone = false;
-        Task other;
-        manager().requestGetWithApiServer(
-            server().address(), q("v"), q("c"),
-            [&](const std::shared_ptr<Picture> &, const std::optional<QVError> &) {
-                other->cancel();
-                isDone = true;
-            });
-        QVERIFY(waitFor([&] { return server().requests().size() == 1; }));
-        other = requestPicture(silent);
-        QVERIFY(waitFor([&] { return isDone; }));
-        expectCancelled(silent);
-    }
-
     void absentCompletionIsSkipped()
     {
         server().setResponder(

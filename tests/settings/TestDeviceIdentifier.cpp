@@ -52,16 +52,6 @@ private Q_SLOTS:
         QCOMPARE(m_desktop->countItems(m_service, m_till), 1);
     }
 
-    void everyHostHasItsOwnItem()
-    {
-        QVERIFY2(startDesktop(), "needs dbus-daemon and gnome-keyring-daemon");
-        QVERIFY(QVKeychain::setPassword(q("of the till"), m_service, m_till));
-        QCoreApplication::setApplicationName(q("stock"));
-        QCOMPARE(QVDeviceIdentifier::getDeviceId(), QVDeviceIdentifier::vendorIdentifier());
-        QCOMPARE(m_desktop->countItems(m_service, q("example.shop.stock")), 1);
-        QCOMPARE(QVKeychain::passwordForService(m_service, m_till), q("of the till"));
-    }
-
     void hostsAreNamedInReverse()
     {
         QCoreApplication::setOrganizationDomain(q(".a..b."));

@@ -1,6 +1,6 @@
-#include "settings/QVFakeSecretService.h"
 #include "settings/QVPrivateDesktop.h"
 #include "settings/QVSecureStore.h"
+#include "settings/QVSilentSecretService.h"
 #include "support/QVTestCase.h"
 
 #include <QElapsedTimer>
@@ -70,14 +70,6 @@ private Q_SLOTS:
         QCOMPARE(m_store->add(item("one", "new")), QVSecureStatus::InteractionNotAllowed);
     }
 
-    void aServiceThatWantsToAskTheUserMayNot()
-    {
-        QVFakeSecretService service(m_desktop->address(), QVFakeSecretService::Manner::Prompting);
-        QVERIFY(service.isRegistered());
-        QCOMPARE(m_store->add(item("one", "a")), QVSecureStatus::InteractionNotAllowed);
-        QCOMPARE(service.promptCount(), 0);
-    }
-
     void withoutServiceOrBusItAnswersAtOnce_data()
     {
         const auto row = addColumns<QByteArray>({"address"});
@@ -104,7 +96,7 @@ private Q_SLOTS:
         QMetaObject::invokeMethod(
             this, [&delivered] { delivered = true; }, Qt::QueuedConnection);
         {
-            QVFakeSecretService service(m_desktop->address(), QVFakeSecretService::Manner::Silent);
+            QVSilentSecretService service(m_desktop->address());
             QVERIFY(service.isRegistered());
             m_store = QVSecureStore::create();
             QElapsedTimer timer;

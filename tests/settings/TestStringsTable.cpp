@@ -10,40 +10,31 @@ class TestStringsTable : public QVTestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void reads_data()
-    {
-        addColumns<QByteArray, Texts>({"file", "texts"});
-        const Texts both = pairs("a", "1", "b", "2");
-        const auto row = [](const char *name, const char *file, const Texts &texts) {
-            QTest::newRow(name) << QByteArray(file) << texts;
-        };
-        row("nothing", "", {});
-        row("one line, tight", "\"a\"=\"1\";\"b\"=\"2\";", both);
-        row("Windows line ends, byte order mark", "\xef\xbb\xbf\"a\" = \"1\";\r\n\"b\" = \"2\";\r\n", both);
-        row("comments",
-            "/* \"x\" = \"y\"; */ \"a\" /* is */ = // one\n \"1\"; // \"c\" = \"3\";\n\"b\" = \"2\";", both);
-        row("comment marks in texts", "\"a\" = \"//1/*\";", pairs("a", "//1/*"));
-        row("last one wins", "\"a\" = \"0\"; \"a\" = \"1\";", pairs("a", "1"));
-        row("escapes", "\"\\\"k\\\\\" = \"\\t\\n\\r\\\"\\\\ \\u4e2d\\U6587 \\q\";",
-            pairs("\"k\\", "\t\n\r\"\\ 中文 q"));
-        row("beyond the first plane", "\"a\" = \"\\ud83d\\ude00\";", pairs("a", "😀"));
-        row("code that is none", "\"a\" = \"\\u12g4\";", pairs("a", "u12g4"));
-
-        row("no semicolon", "\"a\" = \"1\"\n\"b\" = \"2\";", both);
-        row("no closing quote", "\"x\" = \"lost;\n\"a\" = \"1\";\n\"b\" = \"2\";", both);
-        row("markup", "<html>\n<body \"x\" = \"y\";>", {});
-    }
     void reads()
     {
-        QFETCH(QByteArray, file);
-        const auto table = QVStringsTable::parse(file);
-        Texts found;
-        for (const QString &key : table.keys())
-            found.insert(key, table.text(key));
-        QTEST(found, "texts");
-        for (const QString &text : std::as_const(found))
-            QVERIFY(!text.isNull());
-        QVERIFY(table.text(q("missing")).isNull());
+        const Texts both = pairs("a", "1", "b", "2");
+        const QVCases<const char *, Texts> cases{
+            {"", {}},
+            {"\"a\"=\"1\";\"b\"=\"2\";", both},
+            {"\xef\xbb\xbf\"a\" = \"1\";\r\n\"b\" = \"2\";\r\n", both},
+            {"/* \"x\" = \"y\"; */ \"a\" /* is */ = // one\n \"1\"; // \"c\" = \"3\";\n\"b\" = \"2\";", both},
+            {"\"a\" = \"//1/*\";", pairs("a", "//1/*")},
+            {"\"a\" = \"0\"; \"a\" = \"1\";", pairs("a", "1")},
+            {"\"\\\"k\\\\\" = \"\\t\\n\\r\\\"\\\\ \\u4e2d\\U6587 \\q\";",
+             pairs("\"k\\", "\t\n\r\"\\ 中文 q")},
+            {"\"a\" = \"\\ud83d\\ude00\";", pairs("a", "😀")},
+            {"\"a\" = \"\\u12g4\";", pairs("a", "u12g4")},
+            {"\"a\" = \"1\"\n\"b\" = \"2\";", both},
+            {"\"x\" = \"lost;\n\"a\" = \"1\";\n\"b\" = \"2\";", both},
+            {"<html>\n<body \"x\" = \"y\";>", {}}};
+        for (const auto &[file, texts] : cases) {
+            const auto table = QVStringsTable::parse(file);
+            Texts found;
+            for (const QString &key : table.keys())
+                found.insert(key, table.text(key));
+            QCOMPARE(found, texts);
+            QVERIFY(table.text(q("missing")).isNull());
+        }
     }
 
     void aFileIsReadAsFarAsItMayGo()

@@ -1,7 +1,10 @@
 #include "sandbox/SandboxCurveMaker.h"
 #include "sandbox/SandboxGlyphs.h"
 #include "sandbox/SandboxPainter.h"
+#include "sandbox/SandboxStrokes.h"
 #include "support/QVTestCase.h"
+
+#include <QRectF>
 
 namespace {
 
@@ -23,11 +26,44 @@ int difference(const QImage &a, const QImage &b)
 
 } // namespace
 
-class TestSandboxPictures : public QVTestCase
+class TestSandboxPuzzles : public QVTestCase
 {
     Q_OBJECT
 
 private Q_SLOTS:
+
+    void staysClearOfControls()
+    {
+        const QRectF allowed(0.0, 0.0, 400.0, 200.0);
+        const QRectF buttons(340.0, 0.0, 60.0, 30.0);
+        const QRectF badge(0.0, 0.0, 60.0, 25.0);
+        for (quint64 seed = 0; seed < 200; ++seed) {
+            for (const QPointF point : SandboxGeometry::resampled(SandboxCurveMaker(seed).make(), 200)) {
+                QVERIFY(allowed.contains(point));
+                QVERIFY(!buttons.contains(point) && !badge.contains(point));
+            }
+        }
+    }
+
+    void turnsDownWhatIsHardToDraw()
+    {
+        const std::vector<SandboxPath> hard{
+            {{40, 100}, {150, 101}, {260, 100}, {370, 101}}, // straight
+            {{60, 60}, {340, 160}, {340, 60}, {60, 160}},    // crossing itself
+            {{100, 60}, {180, 60}, {180, 140}},              // too short
+            {{60, 100}, {160, 212}, {260, 212}, {340, 60}},  // under the prompt
+            {{60, 80}, {340, 90}, {60, 100}},                // folded back
+            {}};
+        for (const SandboxPath &corners : hard)
+            QVERIFY(!SandboxCurveMaker::isDrawable(SandboxGeometry::splineThrough(corners, 16)));
+    }
+
+    void givesADrawableCurveHoweverPicky()
+    {
+        // Nothing pleases: the maker still ends, with a curve that keeps the rules.
+        const SandboxPath curve = SandboxCurveMaker(1).make([](const SandboxPath &) { return false; });
+        QVERIFY(SandboxCurveMaker::isDrawable(curve));
+    }
 
     void curveStandsOutOnEveryGround()
     {
@@ -57,5 +93,5 @@ private Q_SLOTS:
     }
 };
 
-QV_TEST(TestSandboxPictures)
-#include "TestSandboxPictures.moc"
+QV_TEST(TestSandboxPuzzles)
+#include "TestSandboxPuzzles.moc"
