@@ -1,9 +1,7 @@
 #include "draw/DrawTestCase.h"
 
-#include "draw/QVRenderDrawView.h"
 #include "settings/QVSDKManager.h"
 #include "views/QVOverlayLabel.h"
-#include "views/QVRenderDrawImageView.h"
 #include "views/QVRenderDrawOverlayView.h"
 
 using namespace std::chrono_literals;
@@ -50,23 +48,6 @@ void DrawTestCase::start(QVVerifyStyle style, QSize size)
     QVERIFY(waitForReady());
     // The bars and the shape have come to rest.
     advance(300ms);
-}
-
-void DrawTestCase::destroyView()
-{
-    delete m_view;
-    m_view = nullptr;
-}
-
-QVRenderDrawImageView &DrawTestCase::picture() const
-{
-    return *part<QVRenderDrawImageView>("imageView");
-}
-
-bool DrawTestCase::isShown(const char *name) const
-{
-    const QWidget *widget = part(name);
-    return widget && widget->isVisible();
 }
 
 QRect DrawTestCase::frame(const char *name) const

@@ -1,16 +1,15 @@
 #pragma once
 
 #include "draw/DrawService.h"
+#include "draw/QVRenderDrawView.h"
 #include "draw/QVRenderDrawViewDelegate.h"
 #include "draw/QVVerifyStyle.h"
 #include "platform/QVError.h"
 #include "support/QVPointerInput.h"
 #include "support/QVTestCase.h"
+#include "views/QVRenderDrawImageView.h"
 
 #include <QWidget>
-
-class QVRenderDrawImageView;
-class QVRenderDrawView;
 
 /// Tests of the drawing captcha as a user sees it: in a window, by real input, against a service that
 /// answers as the test tells it.
@@ -34,17 +33,17 @@ protected:
     /// Starts the view as its hosts do, and waits for the picture.
     void start(QVVerifyStyle style, QSize size = QSize(414, 400));
     /// Ends the view's life.
-    void destroyView();
+    void destroyView() { delete std::exchange(m_view, nullptr); }
 
     [[nodiscard]] DrawService &service() const { return *m_service; }
     [[nodiscard]] QVRenderDrawView &view() const { return *m_view; }
-    [[nodiscard]] QVRenderDrawImageView &picture() const;
     template<class Part = QWidget>
     [[nodiscard]] Part *part(const char *name) const
     {
         return m_host->findChild<Part *>(QLatin1String(name));
     }
-    [[nodiscard]] bool isShown(const char *name) const;
+    [[nodiscard]] QVRenderDrawImageView &picture() const { return *part<QVRenderDrawImageView>("imageView"); }
+    [[nodiscard]] bool isShown(const char *name) const { return part(name) && part(name)->isVisible(); }
     /// Where a part is in the view.
     [[nodiscard]] QRect frame(const char *name) const;
     /// The bar that is up: "promptOverlayView", "errorOverlayView" …, or nothing.

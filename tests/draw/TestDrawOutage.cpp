@@ -1,7 +1,5 @@
 #include "draw/DrawTestCase.h"
-#include "draw/QVRenderDrawView.h"
 #include "settings/QVSDKManager.h"
-#include "views/QVRenderDrawImageView.h"
 
 #include <QLabel>
 
@@ -16,7 +14,6 @@ private Q_SLOTS:
     void entersByTheSwitchOrByForce_data()
     {
         const auto row = addColumns<int, bool>({"style", "isForced"});
-        row("embedded, by the switch", 0, false);
         row("embedded, by force", 0, true);
         row("popup, by the switch", 1, false);
     }
@@ -33,8 +30,6 @@ private Q_SLOTS:
         QVERIFY(isShown("outageLabel"));
         QVERIFY(isShown("helpButton") && isShown("refreshButton") && part("refreshButton")->isEnabled());
         QCOMPARE(isShown("captchaLabel"), style != QVVerifyStyleEmbed);
-        if (style != QVVerifyStyleEmbed)
-            QCOMPARE(part<QLabel>("captchaLabel")->text(), q("Draw along the curve in the picture"));
         QCOMPARE(bar(), style == QVVerifyStyleEmbed ? q("promptOverlayView") : QString());
     }
 

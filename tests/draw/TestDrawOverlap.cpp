@@ -1,6 +1,4 @@
 #include "draw/DrawTestCase.h"
-#include "draw/QVRenderDrawView.h"
-#include "views/QVRenderDrawImageView.h"
 
 using namespace std::chrono_literals;
 

@@ -1,5 +1,4 @@
 #include "draw/DrawTestCase.h"
-#include "draw/QVRenderDrawView.h"
 #include "draw/QVRenderTrace.h"
 #include "sandbox/QVSandbox.h"
 #include "sandbox/SandboxTrace.h"

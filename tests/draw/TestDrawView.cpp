@@ -1,10 +1,8 @@
 #include "draw/DrawTestCase.h"
 #include "draw/QVAdButton.h"
-#include "draw/QVRenderDrawView.h"
 #include "draw/QVRenderStrokeView.h"
 #include "settings/QVSDKManager.h"
 #include "views/QVCustomActionButton.h"
-#include "views/QVRenderDrawImageView.h"
 #include "views/QVSystemFont.h"
 
 #include <QDesktopServices>
@@ -84,7 +82,7 @@ private Q_SLOTS:
         QCOMPARE(part("imageView")->findChild<QWidget *>(q("outageLabel"))->pos(), QPoint(0, 0));
     }
 
-    void followsTheScreenInAPopupOnly()
+    void followsTheScreenInAPopup()
     {
         start(QVVerifyStylePopup, QSize(800, 500));
         QCOMPARE(view().contentViewWidth(), 414.0);
@@ -95,11 +93,6 @@ private Q_SLOTS:
         view().setScreenWidth(1000);
         QTest::qWait(1);
         QCOMPARE(frame("contentView").size(), QSize(414, 238));
-
-        start(QVVerifyStyleEmbed, QSize(500, 300));
-        view().setScreenWidth(320);
-        QTest::qWait(1);
-        QCOMPARE(frame("contentView").width(), 500);
     }
 
     void showsAnAdvertisement()

@@ -50,8 +50,7 @@ private Q_SLOTS:
         check(eased, {{1, 0.2 + 0.4 * 0.315357}});
         eased.setTimingCurve(QVTimingCurve::easeOut());
         check(eased, {{1, 0.2 + 0.4 * 0.684643}});
-        const auto frames = [](const std::vector<QVAnimation::Value> &values,
-                               const std::vector<double> &times) {
+        const auto frames = [](const std::vector<QVLayerValue> &values, const std::vector<double> &times) {
             return lasting(1, QVAnimation::keyFrames(Property::Opacity, values, times));
         };
         check(frames({1.0, 0.3, 1.0}, {0, 0.3, 1}), {{0.15, 0.65}, {0.3, 0.3}, {0.65, 0.65}});

@@ -3,8 +3,6 @@
 
 #include <QWidget>
 
-#include <limits>
-
 using namespace std::chrono_literals;
 
 class TestLayout : public QVTestCase
@@ -105,29 +103,6 @@ private Q_SLOTS:
         delete box;
         advance(0ms);
         QCOMPARE(m_layout->constraintCount(), 0);
-    }
-
-    void reportsOnceAndGoesOn()
-    {
-        QWidget *box = child(*m_container);
-        box->setObjectName(q("box"));
-        QWidget outside;
-        QTest::ignoreMessage(QtWarningMsg,
-                             "QWidget(box).left = QWidget.right + 2 names something outside the "
-                             "container");
-        QTest::ignoreMessage(QtWarningMsg,
-                             "QWidget(box).top = nothing.top names something outside the container");
-        QTest::ignoreMessage(QtWarningMsg, "QWidget(box).height = nan is no finite number");
-        m_layout->make(box, [&](QVConstraintMaker &make) {
-            make.left().equalTo(&outside, QVLayoutAttribute::Right).offset(2);
-            make.top().equalTo(static_cast<QWidget *>(nullptr));
-            make.height().equalTo(std::numeric_limits<double>::quiet_NaN());
-            make.width().equalTo(44);
-        });
-        m_layout->layoutNow();
-        m_container->resize(200, 200);
-        QCOMPARE(m_layout->problems().size(), 3U);
-        QCOMPARE(box->width(), 44);
     }
 
 private:

@@ -28,21 +28,6 @@ private Q_SLOTS:
         QCOMPARE(time().pendingCount(), 0);
     }
 
-    void aSecondOneStartsFromWhatIsSeen()
-    {
-        moveTo(100);
-        advance(100ms);
-        const int half = m_box->y();
-        moveTo(0);
-        QCOMPARE(m_box->y(), half);
-        advance(100ms);
-        QCOMPARE(m_ends, 1);
-        QVERIFY(m_box->y() < half && m_box->y() > 0);
-        advance(100ms);
-        QCOMPARE(m_ends, 2);
-        QCOMPARE(m_box->y(), 0);
-    }
-
     void resizeUnderWayEndsRight()
     {
         m_layout->update(m_box, [&](QVConstraintMaker &make) {

@@ -27,38 +27,26 @@ class TestLayoutSolver : public QVTestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    /// A container of 400 x 300; "first" at (10, 20) of 30 x 40 with an intrinsic size of 50 x 60.
-    void placesAnItem_data()
+    void placesAnItem()
     {
-        addColumns<std::vector<Constraint>, QRectF>({"constraints", "expected"});
-        const auto row = [](const char *name, std::vector<Constraint> constraints, const QRectF &expected) {
-            QTest::newRow(name) << std::move(constraints) << expected;
-        };
         const Constraint left{first, Attribute::Left, container, Attribute::Left, 1, 7};
         const Constraint right{first, Attribute::Right, container, Attribute::Right, 1, -3};
         const Constraint ownHeight{first, Attribute::Height, first, Attribute::Width, 0.5, 0};
 
-        row("nothing", {}, {10, 20, 30, 40});
-        row("a place alone keeps the intrinsic size", {left}, {7, 20, 50, 60});
-        row("two edges", {left, right}, {7, 20, 390, 60});
-        row("own aspect", {left, right, ownHeight}, {7, 20, 390, 195});
-        row("multiplier and offset", {{first, Attribute::Width, container, Attribute::Width, 0.25, -1}},
-            {10, 20, 99, 60});
-        row("a place from a place, scaled", {{first, Attribute::Top, container, Attribute::Bottom, 0.5, 4}},
-            {10, 154, 50, 60});
-        row("too many: the last two win", {left, right, fixed(first, Attribute::Width, 40)},
-            {357, 20, 40, 60});
-        row("edges that cross give no negative length",
-            {fixed(first, Attribute::Left, 90), fixed(first, Attribute::Right, 20)}, {90, 20, 0, 60});
-    }
-
-    void placesAnItem()
-    {
-        QFETCH(std::vector<Constraint>, constraints);
-        QFETCH(QRectF, expected);
-        const QVLayoutSolution solution = solver().solve(constraints);
-        QCOMPARE(solution.frames.at(first), expected);
-        QVERIFY(solution.problems.empty());
+        const QVCases<std::vector<Constraint>, QRectF> cases{
+            {{}, {10, 20, 30, 40}},
+            {{left}, {7, 20, 50, 60}},
+            {{left, right}, {7, 20, 390, 60}},
+            {{left, right, ownHeight}, {7, 20, 390, 195}},
+            {{{first, Attribute::Width, container, Attribute::Width, 0.25, -1}}, {10, 20, 99, 60}},
+            {{{first, Attribute::Top, container, Attribute::Bottom, 0.5, 4}}, {10, 154, 50, 60}},
+            {{left, right, fixed(first, Attribute::Width, 40)}, {357, 20, 40, 60}},
+            {{fixed(first, Attribute::Left, 90), fixed(first, Attribute::Right, 20)}, {90, 20, 0, 60}}};
+        for (const auto &[constraints, expected] : cases) {
+            const QVLayoutSolution solution = solver().solve(constraints);
+            QCOMPARE(solution.frames.at(first), expected);
+            QVERIFY(solution.problems.empty());
+        }
     }
 
     void reportsWhatItCannotUse()
@@ -80,6 +68,7 @@ private Q_SLOTS:
     }
 
 private:
+    /// A container of 400 x 300; "first" at (10, 20) of 30 x 40 with an intrinsic size of 50 x 60.
     static QVLayoutSolver solver()
     {
         QVLayoutSolver solver(container, QSizeF(400, 300));

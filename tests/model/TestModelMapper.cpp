@@ -1,4 +1,5 @@
 #include "model/QVModelMapper.h"
+#include "model/QVWordTable.h"
 #include "service/QVConfigResponseModel.h"
 #include "support/QVTestCase.h"
 
@@ -113,6 +114,26 @@ private Q_SLOTS:
         QCOMPARE(mapped.record.api_server(), q("https://a.example"));
         QVERIFY(mapped.record.challenge().isNull());
         QCOMPARE(mapped.record.code(), q("0103"));
+    }
+
+    void words()
+    {
+        const QVCases<QVWord, QString> cases{
+            {QVWord::True, q("TRUE True true YES Yes yes")},
+            {QVWord::False, q("FALSE False false NO No no")},
+            {QVWord::Null, q("NIL Nil nil NULL Null null (NULL) (Null) (null) <NULL> <Null> <null>")}};
+        for (const auto &[word, texts] : cases) {
+            for (const QString &text : texts.split(u' '))
+                QVERIFY2(qv_wordFromText(text) == word, qPrintable(text));
+        }
+    }
+
+    void otherTexts()
+    {
+        for (const char *text :
+             {"tRUE", "oui", "(nil)", "<nil>", "(NULL>", " true", "true ", "1", "Y", "", "nо"})
+            QVERIFY2(!qv_wordFromText(q(text)), text);
+        QVERIFY(!qv_wordFromText(QString()));
     }
 };
 

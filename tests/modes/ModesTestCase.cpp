@@ -43,7 +43,7 @@ void ModesTestCase::answerForStatus(int status)
     if (status == 2)
         delay(outageSwitch, std::chrono::hours(1));
     if (status == 3)
-        openOutage();
+        m_service->answer(outageSwitch, {{q("active"), true}});
     if (status == 4)
         passByClick();
     if (status == 5)

@@ -31,7 +31,6 @@ protected:
 
     [[nodiscard]] DrawService &service() const { return *m_service; }
     void answerCode(const QString &what, const QString &code);
-    void openOutage() { m_service->answer(outageSwitch, {{q("active"), true}}); }
     void passByClick() { answerCode(click, q("0103")); }
     /// Prepares answers with which a button comes to rest in \a status.
     void answerForStatus(int status);

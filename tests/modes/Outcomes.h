@@ -30,11 +30,6 @@ public:
     [[nodiscard]] qsizetype ended() const { return m_said.size() - m_said.count(q("popup")); }
     /// What the delegate was told.
     [[nodiscard]] const QStringList &told() const { return m_told; }
-    void forget()
-    {
-        m_said.clear();
-        m_told.clear();
-    }
 
     void clickButtonVerifyPassedWithToken(const QString &token) override { m_told.append(token); }
     void clickManagerVerifyPassedWithToken(const QString &token) override { m_told.append(token); }

@@ -110,19 +110,17 @@ private Q_SLOTS:
 
     void sequenceDecides_data()
     {
-        addColumns<QString, QByteArray, int, QString, QLatin1String>(
+        const auto row = addColumns<QString, QByteArray, int, QStringList, QLatin1String>(
             {"what", "body", "status", "said", "text"});
-        const auto row = [](const char *name, const QString &what, const char *body, int status,
-                            const char *said, QLatin1String text) {
-            QTest::newRow(name) << what << QByteArray(body) << status << QString::fromLatin1(said) << text;
-        };
-        row("draw", click, R"({"code":"0104","img":"1"})", 2, "popup", QVKey::inVerify);
-        row("outage", outageSwitch, R"({"active":true})", 3, "popup", QVKey::drawCaptcha);
-        row("pass", click, R"({"code":"0103","token":"t"})", 4, "", QVKey::clickPass);
-        row("switch is no JSON", outageSwitch, "<html>", 5, "failed 3840", QVKey::systemError);
-        row("switch is no object", outageSwitch, "[1]", 5, "failed 0", QVKey::systemError);
-        row("config is refused", config, R"({"code":"0101"})", 5, "failed 101", QVKey::accessDenied);
-        row("click is refused", click, R"({"code":"1002"})", 5, "failed 1002", QVKey::expired);
+        using Body = QByteArray;
+        row("draw", click, Body(R"({"code":"0104","img":"1"})"), 2, words("popup"), QVKey::inVerify);
+        row("outage", outageSwitch, Body(R"({"active":true})"), 3, words("popup"), QVKey::drawCaptcha);
+        row("pass", click, Body(R"({"code":"0103","token":"t"})"), 4, words(""), QVKey::clickPass);
+        row("switch is no JSON", outageSwitch, Body("<html>"), 5, words("failed 3840"), QVKey::systemError);
+        row("switch is no object", outageSwitch, Body("[1]"), 5, words("failed 0"), QVKey::systemError);
+        row("config is refused", config, Body(R"({"code":"0101"})"), 5, words("failed 101"),
+            QVKey::accessDenied);
+        row("click is refused", click, Body(R"({"code":"1002"})"), 5, words("failed 1002"), QVKey::expired);
     }
 
     void sequenceDecides()
@@ -130,19 +128,19 @@ private Q_SLOTS:
         QFETCH(QString, what);
         QFETCH(QByteArray, body);
         QFETCH(int, status);
-        QFETCH(QString, said);
+        QFETCH(QStringList, said);
         QFETCH(QLatin1String, text);
         service().answerBytes(what, body);
         delay(outageGet, 1h);
         tap();
         QVERIFY(waitForStatus(status));
-        QVERIFY(waitFor([&] { return m_outcomes->said() == words(qPrintable(said)); }));
+        QVERIFY(waitFor([&] { return m_outcomes->said() == said; }));
         const QStringList all{outageSwitch, config, click};
         // The outage popup looks at the switch once more by itself.
         if (status != 3)
             QCOMPARE(asked(), all.mid(0, all.indexOf(what) + 1));
         QCOMPARE(m_outcomes->told(), QStringList());
-        QCOMPARE(popup() != nullptr, said == QLatin1String("popup"));
+        QCOMPARE(popup() != nullptr, said == words("popup"));
         const QString message = qv_localizedStringForKey(text).replace(
             QLatin1String("{domain}"), qv_localizedStringForKey(QVKey::otherRequestError));
         QCOMPARE(m_button->statusText(), message);

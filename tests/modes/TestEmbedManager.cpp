@@ -4,7 +4,6 @@
 
 #include <QPointer>
 #include <QSignalSpy>
-#include <QVBoxLayout>
 
 using namespace std::chrono_literals;
 
@@ -91,11 +90,9 @@ private Q_SLOTS:
 private:
     void place(QVEmbedManager &manager, QWidget &window)
     {
-        auto *layout = new QVBoxLayout(&window);
-        // The offscreen platform has nobody to tell a minimum size to, and says so.
-        layout->setSizeConstraint(QLayout::SetNoConstraint);
-        layout->addWidget(manager.embedView());
         window.resize(440, 310);
+        manager.embedView()->setParent(&window);
+        manager.embedView()->setGeometry(window.rect());
         window.show();
         QVERIFY(QTest::qWaitForWindowExposed(&window));
         advance(100ms);

@@ -31,6 +31,19 @@ bool passes(const SandboxPath &curve, const SandboxPath &stroke, double top = 0.
 
 } // namespace
 
+namespace {
+
+// Ten points: (12, 7) at 0 ms, (30, 7) at 45 ms, then all at (200, 115) at 60 ms.
+const QString tenPoints = q("kkdkqp") + q("kpk").repeated(8) + q("kk6kk6") + q("kjg").repeated(8) +
+                          q("kkkkrj") + q("ksk").repeated(8);
+
+QString numbers(const QStringList &digits, const QString &rest)
+{
+    return digits.join(QString()) + rest.repeated(10 - digits.size());
+}
+
+} // namespace
+
 class TestSandboxJudges : public QVTestCase
 {
     Q_OBJECT
@@ -65,23 +78,17 @@ private Q_SLOTS:
         QVERIFY2(passed >= fewest && passed <= most, qPrintable(QString::number(passed)));
     }
 
-    void acceptsTheCurveItself_data()
-    {
-        const auto row = addColumns<double, bool>({"top", "backwards"});
-        row("centred in a very tall view", 520.0, false);
-        row("backwards", 0.0, true);
-    }
     void acceptsTheCurveItself()
     {
-        QFETCH(const double, top);
-        QFETCH(const bool, backwards);
         for (int seed = 0; seed < 40; ++seed) {
             const SandboxPath curve = curveOf(seed);
             const SandboxPath stroke = SandboxGeometry::resampled(curve, 40);
-            const auto trace = SandboxTrace::decode(
-                encoded(backwards ? SandboxGeometry::reversed(stroke) : stroke, 20, top));
-            QVERIFY(trace);
-            QVERIFY(SandboxTraceJudge(curve).score(trace->points) >= 93);
+            // Backwards too, and in a tall view whose picture begins far down.
+            for (const QString &text :
+                 {encoded(SandboxGeometry::reversed(stroke)), encoded(stroke, 20, 520)}) {
+                const auto trace = SandboxTrace::decode(text);
+                QVERIFY(trace && SandboxTraceJudge(curve).score(trace->points) >= 93);
+            }
         }
     }
 
@@ -111,6 +118,51 @@ private Q_SLOTS:
         QVERIFY2(following >= curves * 95 / 100, qPrintable(QString::number(following)));
         QVERIFY2(other <= curves * 4 / 100, qPrintable(QString::number(other)));
         QVERIFY2(guessed <= curves * 2 / 100, qPrintable(QString::number(guessed)));
+    }
+
+    void takesThirdsApart()
+    {
+        const auto trace = SandboxTrace::decode(tenPoints);
+        QVERIFY(trace);
+        QCOMPARE(trace->points.size(), 10);
+        QCOMPARE(trace->points[0], QPointF(12.0, 7.0 * 400.0 / 230.0));
+        QCOMPARE(trace->points[1], QPointF(30.0, 7.0 * 400.0 / 230.0));
+        QCOMPARE(trace->points[9], QPointF(200.0, 200.0));
+        QCOMPARE(trace->duration, 60);
+    }
+
+    void refusesWhatIsNoTrace()
+    {
+        for (const int length : {0, 81, 91, 729})
+            QVERIFY(!SandboxTrace::decode(q("k").repeated(length)));
+        QVERIFY(!SandboxTrace::decode(QString(tenPoints).replace(4, 1, u'Q')));
+        QVERIFY(SandboxTrace::decode(q("k").repeated(720)));
+    }
+
+    void restoresLostMultiples()
+    {
+        // kzz is 399, kzk 380, kkk 0 or 400, kqk 20 or 420.
+        const QVCases<QString, QList<double>> cases{
+            {numbers({q("kzk"), q("kkk"), q("kqk")}, q("kzk")), {380, 400, 420, 380}},
+            {numbers({q("kkk")}, q("kzk")), {400, 380}},
+            {numbers({q("kkk")}, q("kqk")), {0, 20}}};
+        for (const auto &[columns, expected] : cases) {
+            const auto trace = SandboxTrace::decode(columns + q("k").repeated(60));
+            for (qsizetype i = 0; i < expected.size(); ++i)
+                QCOMPARE(trace->points[i].x(), expected[i]);
+        }
+    }
+
+    void comparesDrawtime()
+    {
+        // 380 ms, then 60 ms: which can only be 460.
+        const auto trace =
+            SandboxTrace::decode(q("k").repeated(60) + numbers({q("kkk"), q("kzk")}, q("ksk")));
+        QCOMPARE(trace->duration, 460);
+        for (const char *drawtime : {"460", "860", "7660"})
+            QVERIFY2(trace->agreesWithDrawtime(q(drawtime)), drawtime);
+        for (const char *drawtime : {"60", "461", "8060", "-340", "460ms", "99999999999999999999999", ""})
+            QVERIFY2(!trace->agreesWithDrawtime(q(drawtime)), drawtime);
     }
 };
 

@@ -149,18 +149,6 @@ private Q_SLOTS:
         QCOMPARE(get(q("/sandbox/token?token=") + reply.text("token")).text("earned"), q("outage"));
         QCOMPARE(get(verify + cells).code(), q("1002"));
     }
-
-    void sameSeedGivesTheSameSession()
-    {
-        const QString challenge = configured(drawer);
-        const QString img = service(q("get"), drawer, challenge).text("img");
-        const QByteArray picture = get(sandbox().addresses().cdn + u'/' + img).body;
-        finish();
-        prepare();
-        QCOMPARE(configured(drawer), challenge);
-        QCOMPARE(service(q("get"), drawer, challenge).text("img"), img);
-        QCOMPARE(get(sandbox().addresses().cdn + u'/' + img).body, picture);
-    }
 };
 
 QV_TEST(TestSandboxService)

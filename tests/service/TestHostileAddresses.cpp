@@ -51,19 +51,13 @@ private Q_SLOTS:
         QVERIFY(!server().requests().first().head.contains("\nEvil"));
     }
 
-    void oddText_data()
-    {
-        const auto row = addColumns<QString>({"vid"});
-        row("half a surrogate pair", QString(QChar(0xd800)));
-        row("very long", QString(200000, u'x'));
-    }
-
     void oddText()
     {
-        QFETCH(const QString, vid);
-        // Whether it can be sent is the platform's business; that it ends well is ours.
-        const Probe<Picture> probe = answeredWith(vid);
-        QCOMPARE(probe.result() != nullptr, !probe.error());
+        for (const QString &vid : {QString(QChar(0xd800)), QString(200000, u'x')}) {
+            // Whether it can be sent is the platform's business; that it ends well is ours.
+            const Probe<Picture> probe = answeredWith(vid);
+            QCOMPARE(probe.result() != nullptr, !probe.error());
+        }
     }
 
 private:

@@ -2,7 +2,12 @@
 #include "settings/QVConfigurationManager.h"
 #include "settings/QVLocalization.h"
 #include "settings/QVLocalizationKeys.h"
+#include "settings/QVStringsTable.h"
 #include "support/QVTestCase.h"
+
+#include <QTemporaryFile>
+
+using Texts = QMap<QString, QString>;
 
 class TestLocalization : public QVTestCase
 {
@@ -37,6 +42,57 @@ private Q_SLOTS:
         QCOMPARE(qv_localizedStringForKey(q("done"), q("instead")), q("Done"));
         QCOMPARE(qv_localizedStringForKey(q("no such key"), q("instead")), q("instead"));
         QCOMPARE(qv_localizedStringForKey(q("no such key"), q("")), q("no such key"));
+    }
+
+    void reads()
+    {
+        const Texts both = pairs("a", "1", "b", "2");
+        const QVCases<const char *, Texts> cases{
+            {"", {}},
+            {"\"a\"=\"1\";\"b\"=\"2\";", both},
+            {"\xef\xbb\xbf\"a\" = \"1\";\r\n\"b\" = \"2\";\r\n", both},
+            {"/* \"x\" = \"y\"; */ \"a\" /* is */ = // one\n \"1\"; // \"c\" = \"3\";\n\"b\" = \"2\";", both},
+            {"\"a\" = \"//1/*\";", pairs("a", "//1/*")},
+            {"\"a\" = \"0\"; \"a\" = \"1\";", pairs("a", "1")},
+            {"\"\\\"k\\\\\" = \"\\t\\n\\r\\\"\\\\ \\u4e2d\\U6587 \\q\";",
+             pairs("\"k\\", "\t\n\r\"\\ 中文 q")},
+            {"\"a\" = \"\\ud83d\\ude00\";", pairs("a", "😀")},
+            {"\"a\" = \"\\u12g4\";", pairs("a", "u12g4")},
+            {"\"a\" = \"1\"\n\"b\" = \"2\";", both},
+            {"\"x\" = \"lost;\n\"a\" = \"1\";\n\"b\" = \"2\";", both},
+            {"<html>\n<body \"x\" = \"y\";>", {}}};
+        for (const auto &[file, texts] : cases) {
+            const auto table = QVStringsTable::parse(file);
+            Texts found;
+            for (const QString &key : table.keys())
+                found.insert(key, table.text(key));
+            QCOMPARE(found, texts);
+            QVERIFY(table.text(q("missing")).isNull());
+        }
+    }
+
+    void aFileIsReadAsFarAsItMayGo()
+    {
+        QTemporaryFile file;
+        QVERIFY(file.open());
+        file.write("\"a\" = \"1\";\n");
+        file.write(QByteArray(1 << 20, ' '));
+        file.write("\"b\" = \"2\";\n");
+        file.close();
+        QCOMPARE(QVStringsTable::read(file.fileName()).keys(), QStringList{q("a")});
+        QVERIFY(QVStringsTable::read(file.fileName() + q(".missing")).keys().isEmpty());
+    }
+
+private:
+    static Texts pairs(const char *key, const char *text)
+    {
+        return {{QString::fromUtf8(key), QString::fromUtf8(text)}};
+    }
+    static Texts pairs(const char *first, const char *one, const char *second, const char *two)
+    {
+        Texts texts = pairs(first, one);
+        texts.insert(pairs(second, two));
+        return texts;
     }
 };
 

@@ -22,11 +22,7 @@ private Q_SLOTS:
             q("* { background: red; color: green; border: 3px solid blue; font: italic 30px; }"
               "QLineEdit { padding: 8px; }"));
         QVERIFY(plain == look());
-    }
-
-    void hostPaletteChangesNothing()
-    {
-        const QImage plain = look();
+        qApp->setStyleSheet(QString());
         const QPalette former = QApplication::palette();
         QApplication::setPalette(QPalette(Qt::darkGreen, Qt::black));
         const QImage dark = look();
