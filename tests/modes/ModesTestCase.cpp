@@ -65,7 +65,7 @@ void ModesTestCase::settle() const
 
 void ModesTestCase::pass(std::chrono::milliseconds duration) const
 {
-    const auto stretch = std::max(50ms, duration / 20);
+    const auto stretch = std::max(50ms, duration / 10);
     for (auto left = duration; left > 0ms; left -= stretch) {
         settle();
         advance(std::min(left, stretch));

@@ -81,6 +81,7 @@ private Q_SLOTS:
         add("screen reader", [&] {
             QAccessible::queryAccessibleInterface(&button)->actionInterface()->doAction(
                 QAccessibleActionInterface::pressAction());
+            QVERIFY(waitForStatus(QVClickStatusVerifying));
         });
         add("return", [&] { QTest::keyClick(&button, Qt::Key_Return); });
         add("press", [&] { QVPointerInput::press(button, in); });
@@ -316,7 +317,7 @@ private Q_SLOTS:
                     delete m_button;
             });
         tap();
-        pass(500ms);
+        pass(700ms);
         if (popup())
             pressClose();
         QVERIFY(!m_button);

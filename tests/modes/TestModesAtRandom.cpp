@@ -31,7 +31,7 @@ private Q_SLOTS:
     {
         QFETCH(quint32, seed);
         m_random.seed(seed);
-        for (int i = 0; i < 30; ++i)
+        for (int i = 0; i < 25; ++i)
             step();
         m_click->reset();
         m_invisible->reset();
