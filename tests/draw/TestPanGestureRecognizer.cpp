@@ -158,7 +158,7 @@ private Q_SLOTS:
     void isCancelled_data()
     {
         QTest::addColumn<std::function<void(Pad &)>>("disturb");
-        const auto row = [](const char *name, std::function<void(Pad &)> disturb) {
+        const auto row = [](const char *name, const std::function<void(Pad &)> &disturb) {
             QTest::newRow(name) << disturb;
         };
         row("by hiding", [](Pad &pad) { pad.hide(); });

@@ -108,7 +108,7 @@ private Q_SLOTS:
         m_server->enqueue(picture());
         Probe probe;
         QVImageLoad *started = nullptr;
-        probe.run([&](auto completed) {
+        probe.run([&](const auto &completed) {
             return started = QVImageLoad::start(resources, address("/a.png"), completed);
         });
         QVERIFY(waitFor([&] { return m_server->requests().size() == 1 && time().pendingCount() == 0; }));
@@ -132,7 +132,7 @@ private:
     std::shared_ptr<QVDataTask> load(Probe &probe, const char *path) const
     {
         return probe.run(
-            [&](auto completed) { return QVImageLoader::shared().load(address(path), completed); });
+            [&](const auto &completed) { return QVImageLoader::shared().load(address(path), completed); });
     }
 
     void expectPicture(const Probe &probe, const QColor &colour) const

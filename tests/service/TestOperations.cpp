@@ -8,10 +8,10 @@ using Operation = std::function<void(QVCompletionProbe<bool> &)>;
 
 // Watches any operation through one kind of probe, which only needs to know that it completed.
 template<class Record, class Start>
-Operation operation(Start start)
+Operation operation(const Start &start)
 {
     return [start](QVCompletionProbe<bool> &probe) {
-        probe.run([&](std::function<void(bool, std::optional<QVError>)> completed) {
+        probe.run([&](const std::function<void(bool, std::optional<QVError>)> &completed) {
             return start([completed](const std::shared_ptr<Record> &record, std::optional<QVError> error) {
                 completed(record != nullptr, std::move(error));
             });
@@ -91,7 +91,7 @@ private Q_SLOTS:
         QVCompletionProbe<bool> probe;
         start(probe);
         QVERIFY(waitFor([&] { return server().requests().size() == 1; }));
-        const QVReceivedRequest request = server().requests().constFirst();
+        const QVReceivedRequest &request = server().requests().constFirst();
         QTEST(request.path(), "path");
         QByteArrayList others = request.pairs();
         const auto isDevice = [](const QByteArray &pair) {

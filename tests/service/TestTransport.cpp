@@ -127,7 +127,7 @@ private Q_SLOTS:
             await(probe);
             QCOMPARE(server().requests().size(), round);
         }
-        const QVReceivedRequest request = server().requests().last();
+        const QVReceivedRequest &request = server().requests().last();
         QCOMPARE(request.method, QByteArray("GET"));
         QCOMPARE(request.header("Content-Type"),
                  QByteArray("application/x-www-form-urlencoded;charset=UTF-8"));

@@ -27,6 +27,7 @@ private Q_SLOTS:
         constexpr int count = 8;
         std::latch start(count);
         std::vector<std::future<QVConfigurationManager *>> firstCallers;
+        firstCallers.reserve(count);
         for (int i = 0; i < count; ++i)
             firstCallers.push_back(std::async(std::launch::async, [&start] {
                 start.arrive_and_wait();

@@ -17,7 +17,7 @@ class QVCompletionProbe
 public:
     /// Makes the call: \a start gets the completion to hand over, and its own result is handed on.
     template<class Start>
-    auto run(Start start)
+    auto run(const Start &start)
     {
         const auto seen = m_seen;
         auto task = start([seen](Result result, const std::optional<QVError> &error) {

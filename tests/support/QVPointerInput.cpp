@@ -111,6 +111,7 @@ void QVPointerInput::strokeWithPen(QWidget &widget, const Points &points, const 
 QVPointerInput::Points QVPointerInput::wave(QPoint start, int count, int step)
 {
     Points points;
+    points.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i)
         points.emplace_back(start.x() + i * step, start.y() + qRound(20 * std::sin(i * 0.3)));
     return points;
