@@ -105,6 +105,25 @@ private Q_SLOTS:
         QCOMPARE(m_layout->constraintCount(), 0);
     }
 
+    void reportsOnceAndGoesOn()
+    {
+        QWidget *box = child(*m_container);
+        box->setObjectName(q("box"));
+        QWidget outside;
+        QTest::ignoreMessage(QtWarningMsg,
+                             "QWidget(box).left = QWidget.right + 2 names something outside the container");
+        QTest::ignoreMessage(QtWarningMsg,
+                             "QWidget(box).top = nothing.top names something outside the container");
+        m_layout->make(box, [&](QVConstraintMaker &make) {
+            make.left().equalTo(&outside, QVLayoutAttribute::Right).offset(2);
+            make.top().equalTo(static_cast<QWidget *>(nullptr));
+            make.width().equalTo(44);
+        });
+        m_layout->layoutNow();
+        m_container->resize(200, 200);
+        QCOMPARE(box->width(), 44);
+    }
+
 private:
     void prepare() override
     {

@@ -1,5 +1,4 @@
 #include "sandbox/SandboxCurveMaker.h"
-#include "sandbox/SandboxGlyphs.h"
 #include "sandbox/SandboxPainter.h"
 #include "sandbox/SandboxStrokes.h"
 #include "support/QVTestCase.h"
@@ -11,17 +10,6 @@ namespace {
 SandboxPuzzle curvePuzzle(quint64 seed)
 {
     return {SandboxCurveMaker(seed).make(), {}, seed};
-}
-
-// How many pixels differ clearly between two pictures of a size.
-int difference(const QImage &a, const QImage &b)
-{
-    int count = 0;
-    for (int y = 0; y < a.height(); ++y) {
-        for (int x = 0; x < a.width(); ++x)
-            count += std::abs(qGray(a.pixel(x, y)) - qGray(b.pixel(x, y))) > 24 ? 1 : 0;
-    }
-    return count;
 }
 
 } // namespace
@@ -77,18 +65,6 @@ private Q_SLOTS:
                 bright += qGray(image.pixel((point * 2.0).toPoint())) > 225 ? 1 : 0;
             // The hints for the direction take the rest.
             QVERIFY2(bright > points.size() * 70 / 100, qPrintable(QString::number(bright)));
-        }
-    }
-
-    void everyCharacterIsDrawn()
-    {
-        // On the same ground, each differs from every other by much more than compression does.
-        QList<QImage> images;
-        for (const QChar character : SandboxGlyphs::alphabet())
-            images.append(SandboxPainter({{}, QString(character), 77}, 1).image());
-        for (qsizetype i = 0; i < images.size(); ++i) {
-            for (qsizetype j = i + 1; j < images.size(); ++j)
-                QVERIFY(difference(images[i], images[j]) > 150);
         }
     }
 };

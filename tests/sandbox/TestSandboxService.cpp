@@ -39,14 +39,6 @@ private Q_SLOTS:
         }
     }
 
-    void clickDecides()
-    {
-        const Reply passed = service(q("click"), q("test-pass"), configured(q("test-pass")));
-        QCOMPARE(passed.code(), q("0103"));
-        QVERIFY(!passed.text("token").isEmpty());
-        QCOMPARE(service(q("click"), drawer, configured(drawer)).code(), q("0104"));
-    }
-
     void acceptsTheDrawnCurveOnce()
     {
         const QString challenge = configured(drawer);
@@ -103,19 +95,6 @@ private Q_SLOTS:
             QCOMPARE(service(q(operation), drawer, q("nonsense")).code(), q("1002"));
             QCOMPARE(service(q(operation), q("someone else"), challenge).code(), q("1002"));
         }
-    }
-
-    void challengesAge()
-    {
-        const QString challenge = configured(drawer);
-        age(milliseconds(179000));
-        QCOMPARE(service(q("get"), drawer, challenge).code(), q("0103"));
-        // A picture renews its challenge.
-        age(milliseconds(179000));
-        QCOMPARE(service(q("refresh"), drawer, challenge).code(), q("0103"));
-        age(milliseconds(180001));
-        QCOMPARE(drawn(drawer, challenge, sandbox().solution(challenge)->points).code(), q("1002"));
-        QVERIFY(!sandbox().solution(challenge));
     }
 
     void boundsRefreshing()

@@ -1,6 +1,6 @@
+#include "settings/QVFakeSecretService.h"
 #include "settings/QVPrivateDesktop.h"
 #include "settings/QVSecureStore.h"
-#include "settings/QVSilentSecretService.h"
 #include "support/QVTestCase.h"
 
 #include <QElapsedTimer>
@@ -70,6 +70,14 @@ private Q_SLOTS:
         QCOMPARE(m_store->add(item("one", "new")), QVSecureStatus::InteractionNotAllowed);
     }
 
+    void aServiceThatWantsToAskTheUserMayNot()
+    {
+        QVFakeSecretService service(m_desktop->address(), QVFakeSecretService::Manner::Prompting);
+        QVERIFY(service.isRegistered());
+        QCOMPARE(m_store->add(item("one", "a")), QVSecureStatus::InteractionNotAllowed);
+        QCOMPARE(service.promptCount(), 0);
+    }
+
     void withoutServiceOrBusItAnswersAtOnce()
     {
         verifyEveryCallGives(QVSecureStatus::NotAvailable);
@@ -90,7 +98,7 @@ private Q_SLOTS:
         QMetaObject::invokeMethod(
             this, [&delivered] { delivered = true; }, Qt::QueuedConnection);
         {
-            QVSilentSecretService service(m_desktop->address());
+            QVFakeSecretService service(m_desktop->address(), QVFakeSecretService::Manner::Silent);
             QVERIFY(service.isRegistered());
             m_store = QVSecureStore::create();
             QElapsedTimer timer;
