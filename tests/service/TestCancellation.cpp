@@ -9,7 +9,7 @@ private Q_SLOTS:
     {
         Probe<Picture> probe;
         const Task task = probe.run([&](QVCompletion<Picture> completed) {
-            Task started = requestPictureFor(completed);
+            Task started = requestPictureFor(std::move(completed));
             started->cancel();
             started->cancel();
             return started;

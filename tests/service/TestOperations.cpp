@@ -12,9 +12,10 @@ Operation operation(const Start &start)
 {
     return [start](QVCompletionProbe<bool> &probe) {
         probe.run([&](const std::function<void(bool, std::optional<QVError>)> &completed) {
-            return start([completed](const std::shared_ptr<Record> &record, std::optional<QVError> error) {
-                completed(record != nullptr, std::move(error));
-            });
+            return start(
+                [completed](const std::shared_ptr<Record> &record, const std::optional<QVError> &error) {
+                    completed(record != nullptr, error);
+                });
         });
     };
 }

@@ -168,7 +168,8 @@ private Q_SLOTS:
     {
         Probe<Picture> probe;
         probe.run([](QVCompletion<Picture> completed) {
-            return manager().requestGetWithApiServer(q("http://nobody.invalid"), q("v"), q("c"), completed);
+            return manager().requestGetWithApiServer(q("http://nobody.invalid"), q("v"), q("c"),
+                                                     std::move(completed));
         });
         await(probe);
         // A machine without any network says that it is offline instead.
