@@ -2,6 +2,7 @@
 
 #include "settings/QVLocalization.h"
 #include "settings/QVLocalizationKeys.h"
+#include "views/QVFocusRing.h"
 #include "views/QVSystemFont.h"
 
 #include <QPainter>
@@ -14,6 +15,8 @@ constexpr int inset = 5;
 constexpr int heightBeyondText = 5;
 constexpr int widest = 125;
 constexpr int fontSize = 12;
+// Larger text must not cover the picture.
+constexpr QSizeF room(widest - 2 * inset, 30);
 constexpr int backgroundAlpha = 179; // 0.7
 
 } // namespace
@@ -29,7 +32,7 @@ void QVAdButton::setWord(const QString &word, const QString &link)
     m_word = word;
     m_link = link;
     setAccessibleName(qv_localizedStringForKey(QVKey::accessibleAdvertisement) + u' ' + word);
-    const QFontMetrics metrics(qv_systemFont(fontSize));
+    const QFontMetrics metrics(qv_systemFont(fontSize, word, room));
     const int width = std::min(metrics.horizontalAdvance(word) + 2 * inset, widest);
     setGeometry(0, 0, width, metrics.height() + heightBeyondText);
     update();
@@ -39,10 +42,10 @@ void QVAdButton::paintEvent(QPaintEvent * /*event*/)
 {
     QPainter painter(this);
     painter.fillRect(rect(), QColor(0, 0, 0, backgroundAlpha));
-    painter.setFont(qv_systemFont(fontSize));
-    painter.setPen(Qt::white);
     const QRect title = rect().adjusted(inset, 0, -inset, 0);
+    painter.setFont(qv_systemFont(fontSize, m_word, room));
+    painter.setPen(Qt::white);
     painter.drawText(title, Qt::AlignCenter | Qt::TextSingleLine,
                      painter.fontMetrics().elidedText(m_word, Qt::ElideRight, title.width()));
-    paintFocusRing(painter, Qt::white);
+    qv_paintFocusRing(painter, *this, Qt::white);
 }

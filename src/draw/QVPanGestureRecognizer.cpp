@@ -51,6 +51,23 @@ void QVPanGestureRecognizer::setEnabled(bool enabled)
         cancel();
 }
 
+void QVPanGestureRecognizer::steerDown(QPointF location)
+{
+    press(Pointer::Steered, location);
+}
+
+void QVPanGestureRecognizer::steerTo(QPointF location)
+{
+    if (isSteered())
+        move(location);
+}
+
+void QVPanGestureRecognizer::steerUp()
+{
+    if (isSteered())
+        release(m_location);
+}
+
 bool QVPanGestureRecognizer::eventFilter(QObject *watched, QEvent *event)
 {
     auto *receiver = static_cast<QWidget *>(watched);

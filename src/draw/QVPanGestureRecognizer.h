@@ -14,7 +14,7 @@ class QTouchEvent;
 class QWidget;
 
 /// Recognises a drag of one finger, pen or left mouse button on a widget, from wherever in it and
-/// over whatever else is in it.
+/// over whatever else is in it; also one that somebody steers.
 ///
 /// A drag begins once the pointer is as far from where it was pressed as a trace's points have to be
 /// from each other. The first position told is the press itself. So a tap is no drag, and no part of
@@ -43,10 +43,19 @@ public:
     /// Where the pointer is, in the view's coordinates.
     [[nodiscard]] QPointF location() const { return m_location; }
 
+    /// A drag without events of a pointer's own, heard like the others: the press, the moves and the
+    /// release, in the view's coordinates. Moves and releases without a press do nothing.
+    void steerDown(QPointF location);
+    void steerTo(QPointF location);
+    void steerUp();
+    [[nodiscard]] bool isSteered() const { return m_pointer == Pointer::Steered; }
+    /// Cancels whatever drag is under way.
+    void discard() { cancel(); }
+
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    enum class Pointer { None, Mouse, Touch, Pen };
+    enum class Pointer { None, Mouse, Touch, Pen, Steered };
 
     bool handleMouse(QWidget *receiver, const QMouseEvent &event);
     void pressMouse(QWidget *control, QPointF location);

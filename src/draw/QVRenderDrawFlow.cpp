@@ -8,6 +8,7 @@
 #include "service/QVDownTimeResponseModel.h"
 #include "service/QVErrorClassification.h"
 #include "service/QVGetOutageResponseModel.h"
+#include "service/QVNetworkError.h"
 #include "service/QVVerifyResponseModel.h"
 #include "settings/QVConfigurationManager.h"
 #include "settings/QVLocalization.h"
@@ -122,6 +123,19 @@ void QVRenderDrawFlow::beginAttempt()
     if (m_getRefreshModel)
         m_getRefreshModel->endTimeDown();
     surface().setCharInputBusy(false);
+    const auto timeout = QVConfigurationManager::sharedManager().attemptTimeout();
+    if (isEmbedded() && timeout.count() > 0)
+        m_deadline.start(timeout, [this] { attemptTimedOut(); });
+}
+
+void QVRenderDrawFlow::attemptTimedOut()
+{
+    if (!m_surface)
+        return;
+    ++m_now.attempt;
+    surface().setCharInputBusy(false);
+    surface().hiddenLoadingAnimation();
+    handleRequestError(qv_parseError(qv_networkError(QVNetworkError::timedOut)), true);
 }
 
 template<class Record>
@@ -394,6 +408,7 @@ void QVRenderDrawFlow::handleRequestVerifySuccess(const QVVerifyResponseModel &v
 {
     // Outdates everything under way, a second passed answer included: there is one token an attempt.
     ++m_now.attempt;
+    m_deadline.stop();
     clearGetRefreshModel();
     surface().hiddenLoadingAnimation();
     surface().setRefreshButtonShown(false);
@@ -432,6 +447,7 @@ void QVRenderDrawFlow::handleRequestError(const QVError &error, bool canClickRef
 {
     surface().setRefreshButtonShown(!canClickRefresh);
     if (canClickRefresh) {
+        m_deadline.stop();
         beginStep();
         surface().showFailedPicture();
         surface().setDrawingEnabled(false);

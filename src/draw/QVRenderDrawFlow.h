@@ -3,6 +3,7 @@
 #include "draw/QVRenderDrawSurface.h"
 #include "draw/QVRenderDrawViewDelegate.h"
 #include "draw/QVVerifyStyle.h"
+#include "platform/QVTimer.h"
 #include "service/QVCompletion.h"
 
 #include <QString>
@@ -63,6 +64,7 @@ private:
     };
 
     void beginAttempt();
+    void attemptTimedOut();
     void beginStep() { ++m_now.step; }
     template<class Record>
     [[nodiscard]] QVCompletion<Record> ifNotOvertaken(Handler<Record> handler);
@@ -118,4 +120,6 @@ private:
     std::shared_ptr<QVGetRefreshResponseModel> m_getRefreshModel;
     std::shared_ptr<QVGetOutageResponseModel> m_getOutageModel;
     Stamp m_now;
+    /// A popup's attempt is its opener's to end.
+    QVTimer m_deadline;
 };

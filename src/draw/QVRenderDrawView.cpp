@@ -1,6 +1,7 @@
 #include "draw/QVRenderDrawView.h"
 
 #include "draw/QVAdButton.h"
+#include "draw/QVKeyPen.h"
 #include "draw/QVRenderDrawFlow.h"
 #include "draw/QVRenderDrawGesture.h"
 #include "platform/QVMainThread.h"
@@ -133,6 +134,9 @@ void QVRenderDrawView::initGesture()
     connect(m_gesture.get(), &QVRenderDrawGesture::accepted, this, &QVRenderDrawView::strokeAccepted);
     connect(m_gesture.get(), &QVRenderDrawGesture::discarded, this, &QVRenderDrawView::strokeDiscarded);
     m_gesture->layoutSubviews();
+    m_keyPen = new QVKeyPen(this, &imageView(), m_gesture->panGestureRecognizer());
+    connect(m_gesture.get(), &QVRenderDrawGesture::accepted, m_keyPen, &QVKeyPen::refresh);
+    connect(m_gesture.get(), &QVRenderDrawGesture::discarded, m_keyPen, &QVKeyPen::refresh);
 }
 
 void QVRenderDrawView::watchScreen()
@@ -224,11 +228,14 @@ void QVRenderDrawView::setOutage(bool outage)
 {
     m_gesture->setStaysInPicture(outage);
     QVRenderDrawParts::setOutage(outage);
+    if (outage)
+        Q_EMIT outageStarted();
 }
 
 void QVRenderDrawView::setDrawingEnabled(bool enabled)
 {
     m_gesture->panGestureRecognizer().setEnabled(enabled);
+    m_keyPen->setReady(enabled);
 }
 
 bool QVRenderDrawView::isDrawing() const

@@ -15,6 +15,7 @@
 class QScreen;
 class QVConfigResponseModel;
 class QVGetRefreshResponseModel;
+class QVKeyPen;
 class QVRenderDrawFlow;
 class QVRenderDrawGesture;
 
@@ -57,6 +58,8 @@ Q_SIGNALS:
     void ready();
     /// The service took the answer for wrong. The user may go on.
     void wrongAnswer();
+    /// The outage service takes over from the usual one.
+    void outageStarted();
     /// Something failed. The view shows it and lets the user start again.
     void failed(const QVError &error);
 
@@ -95,4 +98,5 @@ private:
     QPointer<QScreen> m_screen;
     // Not a child: a drag that the view's end cancels has nobody to be reported to.
     std::unique_ptr<QVRenderDrawGesture> m_gesture;
+    QVKeyPen *m_keyPen = nullptr;
 };

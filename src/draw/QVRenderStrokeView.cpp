@@ -1,5 +1,7 @@
 #include "draw/QVRenderStrokeView.h"
 
+#include "views/QVAccessibleRole.h"
+
 #include <QPainter>
 
 #include <algorithm>
@@ -34,6 +36,7 @@ QVRenderStrokeView::QVRenderStrokeView(QWidget *parent)
     : QWidget(parent)
 {
     setAttribute(Qt::WA_TransparentForMouseEvents);
+    qv_setAccessibleRole(this, QAccessible::NoRole);
 }
 
 void QVRenderStrokeView::moveTo(QPointF point)

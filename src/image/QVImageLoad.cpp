@@ -4,6 +4,7 @@
 #include "image/QVImageResources.h"
 #include "service/QVErrorClassification.h"
 #include "service/QVNetworkError.h"
+#include "settings/QVConfigurationManager.h"
 
 #include <QNetworkReply>
 #include <QPromise>
@@ -61,10 +62,12 @@ void QVImageLoad::begin()
 void QVImageLoad::download()
 {
     QNetworkRequest request{QUrl(m_address)};
-    // A picture never changes under its address, so how long it stays fresh does not matter.
-    request.setAttribute(QNetworkRequest::CacheLoadControlAttribute, m_resources.isOnDisk(m_address)
-                                                                         ? QNetworkRequest::AlwaysCache
-                                                                         : QNetworkRequest::AlwaysNetwork);
+    // A picture never changes under its address, so how long it stays fresh does not matter. What a
+    // host's own way to the network keeps is the host's business.
+    if (!QVConfigurationManager::sharedManager().networkAccessManager())
+        request.setAttribute(QNetworkRequest::CacheLoadControlAttribute,
+                             m_resources.isOnDisk(m_address) ? QNetworkRequest::AlwaysCache
+                                                             : QNetworkRequest::AlwaysNetwork);
     // The load lives as long as the download: both go with the network, or one after the other.
     m_download = QVBoundedDownload::start(m_resources.network(), request, limits,
                                           [this](const QVBoundedDownload::Result &result) {

@@ -4,6 +4,8 @@
 #include "modes/QVClickButtonPrivate.h"
 #include "modes/QVClickStatusLabel.h"
 #include "platform/QVMainThread.h"
+#include "views/QVAccessibleRole.h"
+#include "views/QVSystemFont.h"
 
 #include <QFocusEvent>
 #include <QHelpEvent>
@@ -39,6 +41,7 @@ QVClickButton::QVClickButton(QWidget *parent)
     // Taken here, since a host's widget around the button that takes touches leaves no mouse events.
     setAttribute(Qt::WA_AcceptTouchEvents);
     setFocusPolicy(Qt::StrongFocus);
+    qv_setAccessibleRole(this, QAccessible::Button);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     // Every way of activating a button meets here.
     connect(this, &QAbstractButton::clicked, this, [this] { d->clickButtonTouchUpInside(); });
@@ -72,7 +75,7 @@ QString QVClickButton::statusText() const
 
 QSize QVClickButton::sizeHint() const
 {
-    return usualSize;
+    return {usualSize.width(), qRound(usualSize.height() * qv_textScale())};
 }
 
 QSize QVClickButton::minimumSizeHint() const

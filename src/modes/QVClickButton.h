@@ -55,6 +55,8 @@ Q_SIGNALS:
     void closed();
     /// The user has to draw.
     void popupOpened();
+    /// The service is down or the host said so, and the outage service asks the user instead.
+    void outageStarted();
     void clickStatusChanged(QVClickStatus status);
 
 protected:

@@ -9,8 +9,12 @@
 #include "modes/QVViewController.h"
 #include "platform/QVScheduler.h"
 #include "service/QVClickResponseModel.h"
+#include "service/QVErrorClassification.h"
+#include "service/QVNetworkError.h"
+#include "settings/QVConfigurationManager.h"
 #include "settings/QVLocalization.h"
 #include "settings/QVLocalizationKeys.h"
+#include "views/QVAccessibleRole.h"
 
 #include <QAccessible>
 #include <QTouchEvent>
@@ -79,9 +83,11 @@ void QVClickButtonPrivate::setClickStatus(QVClickStatus status)
 {
     const bool changed = std::exchange(clickStatus, status) != status;
     clickStatusView->setClickStatus(status);
+    clickStatusLabel->setGround(background());
     if (const QString key = textKey(status); !key.isNull())
         setStatusText(qv_localizedStringForKey(key));
     q->setAttribute(Qt::WA_TransparentForMouseEvents, !takesInput());
+    qv_setAccessibleBusy(q, isUnderWay());
     q->update();
     if (changed)
         Q_EMIT q->clickStatusChanged(status);
@@ -207,6 +213,7 @@ void QVClickButtonPrivate::clickButtonTouchUpInside()
     if (!takesInput())
         return;
     tracking = false;
+    startDeadline();
     const auto controller = m_qv_controller.lock();
     if (!controller || !controller->canDirectlyShow()) {
         dismissPopup();
@@ -265,6 +272,7 @@ void QVClickButtonPrivate::popupShown(QVClickStatus status)
 
 void QVClickButtonPrivate::handleSuccess(const QString &token)
 {
+    m_deadline.stop();
     // Not a timer of the button's: the user has passed, so neither reset() nor the button's end
     // takes the token from the host.
     QVScheduler::shared().schedule(successDelay, [button = QPointer(q), last = delegate, token] {
@@ -279,6 +287,7 @@ void QVClickButtonPrivate::handleSuccess(const QString &token)
 void QVClickButtonPrivate::handleError(const QVError &error)
 {
     const QPointer<QVClickButton> button(q);
+    m_deadline.stop();
     setStatusText(error.domain());
     setClickStatus(QVClickStatusFailed);
     if (button)
@@ -297,6 +306,25 @@ void QVClickButtonPrivate::qv_controllerCloseAction()
     close();
 }
 
+void QVClickButtonPrivate::qv_controllerOutageAction()
+{
+    Q_EMIT q->outageStarted();
+}
+
+void QVClickButtonPrivate::startDeadline()
+{
+    const auto timeout = QVConfigurationManager::sharedManager().attemptTimeout();
+    if (timeout.count() > 0)
+        m_deadline.start(timeout, [this] { attemptTimedOut(); });
+}
+
+void QVClickButtonPrivate::attemptTimedOut()
+{
+    dropSequence();
+    dismissPopup();
+    handleError(qv_parseError(qv_networkError(QVNetworkError::timedOut)));
+}
+
 void QVClickButtonPrivate::reset()
 {
     dismissPopup();
@@ -307,6 +335,7 @@ void QVClickButtonPrivate::close()
 {
     const QPointer<QVClickButton> button(q);
     const bool ended = isUnderWay();
+    m_deadline.stop();
     dropSequence();
     tracking = false;
     q->setDown(false);

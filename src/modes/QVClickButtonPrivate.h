@@ -3,6 +3,7 @@
 #include "modes/QVClickSequence.h"
 #include "modes/QVClickStatus.h"
 #include "modes/QVViewControllerDelegate.h"
+#include "platform/QVTimer.h"
 
 #include <QPointer>
 
@@ -50,6 +51,7 @@ public:
     void dismissPopup();
     void quarvoControllerVerifySuccessWithToken(const QString &token) override;
     void qv_controllerCloseAction() override;
+    void qv_controllerOutageAction() override;
 
     QVClickButton *const q;
     QVWeakDelegate<QVClickButtonDelegate> delegate;
@@ -73,10 +75,13 @@ private:
     void handleSuccess(const QString &token);
     void handleError(const QVError &error);
     void close();
+    void startDeadline();
+    void attemptTimedOut();
     void dropSequence();
 
     std::weak_ptr<QVViewController> m_qv_controller;
     std::shared_ptr<QVClickSequence> m_sequence;
+    QVTimer m_deadline;
     /// The window around the button while the service is asked; later the popup watches for itself.
     std::unique_ptr<QVHostWatch> m_hostWatch;
 };

@@ -33,6 +33,7 @@ void QVClickManager::Private::createButton()
     connect(button, &QVClickButton::clickStatusChanged, q,
             [this](QVClickStatus status) { lastStatus = status; });
     connect(button, &QVClickButton::popupOpened, q, &QVClickManager::popupOpened);
+    connect(button, &QVClickButton::outageStarted, q, &QVClickManager::outageStarted);
     connect(button, &QVClickButton::failed, q, &QVClickManager::failed);
     connect(button, &QVClickButton::closed, q, &QVClickManager::closed);
     connect(button, &QObject::destroyed, q, [this] { buttonDestroyed(); });

@@ -1,10 +1,14 @@
 #include "modes/QVClickStatusLabel.h"
 
+#include "views/QVAccessibleRole.h"
+#include "views/QVReadable.h"
 #include "views/QVSystemFont.h"
 
 #include <QFontMetrics>
 #include <QPainter>
 #include <QTextLayout>
+
+#include <cmath>
 
 namespace {
 
@@ -28,6 +32,7 @@ QVClickStatusLabel::QVClickStatusLabel(QWidget *parent)
     : QWidget(parent)
 {
     setAttribute(Qt::WA_TransparentForMouseEvents);
+    qv_setAccessibleRole(this, QAccessible::NoRole);
 }
 
 void QVClickStatusLabel::setText(const QString &text)
@@ -36,24 +41,49 @@ void QVClickStatusLabel::setText(const QString &text)
     update();
 }
 
+void QVClickStatusLabel::setGround(const QColor &ground)
+{
+    m_ground = ground;
+    update();
+}
+
 bool QVClickStatusLabel::isElided() const
 {
-    return lines().join(QString()) != oneLine(m_text);
+    return !fits(fittingFont());
 }
 
 void QVClickStatusLabel::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    painter.setFont(qv_systemFont(statusFontSize));
+    painter.setFont(fittingFont());
     painter.setPen(Qt::white);
-    painter.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextDontClip, lines().join(u'\n'));
+    const QStringList shown = lines(painter.font());
+    const double spacing = painter.fontMetrics().lineSpacing();
+    const double top = std::round((height() - spacing * static_cast<double>(shown.size())) / 2);
+    for (qsizetype i = 0; i < shown.size(); ++i) {
+        const QRectF line(0, top + spacing * static_cast<double>(i), width(), spacing);
+        QVReadable::drawText(painter, line, Qt::AlignLeft, shown.at(i), m_ground);
+    }
 }
 
-QStringList QVClickStatusLabel::lines() const
+QFont QVClickStatusLabel::fittingFont() const
 {
-    const QFontMetrics metrics(qv_systemFont(statusFontSize));
+    QFont font = qv_systemFont(statusFontSize);
+    while (font.pixelSize() > statusFontSize && !fits(font))
+        font.setPixelSize(font.pixelSize() - 1);
+    return font;
+}
+
+bool QVClickStatusLabel::fits(const QFont &font) const
+{
+    return lines(font).join(QString()) == oneLine(m_text);
+}
+
+QStringList QVClickStatusLabel::lines(const QFont &font) const
+{
+    const QFontMetrics metrics(font);
     const QString text = oneLine(m_text);
-    QTextLayout layout(text, qv_systemFont(statusFontSize));
+    QTextLayout layout(text, font);
     layout.setTextOption(wrapping());
     const bool two = height() >= 2 * metrics.lineSpacing();
     layout.beginLayout();

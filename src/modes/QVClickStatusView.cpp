@@ -2,6 +2,7 @@
 
 #include "layers/QVPathGeometry.h"
 #include "settings/QVBundleImage.h"
+#include "views/QVAccessibleRole.h"
 
 #include <QPainter>
 #include <QPointer>
@@ -53,6 +54,7 @@ QVClickStatusView::QVClickStatusView(QWidget *parent)
     , m_random([] { return QRandomGenerator::global()->generate(); })
 {
     setAttribute(Qt::WA_TransparentForMouseEvents);
+    qv_setAccessibleRole(this, QAccessible::NoRole);
 }
 
 void QVClickStatusView::setClickStatus(QVClickStatus status)

@@ -1,6 +1,7 @@
 #include "modes/QVClickWaterRippleView.h"
 
 #include "layers/QVPathGeometry.h"
+#include "views/QVAccessibleRole.h"
 
 #include <QPainter>
 
@@ -24,6 +25,7 @@ QVClickWaterRippleView::QVClickWaterRippleView(QWidget *parent)
     : QWidget(parent)
 {
     setAttribute(Qt::WA_TransparentForMouseEvents);
+    qv_setAccessibleRole(this, QAccessible::NoRole);
 }
 
 void QVClickWaterRippleView::beganWaterRippleAnimationAtPoint(QPointF point)

@@ -39,6 +39,7 @@ QVRenderDrawView *QVEmbedManager::Private::renderView()
     m_renderView->setDelegate(this);
     connect(m_renderView, &QVRenderDrawView::ready, &m_manager, &QVEmbedManager::ready);
     connect(m_renderView, &QVRenderDrawView::wrongAnswer, &m_manager, &QVEmbedManager::wrongAnswer);
+    connect(m_renderView, &QVRenderDrawView::outageStarted, &m_manager, &QVEmbedManager::outageStarted);
     connect(m_renderView, &QVRenderDrawView::failed, &m_manager, &QVEmbedManager::failed);
     return m_renderView;
 }

@@ -46,6 +46,8 @@ Q_SIGNALS:
     void passed(const QString &token);
     /// A picture is there for the user.
     void ready();
+    /// The service is down or the host said so, and the outage service asks the user instead.
+    void outageStarted();
     /// The answer was wrong. The user may go on.
     void wrongAnswer();
     /// Something failed, as the view shows it; the error's domain is the message.

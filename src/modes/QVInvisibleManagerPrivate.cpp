@@ -5,6 +5,9 @@
 #include "modes/QVInvisibleManager.h"
 #include "modes/QVViewController.h"
 #include "service/QVClickResponseModel.h"
+#include "service/QVErrorClassification.h"
+#include "service/QVNetworkError.h"
+#include "settings/QVConfigurationManager.h"
 #include "views/QVInvisibleAnimationView.h"
 
 #include <QGuiApplication>
@@ -87,12 +90,40 @@ void QVInvisibleManagerPrivate::startInsivible()
         return;
     }
     controller->displayWindow();
-    if (!std::exchange(m_drawing, true))
-        Q_EMIT q->popupOpened();
+    if (std::exchange(m_drawing, true))
+        return;
+    startDeadline();
+    Q_EMIT q->popupOpened();
+}
+
+void QVInvisibleManagerPrivate::startDeadline()
+{
+    const auto timeout = QVConfigurationManager::sharedManager().attemptTimeout();
+    if (timeout.count() > 0)
+        m_deadline.start(timeout, [this] { attemptsTimedOut(); });
+}
+
+void QVInvisibleManagerPrivate::stopDeadlineWhenIdle()
+{
+    if (m_sequences.empty() && !m_drawing)
+        m_deadline.stop();
+}
+
+void QVInvisibleManagerPrivate::attemptsTimedOut()
+{
+    auto count = m_sequences.size() + (std::exchange(m_drawing, false) ? 1 : 0);
+    for (const Sequence &sequence : std::exchange(m_sequences, {}))
+        sequence->cancel();
+    m_hostWatch.reset();
+    removeAnimationView();
+    const QPointer<QVInvisibleManager> manager(q);
+    for (; count > 0 && manager; --count)
+        handleError(qv_parseError(qv_networkError(QVNetworkError::timedOut)));
 }
 
 void QVInvisibleManagerPrivate::requestOutageAction()
 {
+    startDeadline();
     if (auto *const view = animationView())
         view->startLoadingAnimation();
     watchHost();
@@ -131,8 +162,10 @@ void QVInvisibleManagerPrivate::handleOutcome(const QVClickSequence::Outcome &ou
         showVerifyControllerWithConfig(draw->config, draw->click);
     else
         showVerifyControllerWithConfig(nullptr, nullptr);
-    if (manager)
-        reportClosed();
+    if (!manager)
+        return;
+    stopDeadlineWhenIdle();
+    reportClosed();
 }
 
 void QVInvisibleManagerPrivate::showVerifyControllerWithConfig(const QVClickSequence::Config &config,
@@ -172,8 +205,10 @@ void QVInvisibleManagerPrivate::handleError(const QVError &error)
 void QVInvisibleManagerPrivate::quarvoControllerVerifySuccessWithToken(const QString &token)
 {
     // An answer that was on its way when the user closed the popup comes too late.
-    if (std::exchange(m_drawing, false))
-        report(q, delegate, token);
+    if (!std::exchange(m_drawing, false))
+        return;
+    stopDeadlineWhenIdle();
+    report(q, delegate, token);
 }
 
 void QVInvisibleManagerPrivate::report(const QPointer<QVInvisibleManager> &manager,
@@ -189,7 +224,13 @@ void QVInvisibleManagerPrivate::qv_controllerCloseAction()
 {
     // The delegate is not told, on purpose: it hears results only.
     m_closedUnreported += std::exchange(m_drawing, false) ? 1 : 0;
+    stopDeadlineWhenIdle();
     reportClosed();
+}
+
+void QVInvisibleManagerPrivate::qv_controllerOutageAction()
+{
+    Q_EMIT q->outageStarted();
 }
 
 void QVInvisibleManagerPrivate::reset()
@@ -200,6 +241,7 @@ void QVInvisibleManagerPrivate::reset()
         sequence->cancel();
         ++m_closedUnreported;
     }
+    m_deadline.stop();
     reportClosed();
 }
 

@@ -2,6 +2,7 @@
 
 #include "modes/QVClickSequence.h"
 #include "modes/QVViewControllerDelegate.h"
+#include "platform/QVTimer.h"
 
 #include <QPointer>
 
@@ -28,6 +29,7 @@ public:
     void reset();
     void quarvoControllerVerifySuccessWithToken(const QString &token) override;
     void qv_controllerCloseAction() override;
+    void qv_controllerOutageAction() override;
 
     QVInvisibleManager *const q;
     QVWeakDelegate<QVInvisibleDelegate> delegate;
@@ -43,6 +45,9 @@ private:
     void createAnimationView();
     void centreAnimationView() const;
 
+    void startDeadline();
+    void stopDeadlineWhenIdle();
+    void attemptsTimedOut();
     void requestOutageAction();
     void watchHost();
     void handleOutcome(const QVClickSequence::Outcome &outcome);
@@ -63,4 +68,6 @@ private:
     /// Whether the popup's attempt has not ended yet.
     bool m_drawing = false;
     int m_closedUnreported = 0;
+    /// Counted from the last start.
+    QVTimer m_deadline;
 };

@@ -2,6 +2,8 @@
 
 #include "settings/QVLocalization.h"
 #include "settings/QVLocalizationKeys.h"
+#include "views/QVAccessibleRole.h"
+#include "views/QVReadable.h"
 #include "views/QVSystemFont.h"
 
 #include <QFontMetrics>
@@ -11,6 +13,7 @@ namespace {
 
 constexpr int supportFontSize = 12;
 constexpr QColor textColor(205, 205, 206);
+constexpr QColor ground(255, 255, 255, 242);
 
 } // namespace
 
@@ -19,6 +22,8 @@ QVSupportLabel::QVSupportLabel(QWidget *parent)
     , m_text(qv_localizedStringForKey(QVKey::support))
 {
     setAttribute(Qt::WA_TransparentForMouseEvents);
+    setAccessibleName(m_text);
+    qv_setAccessibleRole(this, QAccessible::StaticText);
 }
 
 QSize QVSupportLabel::sizeHint() const
@@ -31,5 +36,5 @@ void QVSupportLabel::paintEvent(QPaintEvent *)
     QPainter painter(this);
     painter.setFont(qv_systemFont(supportFontSize));
     painter.setPen(textColor);
-    painter.drawText(rect(), Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine, m_text);
+    QVReadable::drawText(painter, rect(), Qt::AlignRight, m_text, ground);
 }

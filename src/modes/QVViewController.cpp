@@ -52,6 +52,10 @@ void QVViewController::setupSubviews()
 {
     m_renderView = new QVRenderDrawView(m_verifyStyle, m_showWindow);
     m_renderView->setDelegate(this);
+    QObject::connect(m_renderView, &QVRenderDrawView::outageStarted, &m_context, [this] {
+        if (auto *const delegate = m_delegate.get())
+            delegate->qv_controllerOutageAction();
+    });
     m_closeButton = new QVCloseButton(m_showWindow);
     QObject::connect(m_closeButton, &QVCloseButton::clicked, &m_context,
                      [this] { closeButtonDidClickedAction(); });

@@ -6,10 +6,12 @@
 #include "settings/QVConfigurationManager.h"
 #include "settings/QVLocalization.h"
 #include "settings/QVLocalizationKeys.h"
+#include "views/QVAccessibleRole.h"
 
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>
 #include <QScreen>
@@ -35,6 +37,7 @@ QVWindow::QVWindow(QWidget *host)
     setCursor(Qt::ArrowCursor);
     setFocusPolicy(Qt::StrongFocus);
     setAccessibleName(qv_localizedStringForKey(QVKey::accessibleDialog));
+    qv_setAccessibleRole(this, QAccessible::Dialog);
     setLayoutDirection(Qt::LeftToRight);
     if (host && m_presentation != QVPopupPresentation::WholeScreen)
         coverHost(host);
@@ -130,6 +133,24 @@ void QVWindow::closeEvent(QCloseEvent *event)
 {
     event->ignore();
     Q_EMIT closeRequested();
+}
+
+void QVWindow::mousePressEvent(QMouseEvent *event)
+{
+    m_pressedBesideCard = isBesideCard(*event);
+}
+
+void QVWindow::mouseReleaseEvent(QMouseEvent *event)
+{
+    const bool isTap = std::exchange(m_pressedBesideCard, false) && isBesideCard(*event);
+    if (isTap && QVConfigurationManager::sharedManager().closesOnOutsideClick())
+        Q_EMIT closeRequested();
+}
+
+bool QVWindow::isBesideCard(const QMouseEvent &event) const
+{
+    return event.button() == Qt::LeftButton && m_geometry.isCard() &&
+           !popupScreen().contains(event.position().toPoint());
 }
 
 void QVWindow::keyPressEvent(QKeyEvent *event)

@@ -43,6 +43,8 @@ protected:
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void keyReleaseEvent(QKeyEvent *event) override;
     bool focusNextPrevChild(bool next) override;
@@ -51,9 +53,11 @@ private:
     void coverHost(QWidget *host);
     void coverScreen(QWidget *host);
     void stayOnTop();
+    [[nodiscard]] bool isBesideCard(const QMouseEvent &event) const;
 
     QVFocusTrap *m_focusTrap;
     std::shared_ptr<QVViewController> m_rootController;
     const QVPopupPresentation m_presentation;
     QVPopupGeometry m_geometry;
+    bool m_pressedBesideCard = false;
 };

@@ -1,6 +1,7 @@
 #include "service/QVBoundedDownload.h"
 
 #include "service/QVNetworkError.h"
+#include "settings/QVConfigurationManager.h"
 
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
@@ -24,10 +25,12 @@ std::optional<qint64> faultOf(const QUrl &address)
 
 } // namespace
 
-QVBoundedDownload *QVBoundedDownload::start(QNetworkAccessManager &network, const QNetworkRequest &request,
+QVBoundedDownload *QVBoundedDownload::start(QNetworkAccessManager &own, const QNetworkRequest &request,
                                             Limits limits, Completion completion)
 {
-    auto *download = new QVBoundedDownload(network, limits, std::move(completion));
+    auto *download = new QVBoundedDownload(own, limits, std::move(completion));
+    auto *const host = QVConfigurationManager::sharedManager().networkAccessManager();
+    QNetworkAccessManager &network = host ? *host : own;
     if (const std::optional<qint64> fault = faultOf(request.url()))
         download->failLater(*fault);
     else
@@ -35,11 +38,17 @@ QVBoundedDownload *QVBoundedDownload::start(QNetworkAccessManager &network, cons
     return download;
 }
 
-QVBoundedDownload::QVBoundedDownload(QNetworkAccessManager &network, Limits limits, Completion completion)
-    : QVTransfer(&network)
+QVBoundedDownload::QVBoundedDownload(QNetworkAccessManager &own, Limits limits, Completion completion)
+    : QVTransfer(&own)
     , m_limits(limits)
     , m_completion(std::move(completion))
 {
+}
+
+QVBoundedDownload::~QVBoundedDownload()
+{
+    if (m_reply)
+        m_reply->deleteLater();
 }
 
 void QVBoundedDownload::cancel()
@@ -55,11 +64,12 @@ void QVBoundedDownload::send(QNetworkAccessManager &network, QNetworkRequest req
     request.setMaximumRedirectsAllowed(maximumRedirects);
 
     m_reply = network.get(request);
-    m_reply->setParent(this);
     // A busy event loop must not let the answer pile up unread.
     m_reply->setReadBufferSize(m_limits.bytes + 1);
     connect(m_reply, &QNetworkReply::readyRead, this, &QVBoundedDownload::read);
     connect(m_reply, &QNetworkReply::finished, this, &QVBoundedDownload::finish);
+    // Another's way to the network may go at any time.
+    connect(&network, &QObject::destroyed, this, [this] { failLater(QVNetworkError::connectionLost); });
     m_deadline.start(m_limits.deadline, [this] { failLater(QVNetworkError::timedOut); });
 }
 
@@ -96,7 +106,7 @@ void QVBoundedDownload::abandon()
 {
     // Deleted, not aborted: an HTTP error status that is still on its way to an aborted reply makes
     // Qt warn about a second error.
-    delete std::exchange(m_reply, nullptr);
+    delete m_reply;
     complete();
 }
 

@@ -5,6 +5,7 @@
 #include "service/QVTransfer.h"
 
 #include <QNetworkRequest>
+#include <QPointer>
 
 #include <functional>
 #include <optional>
@@ -33,15 +34,17 @@ public:
     using Completion = std::function<void(const Result &)>;
 
     /// Starts at once and completes exactly once, never before this call has returned. Only web
-    /// addresses are fetched. \a network owns the download.
-    static QVBoundedDownload *start(QNetworkAccessManager &network, const QNetworkRequest &request,
-                                    Limits limits, Completion completion);
+    /// addresses are fetched. They go through the host's way to the network if there is one, else
+    /// through \a own, which owns the download in any case.
+    static QVBoundedDownload *start(QNetworkAccessManager &own, const QNetworkRequest &request, Limits limits,
+                                    Completion completion);
 
+    ~QVBoundedDownload() override;
     void cancel() override;
     [[nodiscard]] bool isFinished() const override { return m_isFinished; }
 
 private:
-    QVBoundedDownload(QNetworkAccessManager &network, Limits limits, Completion completion);
+    QVBoundedDownload(QNetworkAccessManager &own, Limits limits, Completion completion);
 
     void send(QNetworkAccessManager &network, QNetworkRequest request);
     void read();
@@ -50,7 +53,8 @@ private:
     void abandon();
     void complete();
 
-    QNetworkReply *m_reply = nullptr;
+    /// Its manager's, which may take it along.
+    QPointer<QNetworkReply> m_reply;
     QVTimer m_deadline;
     Limits m_limits;
     Completion m_completion;

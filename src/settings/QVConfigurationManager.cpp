@@ -6,6 +6,8 @@
 #include "settings/QVDeviceIdentifier.h"
 #include "settings/QVLanguage.h"
 
+#include <QNetworkAccessManager>
+
 QVConfigurationManager &QVConfigurationManager::sharedManager()
 {
     static QVConfigurationManager manager;

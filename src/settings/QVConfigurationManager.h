@@ -3,10 +3,13 @@
 #include "settings/QVPopupPresentation.h"
 #include "settings/QVServiceAddresses.h"
 
+#include <QPointer>
 #include <QString>
 
+#include <chrono>
 #include <memory>
 
+class QNetworkAccessManager;
 class QVBundle;
 
 /// The settings of the process. Made on first use by whichever thread asks first; its fields are
@@ -49,6 +52,17 @@ public:
     [[nodiscard]] QVPopupPresentation popupPresentation() const { return m_popupPresentation; }
     void setPopupPresentation(QVPopupPresentation presentation) { m_popupPresentation = presentation; }
 
+    /// The host's own way to the network, null where it has none.
+    [[nodiscard]] QNetworkAccessManager *networkAccessManager() const { return m_networkAccessManager; }
+    void setNetworkAccessManager(QNetworkAccessManager *manager) { m_networkAccessManager = manager; }
+
+    /// How long an attempt may take; zero for as long as the user likes.
+    [[nodiscard]] std::chrono::milliseconds attemptTimeout() const { return m_attemptTimeout; }
+    void setAttemptTimeout(std::chrono::milliseconds timeout) { m_attemptTimeout = timeout; }
+
+    [[nodiscard]] bool closesOnOutsideClick() const { return m_closesOnOutsideClick; }
+    void setClosesOnOutsideClick(bool closes) { m_closesOnOutsideClick = closes; }
+
     /// The device identifier, looked up in the secure store at each call.
     [[nodiscard]] QString deviceId() const;
 
@@ -63,4 +77,7 @@ private:
     std::shared_ptr<const QVBundle> m_languageBundle;
     QVServiceAddresses m_serviceAddresses;
     QVPopupPresentation m_popupPresentation = QVPopupPresentation::Automatic;
+    QPointer<QNetworkAccessManager> m_networkAccessManager;
+    std::chrono::milliseconds m_attemptTimeout{0};
+    bool m_closesOnOutsideClick = false;
 };

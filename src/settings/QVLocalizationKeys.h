@@ -40,6 +40,9 @@ inline constexpr QLatin1String accessibleAnswer("accessibleAnswer");
 inline constexpr QLatin1String accessibleAdvertisement("accessibleAdvertisement");
 inline constexpr QLatin1String accessibleDialog("accessibleDialog");
 inline constexpr QLatin1String accessibleLoading("accessibleLoading");
+inline constexpr QLatin1String accessiblePen("accessiblePen");
+inline constexpr QLatin1String accessiblePenDown("accessiblePenDown");
+inline constexpr QLatin1String accessiblePenUp("accessiblePenUp");
 
 /// All of the above.
 inline constexpr QLatin1String all[] = {
@@ -72,6 +75,9 @@ inline constexpr QLatin1String all[] = {
     accessibleAdvertisement,
     accessibleDialog,
     accessibleLoading,
+    accessiblePen,
+    accessiblePenDown,
+    accessiblePenUp,
 };
 
 } // namespace QVKey

@@ -3,6 +3,8 @@
 #include "platform/QVMainThread.h"
 #include "settings/QVConfigurationManager.h"
 
+#include <algorithm>
+
 namespace {
 
 QVConfigurationManager &settings()
@@ -37,6 +39,21 @@ void QVSDKManager::setOutageOpen(bool open)
 void QVSDKManager::setServiceAddresses(const QVServiceAddresses &addresses)
 {
     settings().setServiceAddresses(addresses);
+}
+
+void QVSDKManager::setPopupClosesOnOutsideClick(bool closes)
+{
+    settings().setClosesOnOutsideClick(closes);
+}
+
+void QVSDKManager::setNetworkAccessManager(QNetworkAccessManager *manager)
+{
+    settings().setNetworkAccessManager(manager);
+}
+
+void QVSDKManager::setAttemptTimeout(std::chrono::milliseconds timeout)
+{
+    settings().setAttemptTimeout(std::max(timeout, std::chrono::milliseconds::zero()));
 }
 
 void QVSDKManager::setPopupPresentation(QVPopupPresentation presentation)

@@ -5,6 +5,9 @@
 
 #include <QString>
 
+#include <chrono>
+
+class QNetworkAccessManager;
 class QVServiceAddresses;
 
 /// The entry point: a host says here who it is, before it shows any verification.
@@ -36,4 +39,20 @@ public:
 
     /// Chooses how much room the next popup takes; QVPopupPresentation::Automatic at first.
     static void setPopupPresentation(QVPopupPresentation presentation);
+
+    /// Closes a popup's card when the user clicks or taps beside it, as its close button does; off at
+    /// first, since a stray tap would lose the picture.
+    static void setPopupClosesOnOutsideClick(bool closes);
+
+    /// Sends all requests through \a manager, with its proxy, its certificates and its cache. It stays
+    /// the host's own and is held weakly: once it has gone, or with null, the component uses its own
+    /// again. Requests under way in a manager that goes end as failed.
+    ///
+    /// For a proxy alone, QNetworkProxy::setApplicationProxy() is enough.
+    static void setNetworkAccessManager(QNetworkAccessManager *manager);
+
+    /// Ends an attempt that has not passed after \a timeout, counted from its start, as failed with the
+    /// code -1001; a popup closes. An embedded panel shows the failure, and a tap on it starts anew.
+    /// Zero, as at first, and less let the user take all the time there is.
+    static void setAttemptTimeout(std::chrono::milliseconds timeout);
 };

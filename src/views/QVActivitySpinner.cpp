@@ -1,5 +1,7 @@
 #include "views/QVActivitySpinner.h"
 
+#include "views/QVAccessibleRole.h"
+
 #include <QPainter>
 
 #include <numbers>
@@ -26,6 +28,7 @@ QVActivitySpinner::QVActivitySpinner(QWidget *parent)
     , m_ring(std::make_shared<QVLayer>())
 {
     setAttribute(Qt::WA_TransparentForMouseEvents);
+    qv_setAccessibleRole(this, QAccessible::NoRole);
     const QRectF square(0, 0, defaultSide, defaultSide);
     QPainterPath circle;
     circle.addEllipse(

@@ -2,6 +2,7 @@
 
 #include "settings/QVLocalization.h"
 #include "settings/QVLocalizationKeys.h"
+#include "views/QVAccessibleRole.h"
 #include "views/QVBorderedBox.h"
 #include "views/QVCharVerifyInputViewDoneButton.h"
 #include "views/QVCharVerifyTextField.h"
@@ -32,6 +33,7 @@ QVCharVerifyInputView::QVCharVerifyInputView(QWidget *parent)
     , m_layout(this)
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
+    qv_setAccessibleRole(this, QAccessible::Grouping);
     nameElements();
     placeElements();
     m_inputTF->setShouldBeginEditing([this] { return textFieldShouldBeginEditing(); });
@@ -43,6 +45,7 @@ void QVCharVerifyInputView::nameElements()
 {
     setObjectName(QStringLiteral("charInputView"));
     m_tfBackView->setObjectName(QStringLiteral("tfBackView"));
+    qv_setAccessibleRole(m_tfBackView, QAccessible::NoRole);
     m_inputTF->setObjectName(QStringLiteral("inputTF"));
     m_doneButton->setObjectName(QStringLiteral("doneButton"));
     m_inputTF->setPlaceholder(qv_localizedStringForKey(QVKey::characterCaptchaHolder));

@@ -2,8 +2,11 @@
 
 #include "settings/QVLocalization.h"
 #include "settings/QVLocalizationKeys.h"
+#include "views/QVAccessibleRole.h"
 #include "views/QVActivitySpinner.h"
 #include "views/QVColors.h"
+#include "views/QVFocusRing.h"
+#include "views/QVReadable.h"
 #include "views/QVSystemFont.h"
 
 #include <QFontMetrics>
@@ -29,6 +32,7 @@ QVCharVerifyInputViewDoneButton::QVCharVerifyInputViewDoneButton(QWidget *parent
     , m_indicatorView(new QVActivitySpinner(this))
     , m_layout(this)
 {
+    qv_setAccessibleRole(this, QAccessible::Button);
     m_indicatorView->setObjectName(QStringLiteral("indicatorView"));
     setAccessibleName(qv_localizedStringForKey(QVKey::done));
     m_layout.make(m_indicatorView, [this](QVConstraintMaker &make) {
@@ -49,6 +53,7 @@ void QVCharVerifyInputViewDoneButton::setButtonStauts(int status)
     }
     if (status == normalStauts)
         m_title = qv_localizedStringForKey(QVKey::done);
+    qv_setAccessibleBusy(this, status == loadingStauts);
     setCursor(status == loadingStauts ? Qt::ArrowCursor : Qt::PointingHandCursor);
     update();
 }
@@ -69,9 +74,9 @@ void QVCharVerifyInputViewDoneButton::keyPressEvent(QKeyEvent *event)
 void QVCharVerifyInputViewDoneButton::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    painter.setFont(qv_systemFont(titleFontSize));
+    painter.setFont(qv_systemFont(titleFontSize, m_title, size()));
     painter.setPen(titleColor(isDown()));
     const QString line = painter.fontMetrics().elidedText(m_title, Qt::ElideRight, width());
-    painter.drawText(rect(), Qt::AlignCenter | Qt::TextSingleLine, line);
-    paintFocusRing(painter, QVColors::accent);
+    QVReadable::drawText(painter, rect(), Qt::AlignHCenter, line, QVColors::strip);
+    qv_paintFocusRing(painter, *this, QVColors::accent);
 }

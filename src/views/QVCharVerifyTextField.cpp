@@ -1,6 +1,7 @@
 #include "views/QVCharVerifyTextField.h"
 
 #include "views/QVColors.h"
+#include "views/QVReadable.h"
 #include "views/QVSystemFont.h"
 
 #include <QApplication>
@@ -19,6 +20,7 @@
 namespace {
 
 constexpr int answerFontSize = 15;
+constexpr int tallestAnswer = 22; // in a box of 30
 constexpr int placeholderSize = 14;
 // A server's characters are few; pasting a book must not cost its measuring.
 constexpr qsizetype measuredLength = 100;
@@ -38,7 +40,7 @@ QString isolatingSheet()
                " selection-background-color: %1; text-decoration: none; font: normal normal %2px"
                " \"%3\"; lineedit-password-character: 9679; }")
         .arg(QVColors::accent.name())
-        .arg(answerFontSize)
+        .arg(std::min(qv_systemFont(answerFontSize).pixelSize(), tallestAnswer))
         .arg(family);
 }
 
@@ -170,11 +172,10 @@ void QVCharVerifyTextField::paintEvent(QPaintEvent *event)
     if (!text().isEmpty() || m_isComposing)
         return;
     QPainter painter(this);
-    painter.setFont(qv_systemFont(placeholderSize));
-    painter.setPen(QVColors::lightGray);
     const QRect line = rect().adjusted(innerMargin, 0, -innerMargin, 0);
+    painter.setFont(qv_systemFont(placeholderSize, m_placeholder, line.size()));
+    painter.setPen(QVColors::lightGray);
     const QString elided = painter.fontMetrics().elidedText(m_placeholder, Qt::ElideRight, line.width());
-    const Qt::Alignment alignment =
-        Qt::AlignVCenter | QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft);
-    painter.drawText(line, static_cast<int>(alignment) | Qt::TextSingleLine, elided);
+    const Qt::Alignment alignment = QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft);
+    QVReadable::drawText(painter, line, alignment, elided, QVColors::strip);
 }

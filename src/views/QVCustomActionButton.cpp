@@ -1,6 +1,7 @@
 #include "views/QVCustomActionButton.h"
 
 #include "views/QVColors.h"
+#include "views/QVFocusRing.h"
 
 #include <QPainter>
 
@@ -50,7 +51,7 @@ void QVCustomActionButton::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     m_layers.paint(painter);
-    paintFocusRing(painter, QVColors::accent);
+    qv_paintFocusRing(painter, *this, QVColors::accent);
 }
 
 void QVCustomActionButton::resizeEvent(QResizeEvent *event)

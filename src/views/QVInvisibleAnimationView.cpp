@@ -2,6 +2,9 @@
 
 #include "layers/QVPathGeometry.h"
 #include "settings/QVBundleImage.h"
+#include "settings/QVLocalization.h"
+#include "settings/QVLocalizationKeys.h"
+#include "views/QVAccessibleRole.h"
 
 #include <QFontMetricsF>
 #include <QPainter>
@@ -57,6 +60,8 @@ QVInvisibleAnimationView::QVInvisibleAnimationView(QWidget *parent)
     , m_random([] { return QRandomGenerator::global()->generate(); })
 {
     setAttribute(Qt::WA_TransparentForMouseEvents);
+    qv_setAccessibleRole(this, QAccessible::Animation);
+    setAccessibleName(qv_localizedStringForKey(QVKey::inVerify));
     setFrame({0, 0, defaultWidth(), defaultWidth()});
 }
 

@@ -1,5 +1,7 @@
 #include "views/QVOverlayLabel.h"
 
+#include "views/QVAccessibleRole.h"
+#include "views/QVReadable.h"
 #include "views/QVSystemFont.h"
 
 #include <QFontMetricsF>
@@ -34,6 +36,7 @@ QVOverlayLabel::QVOverlayLabel(QWidget *parent)
 {
     // The bar is the control; the label is only its face.
     setAttribute(Qt::WA_TransparentForMouseEvents);
+    qv_setAccessibleRole(this, QAccessible::NoRole);
 }
 
 void QVOverlayLabel::setContent(const QPixmap &image, const QString &text)
@@ -50,11 +53,17 @@ void QVOverlayLabel::setTextColor(const QColor &color)
     update();
 }
 
+void QVOverlayLabel::setGround(const QColor &ground)
+{
+    m_ground = ground;
+    update();
+}
+
 void QVOverlayLabel::paintEvent(QPaintEvent *)
 {
-    const QFont font = qv_systemFont(overlayFontSize);
-    const QFontMetricsF metrics(font);
     const qreal iconWidth = m_image.isNull() ? 0 : iconSide;
+    const QFont font = qv_systemFont(overlayFontSize, m_line, QSizeF(width() - iconWidth, height()));
+    const QFontMetricsF metrics(font);
     const QString line = metrics.elidedText(m_line, Qt::ElideRight, width() - iconWidth);
     const qreal contentWidth = iconWidth + metrics.horizontalAdvance(line);
     // The icon takes part in the height of the line, as a letter of its own size would.
@@ -67,9 +76,9 @@ void QVOverlayLabel::paintEvent(QPaintEvent *)
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     if (!m_image.isNull()) {
         const QRectF icon(left, baseline + iconBelowBaseline - iconSide, iconSide, iconSide);
-        painter.drawPixmap(icon, m_image, QRectF(m_image.rect()));
+        QVReadable::drawIcon(painter, icon, m_image, m_textColor, m_ground);
     }
     painter.setFont(font);
     painter.setPen(m_textColor);
-    painter.drawText(QPointF(left + iconWidth, baseline), line);
+    QVReadable::drawText(painter, QPointF(left + iconWidth, baseline), line, m_ground);
 }

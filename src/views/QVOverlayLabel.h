@@ -18,6 +18,8 @@ public:
     void setContent(const QPixmap &image, const QString &text);
     [[nodiscard]] QColor textColor() const { return m_textColor; }
     void setTextColor(const QColor &color);
+    /// What the line is painted on, by the bar.
+    void setGround(const QColor &ground);
 
 protected:
     void paintEvent(QPaintEvent *event) override;
@@ -27,4 +29,5 @@ private:
     QString m_text;
     QString m_line;
     QColor m_textColor;
+    QColor m_ground = Qt::transparent;
 };

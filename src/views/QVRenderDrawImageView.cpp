@@ -5,7 +5,9 @@
 #include "settings/QVBundleImage.h"
 #include "settings/QVLocalization.h"
 #include "settings/QVLocalizationKeys.h"
+#include "views/QVAccessibleRole.h"
 #include "views/QVColors.h"
+#include "views/QVFocusRing.h"
 #include "views/QVPassText.h"
 #include "views/QVRenderDrawImageViewLoadingLayer.h"
 #include "views/QVRenderDrawOverlayView.h"
@@ -34,6 +36,7 @@ QVRenderDrawImageView::QVRenderDrawImageView(QWidget *parent)
     , m_successOverlayView(addBar(QStringLiteral("successOverlayView"), QVColors::successBar, Qt::white))
 {
     setObjectName(QStringLiteral("imageView"));
+    qv_setAccessibleRole(this, QAccessible::Graphic);
     setAttribute(Qt::WA_OpaquePaintEvent);
     setIsCharVerify(false);
     m_layers.root().addSublayer(m_loadingLayer);
@@ -54,7 +57,7 @@ QVRenderDrawOverlayView *QVRenderDrawImageView::addBar(const QString &name, cons
         make.left().equalTo(this);
         make.right().equalTo(this);
         make.top().equalTo(this, QVLayoutAttribute::Bottom);
-        make.height().equalTo(QVRenderDrawOverlayView::defaultHeight);
+        make.height().equalTo(QVRenderDrawOverlayView::defaultHeight());
     });
     return bar;
 }
@@ -76,12 +79,14 @@ void QVRenderDrawImageView::showLoadingAnimation()
 {
     m_loadingLayer->startLoading();
     setAccessibleDescription(qv_localizedStringForKey(QVKey::accessibleLoading));
+    qv_setAccessibleBusy(this, true);
 }
 
 void QVRenderDrawImageView::hiddenLoadingAnimation()
 {
     m_loadingLayer->stopLoading();
-    setAccessibleDescription(QString());
+    qv_setAccessibleBusy(this, false);
+    setAccessibleDescription(m_isCharVerify ? QString() : qv_localizedStringForKey(QVKey::accessiblePen));
 }
 
 void QVRenderDrawImageView::showPrompt()
@@ -159,7 +164,7 @@ void QVRenderDrawImageView::slideIn(QVRenderDrawOverlayView *bar, QVLayout::Comp
 {
     m_showView = bar;
     bar->setOnScreen(true);
-    moveBar(bar, -QVRenderDrawOverlayView::defaultHeight, std::move(completion));
+    moveBar(bar, -QVRenderDrawOverlayView::defaultHeight(), std::move(completion));
 }
 
 void QVRenderDrawImageView::slideOut(QVRenderDrawOverlayView *bar)
@@ -177,6 +182,8 @@ void QVRenderDrawImageView::moveBar(QVRenderDrawOverlayView *bar, int offset, QV
 {
     m_layout.update(bar, [this, offset](QVConstraintMaker &make) {
         make.top().equalTo(this, QVLayoutAttribute::Bottom).offset(offset);
+        // The platform's text may have become larger.
+        make.height().equalTo(QVRenderDrawOverlayView::defaultHeight());
     });
     m_layout.animateLayout(slideDuration, std::move(completion));
 }
@@ -194,6 +201,7 @@ void QVRenderDrawImageView::paintEvent(QPaintEvent *event)
         painter.fillRect(event->rect(), QVColors::picture);
     m_picture.paint(painter, size());
     m_layers.paint(painter);
+    qv_paintFocusRing(painter, *this, QVColors::accent);
 }
 
 void QVRenderDrawImageView::resizeEvent(QResizeEvent *event)

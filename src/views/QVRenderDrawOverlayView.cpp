@@ -1,13 +1,19 @@
 #include "views/QVRenderDrawOverlayView.h"
 
+#include "views/QVAccessibleRole.h"
+#include "views/QVFocusRing.h"
 #include "views/QVOverlayLabel.h"
+#include "views/QVSystemFont.h"
 
 #include <QAccessible>
 #include <QPaintEvent>
 #include <QPainter>
 
+#include <cmath>
+
 namespace {
 
+constexpr double usualHeight = 30;
 constexpr int labelInset = 10;
 constexpr qreal pressedOpacity = 0.8;
 
@@ -21,6 +27,7 @@ QVRenderDrawOverlayView::QVRenderDrawOverlayView(const QColor &background, const
     , m_background(background)
 {
     m_overlayLabel->setTextColor(text);
+    m_overlayLabel->setGround(background);
     m_layout.make(m_overlayLabel, [this](QVConstraintMaker &make) {
         make.left().equalTo(this).offset(labelInset);
         make.right().equalTo(this).offset(-labelInset);
@@ -29,6 +36,11 @@ QVRenderDrawOverlayView::QVRenderDrawOverlayView(const QColor &background, const
     });
     hide();
     updateInput();
+}
+
+int QVRenderDrawOverlayView::defaultHeight()
+{
+    return static_cast<int>(std::lround(usualHeight * qv_textScale()));
 }
 
 void QVRenderDrawOverlayView::setOverlayImage(const QPixmap &image, const QString &text)
@@ -62,6 +74,7 @@ void QVRenderDrawOverlayView::updateInput()
     const bool takesInput = m_acceptsTouches && m_isOnScreen;
     setAttribute(Qt::WA_TransparentForMouseEvents, !takesInput);
     setFocusPolicy(takesInput ? Qt::TabFocus : Qt::NoFocus);
+    qv_setAccessibleRole(this, takesInput ? QAccessible::Button : QAccessible::AlertMessage);
     setCursor(takesInput ? Qt::PointingHandCursor : Qt::ArrowCursor);
     if (!takesInput)
         clearFocus();
@@ -72,5 +85,5 @@ void QVRenderDrawOverlayView::paintEvent(QPaintEvent *event)
     QPainter painter(this);
     painter.setOpacity(isDown() ? pressedOpacity : 1);
     painter.fillRect(event->rect(), m_background);
-    paintFocusRing(painter, m_overlayLabel->textColor());
+    qv_paintFocusRing(painter, *this, m_overlayLabel->textColor());
 }

@@ -11,7 +11,8 @@ class QVRenderDrawOverlayView final : public QVTouchButton
     Q_OBJECT
 
 public:
-    static constexpr int defaultHeight = 30;
+    /// 30, more where the platform's text is larger than usual.
+    [[nodiscard]] static int defaultHeight();
 
     QVRenderDrawOverlayView(const QColor &background, const QColor &text, QWidget *parent = nullptr);
 

@@ -1,7 +1,6 @@
 #include "views/QVTouchButton.h"
 
 #include <QKeyEvent>
-#include <QPainter>
 #include <QPointer>
 #include <QTouchEvent>
 
@@ -84,18 +83,4 @@ void QVTouchButton::hideEvent(QHideEvent *event)
 {
     setDown(false);
     QAbstractButton::hideEvent(event);
-}
-
-void QVTouchButton::paintFocusRing(QPainter &painter, const QColor &color) const
-{
-    // A window that becomes active gives the focus to some button; only the keyboard's user needs to see it.
-    if (!hasFocus() || !window()->testAttribute(Qt::WA_KeyboardFocusChange))
-        return;
-    constexpr qreal width = 2;
-    constexpr qreal radius = 3;
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(color, width));
-    painter.setBrush(Qt::NoBrush);
-    const QRectF ring = QRectF(rect()).marginsRemoved(QMarginsF(width, width, width, width));
-    painter.drawRoundedRect(ring, radius, radius);
 }

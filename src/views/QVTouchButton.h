@@ -22,7 +22,6 @@ protected:
     bool event(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void hideEvent(QHideEvent *event) override;
-    void paintFocusRing(QPainter &painter, const QColor &color) const;
 
 private:
     bool takeTouch(QTouchEvent &event);

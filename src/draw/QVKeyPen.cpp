@@ -1,0 +1,191 @@
+#include "draw/QVKeyPen.h"
+
+#include "draw/QVPanGestureRecognizer.h"
+#include "settings/QVLocalization.h"
+#include "settings/QVLocalizationKeys.h"
+#include "views/QVAccessibleRole.h"
+#include "views/QVColors.h"
+
+#include <QAccessible>
+#include <QKeyEvent>
+#include <QPainter>
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+constexpr int markSide = 21;
+// A stroke across the picture and back up and down fits into the points that a trace may have.
+constexpr double stepsAcross = 40;
+constexpr double fineStepsAcross = 160;
+
+QPointF direction(int key)
+{
+    switch (key) {
+    case Qt::Key_Left:
+        return {-1, 0};
+    case Qt::Key_Right:
+        return {1, 0};
+    case Qt::Key_Up:
+        return {0, -1};
+    case Qt::Key_Down:
+        return {0, 1};
+    default:
+        return {};
+    }
+}
+
+bool isArrow(int key)
+{
+    return !direction(key).isNull();
+}
+
+} // namespace
+
+QVKeyPen::QVKeyPen(QWidget *view, QWidget *picture, QVPanGestureRecognizer &recognizer)
+    : QWidget(view)
+    , m_picture(picture)
+    , m_recognizer(recognizer)
+{
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+    qv_setAccessibleRole(this, QAccessible::Indicator);
+    resize(markSide, markSide);
+    hide();
+    picture->installEventFilter(this);
+}
+
+void QVKeyPen::setReady(bool ready)
+{
+    m_isReady = ready;
+    // The focus stays where it is while an answer is being checked.
+    m_picture->setFocusPolicy(ready || m_picture->hasFocus() ? Qt::TabFocus : Qt::NoFocus);
+    refresh();
+}
+
+void QVKeyPen::refresh()
+{
+    const bool isDown = m_recognizer.isSteered();
+    if (std::exchange(m_isDown, isDown) != isDown) {
+        setAccessibleName(
+            qv_localizedStringForKey(isDown ? QVKey::accessiblePenDown : QVKey::accessiblePenUp));
+        QAccessibleEvent alert(this, QAccessible::Alert);
+        QAccessible::updateAccessibility(&alert);
+    }
+    const QPointF centre = location();
+    move(qRound(centre.x()) - markSide / 2, qRound(centre.y()) - markSide / 2);
+    setVisible(m_isReady && m_picture->hasFocus());
+    raise();
+    update();
+}
+
+bool QVKeyPen::eventFilter(QObject * /*watched*/, QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::ShortcutOverride:
+        if (isPenKey(*static_cast<QKeyEvent *>(event)))
+            event->accept();
+        return event->isAccepted();
+    case QEvent::KeyPress:
+        return pressKey(*static_cast<QKeyEvent *>(event));
+    case QEvent::KeyRelease:
+        releaseKey(*static_cast<QKeyEvent *>(event));
+        return false;
+    case QEvent::FocusOut:
+        leave();
+        return false;
+    case QEvent::FocusIn:
+    case QEvent::Resize:
+    case QEvent::Move:
+        refresh();
+        return false;
+    default:
+        return false;
+    }
+}
+
+bool QVKeyPen::isPenKey(const QKeyEvent &event) const
+{
+    if (!m_isReady || (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)))
+        return false;
+    if (event.key() == Qt::Key_Escape)
+        return m_recognizer.isSteered();
+    return isArrow(event.key()) || event.key() == Qt::Key_Space;
+}
+
+bool QVKeyPen::pressKey(const QKeyEvent &event)
+{
+    if (!isPenKey(event))
+        return false;
+    if (isArrow(event.key())) {
+        m_heldArrows.insert(event.key());
+        movePen(event.modifiers() & Qt::ShiftModifier);
+    } else if (event.key() == Qt::Key_Escape) {
+        m_recognizer.discard();
+    } else if (!event.isAutoRepeat()) {
+        lowerOrLift();
+    }
+    refresh();
+    return true;
+}
+
+void QVKeyPen::releaseKey(const QKeyEvent &event)
+{
+    if (!event.isAutoRepeat())
+        m_heldArrows.remove(event.key());
+}
+
+void QVKeyPen::movePen(bool finely)
+{
+    const QSizeF size = m_picture->size();
+    if (size.isEmpty())
+        return;
+    const double step = size.width() / (finely ? fineStepsAcross : stepsAcross);
+    QPointF way;
+    // Two at once go aslant.
+    for (const int key : std::as_const(m_heldArrows))
+        way += direction(key) * step;
+    m_place.setX(std::clamp(m_place.x() + way.x() / size.width(), 0.0, 1.0));
+    m_place.setY(std::clamp(m_place.y() + way.y() / size.height(), 0.0, 1.0));
+    m_recognizer.steerTo(location());
+}
+
+void QVKeyPen::lowerOrLift()
+{
+    if (m_recognizer.isSteered())
+        m_recognizer.steerUp();
+    else
+        m_recognizer.steerDown(location());
+}
+
+void QVKeyPen::leave()
+{
+    m_heldArrows.clear();
+    if (m_recognizer.isSteered())
+        m_recognizer.discard();
+    refresh();
+}
+
+QPointF QVKeyPen::location() const
+{
+    // Half a unit inside, since the picture's far edges do not belong to it.
+    const double x =
+        std::clamp(m_place.x() * m_picture->width(), 0.5, std::max(0.5, m_picture->width() - 0.5));
+    const double y =
+        std::clamp(m_place.y() * m_picture->height(), 0.5, std::max(0.5, m_picture->height() - 0.5));
+    return QPointF(m_picture->mapTo(parentWidget(), QPoint(0, 0))) + QPointF(x, y);
+}
+
+void QVKeyPen::paintEvent(QPaintEvent * /*event*/)
+{
+    constexpr double radius = 6.5;
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QPointF centre = QRectF(rect()).center();
+    // Light within dark is seen on any picture.
+    painter.setPen(QPen(Qt::black, 5));
+    painter.setBrush(m_isDown ? QBrush(QVColors::accent) : QBrush(Qt::NoBrush));
+    painter.drawEllipse(centre, radius, radius);
+    painter.setPen(QPen(Qt::white, 2));
+    painter.drawEllipse(centre, radius, radius);
+}
