@@ -2,6 +2,7 @@
 
 #include <QFontMetricsF>
 #include <QPainter>
+#include <QPainterPath>
 #include <QPixmap>
 
 #include <algorithm>
@@ -14,6 +15,10 @@ namespace {
 constexpr std::array<QPointF, 8> around{QPointF(-1, 0),     QPointF(1, 0),       QPointF(0, -1),
                                         QPointF(0, 1),      QPointF(-0.7, -0.7), QPointF(0.7, -0.7),
                                         QPointF(-0.7, 0.7), QPointF(0.7, 0.7)};
+
+constexpr double wideHalo = 2;
+// Darker than both the text and the ground, a wide one would fill the letters' eyes.
+constexpr double narrowHalo = 0.9;
 
 double linear(float channel)
 {
@@ -67,12 +72,16 @@ QColor QVReadable::halo(const QColor &color, const QColor &ground, double wanted
 
 void QVReadable::drawText(QPainter &painter, QPointF baseline, const QString &line, const QColor &ground)
 {
-    const QPen pen = painter.pen();
-    if (const QColor color = halo(pen.color(), ground, textContrast); color.isValid()) {
-        painter.setPen(color);
-        for (const QPointF offset : around)
-            painter.drawText(baseline + offset, line);
-        painter.setPen(pen);
+    const QColor color = painter.pen().color();
+    if (const QColor shade = halo(color, ground, textContrast); shade.isValid()) {
+        QPainterPath outlines;
+        outlines.addText(baseline, painter.font(), line);
+        const bool isBetween = luminance(shade) < luminance(color) && luminance(ground) < luminance(color);
+        painter.save();
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.strokePath(outlines, QPen(shade, isBetween ? wideHalo : narrowHalo, Qt::SolidLine,
+                                          Qt::RoundCap, Qt::RoundJoin));
+        painter.restore();
     }
     painter.drawText(baseline, line);
 }

@@ -66,7 +66,7 @@ void QVRenderDrawImageView::setIsCharVerify(bool isCharVerify)
 {
     m_isCharVerify = isCharVerify;
     setAccessibleName(
-        qv_localizedStringForKey(isCharVerify ? QVKey::characterCaptchaHolder : QVKey::accessiblePicture));
+        qv_localizedStringForKey(isCharVerify ? QVKey::accessibleAnswer : QVKey::accessiblePicture));
 }
 
 void QVRenderDrawImageView::setImage(const QImage &image)
