@@ -9,6 +9,7 @@
 #include <QAccessible>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QtMath>
 
 #include <algorithm>
 #include <utility>
@@ -50,6 +51,7 @@ QVKeyPen::QVKeyPen(QWidget *view, QWidget *picture, QVPanGestureRecognizer &reco
 {
     setAttribute(Qt::WA_TransparentForMouseEvents);
     qv_setAccessibleRole(this, QAccessible::Indicator);
+    setObjectName(QStringLiteral("keyPen"));
     resize(markSide, markSide);
     hide();
     picture->installEventFilter(this);
@@ -60,6 +62,11 @@ void QVKeyPen::setReady(bool ready)
     m_isReady = ready;
     // The focus stays where it is while an answer is being checked.
     m_picture->setFocusPolicy(ready || m_picture->hasFocus() ? Qt::TabFocus : Qt::NoFocus);
+    const QString help = qv_localizedStringForKey(QVKey::accessiblePen);
+    if (ready)
+        m_picture->setAccessibleDescription(help);
+    else if (m_picture->accessibleDescription() == help)
+        m_picture->setAccessibleDescription(QString());
     refresh();
 }
 
@@ -73,7 +80,7 @@ void QVKeyPen::refresh()
         QAccessible::updateAccessibility(&alert);
     }
     const QPointF centre = location();
-    move(qRound(centre.x()) - markSide / 2, qRound(centre.y()) - markSide / 2);
+    move(qFloor(centre.x()) - markSide / 2, qFloor(centre.y()) - markSide / 2);
     setVisible(m_isReady && m_picture->hasFocus());
     raise();
     update();

@@ -4,7 +4,6 @@
 #include "modes/QVClickButtonPrivate.h"
 #include "modes/QVClickStatusLabel.h"
 #include "platform/QVMainThread.h"
-#include "views/QVAccessibleRole.h"
 #include "views/QVSystemFont.h"
 
 #include <QFocusEvent>
@@ -41,7 +40,6 @@ QVClickButton::QVClickButton(QWidget *parent)
     // Taken here, since a host's widget around the button that takes touches leaves no mouse events.
     setAttribute(Qt::WA_AcceptTouchEvents);
     setFocusPolicy(Qt::StrongFocus);
-    qv_setAccessibleRole(this, QAccessible::Button);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     // Every way of activating a button meets here.
     connect(this, &QAbstractButton::clicked, this, [this] { d->clickButtonTouchUpInside(); });

@@ -64,6 +64,7 @@ QVClickButtonPrivate::~QVClickButtonPrivate() = default;
 
 void QVClickButtonPrivate::setupSubviews()
 {
+    qv_setAccessibleRole(q, QAccessible::Button);
     waterRippleView = new QVClickWaterRippleView(q);
     clickStatusView = new QVClickStatusView(q);
     clickStatusLabel = new QVClickStatusLabel(q);

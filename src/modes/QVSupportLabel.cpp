@@ -22,8 +22,8 @@ QVSupportLabel::QVSupportLabel(QWidget *parent)
     , m_text(qv_localizedStringForKey(QVKey::support))
 {
     setAttribute(Qt::WA_TransparentForMouseEvents);
-    setAccessibleName(m_text);
     qv_setAccessibleRole(this, QAccessible::StaticText);
+    setAccessibleName(m_text);
 }
 
 QSize QVSupportLabel::sizeHint() const

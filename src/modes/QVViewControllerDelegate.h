@@ -13,5 +13,5 @@ public:
     /// The user, or the end of the host's window, closed the popup; comes before it is hidden or dismissed.
     virtual void qv_controllerCloseAction() = 0;
     /// The outage service takes over.
-    virtual void qv_controllerOutageAction() = 0;
+    virtual void qv_controllerOutageAction() {}
 };

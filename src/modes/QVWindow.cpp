@@ -31,13 +31,13 @@ QVWindow::QVWindow(QWidget *host)
     , m_presentation(QVConfigurationManager::sharedManager().popupPresentation())
     , m_geometry(size(), m_presentation)
 {
+    qv_setAccessibleRole(this, QAccessible::Dialog);
     setAttribute(Qt::WA_NoMousePropagation);
     setAttribute(Qt::WA_QuitOnClose, false);
     setAcceptDrops(true);
     setCursor(Qt::ArrowCursor);
     setFocusPolicy(Qt::StrongFocus);
     setAccessibleName(qv_localizedStringForKey(QVKey::accessibleDialog));
-    qv_setAccessibleRole(this, QAccessible::Dialog);
     setLayoutDirection(Qt::LeftToRight);
     if (host && m_presentation != QVPopupPresentation::WholeScreen)
         coverHost(host);

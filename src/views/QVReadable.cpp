@@ -73,7 +73,8 @@ QColor QVReadable::halo(const QColor &color, const QColor &ground, double wanted
 void QVReadable::drawText(QPainter &painter, QPointF baseline, const QString &line, const QColor &ground)
 {
     const QColor color = painter.pen().color();
-    if (const QColor shade = halo(color, ground, textContrast); shade.isValid()) {
+    if (QColor shade = halo(color, ground, textContrast); shade.isValid()) {
+        shade.setAlphaF(color.alphaF());
         QPainterPath outlines;
         outlines.addText(baseline, painter.font(), line);
         const bool isBetween = luminance(shade) < luminance(color) && luminance(ground) < luminance(color);

@@ -86,7 +86,7 @@ void QVRenderDrawImageView::hiddenLoadingAnimation()
 {
     m_loadingLayer->stopLoading();
     qv_setAccessibleBusy(this, false);
-    setAccessibleDescription(m_isCharVerify ? QString() : qv_localizedStringForKey(QVKey::accessiblePen));
+    setAccessibleDescription(QString());
 }
 
 void QVRenderDrawImageView::showPrompt()

@@ -26,6 +26,7 @@ QVRenderDrawOverlayView::QVRenderDrawOverlayView(const QColor &background, const
     , m_layout(this)
     , m_background(background)
 {
+    updateInput();
     m_overlayLabel->setTextColor(text);
     m_overlayLabel->setGround(background);
     m_layout.make(m_overlayLabel, [this](QVConstraintMaker &make) {
@@ -35,7 +36,6 @@ QVRenderDrawOverlayView::QVRenderDrawOverlayView(const QColor &background, const
         make.bottom().equalTo(this);
     });
     hide();
-    updateInput();
 }
 
 int QVRenderDrawOverlayView::defaultHeight()

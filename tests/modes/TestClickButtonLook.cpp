@@ -59,7 +59,8 @@ private Q_SLOTS:
         host().setStyleSheet(q(
             "* { background: yellow; color: red; font: bold 30px; border: 4px solid green; padding: 9px }"));
         QCOMPARE(m_button->geometry(), QRect(100, 100, 300, 44));
-        QCOMPARE(painted(QWidget::DrawChildren), before);
+        // On nothing, soft edges come out a step lighter or darker.
+        QVERIFY(farthest(painted(QWidget::DrawChildren), before) <= 2);
     }
 
     void showsFocusThatCameByKeyboard_data()
@@ -89,6 +90,15 @@ private:
         m_button = new QVClickButton(&host());
         m_button->setGeometry(100, 100, 300, 44);
         m_button->show();
+    }
+
+    /// How far the pixels of two pictures are apart in any channel.
+    static int farthest(const QImage &one, const QImage &other)
+    {
+        int most = one.size() == other.size() ? 0 : 255;
+        for (qsizetype i = 0; most < 255 && i < one.sizeInBytes(); ++i)
+            most = std::max(most, std::abs(one.constBits()[i] - other.constBits()[i]));
+        return most;
     }
 
     [[nodiscard]] QImage painted(QWidget::RenderFlags flags = QWidget::RenderFlags()) const

@@ -1,0 +1,188 @@
+#include "draw/QVRenderDrawView.h"
+#include "modes/ModesTestCase.h"
+#include "modes/Outcomes.h"
+#include "modes/QVClickButton.h"
+#include "modes/QVClickManager.h"
+#include "modes/QVEmbedManager.h"
+#include "modes/QVInvisibleManager.h"
+#include "modes/QVWindow.h"
+#include "settings/QVSDKManager.h"
+#include "support/QVPointerInput.h"
+
+#include <QNetworkAccessManager>
+#include <QNetworkReply>
+#include <QSignalSpy>
+
+using namespace std::chrono_literals;
+
+namespace {
+
+/// Counts what goes through it.
+class CountingNetwork : public QNetworkAccessManager
+{
+public:
+    int count = 0;
+
+protected:
+    QNetworkReply *createRequest(Operation operation, const QNetworkRequest &request,
+                                 QIODevice *data) override
+    {
+        ++count;
+        return QNetworkAccessManager::createRequest(operation, request, data);
+    }
+};
+
+} // namespace
+
+/// What a host may ask for beside a token.
+class TestHostOptions : public ModesTestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void attemptsEndInTime_data()
+    {
+        QTest::addColumn<QString>("held");
+        QTest::addColumn<QStringList>("said");
+        QTest::newRow("asking") << config << words("failed -1001");
+        QTest::newRow("drawing") << QString() << words("popup, failed -1001");
+    }
+
+    void attemptsEndInTime()
+    {
+        QFETCH(QString, held);
+        QVSDKManager::setAttemptTimeout(3s);
+        if (!held.isEmpty())
+            delay(held, 4s);
+        Outcomes clicked;
+        QVClickManager clicker;
+        clicked.watch(&clicker);
+        clicker.button()->setParent(&host());
+        clicker.button()->show();
+        clicker.button()->click();
+        Outcomes invisible;
+        QVInvisibleManager manager;
+        invisible.watch(&manager);
+        manager.startInsivible();
+        pass(2900ms);
+        QCOMPARE(clicked.ended() + invisible.ended(), 0);
+        pass(200ms);
+        QTEST(clicked.said(), "said");
+        QTEST(invisible.said(), "said");
+        QCOMPARE(clicker.button()->clickStatus(), QVClickStatusFailed);
+        QVERIFY(!popup());
+        pass(5s);
+        QCOMPARE(clicked.ended(), 1);
+        QCOMPARE(invisible.ended(), 1);
+    }
+
+    void aPanelStartsAnewAfterItsTime()
+    {
+        QVSDKManager::setAttemptTimeout(3s);
+        QVEmbedManager manager;
+        QSignalSpy failed(&manager, &QVEmbedManager::failed);
+        QSignalSpy ready(&manager, &QVEmbedManager::ready);
+        manager.embedView()->setParent(&host());
+        manager.embedView()->show();
+        pass(200ms);
+        QVERIFY(waitFor([&ready] { return ready.size() == 1; }));
+        pass(3s);
+        QCOMPARE(failed.size(), 1);
+        QCOMPARE(failed.first().first().value<QVError>().code(), -1001);
+        manager.reset();
+        QVERIFY(waitFor([&ready] { return ready.size() == 2; }));
+    }
+
+    void successIsNotTimedOut()
+    {
+        QVSDKManager::setAttemptTimeout(400ms);
+        passByClick();
+        Outcomes outcomes;
+        QVInvisibleManager manager;
+        outcomes.watch(&manager);
+        manager.startInsivible();
+        settle();
+        pass(5s);
+        QCOMPARE(outcomes.said(), words("passed click-token"));
+    }
+
+    void clicksBesideTheCard_data()
+    {
+        QTest::addColumn<bool>("closes");
+        QTest::addColumn<bool>("isBeside");
+        QTest::newRow("off, beside") << false << true;
+        QTest::newRow("on, beside") << true << true;
+        QTest::newRow("on, within") << true << false;
+    }
+
+    void clicksBesideTheCard()
+    {
+        QFETCH(bool, closes);
+        QFETCH(bool, isBeside);
+        QVSDKManager::setPopupClosesOnOutsideClick(closes);
+        host().resize(900, 700);
+        QVInvisibleManager manager;
+        Outcomes outcomes;
+        outcomes.watch(&manager);
+        manager.startInsivible();
+        QVERIFY(waitForPicture());
+        const QRect card = popup()->popupScreen();
+        QVPointerInput::click(*popup(), isBeside ? QPoint(10, 10) : card.topLeft() + QPoint(20, 20));
+        QCOMPARE(!popup(), closes && isBeside);
+        QCOMPARE(outcomes.ended(), closes && isBeside ? 1 : 0);
+    }
+
+    void outageIsTold()
+    {
+        openOutage();
+        QVClickManager clicker;
+        QVInvisibleManager invisible;
+        QVEmbedManager embed;
+        QSignalSpy clickTold(&clicker, &QVClickManager::outageStarted);
+        QSignalSpy invisibleTold(&invisible, &QVInvisibleManager::outageStarted);
+        QSignalSpy embedTold(&embed, &QVEmbedManager::outageStarted);
+        clicker.button()->setParent(&host());
+        clicker.button()->show();
+        clicker.button()->click();
+        invisible.startInsivible();
+        embed.embedView()->setParent(&host());
+        pass(300ms);
+        QVERIFY(waitFor([&] { return clickTold.size() == 1 && invisibleTold.size() == 1; }));
+        QVERIFY(waitFor([&] { return embedTold.size() == 1; }));
+    }
+
+    void requestsGoTheHostsWay()
+    {
+        auto network = std::make_unique<CountingNetwork>();
+        QVSDKManager::setNetworkAccessManager(network.get());
+        QVEmbedManager manager;
+        QSignalSpy ready(&manager, &QVEmbedManager::ready);
+        QSignalSpy failed(&manager, &QVEmbedManager::failed);
+        manager.embedView()->setParent(&host());
+        pass(150ms);
+        QVERIFY(waitFor([&ready] { return ready.size() == 1; }));
+        QCOMPARE(network->count, 4);
+        // It goes while a request is under way.
+        delay(config, 1s);
+        manager.reset();
+        QVERIFY(waitFor([&network] { return network->count == 6; }));
+        network.reset();
+        QVERIFY(waitFor([&failed] { return failed.size() == 1; }));
+        QCOMPARE(failed.first().first().value<QVError>().code(), -1005);
+        delay(config, 0ms);
+        manager.reset();
+        QVERIFY(waitFor([&ready] { return ready.size() == 2; }));
+    }
+
+private:
+    void finish() override
+    {
+        QVSDKManager::setAttemptTimeout(0ms);
+        QVSDKManager::setPopupClosesOnOutsideClick(false);
+        QVSDKManager::setNetworkAccessManager(nullptr);
+        ModesTestCase::finish();
+    }
+};
+
+QV_TEST(TestHostOptions)
+#include "TestHostOptions.moc"
