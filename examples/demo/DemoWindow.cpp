@@ -300,9 +300,26 @@ void DemoWindow::showMode(DemoMode mode)
                                               isCurrent ? QSizePolicy::Preferred : QSizePolicy::Ignored);
     }
     QWidget *const embedPage = m_pages->widget(static_cast<int>(DemoMode::Embed));
-    if (mode == DemoMode::Embed && embedPage->layout()->isEmpty())
+    if (mode == DemoMode::Embed && embedPage->layout()->isEmpty()) {
         embedPage->layout()->addWidget(new PanelFrame(m_embed.embedView(), embedPage));
+        orderFocus(embedPage);
+    }
     m_pages->adjustSize();
+}
+
+// The panel came last and would be reached last.
+void DemoWindow::orderFocus(const QWidget *page)
+{
+    QWidget *before = m_password;
+    for (QWidget *part : page->findChildren<QWidget *>()) {
+        if (part->focusPolicy() != Qt::NoFocus)
+            before = part;
+    }
+    for (QWidget *next : {static_cast<QWidget *>(m_again), static_cast<QWidget *>(m_languages),
+                          static_cast<QWidget *>(m_outage), static_cast<QWidget *>(m_events)}) {
+        setTabOrder(before, next);
+        before = next;
+    }
 }
 
 void DemoWindow::setLanguage(const QString &tag)

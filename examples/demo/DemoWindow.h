@@ -44,6 +44,7 @@ private:
     QWidget *makeSide();
     void connectManagers();
     void showMode(DemoMode mode);
+    void orderFocus(const QWidget *page);
     void setLanguage(const QString &tag);
     void translate();
     void pass(const QString &token);

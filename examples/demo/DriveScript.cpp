@@ -1,6 +1,7 @@
 #include "demo/DriveScript.h"
 
 #include <QFile>
+#include <QKeySequence>
 #include <QRegularExpression>
 
 #include <algorithm>
@@ -80,6 +81,20 @@ QString parseStroke(QStringList words, DriveAction &action)
     return {};
 }
 
+QString parseKeys(const QStringList &words, DriveAction &action)
+{
+    action.kind = Kind::Keys;
+    for (const QString &word : words.mid(1)) {
+        const QString name = word.section(u'*', 0, 0);
+        const auto key = QKeySequence::fromString(name, QKeySequence::PortableText);
+        const int times = word.contains(u'*') ? word.section(u'*', 1).toInt() : 1;
+        if (key.count() != 1 || key[0].key() == Qt::Key_unknown || times < 1 || times > mostPoints)
+            return QStringLiteral("'%1' is no key, nor one with its number of times").arg(word.left(40));
+        action.keys.append(QVector<int>(times, key[0].key()));
+    }
+    return action.keys.isEmpty() ? QStringLiteral("keys takes names of keys") : QString();
+}
+
 QString parseShot(const QStringList &words, DriveAction &action)
 {
     // Only the name of a file in the screenshots folder, never a path out of it.
@@ -117,6 +132,8 @@ QString parseLine(const QString &line, DriveAction &action)
         return parseStroke(words, action);
     if (words[0] == QLatin1String("shot"))
         return parseShot(words, action);
+    if (words[0] == QLatin1String("keys"))
+        return parseKeys(words, action);
     if (words[0] != QLatin1String("type"))
         return parsePlain(words, action);
     if (words.size() < 2)

@@ -20,6 +20,7 @@ struct DriveAction
         Stroke,
         Solve,
         Type,
+        Keys,
         Done,
         Refresh,
         Retry,
@@ -32,6 +33,8 @@ struct DriveAction
     /// The event to wait for, the text to type or the picture's name.
     QString text;
     QVector<QPointF> points;
+    /// Key codes, in order.
+    QVector<int> keys;
     int milliseconds = 0;
     int line = 0;
 };

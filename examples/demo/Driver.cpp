@@ -92,6 +92,9 @@ void Driver::perform(const DriveAction &action)
     case Kind::Hold:
         stroke(action.points, action.milliseconds, action.kind == Kind::Hold);
         break;
+    case Kind::Keys:
+        m_input.press(&m_stage.window, action.keys);
+        break;
     case Kind::Lift:
         m_input.lift();
         continueSoon();

@@ -7,6 +7,17 @@
 
 namespace {
 
+// As fast as a held key repeats.
+constexpr int betweenKeysMilliseconds = 30;
+
+void sendKey(QWidget *target, int key, const QString &text)
+{
+    for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+        QKeyEvent event(type, key, Qt::NoModifier, text);
+        QApplication::sendEvent(target->window()->windowHandle(), &event);
+    }
+}
+
 void sendMouse(QWidget *target, const QPointF &position, QEvent::Type type)
 {
     QWidget *const top = target->window();
@@ -25,6 +36,8 @@ InputPlayer::InputPlayer(QObject *parent)
 {
     m_timer.setTimerType(Qt::PreciseTimer);
     connect(&m_timer, &QTimer::timeout, this, &InputPlayer::step);
+    m_keyTimer.setInterval(betweenKeysMilliseconds);
+    connect(&m_keyTimer, &QTimer::timeout, this, &InputPlayer::pressNext);
 }
 
 void InputPlayer::click(QWidget *target)
@@ -39,12 +52,8 @@ void InputPlayer::click(QWidget *target)
 void InputPlayer::type(QWidget *target, const QString &text)
 {
     click(target);
-    for (const QChar letter : text) {
-        for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
-            QKeyEvent event(type, 0, Qt::NoModifier, QString(letter));
-            QApplication::sendEvent(target->window()->windowHandle(), &event);
-        }
-    }
+    for (const QChar letter : text)
+        sendKey(target, 0, QString(letter));
 }
 
 void InputPlayer::draw(QWidget *target, const QVector<QPointF> &points, int milliseconds, bool isHeld)
@@ -75,4 +84,22 @@ void InputPlayer::lift()
     if (m_target)
         sendMouse(m_target, m_points.constLast(), QEvent::MouseButtonRelease);
     m_target = nullptr;
+}
+
+void InputPlayer::press(QWidget *target, const QVector<int> &keys)
+{
+    m_target = target;
+    m_keys = keys;
+    m_keyTimer.start();
+}
+
+void InputPlayer::pressNext()
+{
+    if (m_target && !m_keys.isEmpty()) {
+        sendKey(m_target, m_keys.takeFirst(), {});
+        return;
+    }
+    m_keyTimer.stop();
+    m_target = nullptr;
+    Q_EMIT finished();
 }

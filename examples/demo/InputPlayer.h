@@ -21,14 +21,20 @@ public:
     /// stroke that is held goes on until lift().
     void draw(QWidget *target, const QVector<QPointF> &points, int milliseconds, bool isHeld = false);
     void lift();
+    /// Presses and releases \a keys one after the other in the window of \a target; finished() comes at
+    /// the end.
+    void press(QWidget *target, const QVector<int> &keys);
 
 Q_SIGNALS:
     void finished();
 
 private:
     void step();
+    void pressNext();
 
     QTimer m_timer;
+    QTimer m_keyTimer;
+    QVector<int> m_keys;
     QPointer<QWidget> m_target;
     QVector<QPointF> m_points;
     qsizetype m_next = 0;

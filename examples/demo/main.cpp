@@ -65,6 +65,8 @@ int run(const DemoOptions &options, std::optional<DriveScript> script)
     PanelProbe probe(log);
     DemoWindow window(options, log);
     window.show();
+    // Without a window manager nobody else gives it the keyboard.
+    window.activateWindow();
 
     std::optional<Driver> driver;
     if (script) {

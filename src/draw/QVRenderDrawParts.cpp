@@ -74,6 +74,7 @@ void QVRenderDrawParts::initContent()
     m_charInputView = new QVCharVerifyInputView(m_contentView);
     m_charInputView->setObjectName(QStringLiteral("charInputView"));
     m_charInputView->hide();
+    m_imageView->setStrip(m_charInputView);
 }
 
 void QVRenderDrawParts::initControls()

@@ -16,6 +16,8 @@
 #include <QPainter>
 #include <QPointer>
 
+#include <algorithm>
+
 using namespace std::chrono_literals;
 
 namespace {
@@ -163,6 +165,7 @@ void QVRenderDrawImageView::hiddernAll()
 void QVRenderDrawImageView::slideIn(QVRenderDrawOverlayView *bar, QVLayout::Completion completion)
 {
     m_showView = bar;
+    keepClearOfStrip();
     bar->setOnScreen(true);
     moveBar(bar, -QVRenderDrawOverlayView::defaultHeight(), std::move(completion));
 }
@@ -188,6 +191,15 @@ void QVRenderDrawImageView::moveBar(QVRenderDrawOverlayView *bar, int offset, QV
     m_layout.animateLayout(slideDuration, std::move(completion));
 }
 
+void QVRenderDrawImageView::keepClearOfStrip()
+{
+    if (!m_strip)
+        return;
+    const int covered = m_strip->isHidden() ? 0 : std::max(0, geometry().bottom() + 1 - m_strip->y());
+    for (auto *bar : {m_promptOverlayView, m_errorOverlayView, m_successOverlayView})
+        bar->setCoveredHeight(covered);
+}
+
 void QVRenderDrawImageView::errorOverlayViewDidClickedAction()
 {
     if (m_delegate)
@@ -209,4 +221,5 @@ void QVRenderDrawImageView::resizeEvent(QResizeEvent *event)
     QWidget::resizeEvent(event);
     m_loadingLayer->setFrame(rect());
     m_loadingLayer->centerDots();
+    keepClearOfStrip();
 }

@@ -6,6 +6,7 @@
 #include "views/QVRenderDrawImageViewDelegate.h"
 #include "views/QVScaledPicture.h"
 
+#include <QPointer>
 #include <QWidget>
 
 #include <memory>
@@ -33,6 +34,8 @@ public:
 
     [[nodiscard]] QImage image() const { return m_picture.image(); }
     [[nodiscard]] bool hasImage() const { return !m_picture.image().isNull(); }
+    /// Names a sibling that lies over the bottom edge where the picture is narrow.
+    void setStrip(const QWidget *strip) { m_strip = strip; }
     /// Shows a picture stretched into the bounds; a null one clears it.
     void setImage(const QImage &image);
 
@@ -67,6 +70,7 @@ private:
     void slideIn(QVRenderDrawOverlayView *bar, QVLayout::Completion completion = {});
     void slideOut(QVRenderDrawOverlayView *bar);
     void errorOverlayViewDidClickedAction();
+    void keepClearOfStrip();
     void scheduleHiddenDelayError();
 
     QVWeakDelegate<QVRenderDrawImageViewDelegate> m_delegate;
@@ -78,5 +82,6 @@ private:
     QVRenderDrawOverlayView *m_errorOverlayView;
     QVRenderDrawOverlayView *m_successOverlayView;
     QVRenderDrawOverlayView *m_showView = nullptr;
+    QPointer<const QWidget> m_strip;
     bool m_isCharVerify = false;
 };

@@ -50,6 +50,12 @@ void QVRenderDrawOverlayView::setOverlayImage(const QPixmap &image, const QStrin
     setAccessibleName(text);
 }
 
+void QVRenderDrawOverlayView::setCoveredHeight(int height)
+{
+    m_layout.update(m_overlayLabel,
+                    [this, height](QVConstraintMaker &make) { make.bottom().equalTo(this).offset(-height); });
+}
+
 void QVRenderDrawOverlayView::setAcceptsTouches(bool accepts)
 {
     m_acceptsTouches = accepts;

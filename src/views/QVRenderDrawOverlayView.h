@@ -20,6 +20,9 @@ public:
     /// Without a picture, or with a null text, the other one stands alone.
     void setOverlayImage(const QPixmap &image, const QString &text);
 
+    /// Keeps the line above what lies over the bar's lowest \a height.
+    void setCoveredHeight(int height);
+
     /// Whether the bar can be tapped while it is on screen. Otherwise it lets everything through to
     /// what lies below.
     [[nodiscard]] bool acceptsTouches() const { return m_acceptsTouches; }
