@@ -32,8 +32,9 @@ private Q_SLOTS:
             return !DriveScript::parse("wait ready\n" + line + "\n", problem) &&
                    problem.startsWith(q("line 2: "));
         };
-        for (const char *line : {"jump", "wait godot", "wait 99999999999", "stroke 1,2", "stroke 1,2 nan,1",
-                                 "stroke 1,2 1e9,1", "shot ../../etc/passwd", "\xff\xfe"})
+        for (const char *line :
+             {"jump", "wait godot", "wait 99999999999", "stroke 1,2", "stroke 1,2 nan,1", "stroke 1,2 1e9,1",
+              "keys Right Sideways", "keys Right*9999", "shot ../../etc/passwd", "\xff\xfe"})
             QVERIFY2(refuses(line), line);
         QVERIFY(refuses("stroke" + QByteArray(" 1,1").repeated(501)));
     }
