@@ -73,8 +73,8 @@ private Q_SLOTS:
         const QPoint in(20, 20);
         const QPoint out(-20, 20);
         QMap<QString, std::function<void()>> actions;
-        const auto add = [&](const char *name, std::function<void()> action) {
-            actions.insert(q(name), std::move(action));
+        const auto add = [&](const char *name, const std::function<void()> &action) {
+            actions.insert(q(name), action);
         };
         add("tap", [&] { tap(); });
         add("finger", [&] { QVPointerInput::strokeWithFinger(button, {in, in + QPoint(2, 0)}); });

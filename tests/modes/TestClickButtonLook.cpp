@@ -5,6 +5,7 @@
 
 #include <QAccessible>
 #include <QHelpEvent>
+#include <QPainter>
 #include <QToolTip>
 
 using namespace std::chrono_literals;
