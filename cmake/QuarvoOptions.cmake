@@ -2,9 +2,11 @@
 option(QUARVO_BUILD_SANDBOX "Build the local captcha service" ${PROJECT_IS_TOP_LEVEL})
 option(QUARVO_BUILD_EXAMPLES "Build the demo host" ${PROJECT_IS_TOP_LEVEL})
 option(QUARVO_BUILD_TESTS "Build the tests" ${PROJECT_IS_TOP_LEVEL})
+option(QUARVO_BUILD_FUZZERS "Build the fuzz targets, which needs Clang" OFF)
 option(QUARVO_WARNINGS_AS_ERRORS "Stop at the first warning" OFF)
 option(QUARVO_PRECOMPILE "Precompile Qt's headers" ON)
 option(QUARVO_WITH_LIBSECRET "Keep the device identifier in the desktop's Secret Service" ON)
+option(QUARVO_HARDEN "Build with what makes a fault in memory hard to exploit" ${PROJECT_IS_TOP_LEVEL})
 set(QUARVO_SANITIZE "" CACHE STRING "Sanitizers to build with, as -fsanitize= takes them")
 
 # Where the service lives. A deployment sets its own; QVSDKManager can override them at run time.
@@ -34,4 +36,15 @@ if(QUARVO_SANITIZE)
   target_compile_options(quarvo_build_flags INTERFACE
     -fsanitize=${QUARVO_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(quarvo_build_flags INTERFACE -fsanitize=${QUARVO_SANITIZE})
+endif()
+# A sanitizer does the same and more; the two get in each other's way.
+if(QUARVO_HARDEN AND NOT QUARVO_SANITIZE AND CMAKE_SYSTEM_NAME STREQUAL "Linux")
+  target_compile_options(quarvo_build_flags INTERFACE
+    -fstack-protector-strong -fstack-clash-protection
+    # Checked calls need optimisation to see what they check.
+    $<$<NOT:$<CONFIG:Debug>>:-U_FORTIFY_SOURCE> $<$<NOT:$<CONFIG:Debug>>:-D_FORTIFY_SOURCE=2>)
+  if(CMAKE_SYSTEM_PROCESSOR MATCHES "x86_64|AMD64|i[3-6]86")
+    target_compile_options(quarvo_build_flags INTERFACE -fcf-protection)
+  endif()
+  target_link_options(quarvo_build_flags INTERFACE -Wl,-z,relro,-z,now,-z,noexecstack)
 endif()

@@ -1,0 +1,138 @@
+#include "faults/FaultService.h"
+
+#include "image/QVTestPictures.h"
+#include "settings/QVSDKManager.h"
+
+#include <QJsonArray>
+
+#include <sys/socket.h>
+#include <unistd.h>
+
+using namespace std::chrono_literals;
+
+namespace {
+
+QVScript redirectTo(const QString &address)
+{
+    return QVScript::answer({}, 307, "Location: " + address.toLatin1() + "\r\n");
+}
+
+/// An address of this machine where nobody listens.
+QString deafAddress()
+{
+    QTcpServer server;
+    server.listen(QHostAddress::LocalHost);
+    return QStringLiteral("http://127.0.0.1:%1").arg(server.serverPort());
+}
+
+QVScript drip()
+{
+    QVScript script;
+    script.send("HTTP/1.1 200 OK\r\nContent-Length: 4000\r\n\r\n");
+    for (int i = 0; i < 200; ++i)
+        script.send("{").wait(100ms);
+    return script;
+}
+
+} // namespace
+
+void ResettingServer::incomingConnection(qintptr descriptor)
+{
+    const linger atOnce{1, 0};
+    const int handle = static_cast<int>(descriptor);
+    ::setsockopt(handle, SOL_SOCKET, SO_LINGER, &atOnce, sizeof atOnce);
+    ::close(handle);
+}
+
+FaultService::FaultService()
+    : m_serviceAddress(m_service.addresses().apiHost())
+{
+    const QString front = m_front.address();
+    QVServiceAddresses addresses;
+    addresses.setApiHost(front);
+    addresses.setDownloadHost(front);
+    addresses.setImageHost(front + QStringLiteral("/outage-pictures"));
+    QVSDKManager::setServiceAddresses(addresses);
+    QVSDKManager::setOutageServer(front + QStringLiteral("/outage"));
+    m_service.extend(QStringLiteral("config"),
+                     {{QStringLiteral("api_server"), front + QStringLiteral("/api")},
+                      {QStringLiteral("cdn_servers"), QJsonArray{front + QStringLiteral("/pictures")}}});
+    m_front.setResponder([this](const QVReceivedRequest &request) { return respond(request); });
+    addWireFaults();
+    addBodyFaults();
+    addRedirects();
+}
+
+FaultService::~FaultService()
+{
+    QSslConfiguration::setDefaultConfiguration(m_usualTls);
+}
+
+void FaultService::misbehave(const QString &target, Fault fault)
+{
+    m_target = target.toLatin1();
+    m_fault = std::move(fault);
+    m_hits = 0;
+}
+
+QVScript FaultService::respond(const QVReceivedRequest &request)
+{
+    m_downgrades += request.target.startsWith("/plain") ? 1 : 0;
+    if (!m_fault || !request.target.startsWith(m_target))
+        return redirectTo(m_serviceAddress + QString::fromLatin1(request.target));
+    ++m_hits;
+    return m_fault(request);
+}
+
+void FaultService::addFault(const char *name, const QVScript &script)
+{
+    m_faults.append({QString::fromLatin1(name), [script](const QVReceivedRequest &) { return script; }});
+}
+
+void FaultService::addRedirect(const char *name, const QString &address)
+{
+    addFault(name, redirectTo(address));
+}
+
+void FaultService::addWireFaults()
+{
+    m_resetting.listen(QHostAddress::LocalHost);
+    addRedirect("refuses", deafAddress());
+    addRedirect("resets", QStringLiteral("http://127.0.0.1:%1").arg(m_resetting.serverPort()));
+    addFault("hangs before its head", QVScript());
+    addFault("hangs after its head", QVScript().send("HTTP/1.1 200 OK\r\nContent-Length: 9\r\n\r\n"));
+    addFault("drips", drip());
+    addFault("truncates", QVScript().send("HTTP/1.1 200 OK\r\nContent-Length: 90\r\n\r\n{\"code").close());
+    addFault("promises too little",
+             QVScript().send("HTTP/1.1 200 OK\r\nContent-Length: 9\r\n\r\n{\"code\":\"0103\"}").close());
+}
+
+void FaultService::addBodyFaults()
+{
+    addFault("garbage", QVScript::answer(QByteArray::fromHex("00ff10feedfacecafe0d0a0d0a80")));
+    addFault("no HTTP", QVScript().send("SSH-2.0-OpenSSH_9.2\r\n\r\n").close());
+    addFault("10 MiB", QVScript::answer(R"({"code":"0103","x":")" + QByteArray(10 << 20, 'x') + "\"}"));
+    addFault("10,000 deep", QVScript::answer(QByteArray(10000, '[') + QByteArray(10000, ']')));
+    addFault("giant picture", QVScript::answer(qv_giantClaim(), 200, "Content-Type: image/jpeg\r\n"));
+    addFault("web page", QVScript::answer("<html><body>Log in to use this network</body></html>", 200,
+                                          "Content-Type: text/html\r\n"));
+}
+
+void FaultService::addRedirects()
+{
+    m_faults.append({QStringLiteral("redirects in a circle"), [this](const QVReceivedRequest &) {
+                         return redirectTo(m_front.address() + QString::fromLatin1(m_target));
+                     }});
+    const QVTestCertificate trusted(QVTestCertificate::Validity::Current);
+    const QVTestCertificate untrusted(QVTestCertificate::Validity::Current);
+    QSslConfiguration trusting = m_usualTls;
+    trusting.addCaCertificate(trusted.certificate());
+    QSslConfiguration::setDefaultConfiguration(trusting);
+    m_trusted.useTls(trusted.serverConfiguration());
+    m_untrusted.useTls(untrusted.serverConfiguration());
+    m_trusted.setResponder([plain = m_front.address() + QStringLiteral("/plain")](const QVReceivedRequest &) {
+        return redirectTo(plain);
+    });
+    addRedirect("redirects to an open line", m_trusted.address());
+    addRedirect("shows a stranger's certificate", m_untrusted.address());
+}
