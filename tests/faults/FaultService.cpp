@@ -123,8 +123,8 @@ void FaultService::addRedirects()
     m_faults.append({QStringLiteral("redirects in a circle"), [this](const QVReceivedRequest &) {
                          return redirectTo(m_front.address() + QString::fromLatin1(m_target));
                      }});
-    const QVTestCertificate trusted(QVTestCertificate::Validity::Current);
-    const QVTestCertificate untrusted(QVTestCertificate::Validity::Current);
+    static const QVTestCertificate trusted(QVTestCertificate::Validity::Current);
+    static const QVTestCertificate untrusted(QVTestCertificate::Validity::Current);
     QSslConfiguration trusting = m_usualTls;
     trusting.addCaCertificate(trusted.certificate());
     QSslConfiguration::setDefaultConfiguration(trusting);

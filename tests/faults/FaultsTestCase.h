@@ -4,6 +4,7 @@
 #include "faults/FaultService.h"
 #include "modes/Outcomes.h"
 #include "support/QVTestCase.h"
+#include "support/QVWait.h"
 
 #include <Quarvo/Quarvo.h>
 
@@ -44,6 +45,10 @@ protected:
     [[nodiscard]] bool isReady() const;
     /// What the user is told has gone wrong, null where nothing has.
     [[nodiscard]] QString message() const;
+    [[nodiscard]] static bool waitFor(const std::function<bool()> &condition)
+    {
+        return qv_waitFor(condition);
+    }
     [[nodiscard]] bool waitForReady() const;
     /// Moves time until \a condition holds, as fast as the events that it brings are done.
     [[nodiscard]] bool passUntil(const std::function<bool()> &condition) const;

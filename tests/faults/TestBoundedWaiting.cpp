@@ -1,0 +1,132 @@
+#include "image/QVImageLoad.h"
+#include "image/QVImageResources.h"
+#include "image/QVTestPictures.h"
+#include "platform/QVPictureCacheFolder.h"
+#include "service/QVServiceTestCase.h"
+
+#include <QDir>
+#include <QSemaphore>
+#include <QStandardPaths>
+
+#include <csignal>
+#include <dlfcn.h>
+#include <netdb.h>
+#include <sys/resource.h>
+
+using namespace std::chrono_literals;
+
+namespace {
+
+const char *const slowName = "slow.quarvo.example";
+QSemaphore lookupsAsked;
+QSemaphore lookupsAllowed;
+
+/// As on a disk without room: while it lives, no file of this process can grow.
+class FullDisk
+{
+public:
+    FullDisk()
+    {
+        std::signal(SIGXFSZ, SIG_IGN);
+        ::getrlimit(RLIMIT_FSIZE, &m_usual);
+        const rlimit none{0, m_usual.rlim_max};
+        ::setrlimit(RLIMIT_FSIZE, &none);
+    }
+    ~FullDisk() { ::setrlimit(RLIMIT_FSIZE, &m_usual); }
+    Q_DISABLE_COPY(FullDisk)
+
+private:
+    rlimit m_usual{};
+};
+
+QString cacheRoot()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::CacheLocation) +
+           QStringLiteral("/quarvo-pictures");
+}
+
+} // namespace
+
+// The program's own in place of the system's: the name above is looked up until it is allowed.
+extern "C" int getaddrinfo(const char *node, const char *service, const addrinfo *hints, addrinfo **result)
+{
+    if (node && qstrcmp(node, slowName) == 0) {
+        lookupsAsked.release();
+        lookupsAllowed.acquire();
+        return EAI_AGAIN;
+    }
+    static const auto usual =
+        reinterpret_cast<decltype(&getaddrinfo)>(::dlsym(RTLD_NEXT, "getaddrinfo"));
+    return usual(node, service, hints, result);
+}
+
+/// What the system may keep the component waiting for. Its key chain is tried in TestSecureStore.
+class TestBoundedWaiting : public QVServiceTestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void aNameLookupThatHangs()
+    {
+        QVServiceAddresses addresses;
+        addresses.setApiHost(QStringLiteral("http://") + QLatin1String(slowName));
+        settings().setServiceAddresses(addresses);
+        Probe<QVConfigResponseModel> probe;
+        probe.run([](auto completed) {
+            return manager().requestConfigWithVid({}, {}, {}, completed);
+        });
+        QVERIFY(waitFor([] { return lookupsAsked.available() > 0; }));
+        advance(7999ms);
+        QVERIFY(!probe.isDone());
+        advance(1ms);
+        QVERIFY(waitFor([&] { return probe.isDone(); }));
+        QCOMPARE(probe.code(), -1001);
+        lookupsAllowed.release(lookupsAsked.available());
+    }
+
+    void aPictureCacheThatCannotBeMade()
+    {
+        QDir(cacheRoot()).removeRecursively();
+        QVERIFY(QDir().mkpath(QFileInfo(cacheRoot()).path()));
+        QFile obstacle(cacheRoot());
+        QVERIFY(obstacle.open(QIODevice::WriteOnly));
+        QVImageResources resources;
+        QVERIFY(!resources.network().cache());
+        QVERIFY(loads(resources));
+        QVERIFY(obstacle.remove());
+    }
+
+    void aPictureCacheOnAFullDisk()
+    {
+        QVImageResources resources;
+        QVERIFY(resources.network().cache());
+        const FullDisk full;
+        QVERIFY(loads(resources));
+        QVERIFY(loads(resources));
+    }
+
+    void aPictureCacheThatIsTakenAway()
+    {
+        QVImageResources resources;
+        QVERIFY(QDir(QVPictureCacheFolder::shared().path()).removeRecursively());
+        QVERIFY(loads(resources));
+    }
+
+private:
+    bool loads(QVImageResources &resources)
+    {
+        server().enqueue(QVScript::answer(qv_testPicture({40, 23}, Qt::red, "png")));
+        QVCompletionProbe<QImage> probe;
+        probe.run([&](auto completed) {
+            const QString address = server().address() + QStringLiteral("/%1.png").arg(++m_pictures);
+            return QVImageLoad::start(resources, address, completed);
+        });
+        return waitFor([&] { return probe.isDone(); }) && probe.fault().isNull() && !probe.error() &&
+               probe.result().size() == QSize(40, 23);
+    }
+
+    int m_pictures = 0;
+};
+
+QV_TEST(TestBoundedWaiting)
+#include "TestBoundedWaiting.moc"

@@ -1,0 +1,207 @@
+#include "soak/SoakRun.h"
+
+#include "draw/QVRenderDrawView.h"
+#include "support/QVPointerInput.h"
+#include "support/QVWait.h"
+#include "views/QVRenderDrawImageView.h"
+
+#include <Quarvo/Quarvo.h>
+
+#include <QApplication>
+#include <QTest>
+
+using namespace std::chrono_literals;
+
+namespace {
+
+/// How the user goes about it.
+enum class Course { Right, WrongThenRight, TwiceWrongThenRight, RefreshThenRight, Characters, Outage };
+constexpr int courseCount = 6;
+constexpr int styleCount = 3;
+
+QVSandboxOptions sandboxOptions()
+{
+    QVSandboxOptions options;
+    options.seed = 1;
+    options.clock = [] {
+        return std::chrono::duration_cast<std::chrono::milliseconds>(QVScheduler::shared().now());
+    };
+    return options;
+}
+
+template<class Manager>
+void relay(Manager &manager, QStringList &tokens)
+{
+    QObject::connect(&manager, &Manager::passed, &manager,
+                     [&tokens](const QString &token) { tokens.append(token); });
+}
+
+} // namespace
+
+SoakRun::SoakRun()
+    : m_sandbox(sandboxOptions())
+{
+    if (!m_sandbox.listen())
+        qFatal("cannot listen on this machine");
+    configure();
+}
+
+void SoakRun::configure()
+{
+    const QVSandboxAddresses where = m_sandbox.addresses();
+    QVServiceAddresses addresses;
+    addresses.setApiHost(where.apiHost);
+    addresses.setDownloadHost(where.downloadHost);
+    addresses.setImageHost(where.imageHost);
+    addresses.setCdn(where.cdn);
+    QVSDKManager::setServiceAddresses(addresses);
+    QVSDKManager::setOutageServer(where.outageServer);
+    QVSDKManager::setPreferredLanguage(QStringLiteral("en"));
+}
+
+bool SoakRun::verify(int number, QString &problem)
+{
+    const auto style = QVVerifyStyle(number % styleCount);
+    const auto course = Course(number / styleCount % courseCount);
+    m_tokens.clear();
+    m_readyCount = 0;
+    m_wrongCount = 0;
+    m_sandbox.clearLog();
+    m_sandbox.setOutageActive(course == Course::Outage);
+    QVSDKManager::setQuarvoSDKVid(course == Course::Characters ? QStringLiteral("test-character")
+                                                               : QStringLiteral("test-draw"),
+                                  QStringLiteral("soak"));
+    open(style);
+    bool isFine = waitForReady();
+    const int wrongs = course == Course::WrongThenRight ? 1 : course == Course::TwiceWrongThenRight ? 2 : 0;
+    for (int wrong = 0; isFine && wrong < wrongs; ++wrong) {
+        drawWrong();
+        isFine = waitForAnswer();
+    }
+    if (isFine && course == Course::RefreshThenRight)
+        refresh();
+    if (isFine && (course == Course::RefreshThenRight || wrongs == 2))
+        isFine = qv_waitFor([this] { return m_readyCount > 1; });
+    if (isFine)
+        solve();
+    const bool isPassed = isFine && qv_waitFor([this] {
+        m_time.advance(50ms);
+        return !m_tokens.isEmpty();
+    });
+    if (!isPassed)
+        problem = QStringLiteral("verification %1 (mode %2, course %3) gave no token")
+                      .arg(number)
+                      .arg(style)
+                      .arg(int(course));
+    m_manager.reset();
+    m_host.reset();
+    m_time.advance(200s);
+    return isPassed;
+}
+
+void SoakRun::open(QVVerifyStyle style)
+{
+    m_host = std::make_unique<QWidget>();
+    m_host->resize(700, 600);
+    m_host->show();
+    m_host->activateWindow();
+    qv_waitFor([this] { return m_host->isActiveWindow(); });
+    const auto watch = [this] {
+        QObject::connect(panel(), &QVRenderDrawView::ready, m_host.get(), [this] { ++m_readyCount; });
+        QObject::connect(panel(), &QVRenderDrawView::wrongAnswer, m_host.get(), [this] { ++m_wrongCount; });
+    };
+    if (style == QVVerifyStyleEmbed) {
+        auto manager = std::make_unique<QVEmbedManager>();
+        relay(*manager, m_tokens);
+        manager->embedView()->setParent(m_host.get());
+        manager->embedView()->setGeometry(0, 0, 414, 300);
+        manager->embedView()->show();
+        watch();
+        m_manager = std::move(manager);
+        m_time.advance(100ms);
+    } else if (style == QVVerifyStylePopup) {
+        auto manager = std::make_unique<QVClickManager>();
+        relay(*manager, m_tokens);
+        QObject::connect(manager.get(), &QVClickManager::popupOpened, m_host.get(), watch);
+        manager->button()->setParent(m_host.get());
+        manager->button()->show();
+        QVPointerInput::click(*manager->button(), QPoint(20, 20));
+        m_manager = std::move(manager);
+    } else {
+        auto manager = std::make_unique<QVInvisibleManager>();
+        relay(*manager, m_tokens);
+        QObject::connect(manager.get(), &QVInvisibleManager::popupOpened, m_host.get(), watch);
+        manager->startInsivible();
+        m_manager = std::move(manager);
+    }
+}
+
+void SoakRun::solve()
+{
+    m_time.advance(500ms);
+    const auto solution = m_sandbox.solution(QString());
+    if (!solution)
+        return;
+    if (!solution->characters.isEmpty())
+        return typeCharacters(solution->characters);
+    const QWidget &picture = *part("imageView");
+    std::vector<QPoint> points;
+    for (const QPointF point : solution->points)
+        points.push_back(picture.mapTo(panel(), (point * picture.width() / 400).toPoint()));
+    drawThrough(points);
+}
+
+void SoakRun::drawWrong()
+{
+    m_time.advance(500ms);
+    const QWidget &picture = *part("imageView");
+    // Up and down at the edge, where no curve runs.
+    std::vector<QPoint> points;
+    for (int i = 0; i < 30; ++i)
+        points.push_back(picture.mapTo(panel(), QPoint(8, 10 + 6 * i)));
+    drawThrough(points);
+}
+
+void SoakRun::drawThrough(const std::vector<QPoint> &points)
+{
+    QVPointerInput::strokeWithMouse(*panel(), points, [this] { m_time.advance(25ms); });
+}
+
+void SoakRun::typeCharacters(const QString &characters)
+{
+    QWidget *const field = part("inputTF");
+    QVPointerInput::click(*field, field->rect().center());
+    QTest::keyClicks(field, characters);
+    QVPointerInput::click(*part("doneButton"), part("doneButton")->rect().center());
+}
+
+void SoakRun::refresh()
+{
+    m_time.advance(500ms);
+    QVPointerInput::click(*part("refreshButton"), part("refreshButton")->rect().center());
+}
+
+bool SoakRun::waitForReady()
+{
+    return qv_waitFor([this] { return m_readyCount > 0; });
+}
+
+bool SoakRun::waitForAnswer()
+{
+    return qv_waitFor([this, before = m_wrongCount] { return m_wrongCount > before; });
+}
+
+QVRenderDrawView *SoakRun::panel()
+{
+    for (QWidget *widget : QApplication::allWidgets()) {
+        auto *const view = qobject_cast<QVRenderDrawView *>(widget);
+        if (view && view->isVisible())
+            return view;
+    }
+    return nullptr;
+}
+
+QWidget *SoakRun::part(const char *name)
+{
+    return panel()->findChild<QWidget *>(QLatin1String(name));
+}

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QTimer>
+
+#include <functional>
+
+/// Delivers real events until \a condition holds, without the pauses of Qt Test; false after
+/// \a milliseconds.
+inline bool qv_waitFor(const std::function<bool()> &condition, int milliseconds = 5000)
+{
+    const QDeadlineTimer deadline(milliseconds);
+    // What other threads do may bring no event.
+    QTimer glance;
+    glance.start(2);
+    while (!condition()) {
+        if (deadline.hasExpired())
+            return false;
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    return true;
+}
