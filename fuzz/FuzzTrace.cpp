@@ -40,8 +40,7 @@ public:
         const double left = x > 0 ? x : 0;
         const double top = y > 0 ? y : 0;
         if (!m_kept.empty()) {
-            const bool isFar =
-                std::abs(m_kept.back().x - left) >= 5 || std::abs(m_kept.back().y - top) >= 5;
+            const bool isFar = std::abs(m_kept.back().x - left) >= 5 || std::abs(m_kept.back().y - top) >= 5;
             if (!isFar || !(milliseconds < 8000))
                 return;
         }

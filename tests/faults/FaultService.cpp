@@ -86,7 +86,9 @@ QVScript FaultService::respond(const QVReceivedRequest &request)
 
 void FaultService::addFault(const char *name, const QVScript &script)
 {
-    m_faults.append({QString::fromLatin1(name), [script](const QVReceivedRequest &) { return script; }});
+    m_faults.append({QString::fromLatin1(name), [script](const QVReceivedRequest &) {
+                         return script;
+                     }});
 }
 
 void FaultService::addRedirect(const char *name, const QString &address)

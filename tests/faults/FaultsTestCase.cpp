@@ -130,7 +130,8 @@ QString FaultsTestCase::message() const
     const auto *button = qobject_cast<QVClickButton *>(m_widget);
     if (button && button->clickStatus() == QVClickStatusFailed)
         return button->statusText();
-    const bool isTold = m_style == QVVerifyStyleInvisible && ended() == m_begun && !outcomes().told().isEmpty();
+    const bool isTold =
+        m_style == QVVerifyStyleInvisible && ended() == m_begun && !outcomes().told().isEmpty();
     return isTold ? outcomes().told().constLast() : QString();
 }
 

@@ -55,8 +55,7 @@ extern "C" int getaddrinfo(const char *node, const char *service, const addrinfo
         lookupsAllowed.acquire();
         return EAI_AGAIN;
     }
-    static const auto usual =
-        reinterpret_cast<decltype(&getaddrinfo)>(::dlsym(RTLD_NEXT, "getaddrinfo"));
+    static const auto usual = reinterpret_cast<decltype(&getaddrinfo)>(::dlsym(RTLD_NEXT, "getaddrinfo"));
     return usual(node, service, hints, result);
 }
 
@@ -72,9 +71,7 @@ private Q_SLOTS:
         addresses.setApiHost(QStringLiteral("http://") + QLatin1String(slowName));
         settings().setServiceAddresses(addresses);
         Probe<QVConfigResponseModel> probe;
-        probe.run([](auto completed) {
-            return manager().requestConfigWithVid({}, {}, {}, completed);
-        });
+        probe.run([](auto completed) { return manager().requestConfigWithVid({}, {}, {}, completed); });
         QVERIFY(waitFor([] { return lookupsAsked.available() > 0; }));
         advance(7999ms);
         QVERIFY(!probe.isDone());

@@ -68,7 +68,9 @@ private Q_SLOTS:
             QAbstractButton *const button = clicks.back()->clickButton();
             button->setParent(host());
             button->show();
-            const auto count = [&passedCount] { ++passedCount; };
+            const auto count = [&passedCount] {
+                ++passedCount;
+            };
             connect(clicks.back().get(), &QVClickManager::passed, this, count);
             connect(invisibles.back().get(), &QVInvisibleManager::passed, this, count);
             connect(embeds.back().get(), &QVEmbedManager::ready, this, [&readyCount] { ++readyCount; });
@@ -101,15 +103,16 @@ private Q_SLOTS:
         faults().behave();
         reset();
         QVERIFY(waitForReady());
-        QCOMPARE(service().query(QStringLiteral("get")).value(QStringLiteral("id")),
-                 QStringLiteral("other"));
+        QCOMPARE(service().query(QStringLiteral("get")).value(QStringLiteral("id")), QStringLiteral("other"));
         QCOMPARE(panelFailures(), 0);
     }
 
 private:
     static FaultService::Fault hang()
     {
-        return [](const QVReceivedRequest &) { return QVScript(); };
+        return [](const QVReceivedRequest &) {
+            return QVScript();
+        };
     }
 
     static void rows()

@@ -85,9 +85,9 @@ bool SoakRun::verify(int number, QString &problem)
     if (isFine)
         solve();
     const bool isPassed = isFine && qv_waitFor([this] {
-        m_time.advance(50ms);
-        return !m_tokens.isEmpty();
-    });
+                              m_time.advance(50ms);
+                              return !m_tokens.isEmpty();
+                          });
     if (!isPassed)
         problem = QStringLiteral("verification %1 (mode %2, course %3) gave no token")
                       .arg(number)
