@@ -73,7 +73,7 @@ public:
     [[nodiscard]] qreal cornerRadius() const { return m_cornerRadius; }
     void setCornerRadius(qreal radius) { assign(m_cornerRadius, radius); }
     /// A picture scaled to fit into the bounds, centred.
-    [[nodiscard]] QPixmap contents() const { return m_contents; }
+    [[nodiscard]] const QPixmap &contents() const { return m_contents; }
     void setContents(const QPixmap &contents);
     /// Nothing of the layer and its sublayers shows outside this path, unless it is empty.
     [[nodiscard]] QPainterPath mask() const { return m_mask; }

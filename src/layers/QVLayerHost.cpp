@@ -2,6 +2,7 @@
 
 #include "layers/QVLayerPainter.h"
 
+#include <QCoreApplication>
 #include <QWidget>
 
 #include <algorithm>
@@ -49,7 +50,8 @@ void QVLayerHost::paint(QPainter &painter) const
 
 void QVLayerHost::invalidate(const QRectF &rect)
 {
-    if (rect.isEmpty())
+    // A host may keep widgets beyond the application object; nothing is shown there any more.
+    if (rect.isEmpty() || !QCoreApplication::instance())
         return;
     // One more pixel than the shape covers: its soft edge.
     m_widget.update(rect.toAlignedRect().adjusted(-1, -1, 1, 1));

@@ -26,8 +26,9 @@ double screenRate()
 
 QVTicker &QVTicker::shared()
 {
-    static QVTicker ticker;
-    return ticker;
+    // Never destroyed: a host may end its own statics, managers among them, after ours.
+    static auto *const ticker = new QVTicker;
+    return *ticker;
 }
 
 void QVTicker::start(QVTickerClient *client)

@@ -6,6 +6,7 @@
 #include "platform/QVMainThread.h"
 #include "views/QVSystemFont.h"
 
+#include <QCoreApplication>
 #include <QFocusEvent>
 #include <QHelpEvent>
 #include <QKeyEvent>
@@ -47,8 +48,10 @@ QVClickButton::QVClickButton(QWidget *parent)
 
 QVClickButton::~QVClickButton()
 {
-    // While this is still a button, since the popup may give the focus back to it.
-    d->dismissPopup();
+    // While this is still a button, since the popup may give the focus back to it. Beyond the
+    // application object nothing is on screen.
+    if (QCoreApplication::instance())
+        d->dismissPopup();
 }
 
 QVClickButtonDelegate *QVClickButton::delegate() const

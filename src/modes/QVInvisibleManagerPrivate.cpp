@@ -29,7 +29,9 @@ QVInvisibleManagerPrivate::QVInvisibleManagerPrivate(QVInvisibleManager *manager
 
 QVInvisibleManagerPrivate::~QVInvisibleManagerPrivate()
 {
-    removeAnimationView();
+    // Beyond the application object nothing is on screen, and widgets cannot even be hidden.
+    if (QCoreApplication::instance())
+        removeAnimationView();
 }
 
 QVInvisibleAnimationView *QVInvisibleManagerPrivate::animationView()

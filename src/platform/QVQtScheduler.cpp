@@ -15,8 +15,9 @@ constexpr auto preciseBelow = std::chrono::seconds(2);
 
 QVQtScheduler &QVQtScheduler::instance()
 {
-    static QVQtScheduler scheduler;
-    return scheduler;
+    // Never destroyed: a host may end its own statics, managers among them, after ours.
+    static auto *const scheduler = new QVQtScheduler;
+    return *scheduler;
 }
 
 std::chrono::nanoseconds QVQtScheduler::now() const

@@ -10,8 +10,9 @@
 
 QVConfigurationManager &QVConfigurationManager::sharedManager()
 {
-    static QVConfigurationManager manager;
-    return manager;
+    // Never destroyed: a host may end its own statics, managers among them, after ours.
+    static auto *const manager = new QVConfigurationManager;
+    return *manager;
 }
 
 QVConfigurationManager::QVConfigurationManager()

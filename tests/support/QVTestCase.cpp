@@ -32,7 +32,7 @@ void QVTestCase::cleanup()
 
 bool QVTestCase::waitFor(const std::function<bool()> &condition)
 {
-    return QTest::qWaitFor(condition, 5000);
+    return QTest::qWaitFor(condition, 15000);
 }
 
 bool QVTestRegistry::addFactory(const QString &name, Factory factory)

@@ -30,7 +30,7 @@ protected:
     [[nodiscard]] QVVirtualScheduler &time() const { return *m_time; }
     /// Moves virtual time on and delivers what that makes due.
     void advance(std::chrono::milliseconds duration) const { m_time->advance(duration); }
-    /// Delivers real events (sockets, threads) until \a condition holds; false after 5 real seconds.
+    /// Delivers real events (sockets, threads) until \a condition holds; false after 15 real seconds.
     [[nodiscard]] static bool waitFor(const std::function<bool()> &condition);
 
     /// Names the columns of a data-driven test. Gives what adds a row.

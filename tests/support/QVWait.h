@@ -8,7 +8,7 @@
 
 /// Delivers real events until \a condition holds, without the pauses of Qt Test; false after
 /// \a milliseconds.
-inline bool qv_waitFor(const std::function<bool()> &condition, int milliseconds = 5000)
+inline bool qv_waitFor(const std::function<bool()> &condition, int milliseconds = 15000)
 {
     const QDeadlineTimer deadline(milliseconds);
     // What other threads do may bring no event.
