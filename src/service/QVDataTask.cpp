@@ -9,9 +9,11 @@ QVDataTask::QVDataTask(QVTransfer *transfer)
 
 void QVDataTask::cancel()
 {
+    // First: a request that has ended may be let go of beyond the application object.
+    if (isFinished())
+        return;
     qv_assertMainThread();
-    if (!isFinished())
-        m_transfer->cancel();
+    m_transfer->cancel();
 }
 
 bool QVDataTask::isFinished() const

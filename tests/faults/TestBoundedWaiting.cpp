@@ -48,7 +48,8 @@ QString cacheRoot()
 } // namespace
 
 // The program's own in place of the system's: the name above is looked up until it is allowed.
-extern "C" Q_DECL_EXPORT int getaddrinfo(const char *node, const char *service, const addrinfo *hints, addrinfo **result)
+extern "C" Q_DECL_EXPORT int getaddrinfo(const char *node, const char *service, const addrinfo *hints,
+                                         addrinfo **result)
 {
     if (node && qstrcmp(node, slowName) == 0) {
         lookupsAsked.release();

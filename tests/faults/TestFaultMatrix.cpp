@@ -1,4 +1,5 @@
 #include "faults/FaultsTestCase.h"
+#include "support/QVStillStyle.h"
 
 #include <QFile>
 
@@ -80,9 +81,14 @@ private Q_SLOTS:
         m_style = QVVerifyStyle(style);
         m_operation = &operations[operation];
         service().answer(QStringLiteral("switch"), {{QStringLiteral("active"), m_operation->isOutage}});
+        // Nothing moves, so that virtual seconds of waiting cost no painting.
+        const QVStillStyle still;
         openMode(m_style);
-        advance(std::chrono::milliseconds(100));
-        for (const auto &[name, fault] : faults().faults()) {
+        // Panels are the same in all modes: in one of them each operation meets every fault, in the others
+        // its share, so that every fault is met in every mode.
+        const int share = m_style == QVVerifyStyleEmbed ? 1 : 5;
+        for (int index = operation % share; index < faults().faults().size(); index += share) {
+            const auto &[name, fault] = faults().faults()[index];
             meet(fault);
             QVERIFY2(!QTest::currentTestFailed(), qPrintable(name));
         }

@@ -38,11 +38,11 @@ private Q_SLOTS:
                 QVERIFY2(!QTest::currentTestFailed(), where.constData());
                 advance(1s);
                 settle();
-                advance(200s);
                 QVERIFY2(ended() <= begun(), where.constData());
                 finish();
+                // The longest deadline may still be running.
+                QVERIFY2(passUntil([this] { return time().pendingCount() == 0; }), where.constData());
                 QCOMPARE(popupCount(), 0);
-                QVERIFY2(time().pendingCount() == 0, where.constData());
                 prepare();
             }
         }
