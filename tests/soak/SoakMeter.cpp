@@ -6,7 +6,9 @@
 #include <QDir>
 #include <QFile>
 
+#include <algorithm>
 #include <malloc.h>
+#include <span>
 
 namespace {
 
@@ -26,6 +28,12 @@ qint64 residentKib()
     const QByteArray name = QByteArrayLiteral("VmRSS:");
     const qsizetype at = text.indexOf(name) + name.size();
     return text.mid(at, text.indexOf("kB", at) - at).trimmed().toLongLong();
+}
+
+template<class Number>
+Number largest(std::span<const SoakSample> samples, Number SoakSample::*field)
+{
+    return std::ranges::max(samples, {}, field).*field;
 }
 
 } // namespace
@@ -55,17 +63,23 @@ QString SoakSample::text() const
 
 QString SoakMeter::fault() const
 {
-    if (m_samples.size() < 2)
+    const auto middle = m_samples.begin() + static_cast<std::ptrdiff_t>(m_samples.size() / 2);
+    const std::span firstHalf(m_samples.begin(), middle);
+    const std::span lastHalf(middle, m_samples.end());
+    if (firstHalf.empty())
         return QStringLiteral("nothing to compare");
-    const SoakSample &middle = m_samples[m_samples.size() / 2];
-    const SoakSample &last = m_samples.back();
-    if (last.residentKib > middle.residentKib + growthAllowedKib)
-        return QStringLiteral("memory has grown by %1 KiB").arg(last.residentKib - middle.residentKib);
-    if (last.files > middle.files)
-        return QStringLiteral("open files have grown");
-    if (last.threads > middle.threads)
-        return QStringLiteral("threads have grown");
-    if (last.timers > middle.timers)
-        return QStringLiteral("timers have grown");
-    return last.widgets > middle.widgets ? QStringLiteral("widgets have grown") : QString();
+    const qint64 growth = largest(lastHalf, &SoakSample::residentKib) - lastHalf.front().residentKib;
+    if (growth > growthAllowedKib)
+        return QStringLiteral("memory has grown by %1 KiB").arg(growth);
+    const std::pair<qsizetype SoakSample::*, const char *> counts[] = {
+        {&SoakSample::files, "open files"},
+        {&SoakSample::threads, "threads"},
+        {&SoakSample::timers, "timers"},
+        {&SoakSample::widgets, "widgets"},
+    };
+    for (const auto &[count, name] : counts) {
+        if (largest(lastHalf, count) > largest(firstHalf, count))
+            return QLatin1String(name) + QStringLiteral(" have grown");
+    }
+    return {};
 }

@@ -22,8 +22,8 @@ class SoakMeter
 {
 public:
     void add(const SoakSample &sample) { m_samples.push_back(sample); }
-    /// Why the curve is not flat, null where it is: over the last half memory has grown by more than
-    /// 1 MiB, or anything else has grown at all.
+    /// Why the curve is not flat, null where it is: within the last half memory has grown by more than
+    /// 1 MiB, or anything else beyond what the first half had seen.
     [[nodiscard]] QString fault() const;
 
 private:

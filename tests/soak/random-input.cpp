@@ -227,7 +227,10 @@ int main(int argc, char *argv[])
     PageEater pages;
     QDesktopServices::setUrlHandler(QStringLiteral("http"), &pages, "take");
     QDesktopServices::setUrlHandler(QStringLiteral("https"), &pages, "take");
-    return play(seconds, seed);
+    const int status = play(seconds, seed);
+    QDesktopServices::unsetUrlHandler(QStringLiteral("http"));
+    QDesktopServices::unsetUrlHandler(QStringLiteral("https"));
+    return status;
 }
 
 #include "random-input.moc"
