@@ -111,11 +111,15 @@ void FaultService::addWireFaults()
 
 void FaultService::addBodyFaults()
 {
+    // Made once, since they are large.
+    static const QVScript huge =
+        QVScript::answer(R"({"code":"0103","x":")" + QByteArray(10 << 20, 'x') + "\"}");
+    static const QVScript giant = QVScript::answer(qv_giantClaim(), 200, "Content-Type: image/jpeg\r\n");
     addFault("garbage", QVScript::answer(QByteArray::fromHex("00ff10feedfacecafe0d0a0d0a80")));
     addFault("no HTTP", QVScript().send("SSH-2.0-OpenSSH_9.2\r\n\r\n").close());
-    addFault("10 MiB", QVScript::answer(R"({"code":"0103","x":")" + QByteArray(10 << 20, 'x') + "\"}"));
+    addFault("10 MiB", huge);
     addFault("10,000 deep", QVScript::answer(QByteArray(10000, '[') + QByteArray(10000, ']')));
-    addFault("giant picture", QVScript::answer(qv_giantClaim(), 200, "Content-Type: image/jpeg\r\n"));
+    addFault("giant picture", giant);
     addFault("web page", QVScript::answer("<html><body>Log in to use this network</body></html>", 200,
                                           "Content-Type: text/html\r\n"));
 }
