@@ -1,6 +1,7 @@
 #include "draw/QVRenderDrawView.h"
 #include "settings/QVSDKManager.h"
 #include "support/QVTestCase.h"
+#include "support/QVWait.h"
 
 #include <Quarvo/Quarvo.h>
 
@@ -65,7 +66,7 @@ private Q_SLOTS:
         carelessHost->click.button()->click();
         carelessHost->invisible.startInsivible();
         const int panels = isOutage ? 2 : 1;
-        QVERIFY(QTest::qWaitFor([&] { return countOfPanels() >= panels && silent.hasPendingConnections(); }));
+        QVERIFY(qv_waitFor([&] { return countOfPanels() >= panels && silent.hasPendingConnections(); }));
     }
 
 private:
@@ -107,10 +108,11 @@ private Q_SLOTS:
         process.setProcessChannelMode(QProcess::MergedChannels);
         process.start(QCoreApplication::applicationFilePath(),
                       {QStringLiteral("QuittingHost"), QStringLiteral("quit:") + row});
-        constexpr int soon = 20000;
-        QVERIFY2(process.waitForFinished(soon), process.readAll().constData());
-        QVERIFY2(process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0,
-                 process.readAll().constData());
+        constexpr int soon = 30000;
+        const bool isOver = process.waitForFinished(soon);
+        const QByteArray output = process.readAll();
+        QVERIFY2(isOver, output.constData());
+        QVERIFY2(process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0, output.constData());
     }
 };
 

@@ -156,8 +156,10 @@ void SoakRun::drawWrong()
     m_time.advance(500ms);
     const QWidget &picture = *part("imageView");
     // Up and down at the edge, where no curve runs.
+    constexpr int count = 30;
     std::vector<QPoint> points;
-    for (int i = 0; i < 30; ++i)
+    points.reserve(count);
+    for (int i = 0; i < count; ++i)
         points.push_back(picture.mapTo(panel(), QPoint(8, 10 + 6 * i)));
     drawThrough(points);
 }
