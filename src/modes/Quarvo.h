@@ -9,9 +9,11 @@
 #include <Quarvo/QVClickManagerDelegate.h>
 #include <Quarvo/QVEmbedManager.h>
 #include <Quarvo/QVEmbedManagerDelegate.h>
+#include <Quarvo/QVEmbedPanel.h>
 #include <Quarvo/QVError.h>
 #include <Quarvo/QVInvisibleDelegate.h>
 #include <Quarvo/QVInvisibleManager.h>
 #include <Quarvo/QVPopupPresentation.h>
 #include <Quarvo/QVSDKManager.h>
 #include <Quarvo/QVServiceAddresses.h>
+#include <Quarvo/QuarvoVersion.h>

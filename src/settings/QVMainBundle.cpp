@@ -5,6 +5,9 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFileInfo>
+
+#include <dlfcn.h>
 
 // Outside any namespace, as the macro wants it. A static library's resources are linked in and
 // registered only because of this call.
@@ -12,6 +15,23 @@ static void registerCompiledResources()
 {
     Q_INIT_RESOURCE(quarvo);
 }
+
+namespace {
+
+/// The data folder of the prefix that this code was installed in, empty where that cannot be told.
+QString installedPlace()
+{
+    Dl_info code{};
+    if (dladdr(reinterpret_cast<const void *>(&registerCompiledResources), &code) == 0)
+        return {};
+    const QFileInfo library(QFile::decodeName(code.dli_fname));
+    // A program that holds this code is named as it was called, which leads nowhere in particular.
+    if (library.isRelative())
+        return {};
+    return QDir::cleanPath(library.path() + u'/' + QVBuildChoices::dataFromLibrary.toString());
+}
+
+} // namespace
 
 QVMainBundle &QVMainBundle::shared()
 {
@@ -27,8 +47,10 @@ QVMainBundle::QVMainBundle()
 
 QStringList QVMainBundle::defaultPlaces()
 {
-    return {QCoreApplication::applicationDirPath(), QVBuildChoices::dataFolder.toString(),
-            QStringLiteral(":")};
+    QStringList places{QCoreApplication::applicationDirPath()};
+    if (const QString installed = installedPlace(); !installed.isEmpty())
+        places.append(installed);
+    return places << QStringLiteral(":");
 }
 
 void QVMainBundle::setPlaces(const QStringList &places)

@@ -1,0 +1,53 @@
+# What `cmake --install` lays down, in four parts: the library, what hosts build with, the local service
+# and the plugin for Qt Designer.
+include(CMakePackageConfigHelpers)
+include(GNUInstallDirs)
+
+set(config_folder "${CMAKE_INSTALL_LIBDIR}/cmake/Quarvo")
+get_property(public_headers GLOBAL PROPERTY QUARVO_PUBLIC_HEADERS)
+get_property(private_libraries GLOBAL PROPERTY QUARVO_PRIVATE_LIBRARIES)
+set(QUARVO_USES_LIBSECRET OFF)
+if(PkgConfig::LIBSECRET IN_LIST private_libraries)
+  set(QUARVO_USES_LIBSECRET ON)
+  set(QUARVO_PKGCONFIG_PRIVATE ", libsecret-1 >= 0.20, gio-2.0")
+  set(QUARVO_DEBIAN_PRIVATE ", libsecret-1-dev")
+endif()
+
+install(TARGETS Quarvo EXPORT QuarvoTargets
+        LIBRARY COMPONENT runtime NAMELINK_COMPONENT development
+        INCLUDES DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")
+install(TARGETS QuarvoStatic EXPORT QuarvoStaticTargets
+        ARCHIVE COMPONENT development
+        INCLUDES DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")
+install(DIRECTORY "${PROJECT_SOURCE_DIR}/resources/QVKeychain.bundle"
+                  "${PROJECT_SOURCE_DIR}/resources/QVResource.bundle"
+        DESTINATION "${CMAKE_INSTALL_DATADIR}/quarvo" COMPONENT runtime)
+
+install(FILES ${public_headers} DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/Quarvo" COMPONENT development)
+install(EXPORT QuarvoTargets NAMESPACE Quarvo:: DESTINATION "${config_folder}" COMPONENT development)
+install(EXPORT QuarvoStaticTargets NAMESPACE Quarvo:: DESTINATION "${config_folder}" COMPONENT development)
+
+configure_package_config_file("${PROJECT_SOURCE_DIR}/cmake/QuarvoConfig.cmake.in"
+                              "${PROJECT_BINARY_DIR}/QuarvoConfig.cmake" INSTALL_DESTINATION "${config_folder}")
+if(PROJECT_VERSION_MAJOR EQUAL 0)
+  set(compatibility SameMinorVersion)
+else()
+  set(compatibility SameMajorVersion)
+endif()
+write_basic_package_version_file("${PROJECT_BINARY_DIR}/QuarvoConfigVersion.cmake" COMPATIBILITY ${compatibility})
+install(FILES "${PROJECT_BINARY_DIR}/QuarvoConfig.cmake" "${PROJECT_BINARY_DIR}/QuarvoConfigVersion.cmake"
+        DESTINATION "${config_folder}" COMPONENT development)
+
+# Relative to the file itself, so that an installed tree can be moved.
+file(RELATIVE_PATH prefix_from_pkgconfig "/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/")
+configure_file("${PROJECT_SOURCE_DIR}/cmake/quarvo.pc.in" "${PROJECT_BINARY_DIR}/quarvo.pc" @ONLY)
+install(FILES "${PROJECT_BINARY_DIR}/quarvo.pc" DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig" COMPONENT development)
+
+if(TARGET quarvo-sandbox)
+  install(TARGETS quarvo-sandbox RUNTIME COMPONENT sandbox)
+endif()
+if(TARGET quarvo_designer)
+  install(TARGETS quarvo_designer LIBRARY DESTINATION "${QUARVO_DESIGNER_PLUGIN_DIR}" COMPONENT designer)
+endif()
+
+include(QuarvoPackages)

@@ -1,0 +1,52 @@
+#include <Quarvo/Quarvo.h>
+
+#include <QApplication>
+#include <QFormLayout>
+#include <QLineEdit>
+#include <QPushButton>
+
+/// A form to sign up with, the picture a part of it: what was typed can be sent once the line is drawn.
+class SignUpForm : public QWidget
+{
+public:
+    SignUpForm()
+    {
+        auto *const form = new QFormLayout(this);
+        form->addRow(QStringLiteral("&Name"), &m_name);
+        form->addRow(&m_panel);
+        form->addRow(&m_send);
+        // The picture looks as it was meant to at this size.
+        m_panel.setMinimumSize(400, 270);
+        m_send.setEnabled(false);
+
+        QObject::connect(m_panel.manager(), &QVEmbedManager::passed, this, [this](const QString &token) {
+            m_token = token;
+            m_send.setEnabled(true);
+        });
+        QObject::connect(&m_send, &QPushButton::clicked, this, [this] { send(); });
+    }
+
+private:
+    void send()
+    {
+        qInfo() << "send this to your server:" << m_name.text() << m_token;
+        // A token is good for one question; the next one needs another.
+        m_token.clear();
+        m_send.setEnabled(false);
+        m_panel.manager()->reset();
+    }
+
+    QLineEdit m_name;
+    QVEmbedPanel m_panel;
+    QPushButton m_send{QStringLiteral("Sign up")};
+    QString m_token;
+};
+
+int main(int argc, char *argv[])
+{
+    QApplication application(argc, argv);
+    QVSDKManager::setQuarvoSDKVid(QStringLiteral("your-id"), QStringLiteral("sign-up"));
+    SignUpForm form;
+    form.show();
+    return QApplication::exec();
+}

@@ -1,0 +1,61 @@
+#include <Quarvo/Quarvo.h>
+
+#include <QApplication>
+#include <QFormLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+/// A login without any captcha to be seen, until the service wants a line to be drawn. Hears of it as a
+/// delegate; the user's closing the popup comes by signal only.
+class LoginForm : public QWidget, public QVInvisibleDelegate
+{
+public:
+    LoginForm()
+    {
+        auto *const form = new QFormLayout(this);
+        m_password.setEchoMode(QLineEdit::Password);
+        form->addRow(QStringLiteral("&User"), &m_user);
+        form->addRow(QStringLiteral("&Password"), &m_password);
+        form->addRow(&m_message);
+        form->addRow(&m_logIn);
+
+        m_verification.setDelegate(this);
+        QObject::connect(&m_verification, &QVInvisibleManager::closed, this, [this] { finish({}); });
+        QObject::connect(&m_logIn, &QPushButton::clicked, this, [this] {
+            m_logIn.setEnabled(false);
+            m_verification.startInsivible();
+        });
+    }
+
+    void invisibleVerifyPassedWithToken(const QString &token) override
+    {
+        qInfo() << "send this to your server:" << m_user.text() << token;
+        finish(QStringLiteral("Welcome"));
+    }
+
+    void invisibleVerifyFailedWithError(const QVError &error) override { finish(error.domain()); }
+
+private:
+    void finish(const QString &message)
+    {
+        m_message.setText(message);
+        m_logIn.setEnabled(true);
+    }
+
+    QLineEdit m_user;
+    QLineEdit m_password;
+    QLabel m_message;
+    QPushButton m_logIn{QStringLiteral("Log in")};
+    QVInvisibleManager m_verification;
+};
+
+int main(int argc, char *argv[])
+{
+    QApplication application(argc, argv);
+    QVSDKManager::setQuarvoSDKVid(QStringLiteral("your-id"), QStringLiteral("login"));
+    LoginForm form;
+    form.resize(420, 360);
+    form.show();
+    return QApplication::exec();
+}

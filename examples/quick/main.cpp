@@ -1,0 +1,24 @@
+#include <Quarvo/Quarvo.h>
+
+#include <QApplication>
+#include <QQmlApplicationEngine>
+#include <QQmlContext>
+
+int main(int argc, char *argv[])
+{
+    // Not a QGuiApplication: the badge and the popup are widgets, which appear over the Quick window.
+    QApplication application(argc, argv);
+    QVSDKManager::setQuarvoSDKVid(QStringLiteral("your-id"), QStringLiteral("login"));
+
+    QVInvisibleManager verification;
+    QObject::connect(&verification, &QVInvisibleManager::passed, [](const QString &token) {
+        qInfo() << "send this to your server:" << token;
+    });
+    QQmlApplicationEngine engine;
+    engine.rootContext()->setContextProperty(QStringLiteral("verification"), &verification);
+    QObject::connect(&verification, &QVInvisibleManager::failed, &engine, [&engine](const QVError &error) {
+        engine.rootObjects().constFirst()->setProperty("message", error.domain());
+    });
+    engine.load(QUrl(QStringLiteral("qrc:/Login.qml")));
+    return QApplication::exec();
+}
