@@ -5,6 +5,9 @@
 
 #include <QApplication>
 #include <QChildEvent>
+#include <QWindow>
+
+#include <algorithm>
 
 namespace {
 
@@ -14,6 +17,12 @@ bool canHost(const QWidget *window)
         return false;
     const Qt::WindowType type = window->windowType();
     return type == Qt::Window || type == Qt::Dialog || type == Qt::Sheet;
+}
+
+bool isForeign(const QWindow *window)
+{
+    return window && window->isTopLevel() && window->isVisible() && !window->inherits("QWidgetWindow") &&
+           (window->type() == Qt::Window || window->type() == Qt::Dialog);
 }
 
 /// Keeps a window from hearing of its new children.
@@ -34,17 +43,36 @@ QVHostWatch::QVHostWatch(QWidget *host, QObject *parent)
         watchChild(child);
 }
 
+QVHostWatch::QVHostWatch(QWindow *host, QObject *parent)
+    : QObject(parent)
+    , m_foreignHost(host)
+{
+    host->installEventFilter(this);
+    connect(host, &QObject::destroyed, this, &QVHostWatch::endLater);
+}
+
 QWidget *QVHostWatch::hostWindow(QWidget *preferred)
 {
     if (preferred)
         return preferred->window();
     if (QWidget *const active = QApplication::activeWindow(); canHost(active))
         return active;
+    if (isForeign(QGuiApplication::focusWindow()))
+        return nullptr;
     for (QWidget *window : QApplication::topLevelWidgets()) {
         if (canHost(window))
             return window;
     }
     return nullptr;
+}
+
+QWindow *QVHostWatch::foreignWindow()
+{
+    if (QWindow *const focused = QGuiApplication::focusWindow(); isForeign(focused))
+        return focused;
+    const QWindowList windows = QGuiApplication::topLevelWindows();
+    const auto found = std::ranges::find_if(windows, isForeign);
+    return found == windows.end() ? nullptr : *found;
 }
 
 void QVHostWatch::adopt(QWidget *host, QWidget *child)
@@ -56,6 +84,10 @@ void QVHostWatch::adopt(QWidget *host, QWidget *child)
 
 bool QVHostWatch::eventFilter(QObject *watched, QEvent *event)
 {
+    if (watched == m_foreignHost) {
+        watchWindow(*event);
+        return false;
+    }
     if (watched != m_host) {
         if (event->type() == QEvent::ZOrderChange)
             Q_EMIT restacked();
@@ -78,11 +110,24 @@ void QVHostWatch::watchChild(QObject *child)
         child->installEventFilter(this);
 }
 
+void QVHostWatch::watchWindow(const QEvent &event)
+{
+    if (event.type() == QEvent::Resize || event.type() == QEvent::Move)
+        Q_EMIT resized();
+    else if (event.type() == QEvent::Close || event.type() == QEvent::Hide)
+        endLater();
+}
+
+bool QVHostWatch::hostIsVisible() const
+{
+    return m_host ? m_host->isVisible() : m_foreignHost && m_foreignHost->isVisible();
+}
+
 void QVHostWatch::endLater()
 {
     // The host may still refuse to close, which shows only once its handler has run.
     QVScheduler::shared().schedule({}, [self = QPointer(this)] {
-        if (self && (!self->m_host || !self->m_host->isVisible()))
+        if (self && !self->hostIsVisible())
             Q_EMIT self->ended();
     });
 }

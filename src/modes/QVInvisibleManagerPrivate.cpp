@@ -12,6 +12,7 @@
 
 #include <QGuiApplication>
 #include <QScreen>
+#include <QWindow>
 
 #include <utility>
 
@@ -67,7 +68,9 @@ void QVInvisibleManagerPrivate::centreAnimationView() const
     if (!m_animationView)
         return;
     const QWidget *const host = m_animationView->parentWidget();
-    const QRect around = host ? host->rect() : QGuiApplication::primaryScreen()->geometry();
+    const QWindow *const foreign = host ? nullptr : QVHostWatch::foreignWindow();
+    const QRect elsewhere = foreign ? foreign->geometry() : QGuiApplication::primaryScreen()->geometry();
+    const QRect around = host ? host->rect() : elsewhere;
     m_animationView->setCenter(around.topLeft() + QPoint(around.width() / 2, around.height() / 2));
 }
 
@@ -141,10 +144,12 @@ void QVInvisibleManagerPrivate::requestOutageAction()
 
 void QVInvisibleManagerPrivate::watchHost()
 {
-    QWidget *const host = QVHostWatch::hostWindow();
-    if (!host)
+    if (QWidget *const host = QVHostWatch::hostWindow())
+        m_hostWatch = std::make_unique<QVHostWatch>(host);
+    else if (QWindow *const foreign = QVHostWatch::foreignWindow())
+        m_hostWatch = std::make_unique<QVHostWatch>(foreign);
+    else
         return;
-    m_hostWatch = std::make_unique<QVHostWatch>(host);
     QObject::connect(m_hostWatch.get(), &QVHostWatch::ended, q, [this] { reset(); });
     QObject::connect(m_hostWatch.get(), &QVHostWatch::resized, q, [this] { centreAnimationView(); });
 }

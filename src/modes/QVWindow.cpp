@@ -15,6 +15,7 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QScreen>
+#include <QWindow>
 
 #include <utility>
 
@@ -39,10 +40,13 @@ QVWindow::QVWindow(QWidget *host)
     setFocusPolicy(Qt::StrongFocus);
     setAccessibleName(qv_localizedStringForKey(QVKey::accessibleDialog));
     setLayoutDirection(Qt::LeftToRight);
-    if (host && m_presentation != QVPopupPresentation::WholeScreen)
-        coverHost(host);
-    else
+    QWindow *const foreign = host ? nullptr : QVHostWatch::foreignWindow();
+    if (m_presentation == QVPopupPresentation::WholeScreen || (!host && !foreign))
         coverScreen(host);
+    else if (host)
+        coverHost(host);
+    if (foreign)
+        coverWindow(foreign);
     if (!host)
         return;
     auto *const watch = new QVHostWatch(host, this);
@@ -178,6 +182,21 @@ void QVWindow::coverHost(QWidget *host)
 {
     QVHostWatch::adopt(host, this);
     setGeometry(host->rect());
+}
+
+void QVWindow::coverWindow(QWindow *host)
+{
+    auto *const watch = new QVHostWatch(host, this);
+    connect(watch, &QVHostWatch::ended, this, &QVWindow::hostEnded);
+    if (m_presentation != QVPopupPresentation::WholeScreen) {
+        setWindowFlags(Qt::Dialog | Qt::FramelessWindowHint);
+        setWindowModality(Qt::WindowModal);
+        setAttribute(Qt::WA_TranslucentBackground);
+        setGeometry(host->geometry());
+        connect(watch, &QVHostWatch::resized, this, [this, host] { setGeometry(host->geometry()); });
+    }
+    create();
+    windowHandle()->setTransientParent(host);
 }
 
 void QVWindow::coverScreen(QWidget *host)

@@ -10,7 +10,8 @@ class QVFocusTrap;
 class QVViewController;
 
 /// The surface that a popup lives on: it covers the host's whole window, or a screen where there is
-/// none, and keeps all input from what lies below.
+/// none, and keeps all input from what lies below. It is a part of the host's window where that is a
+/// widget, else a window of its own.
 class QVWindow final : public QWidget
 {
     Q_OBJECT
@@ -51,6 +52,7 @@ protected:
 
 private:
     void coverHost(QWidget *host);
+    void coverWindow(QWindow *host);
     void coverScreen(QWidget *host);
     void stayOnTop();
     [[nodiscard]] bool isBesideCard(const QMouseEvent &event) const;

@@ -1,0 +1,154 @@
+#include "driver/ExampleDriver.h"
+
+#include <Quarvo/Quarvo.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QMouseEvent>
+#include <QNetworkReply>
+#include <QRegularExpression>
+#include <QWindow>
+
+#include <chrono>
+#include <cstdio>
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr auto patience = 20s;
+constexpr int exitFailed = 1;
+// The unfolding of a popup, in which strokes would land elsewhere.
+constexpr auto unfolding = 400ms;
+constexpr qsizetype strokePoints = 40;
+constexpr int strokeMilliseconds = 1200;
+constexpr double pictureUnits = 400;
+
+ExampleDriver *driver = nullptr;
+QtMessageHandler printer = nullptr;
+
+void hear(QtMsgType type, const QMessageLogContext &context, const QString &message)
+{
+    printer(type, context, message);
+    if (driver)
+        driver->heard(message);
+}
+
+/// As if it came from the platform, through whatever the window does with it.
+void clickInto(QWindow *window)
+{
+    const QPointF middle(window->width() / 2.0, window->height() / 2.0);
+    for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+        const Qt::MouseButtons held = type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton;
+        QMouseEvent event(type, middle, window->mapToGlobal(middle), Qt::LeftButton, held, Qt::NoModifier);
+        QCoreApplication::sendEvent(window, &event);
+    }
+}
+
+/// Runs inside the application object's constructor; what main() goes on to do comes before the timer.
+void attach()
+{
+    QTimer::singleShot(0, [] { driver = new ExampleDriver(qApp); });
+}
+Q_COREAPP_STARTUP_FUNCTION(attach)
+
+} // namespace
+
+ExampleDriver::ExampleDriver(QObject *parent)
+    : QObject(parent)
+    , m_probe(m_log)
+{
+    printer = qInstallMessageHandler(hear);
+    connect(&m_log, &EventLog::added, this, &ExampleDriver::handleEvent);
+    QTimer::singleShot(patience, this, [] { QApplication::exit(exitFailed); });
+    start();
+}
+
+ExampleDriver::~ExampleDriver()
+{
+    driver = nullptr;
+    qInstallMessageHandler(nullptr);
+}
+
+void ExampleDriver::start()
+{
+    if (!m_sandbox.listen()) {
+        QApplication::exit(exitFailed);
+        return;
+    }
+    const QVSandboxAddresses local = m_sandbox.addresses();
+    QVServiceAddresses addresses;
+    addresses.setApiHost(local.apiHost);
+    addresses.setDownloadHost(local.downloadHost);
+    QVSDKManager::setServiceAddresses(addresses);
+    m_solution = std::make_unique<SolutionClient>(QVector<QUrl>{QUrl(local.apiHost)});
+    connect(m_solution.get(), &SolutionClient::curve, this, &ExampleDriver::solve);
+    QTimer::singleShot(unfolding, this, &ExampleDriver::press);
+}
+
+void ExampleDriver::press()
+{
+    const QWidgetList widgets = QApplication::allWidgets();
+    for (QWidget *widget : widgets) {
+        // Parts of a panel are buttons as well.
+        const bool isHosts = widget->inherits("QPushButton") || widget->inherits("QVClickButton");
+        if (isHosts && widget->isVisible() && widget->isEnabled()) {
+            m_input.click(widget);
+            return;
+        }
+    }
+    for (QWindow *window : QGuiApplication::topLevelWindows()) {
+        if (!window->inherits("QWidgetWindow"))
+            clickInto(window);
+    }
+}
+
+void ExampleDriver::handleEvent(const QString &line)
+{
+    if (line.startsWith(QLatin1String("ready")))
+        QTimer::singleShot(unfolding, m_solution.get(), &SolutionClient::ask);
+}
+
+void ExampleDriver::solve(const QVector<QPointF> &curve)
+{
+    QWidget *const panel = m_probe.panel();
+    QWidget *const picture = m_probe.part(QStringLiteral("imageView"));
+    if (!panel || !picture)
+        return;
+    const QPointF origin = picture->mapTo(panel, QPointF());
+    QVector<QPointF> points;
+    for (qsizetype index = 0; index < strokePoints; ++index) {
+        const QPointF point = curve[index * (curve.size() - 1) / (strokePoints - 1)];
+        points.append(origin + point * picture->width() / pictureUnits);
+    }
+    m_input.draw(panel, points, strokeMilliseconds);
+    // A form is sent by its user once its picture is done.
+    QTimer::singleShot(strokeMilliseconds + 2000, this, [this] {
+        if (!m_hasPrinted)
+            press();
+    });
+}
+
+void ExampleDriver::heard(const QString &message)
+{
+    static const QRegularExpression lastQuoted(QStringLiteral("\"([^\"]+)\"\\s*$"));
+    const QRegularExpressionMatch match = lastQuoted.match(message);
+    if (m_hasPrinted || !match.hasMatch())
+        return;
+    m_hasPrinted = true;
+    checkToken(match.captured(1));
+}
+
+void ExampleDriver::checkToken(const QString &token)
+{
+    QNetworkReply *const reply = m_network.get(
+        QNetworkRequest(QUrl(m_sandbox.baseAddress() + QStringLiteral("/sandbox/token?token=") + token)));
+    connect(reply, &QNetworkReply::finished, this, [reply] {
+        const QByteArray answer = reply->readAll();
+        const bool isValid = QJsonDocument::fromJson(answer).object().value(QLatin1String("valid")).toBool();
+        std::printf("%s\n", answer.constData());
+        QApplication::exit(isValid ? 0 : exitFailed);
+    });
+}

@@ -1,0 +1,54 @@
+// The host that scripts/check-package builds against an installed Quarvo: clicks the button, which the
+// service that it is told lets pass, and says what the user would see. Exit code 0 once it has a token.
+#include <Quarvo/Quarvo.h>
+
+#include <QApplication>
+#include <QTimer>
+
+#include <cstdio>
+
+namespace {
+
+// The strip at the button's left edge shows the logo on a plain ground.
+int logoColours(QWidget &button)
+{
+    const QImage strip = button.grab().toImage().copy(0, 0, button.height(), button.height());
+    QList<QRgb> colours;
+    for (int y = 0; y < strip.height(); ++y) {
+        for (int x = 0; x < strip.width(); ++x) {
+            if (!colours.contains(strip.pixel(x, y)))
+                colours.append(strip.pixel(x, y));
+        }
+    }
+    return static_cast<int>(colours.size());
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    QApplication application(argc, argv);
+    const QString service = QApplication::arguments().value(1);
+    QVServiceAddresses addresses;
+    addresses.setApiHost(service);
+    addresses.setDownloadHost(service);
+    QVSDKManager::setServiceAddresses(addresses);
+    QVSDKManager::setPreferredLanguage(QStringLiteral("en"));
+    QVSDKManager::setQuarvoSDKVid(QStringLiteral("test-pass"), QStringLiteral("package"));
+
+    QVClickButton button;
+    button.show();
+    std::printf("version %s\ntext %s\nlogo %s\n", QUARVO_VERSION_STR, qUtf8Printable(button.statusText()),
+                logoColours(button) > 2 ? "yes" : "no");
+    QObject::connect(&button, &QVClickButton::passed, [](const QString &token) {
+        std::printf("token %s\n", qUtf8Printable(token));
+        QApplication::quit();
+    });
+    QObject::connect(&button, &QVClickButton::failed, [](const QVError &error) {
+        std::printf("error %lld\n", static_cast<long long>(error.code()));
+        QApplication::exit(1);
+    });
+    QTimer::singleShot(10000, &application, [] { QApplication::exit(2); });
+    button.click();
+    return QApplication::exec();
+}
