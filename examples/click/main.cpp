@@ -16,6 +16,7 @@ int main(int argc, char *argv[])
     QObject::connect(&verification, &QVClickManager::passed, [](const QString &token) {
         qInfo() << "send this to your server:" << token;
     });
+    window.resize(480, 640);
     window.show();
     return QApplication::exec();
 }

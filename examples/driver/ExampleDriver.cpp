@@ -47,23 +47,25 @@ void clickInto(QWindow *window)
     }
 }
 
-/// Runs inside the application object's constructor; what main() goes on to do comes before the timer.
+/// Runs inside the application object's constructor, so that no window is missed.
 void attach()
 {
-    QTimer::singleShot(0, [] { driver = new ExampleDriver(qApp); });
+    driver = new ExampleDriver;
+    QObject::connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, driver,
+                     [] { delete driver; });
 }
 Q_COREAPP_STARTUP_FUNCTION(attach)
 
 } // namespace
 
-ExampleDriver::ExampleDriver(QObject *parent)
-    : QObject(parent)
-    , m_probe(m_log)
+ExampleDriver::ExampleDriver()
+    : m_probe(m_log)
 {
     printer = qInstallMessageHandler(hear);
     connect(&m_log, &EventLog::added, this, &ExampleDriver::handleEvent);
     QTimer::singleShot(patience, this, [] { QApplication::exit(exitFailed); });
-    start();
+    // Once main() has said all it has to say.
+    QTimer::singleShot(0, this, &ExampleDriver::start);
 }
 
 ExampleDriver::~ExampleDriver()

@@ -16,7 +16,7 @@ class ExampleDriver : public QObject
     Q_OBJECT
 
 public:
-    explicit ExampleDriver(QObject *parent);
+    ExampleDriver();
     ~ExampleDriver() override;
 
     /// What the example prints; called by the message handler.
