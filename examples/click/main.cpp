@@ -13,9 +13,8 @@ int main(int argc, char *argv[])
     QVClickManager verification;
     layout.addWidget(verification.clickButton());
 
-    QObject::connect(&verification, &QVClickManager::passed, [](const QString &token) {
-        qInfo() << "send this to your server:" << token;
-    });
+    QObject::connect(&verification, &QVClickManager::passed,
+                     [](const QString &token) { qInfo() << "send this to your server:" << token; });
     window.resize(480, 640);
     window.show();
     return QApplication::exec();

@@ -11,9 +11,8 @@ int main(int argc, char *argv[])
     QVSDKManager::setQuarvoSDKVid(QStringLiteral("your-id"), QStringLiteral("login"));
 
     QVInvisibleManager verification;
-    QObject::connect(&verification, &QVInvisibleManager::passed, [](const QString &token) {
-        qInfo() << "send this to your server:" << token;
-    });
+    QObject::connect(&verification, &QVInvisibleManager::passed,
+                     [](const QString &token) { qInfo() << "send this to your server:" << token; });
     QQmlApplicationEngine engine;
     engine.rootContext()->setContextProperty(QStringLiteral("verification"), &verification);
     QObject::connect(&verification, &QVInvisibleManager::failed, &engine, [&engine](const QVError &error) {

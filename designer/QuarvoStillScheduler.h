@@ -1,0 +1,17 @@
+#pragma once
+
+#include "platform/QVScheduler.h"
+
+/// Time that stands still: what starts by itself after a while, and what moves, does not.
+class QuarvoStillScheduler final : public QVScheduler
+{
+public:
+    [[nodiscard]] std::chrono::nanoseconds now() const override { return {}; }
+    [[nodiscard]] double secondsSince1970() const override { return 0; }
+    TaskId schedule(std::chrono::nanoseconds delay, Action action) override;
+    void cancel(TaskId) override {}
+    [[nodiscard]] qsizetype pendingCount() const override { return 0; }
+
+private:
+    TaskId m_last = 0;
+};
