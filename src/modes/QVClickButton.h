@@ -26,14 +26,17 @@ class QUARVO_EXPORT QVClickButton : public QAbstractButton
     Q_PROPERTY(QVClickStatus clickStatus READ clickStatus NOTIFY clickStatusChanged)
 
 public:
+    /// Ready to be clicked.
     explicit QVClickButton(QWidget *parent = nullptr);
     /// Closes an open popup. A token that is about to be reported still reaches a living delegate.
     ~QVClickButton() override;
 
+    /// Who hears what becomes of it; null where nobody does.
     [[nodiscard]] QVClickButtonDelegate *delegate() const;
     /// The delegate stays the host's own and is held weakly.
     void setDelegate(QVClickButtonDelegate *delegate);
 
+    /// How far the verification has come.
     [[nodiscard]] QVClickStatus clickStatus() const;
     /// What the button says: the state, or the message of the last failure.
     [[nodiscard]] QString statusText() const;
@@ -57,6 +60,7 @@ Q_SIGNALS:
     void popupOpened();
     /// The service is down or the host said so, and the outage service asks the user instead.
     void outageStarted();
+    /// The verification has come to \a status.
     void clickStatusChanged(QVClickStatus status);
 
 protected:

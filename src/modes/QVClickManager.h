@@ -21,9 +21,11 @@ class QUARVO_EXPORT QVClickManager : public QObject, public QVClickButtonDelegat
     Q_OBJECT
 
 public:
+    /// Makes no button yet.
     explicit QVClickManager(QObject *parent = nullptr);
     ~QVClickManager() override;
 
+    /// Who hears what becomes of it; null where nobody does.
     [[nodiscard]] QVClickManagerDelegate *delegate() const;
     /// The delegate stays the host's own and is held weakly.
     void setDelegate(QVClickManagerDelegate *delegate);

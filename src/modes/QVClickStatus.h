@@ -1,13 +1,22 @@
 #pragma once
 
+/// \file
+/// The states of a click button.
+
 #include <QtGlobal>
 
 /// How far a click verification has come.
 enum QVClickStatus : qint64 {
+    /// Ready to be clicked.
     QVClickStatusNormal = 0,
+    /// Pressed.
     QVClickStatusTouching = 1,
+    /// The service is being asked; also while a popup with its picture already chosen is open.
     QVClickStatusVerifying = 2,
+    /// The user draws, in a popup whose picture was asked for afterwards.
     QVClickStatusDrawing = 3,
+    /// The user has passed.
     QVClickStatusPassed = 4,
+    /// The service could not be asked, or refused.
     QVClickStatusFailed = 5,
 };

@@ -20,11 +20,13 @@ class QUARVO_EXPORT QVEmbedManager : public QObject
     Q_OBJECT
 
 public:
+    /// Makes no view yet.
     explicit QVEmbedManager(QObject *parent = nullptr);
     /// Destroys the view if the host has not given it a parent; otherwise the view stays, but nothing
     /// is reported any more.
     ~QVEmbedManager() override;
 
+    /// Who hears what becomes of it; null where nobody does.
     [[nodiscard]] QVEmbedManagerDelegate *delegate() const;
     /// The delegate stays the host's own and is held weakly.
     void setDelegate(QVEmbedManagerDelegate *delegate);

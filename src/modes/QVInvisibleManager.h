@@ -22,16 +22,19 @@ class QUARVO_EXPORT QVInvisibleManager : public QObject
     Q_PROPERTY(bool animation READ animation WRITE setAnimation)
 
 public:
+    /// Asks nothing until startInsivible().
     explicit QVInvisibleManager(QObject *parent = nullptr);
     /// Closes an open popup. A token that is about to be reported still reaches a living delegate.
     ~QVInvisibleManager() override;
 
+    /// Who hears what becomes of it; null where nobody does.
     [[nodiscard]] QVInvisibleDelegate *delegate() const;
     /// The delegate stays the host's own and is held weakly.
     void setDelegate(QVInvisibleDelegate *delegate);
 
     /// Whether the badge is shown; true at first. Set it before a start.
     [[nodiscard]] bool animation() const;
+    /// Shows the badge or leaves it out, from the next start on.
     void setAnimation(bool animation);
 
 public Q_SLOTS:

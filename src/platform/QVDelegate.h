@@ -16,8 +16,11 @@ public:
     virtual ~QVDelegate();
 
 protected:
+    /// Begins a life of its own, of which weak holders see the end.
     QVDelegate();
+    /// A copy has a life of its own, too.
     QVDelegate(const QVDelegate &other);
+    /// Who holds this one goes on holding it.
     QVDelegate &operator=(const QVDelegate &other);
 
 private:
@@ -32,9 +35,11 @@ template<class Delegate>
 class QVWeakDelegate
 {
 public:
+    /// Holds none.
     QVWeakDelegate() = default;
 
-    // Implicit, so that a field of this type is assigned like the plain pointer it stands for.
+    /// Holds \a delegate, which may be null. Implicit, so that a field of this type is assigned like the
+    /// plain pointer it stands for.
     // NOLINTNEXTLINE(google-explicit-constructor)
     QVWeakDelegate(Delegate *delegate)
         : m_delegate(delegate)
@@ -44,7 +49,9 @@ public:
             m_life = static_cast<const QVDelegate *>(delegate)->m_life;
     }
 
+    /// The delegate, null once it was destroyed.
     [[nodiscard]] Delegate *get() const { return m_life.expired() ? nullptr : m_delegate; }
+    /// Whether get() gives one.
     [[nodiscard]] explicit operator bool() const { return get() != nullptr; }
 
 private:

@@ -15,13 +15,19 @@
 class QUARVO_EXPORT QVError
 {
 public:
+    /// No message, code 0.
     QVError() = default;
+    /// An error as it is to be shown.
     explicit QVError(QString domain, qint64 code = 0, QVariantMap userInfo = {});
 
+    /// The message for the user.
     [[nodiscard]] QString domain() const { return m_domain; }
+    /// What went wrong, for the host.
     [[nodiscard]] qint64 code() const { return m_code; }
+    /// What else is known.
     [[nodiscard]] QVariantMap userInfo() const { return m_userInfo; }
 
+    /// Compares all three.
     friend bool operator==(const QVError &, const QVError &) = default;
 
 private:

@@ -1,5 +1,8 @@
 #pragma once
 
+/// \file
+/// The mark of what hosts can use.
+
 #include <QtCore/qglobal.h>
 
 /// Marks what a host may link against; everything else in the library is hidden.

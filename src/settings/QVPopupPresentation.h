@@ -1,5 +1,8 @@
 #pragma once
 
+/// \file
+/// The choices for QVSDKManager::setPopupPresentation().
+
 /// How much room the popup takes.
 enum class QVPopupPresentation {
     /// A card in the middle of the host's window, the rest dimmed; a window up to 480 wide is covered

@@ -15,32 +15,40 @@ class QUARVO_EXPORT QVServiceAddresses
 {
 public:
     QVServiceAddresses();
+    /// Shares the addresses until one of the two is changed.
     QVServiceAddresses(const QVServiceAddresses &other);
+    /// Takes over the addresses of \a other.
     QVServiceAddresses &operator=(const QVServiceAddresses &other);
     ~QVServiceAddresses();
 
     /// Host that answers configuration requests and names the host for all further ones.
     [[nodiscard]] QString apiHost() const;
+    /// Changes apiHost().
     void setApiHost(const QString &host);
 
     /// Host of the file that switches to outage mode.
     [[nodiscard]] QString downloadHost() const;
+    /// Changes downloadHost().
     void setDownloadHost(const QString &host);
 
     /// Host of the pictures shown in outage mode.
     [[nodiscard]] QString imageHost() const;
+    /// Changes imageHost().
     void setImageHost(const QString &host);
 
     /// Base address of pictures, used where the service names none.
     [[nodiscard]] QString cdn() const;
+    /// Changes cdn().
     void setCdn(const QString &address);
 
     /// Page that the help button opens.
     [[nodiscard]] QString helpPage() const;
+    /// Changes helpPage().
     void setHelpPage(const QString &address);
 
     /// Page that the help button opens in outage mode.
     [[nodiscard]] QString outageHelpPage() const;
+    /// Changes outageHelpPage().
     void setOutageHelpPage(const QString &address);
 
     /// Compares all six addresses.
