@@ -5,15 +5,23 @@
 #include <Quarvo/QVClickButton.h>
 #include <Quarvo/QVEmbedPanel.h>
 
+namespace {
+
+template<class Widget>
+QWidget *make(QWidget *parent)
+{
+    return new Widget(parent);
+}
+
+} // namespace
+
 QuarvoDesignerPlugin::QuarvoDesignerPlugin(QObject *parent)
     : QObject(parent)
     , m_widgets{
-          new QuarvoDesignerWidget(
-              QStringLiteral("QVClickButton"), QStringLiteral("clickButton"), {300, 44},
-              [](QWidget *parent) { return new QVClickButton(parent); }, this),
-          new QuarvoDesignerWidget(
-              QStringLiteral("QVEmbedPanel"), QStringLiteral("embedPanel"), {400, 270},
-              [](QWidget *parent) { return new QVEmbedPanel(parent); }, this),
+          new QuarvoDesignerWidget(QStringLiteral("QVClickButton"), QStringLiteral("clickButton"), {300, 44},
+                                   make<QVClickButton>, this),
+          new QuarvoDesignerWidget(QStringLiteral("QVEmbedPanel"), QStringLiteral("embedPanel"), {400, 270},
+                                   make<QVEmbedPanel>, this),
       }
 {
 }
