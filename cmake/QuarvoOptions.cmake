@@ -3,6 +3,7 @@ option(QUARVO_BUILD_SANDBOX "Build the local captcha service" ${PROJECT_IS_TOP_L
 option(QUARVO_BUILD_EXAMPLES "Build the demo host" ${PROJECT_IS_TOP_LEVEL})
 option(QUARVO_BUILD_TESTS "Build the tests" ${PROJECT_IS_TOP_LEVEL})
 option(QUARVO_BUILD_FUZZERS "Build the fuzz targets, which needs Clang" OFF)
+option(QUARVO_BUILD_BENCH "Offer the benchmark: target quarvo-benches" OFF)
 option(QUARVO_WARNINGS_AS_ERRORS "Stop at the first warning" OFF)
 option(QUARVO_PRECOMPILE "Precompile Qt's headers" ON)
 option(QUARVO_WITH_LIBSECRET "Keep the device identifier in the desktop's Secret Service" ON)

@@ -1,0 +1,119 @@
+#include "BenchHosts.h"
+
+#include "BenchClock.h"
+#include "BenchReport.h"
+
+namespace {
+
+constexpr double nanosecondsPerMillisecond = 1e6;
+constexpr double startDelay = 100;
+constexpr double tokenDelay = 500;
+
+QJsonObject runHost(const BenchSetting &setting, const char *program, const char *mode, bool withKeys = false)
+{
+    return BenchChild(setting.folder + u'/' + QLatin1String(program),
+                      {QLatin1String(mode), setting.addresses}, withKeys ? setting.withKeys : setting.plain)
+        .result();
+}
+
+double milliseconds(const QJsonObject &result, const char *name)
+{
+    return result.value(QLatin1String(name)).toDouble() / nanosecondsPerMillisecond;
+}
+
+BenchPair panelTime(const BenchSetting &setting, bool withKeys)
+{
+    return benchInTurn(
+        setting.rounds(21, 2),
+        [&] {
+            return milliseconds(runHost(setting, "quarvo-bench-host", "panel", withKeys), "painted") -
+                   startDelay;
+        },
+        [&] { return milliseconds(runHost(setting, "quarvo-bench-bare", "panel"), "painted"); });
+}
+
+void addPanelTimes(const BenchSetting &setting, BenchReport &report)
+{
+    const BenchPair plain = panelTime(setting, false);
+    report.add({QStringLiteral("panel, from main to its picture, without key chain"), QStringLiteral("ms"),
+                plain.ours, plain.limit, BenchRow::Target::Times, 1.25});
+    const BenchPair withKeys = panelTime(setting, true);
+    report.add({QStringLiteral("panel, the same with key chain"), QStringLiteral("ms"), withKeys.ours,
+                withKeys.limit, BenchRow::Target::Times, 1.25});
+    report.add({QStringLiteral("panel's delay before it starts, not in the above"), QStringLiteral("ms"),
+                startDelay});
+}
+
+void addClicks(const BenchSetting &setting, BenchReport &report)
+{
+    std::vector<double> oursFirst;
+    std::vector<double> oursAgain;
+    std::vector<double> limitFirst;
+    std::vector<double> limitAgain;
+    for (int round = setting.rounds(15, 2); round > 0; --round) {
+        const QJsonObject ours = runHost(setting, "quarvo-bench-host", "click");
+        oursFirst.push_back(milliseconds(ours, "first") - tokenDelay);
+        oursAgain.push_back(milliseconds(ours, "again") - tokenDelay);
+        const QJsonObject bare = runHost(setting, "quarvo-bench-bare", "click");
+        limitFirst.push_back(milliseconds(bare, "first"));
+        limitAgain.push_back(milliseconds(bare, "again"));
+    }
+    report.add({QStringLiteral("click, first of a process, tap to token"), QStringLiteral("ms"),
+                benchMedian(oursFirst), benchMedian(limitFirst), BenchRow::Target::Times, 1.2});
+    report.add({QStringLiteral("click, any later one"), QStringLiteral("ms"), benchMedian(oursAgain),
+                benchMedian(limitAgain), BenchRow::Target::Times, 1.2});
+    report.add({QStringLiteral("click's delay before the token, not in the above"), QStringLiteral("ms"),
+                tokenDelay});
+}
+
+void addMemory(const BenchSetting &setting, BenchReport &report)
+{
+    constexpr double bytesPerMib = 1024 * 1024;
+    constexpr double bytesPerPixel = 4;
+    constexpr double panelPixels = 400 * 270;
+    double picturePixels = 0;
+    std::vector<double> bareAdded;
+    const auto pss = [](const QJsonObject &result) {
+        return result.value(QStringLiteral("pss")).toDouble();
+    };
+    const BenchPair inUse = benchInTurn(
+        setting.rounds(5, 1), [&] { return pss(runHost(setting, "quarvo-bench-host", "panel", true)); },
+        [&] {
+            const double button = pss(runHost(setting, "quarvo-bench-bare", "button"));
+            const QJsonObject bare = runHost(setting, "quarvo-bench-bare", "panel");
+            picturePixels = bare.value(QStringLiteral("width")).toDouble() *
+                            bare.value(QStringLiteral("height")).toDouble();
+            bareAdded.push_back(pss(bare) - button);
+            return button;
+        });
+    const double limit = (picturePixels + panelPixels) * bytesPerPixel / bytesPerMib;
+    report.add({QStringLiteral("memory that the panel adds to a host with one button"), QStringLiteral("MiB"),
+                inUse.ours - inUse.limit, limit, BenchRow::Target::Over, 6});
+    report.add({QStringLiteral("memory, beside a bare host that made the same requests"),
+                QStringLiteral("MiB"), inUse.ours - inUse.limit, benchMedian(bareAdded)});
+    report.add({QStringLiteral("memory of the host with one button"), QStringLiteral("MiB"), inUse.limit});
+}
+
+void addLoading(const BenchSetting &setting, BenchReport &report)
+{
+    const auto load = [&](const char *library) {
+        const QString program =
+            setting.folder + QStringLiteral("/quarvo-bench-load-") + QLatin1String(library);
+        BenchChild child(program, {QString::number(benchNow(), 'f', 0)}, setting.plain);
+        return milliseconds(child.result(), "load");
+    };
+    const BenchPair time = benchInTurn(
+        setting.rounds(41, 3), [&] { return load("Quarvo"); }, [&] { return load("bench_empty"); });
+    report.add({QStringLiteral("starting a host linked with the library"), QStringLiteral("ms"), time.ours,
+                time.limit, BenchRow::Target::Over, 3});
+}
+
+} // namespace
+
+void benchHosts(const BenchSetting &setting, BenchReport &report)
+{
+    addPanelTimes(setting, report);
+    addClicks(setting, report);
+    addMemory(setting, report);
+    addLoading(setting, report);
+}

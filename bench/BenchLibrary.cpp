@@ -1,0 +1,34 @@
+#include "BenchLibrary.h"
+
+#include "BenchFailure.h"
+#include "BenchReport.h"
+
+#include <QFileInfo>
+#include <QTemporaryDir>
+
+namespace {
+
+constexpr double bytesPerKib = 1024;
+
+double strippedSize(const QString &library)
+{
+    const QTemporaryDir folder;
+    const QString stripped = folder.filePath(QStringLiteral("library"));
+    if (QProcess::execute(QStringLiteral("strip"), {QStringLiteral("-o"), stripped, library}) != 0)
+        throw BenchFailure(QStringLiteral("cannot strip ") + library);
+    return double(QFileInfo(stripped).size()) / bytesPerKib;
+}
+
+} // namespace
+
+void benchLibrary(const BenchSetting &setting, BenchReport &report)
+{
+    BenchChild parts(setting.folder + QStringLiteral("/quarvo-bench-parts"), {QStringLiteral("artwork")},
+                     setting.plain);
+    const double artwork = parts.result().value(QStringLiteral("artwork")).toDouble() / bytesPerKib;
+    const double whole = strippedSize(setting.folder + QStringLiteral("/../src/libQuarvo.so"));
+    const double empty = strippedSize(setting.folder + QStringLiteral("/libbench_empty.so"));
+    report.add({QStringLiteral("library, stripped, without artwork"), QStringLiteral("KiB"), whole - artwork,
+                empty, BenchRow::Target::AtMost, 600});
+    report.add({QStringLiteral("artwork in the library"), QStringLiteral("KiB"), artwork});
+}

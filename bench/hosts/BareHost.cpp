@@ -1,0 +1,165 @@
+#include "BenchClock.h"
+#include "hosts/HostWindow.h"
+
+#include <QApplication>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QNetworkAccessManager>
+#include <QNetworkReply>
+#include <QPainter>
+#include <QTimer>
+
+#include <memory>
+
+namespace {
+
+/// A picture and nothing else.
+class PictureWidget : public QWidget
+{
+public:
+    void setPicture(const QImage &picture)
+    {
+        m_picture = picture;
+        update();
+    }
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        if (!m_picture.isNull())
+            QPainter(this).drawImage(rect(), m_picture);
+    }
+
+private:
+    QImage m_picture;
+};
+
+/// The component's requests without the component.
+class Requests
+{
+public:
+    using Answered = std::function<void(const QByteArray &)>;
+
+    explicit Requests(const QString &vid)
+        : m_addresses(hostAddresses())
+        , m_vid(vid)
+    {
+    }
+
+    void get(const QString &address, const Answered &answered)
+    {
+        if (!m_network)
+            m_network = std::make_unique<QNetworkAccessManager>();
+        QNetworkReply *reply = m_network->get(QNetworkRequest(QUrl(address)));
+        QObject::connect(reply, &QNetworkReply::finished, reply, [reply, answered] {
+            reply->deleteLater();
+            answered(reply->readAll());
+        });
+    }
+
+    void getJson(const QString &address, const std::function<void(const QJsonObject &)> &answered)
+    {
+        get(address,
+            [answered](const QByteArray &body) { answered(QJsonDocument::fromJson(body).object()); });
+    }
+
+    /// The switch, the configuration, then \a last, which is answered.
+    void askThree(const QString &type, const QString &last,
+                  const std::function<void(const QJsonObject &config, const QJsonObject &answer)> &answered)
+    {
+        getJson(address("downloadHost") + QStringLiteral("/config"), [=, this](const QJsonObject &) {
+            const QString query = QStringLiteral("/app/config/v1?id=%1&scene=bench&type=%2&deviceid=bare");
+            getJson(address("apiHost") + query.arg(m_vid, type), [=, this](const QJsonObject &config) {
+                const QString lastQuery =
+                    QStringLiteral("?id=%1&challenge=%2&deviceid=bare")
+                        .arg(m_vid, config.value(QStringLiteral("challenge")).toString());
+                getJson(config.value(QStringLiteral("api_server")).toString() + last + lastQuery,
+                        [=](const QJsonObject &answer) { answered(config, answer); });
+            });
+        });
+    }
+
+private:
+    [[nodiscard]] QString address(const char *name) const
+    {
+        return m_addresses.value(QLatin1String(name)).toString();
+    }
+
+    QJsonObject m_addresses;
+    QString m_vid;
+    std::unique_ptr<QNetworkAccessManager> m_network;
+};
+
+int runButton()
+{
+    HostWindow window;
+    window.show();
+    finishHostLater({});
+    return QApplication::exec();
+}
+
+int runPanel(double start)
+{
+    HostWindow window;
+    PictureWidget picture;
+    Requests requests(QStringLiteral("test-draw"));
+    window.place(&picture);
+    window.show();
+    requests.askThree(QStringLiteral("embed"), QStringLiteral("/get/v1"),
+                      [&](const QJsonObject &config, const QJsonObject &answer) {
+                          const QString server =
+                              config.value(QStringLiteral("cdn_servers")).toArray().at(0).toString();
+                          const QString address =
+                              server + u'/' + answer.value(QStringLiteral("img")).toString();
+                          requests.get(address, [&](const QByteArray &body) {
+                              const QImage image = QImage::fromData(body);
+                              if (image.isNull())
+                                  return QCoreApplication::exit(1);
+                              picture.setPicture(image);
+                              window.afterPaint([&window, image, start] {
+                                  finishHostLater({{QStringLiteral("painted"), benchNow() - start},
+                                                   {QStringLiteral("width"), image.width()},
+                                                   {QStringLiteral("height"), image.height()}});
+                              });
+                          });
+                      });
+    return QApplication::exec();
+}
+
+int runClick()
+{
+    constexpr int pause = 300;
+    HostWindow window;
+    Requests requests(QStringLiteral("test-pass"));
+    window.show();
+    QJsonObject result;
+    const auto ask = [&](const QString &name, const std::function<void()> &then) {
+        requests.askThree(
+            QStringLiteral("popup"), QStringLiteral("/click/v1"),
+            [&result, name, then, start = benchNow()](const QJsonObject &, const QJsonObject &answer) {
+                if (answer.value(QStringLiteral("token")).toString().isEmpty())
+                    return QCoreApplication::exit(1);
+                result.insert(name, benchNow() - start);
+                then();
+            });
+    };
+    QTimer::singleShot(pause, &window, [&] {
+        ask(QStringLiteral("first"), [&] {
+            QTimer::singleShot(pause, &window,
+                               [&] { ask(QStringLiteral("again"), [&] { finishHost(result); }); });
+        });
+    });
+    return QApplication::exec();
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    const double start = benchNow();
+    QApplication application(argc, argv);
+    const QString mode = QApplication::arguments().value(1);
+    if (mode == QLatin1String("button"))
+        return runButton();
+    return mode == QLatin1String("click") ? runClick() : runPanel(start);
+}

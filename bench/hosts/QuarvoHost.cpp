@@ -1,0 +1,87 @@
+#include "BenchClock.h"
+#include "hosts/HostWindow.h"
+
+#include <Quarvo/Quarvo.h>
+
+#include <QApplication>
+#include <QMouseEvent>
+#include <QTimer>
+
+namespace {
+
+constexpr int clicks = 2;
+
+void configure(const QString &vid)
+{
+    const QJsonObject given = hostAddresses();
+    QVServiceAddresses addresses;
+    addresses.setApiHost(given.value(QStringLiteral("apiHost")).toString());
+    addresses.setDownloadHost(given.value(QStringLiteral("downloadHost")).toString());
+    addresses.setImageHost(given.value(QStringLiteral("imageHost")).toString());
+    addresses.setCdn(given.value(QStringLiteral("cdn")).toString());
+    QVSDKManager::setServiceAddresses(addresses);
+    QVSDKManager::setQuarvoSDKVid(vid, QStringLiteral("bench"));
+}
+
+int runPanel(double start)
+{
+    HostWindow window;
+    QVEmbedManager manager;
+    configure(QStringLiteral("test-draw"));
+    QJsonObject result;
+    QObject::connect(&manager, &QVEmbedManager::ready, &window, [&] {
+        window.afterPaint([&] {
+            result.insert(QStringLiteral("painted"), benchNow() - start);
+            finishHostLater(result);
+        });
+    });
+    QObject::connect(&manager, &QVEmbedManager::failed, &window, [] { QCoreApplication::exit(1); });
+    window.place(manager.embedView());
+    window.show();
+    return QApplication::exec();
+}
+
+void sendMouse(QWidget &widget, QEvent::Type type)
+{
+    const QPointF middle = QRectF(widget.rect()).center();
+    QMouseEvent event(type, middle, widget.mapToGlobal(middle), Qt::LeftButton,
+                      type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&widget, &event);
+}
+
+int runClick()
+{
+    constexpr int pause = 300;
+    HostWindow window;
+    QVClickManager manager;
+    configure(QStringLiteral("test-pass"));
+    window.place(manager.clickButton());
+    QJsonObject result;
+    double tap = 0;
+    int count = 0;
+    const auto press = [&] {
+        sendMouse(*manager.clickButton(), QEvent::MouseButtonPress);
+        tap = benchNow();
+        sendMouse(*manager.clickButton(), QEvent::MouseButtonRelease);
+    };
+    QObject::connect(&manager, &QVClickManager::passed, &window, [&] {
+        result.insert(count == 0 ? QStringLiteral("first") : QStringLiteral("again"), benchNow() - tap);
+        if (++count == clicks)
+            return finishHost(result);
+        manager.reset();
+        QTimer::singleShot(pause, &window, press);
+    });
+    QObject::connect(&manager, &QVClickManager::failed, &window, [] { QCoreApplication::exit(1); });
+    window.show();
+    QTimer::singleShot(pause, &window, press);
+    return QApplication::exec();
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    const double start = benchNow();
+    QApplication application(argc, argv);
+    return QApplication::arguments().value(1) == QLatin1String("click") ? runClick() : runPanel(start);
+}
