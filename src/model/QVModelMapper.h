@@ -1,11 +1,13 @@
 #pragma once
 
+#include <QLatin1String>
 #include <QMetaProperty>
-#include <QString>
 
+#include <optional>
 #include <vector>
 
 class QJsonObject;
+class QJsonValue;
 
 /// Fills a record from a JSON object: each property of the record's gadget type takes the member of
 /// exactly the same name, through its setter, in the order of declaration with bases first.
@@ -28,8 +30,12 @@ public:
 private:
     struct Field
     {
-        QString name;
+        QLatin1String name;
         QMetaProperty property;
+
+        void write(void *record, const QJsonValue &value) const;
+        template<class Value>
+        void set(void *record, std::optional<Value> value) const;
     };
 
     void apply(const QJsonObject &object, void *record) const;
