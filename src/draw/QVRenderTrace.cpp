@@ -102,10 +102,10 @@ QString QVRenderTrace::getRenderOutage_v(const QRectF &imageFrame) const
 {
     if (m_screeningRenderPoints.empty())
         return {};
-    QString v;
-    for (const QPointF corner : qv_traceCorners(m_screeningRenderPoints)) {
-        const QPointF inPicture = corner - imageFrame.topLeft();
-        v += converTo16WithSize(imageFrame.size(), inPicture.x(), inPicture.y());
-    }
+    const auto corners = qv_traceCorners(m_screeningRenderPoints);
+    QString v(static_cast<qsizetype>(corners.size()), Qt::Uninitialized);
+    std::ranges::transform(corners, v.data(), [&imageFrame](QPointF corner) {
+        return qv_cellDigit(imageFrame.size(), corner - imageFrame.topLeft());
+    });
     return v;
 }

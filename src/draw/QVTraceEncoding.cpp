@@ -18,6 +18,12 @@ qint64 clampedCell(qint64 index)
     return index >= 0 && index < last ? index : last;
 }
 
+QChar cellDigit(qint64 x, qint64 y)
+{
+    constexpr std::u16string_view digits = u"0123456789abcdef";
+    return digits[static_cast<std::size_t>(4 * clampedCell(y) + clampedCell(x))];
+}
+
 } // namespace
 
 // The weights are the service's: the third digit counts multiples of 8000, and the digit of weight
@@ -41,15 +47,19 @@ QString convertTo20(quint64 number)
 
 QString convertTo16X(qint64 x, qint64 y)
 {
-    constexpr std::u16string_view digits = u"0123456789abcdef";
-    return QString(QChar(digits[static_cast<std::size_t>(4 * clampedCell(y) + clampedCell(x))]));
+    return QString(cellDigit(x, y));
 }
 
 QString converTo16WithSize(QSizeF size, double x, double y)
 {
-    const double column = std::floor(x / (size.width() / cellsPerSide));
-    const double row = std::floor(y / (size.height() / cellsPerSide));
-    return convertTo16X(qv_truncated(column), qv_truncated(row));
+    return QString(qv_cellDigit(size, QPointF(x, y)));
+}
+
+QChar qv_cellDigit(QSizeF size, QPointF point)
+{
+    const double column = std::floor(point.x() / (size.width() / cellsPerSide));
+    const double row = std::floor(point.y() / (size.height() / cellsPerSide));
+    return cellDigit(qv_truncated(column), qv_truncated(row));
 }
 
 double areaFromPointA(QPointF pointA, QPointF pointB, QPointF pointC)

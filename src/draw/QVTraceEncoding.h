@@ -21,6 +21,8 @@ void qv_writeTo20(quint64 number, QChar *target);
 [[nodiscard]] QString convertTo16X(qint64 x, qint64 y);
 /// The cell in which (\a x, \a y) lies when \a size is divided into 4 by 4 cells.
 [[nodiscard]] QString converTo16WithSize(QSizeF size, double x, double y);
+/// The same digit for whoever puts several together.
+[[nodiscard]] QChar qv_cellDigit(QSizeF size, QPointF point);
 
 [[nodiscard]] double areaFromPointA(QPointF pointA, QPointF pointB, QPointF pointC);
 
