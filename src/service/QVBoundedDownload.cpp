@@ -11,6 +11,7 @@
 namespace {
 
 constexpr int maximumRedirects = 5;
+constexpr qint64 readAtOnce = 1 << 14;
 
 std::optional<qint64> faultOf(const QUrl &address)
 {
@@ -66,11 +67,20 @@ void QVBoundedDownload::send(QNetworkAccessManager &network, QNetworkRequest req
     m_reply = network.get(request);
     // A busy event loop must not let the answer pile up unread.
     m_reply->setReadBufferSize(m_limits.bytes + 1);
-    connect(m_reply, &QNetworkReply::readyRead, this, &QVBoundedDownload::read);
+    connect(m_reply, &QNetworkReply::readyRead, this, &QVBoundedDownload::readIfLarge);
     connect(m_reply, &QNetworkReply::finished, this, &QVBoundedDownload::finish);
     // Another's way to the network may go at any time.
     connect(&network, &QObject::destroyed, this, [this] { failLater(QVNetworkError::connectionLost); });
     m_deadline.start(m_limits.deadline, [this] { failLater(QVNetworkError::timedOut); });
+}
+
+void QVBoundedDownload::readIfLarge()
+{
+    // A usual answer is read once, at the end: each read wakes Qt's network thread to tell it of the room
+    // made.
+    const qint64 unread = m_reply->bytesAvailable();
+    if (unread >= readAtOnce || m_result.body.size() + unread > m_limits.bytes)
+        read();
 }
 
 void QVBoundedDownload::read()

@@ -47,6 +47,7 @@ private:
     QVBoundedDownload(QNetworkAccessManager &own, Limits limits, Completion completion);
 
     void send(QNetworkAccessManager &network, QNetworkRequest request);
+    void readIfLarge();
     void read();
     void finish();
     void failLater(qint64 code);
