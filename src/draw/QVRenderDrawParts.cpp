@@ -217,7 +217,9 @@ void QVRenderDrawParts::setCharInputBusy(bool busy)
 
 void QVRenderDrawParts::setOutage(bool outage)
 {
-    outageLabel().setVisible(outage);
+    // Not made before it is needed: its slanted font alone is a file to load.
+    if (outage || m_outageLabel)
+        outageLabel().setVisible(outage);
 }
 
 void QVRenderDrawParts::spinRefreshButton()
