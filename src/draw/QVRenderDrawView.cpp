@@ -157,6 +157,7 @@ void QVRenderDrawView::didMoveToSuperview()
 {
     if (verifyStyle() != QVVerifyStyleEmbed)
         return;
+    QVConfigurationManager::prepareDeviceId();
     QVScheduler::shared().schedule(embedStartDelay, [view = QPointer(this)] {
         if (view && view->parentWidget())
             view->requestQuarvoConfigAction();

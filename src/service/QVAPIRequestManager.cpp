@@ -172,6 +172,8 @@ QVAPIRequestManager::requestOutageVerifyWithChallenge(const QString &challenge, 
 QVAPIRequestManager::Task
 QVAPIRequestManager::requestOutageComplted(QVCompletion<QVDownTimeResponseModel> completed)
 {
+    // The switch needs no identifier, but whatever is asked next does.
+    QVConfigurationManager::prepareDeviceId();
     const QString host = QVConfigurationManager::sharedManager().serviceAddresses().downloadHost();
     return startPlain(host + QLatin1String("/config"), switchDeadline,
                       [completed = std::move(completed)](const QVJsonAnswer &answer) {

@@ -5,6 +5,7 @@
 #include "settings/QVBundleImage.h"
 #include "settings/QVDeviceIdentifier.h"
 #include "settings/QVLanguage.h"
+#include "settings/QVSecureStore.h"
 
 #include <QNetworkAccessManager>
 
@@ -31,4 +32,9 @@ void QVConfigurationManager::setPreferredLanguage(const QString &language)
 QString QVConfigurationManager::deviceId() const
 {
     return QVDeviceIdentifier::getDeviceId();
+}
+
+void QVConfigurationManager::prepareDeviceId()
+{
+    QVSecureStore::shared().prepare();
 }

@@ -65,6 +65,8 @@ public:
 
     /// The device identifier, looked up in the secure store at each call.
     [[nodiscard]] QString deviceId() const;
+    /// Says that the device identifier will be asked for shortly.
+    static void prepareDeviceId();
 
 private:
     QVConfigurationManager();

@@ -56,6 +56,14 @@ QVSecretCalls::QVSecretCalls(QVGlibLoop &loop, SecretService *service)
 {
 }
 
+QVSecureStatus QVSecretCalls::openSession()
+{
+    return call([&](auto... wait) { secret_service_ensure_session(m_service, wait...); },
+                [&](GAsyncResult *result, GError **error) {
+                    secret_service_ensure_session_finish(m_service, result, error);
+                });
+}
+
 QVSecureStatus QVSecretCalls::search(const QVSecureQuery &query, Paths &paths)
 {
     char **unlocked = nullptr;

@@ -15,6 +15,8 @@ public:
 
     QVSecretCalls(QVGlibLoop &loop, SecretService *service);
 
+    /// Agrees on a key for what is read later, which otherwise the first reading does.
+    [[nodiscard]] QVSecureStatus openSession();
     /// Finds the items that can be read. Not allowed where all that match are locked.
     [[nodiscard]] QVSecureStatus search(const QVSecureQuery &query, Paths &paths);
     [[nodiscard]] QVSecureStatus readData(const std::string &path, QByteArray &data);

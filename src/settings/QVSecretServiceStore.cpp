@@ -3,6 +3,8 @@
 #include "platform/QVScheduler.h"
 #include "settings/QVSecretCalls.h"
 
+#include <utility>
+
 namespace {
 
 constexpr std::chrono::seconds pauseAfterHang(30);
@@ -79,9 +81,25 @@ QVSecureStatus QVSecretServiceStore::deleteMatching(const QVSecureQuery &query)
     });
 }
 
+void QVSecretServiceStore::prepare()
+{
+    if (m_preparation.joinable())
+        return;
+    m_preparation = std::jthread([this] {
+        const std::scoped_lock lock(m_mutex);
+        if (m_connection)
+            return;
+        QVGlibLoop loop(m_context.get(), m_limit);
+        (void)attempt(loop, [](QVSecretCalls &calls) { return calls.openSession(); });
+        m_hungInPreparation = loop.isOutOfTime();
+    });
+}
+
 QVSecureStatus QVSecretServiceStore::perform(const Operation &operation)
 {
     const std::scoped_lock lock(m_mutex);
+    if (std::exchange(m_hungInPreparation, false))
+        m_leftAloneUntil = QVScheduler::shared().now() + pauseAfterHang;
     if (QVScheduler::shared().now() < m_leftAloneUntil)
         return QVSecureStatus::NotAvailable;
     QVGlibLoop loop(m_context.get(), m_limit);

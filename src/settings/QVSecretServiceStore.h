@@ -6,6 +6,7 @@
 #include <chrono>
 #include <functional>
 #include <mutex>
+#include <thread>
 
 class QVSecretCalls;
 
@@ -24,6 +25,8 @@ public:
     [[nodiscard]] QVSecureStatus update(const QVSecureQuery &query, const QByteArray &data,
                                         const QString &accessibility) override;
     [[nodiscard]] QVSecureStatus deleteMatching(const QVSecureQuery &query) override;
+    /// Connects in a thread, once; a call that comes meanwhile waits for it.
+    void prepare() override;
 
 private:
     using Operation = std::function<QVSecureStatus(QVSecretCalls &)>;
@@ -36,4 +39,7 @@ private:
     std::unique_ptr<GMainContext, QVGlibRelease<g_main_context_unref>> m_context;
     std::unique_ptr<QVSecretConnection> m_connection;
     std::chrono::nanoseconds m_leftAloneUntil{0};
+    bool m_hungInPreparation = false;
+    // Last: ends before what it works on.
+    std::jthread m_preparation;
 };

@@ -29,6 +29,8 @@ public:
     [[nodiscard]] virtual QVSecureStatus update(const QVSecureQuery &query, const QByteArray &data,
                                                 const QString &accessibility) = 0;
     [[nodiscard]] virtual QVSecureStatus deleteMatching(const QVSecureQuery &query) = 0;
+    /// Says that a lookup will follow, so that whatever only the first one needs can be done meanwhile.
+    virtual void prepare() {}
 
     /// What a user hardly notices, and hundreds of times what a lookup takes.
     static constexpr std::chrono::milliseconds usualLimit{1000};
