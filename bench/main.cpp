@@ -8,11 +8,24 @@
 #include <QCommandLineParser>
 #include <QCoreApplication>
 
+#include <array>
 #include <cstdio>
 
 namespace {
 
-void run(const QString &json, bool isShort)
+struct Section
+{
+    QLatin1String name;
+    void (*run)(const BenchSetting &, BenchReport &);
+};
+
+constexpr std::array sections{
+    Section{QLatin1String("panel"), benchPanel},        Section{QLatin1String("click"), benchClick},
+    Section{QLatin1String("memory"), benchMemoryAdded}, Section{QLatin1String("loading"), benchLoading},
+    Section{QLatin1String("parts"), benchParts},        Section{QLatin1String("library"), benchLibrary},
+};
+
+void run(const QString &json, const QString &only, bool isShort)
 {
     const QString folder = QCoreApplication::applicationDirPath();
     BenchReport report(isShort);
@@ -20,9 +33,10 @@ void run(const QString &json, bool isShort)
     const BenchSetting setting{
         isShort,          folder, desktop.addresses(), desktop.environment(false), desktop.environment(true),
         desktop.keyring()};
-    benchHosts(setting, report);
-    benchParts(setting, report);
-    benchLibrary(setting, report);
+    for (const Section &section : sections) {
+        if (only.isEmpty() || section.name == only)
+            section.run(setting, report);
+    }
     report.print();
     if (!report.save(json))
         throw BenchFailure(QStringLiteral("cannot write ") + json);
@@ -37,12 +51,16 @@ int main(int argc, char *argv[])
     parser.setApplicationDescription(
         QStringLiteral("Measures the component beside what the toolkit allows."));
     parser.addHelpOption();
-    parser.addOptions({{QStringLiteral("short"), QStringLiteral("Only prove that everything runs.")},
-                       {QStringLiteral("json"), QStringLiteral("Where the figures go."),
-                        QStringLiteral("FILE"), QStringLiteral("build/bench.json")}});
+    parser.addOptions(
+        {{QStringLiteral("short"), QStringLiteral("Only prove that everything runs.")},
+         {QStringLiteral("only"), QStringLiteral("Only the panel, click, memory, loading, parts or library."),
+          QStringLiteral("SECTION")},
+         {QStringLiteral("json"), QStringLiteral("Where the figures go."), QStringLiteral("FILE"),
+          QStringLiteral("build/bench.json")}});
     parser.process(application);
     try {
-        run(parser.value(QStringLiteral("json")), parser.isSet(QStringLiteral("short")));
+        run(parser.value(QStringLiteral("json")), parser.value(QStringLiteral("only")),
+            parser.isSet(QStringLiteral("short")));
     } catch (const BenchFailure &failure) {
         std::fprintf(stderr, "quarvo-bench: %s\n", failure.what());
         return 1;

@@ -32,6 +32,7 @@ int runPanel(double start)
     QObject::connect(&manager, &QVEmbedManager::ready, &window, [&] {
         window.afterPaint([&] {
             result.insert(QStringLiteral("painted"), benchNow() - start);
+            result.insert(QStringLiteral("processor"), benchCpuNow());
             finishHostLater(result);
         });
     });

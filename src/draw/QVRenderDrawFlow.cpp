@@ -164,6 +164,8 @@ void QVRenderDrawFlow::requestOutageAction()
     beginStep();
     surface().showLoadingAnimation();
     service().requestOutageComplted(ifNotOvertaken(&QVRenderDrawFlow::handleOutageResponse));
+    // While the answer is on its way.
+    QVImageLoader::shared().prepare();
 }
 
 void QVRenderDrawFlow::requestConfigFromQuarvoServer()

@@ -4,6 +4,7 @@
 #include "draw/QVKeyPen.h"
 #include "draw/QVRenderDrawFlow.h"
 #include "draw/QVRenderDrawGesture.h"
+#include "image/QVImageLoader.h"
 #include "platform/QVMainThread.h"
 #include "platform/QVPage.h"
 #include "platform/QVScheduler.h"
@@ -158,6 +159,9 @@ void QVRenderDrawView::didMoveToSuperview()
     if (verifyStyle() != QVVerifyStyleEmbed)
         return;
     QVConfigurationManager::prepareDeviceId();
+    // Queued: the host is still building its window.
+    QMetaObject::invokeMethod(
+        this, [] { QVImageLoader::shared().prepare(); }, Qt::QueuedConnection);
     QVScheduler::shared().schedule(embedStartDelay, [view = QPointer(this)] {
         if (view && view->parentWidget())
             view->requestQuarvoConfigAction();

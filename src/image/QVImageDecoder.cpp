@@ -1,6 +1,7 @@
 #include "image/QVImageDecoder.h"
 
 #include <QBuffer>
+#include <QImageIOHandler>
 #include <QImageReader>
 
 namespace {
@@ -49,4 +50,10 @@ QImage qv_decodedImage(const QByteArray &bytes)
     // Painting converts other formats anew each time, on the user-interface thread.
     return image.convertToFormat(image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied
                                                          : QImage::Format_RGB32);
+}
+
+bool qv_decoderReads(const QByteArray &format)
+{
+    QBuffer empty;
+    return QImageReader(&empty, format).supportsOption(QImageIOHandler::Size);
 }

@@ -1,5 +1,6 @@
 #include "image/QVImageLoader.h"
 
+#include "image/QVImageDecoder.h"
 #include "image/QVImageLoad.h"
 #include "image/QVImageResources.h"
 #include "platform/QVMainThread.h"
@@ -15,6 +16,13 @@ QVImageLoader &QVImageLoader::shared()
 
 QVImageLoader::QVImageLoader() = default;
 QVImageLoader::~QVImageLoader() = default;
+
+void QVImageLoader::prepare()
+{
+    qv_assertMainThread();
+    if (!m_resources)
+        resources().decoders().start([] { (void)qv_decoderReads(QByteArrayLiteral("jpeg")); });
+}
 
 std::shared_ptr<QVDataTask> QVImageLoader::load(const QString &address, Completion completion)
 {

@@ -24,6 +24,9 @@ public:
 
     [[nodiscard]] static QVImageLoader &shared();
 
+    /// Does ahead what the first load needs, so that its picture need not wait for it: a folder on disk
+    /// and the decoder of the usual format.
+    void prepare();
     std::shared_ptr<QVDataTask> load(const QString &address, Completion completion);
 
 private:
