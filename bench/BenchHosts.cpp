@@ -112,8 +112,14 @@ void benchLoading(const BenchSetting &setting, BenchReport &report)
         BenchChild child(program, {QString::number(benchNow(), 'f', 0)}, setting.plain);
         return milliseconds(child.result(), "load");
     };
-    const BenchPair time = benchInTurn(
-        setting.rounds(41, 3), [&] { return load("Quarvo"); }, [&] { return load("bench_empty"); });
-    report.add({QStringLiteral("starting a host linked with the library"), QStringLiteral("ms"), time.ours,
-                time.limit, BenchRow::Target::Over, 3});
+    const auto compare = [&](const QString &what, const char *library, BenchRow::Target target) {
+        const BenchPair time = benchInTurn(
+            setting.rounds(41, 3), [&] { return load(library); }, [&] { return load("bench_empty"); });
+        report.add({what, QStringLiteral("ms"), time.ours, time.limit, target, 3});
+    };
+    compare(QStringLiteral("starting a host linked with the library"), "Quarvo", BenchRow::Target::Over);
+    compare(QStringLiteral("starting one linked with an empty library and Qt Network"), "bench_network",
+            BenchRow::Target::None);
+    compare(QStringLiteral("starting one linked with an empty library, Qt Network and libsecret"),
+            "bench_secret", BenchRow::Target::None);
 }
