@@ -18,12 +18,9 @@ constexpr std::array parts{
     Part{QLatin1String("animation"), runAnimationPart}, Part{QLatin1String("artwork"), runArtworkPart},
     Part{QLatin1String("count"), runCountPart},         Part{QLatin1String("idle-button"), runIdleButton},
     Part{QLatin1String("idle-panel"), runIdlePanel},    Part{QLatin1String("idle-popup"), runIdlePopup},
-#ifdef BENCH_WITH_KEYCHAIN
-    Part{QLatin1String("keychain"), runKeychainPart},
-#endif
-    Part{QLatin1String("mapping"), runMappingPart},     Part{QLatin1String("picture"), runPicturePart},
-    Part{QLatin1String("stroke"), runStrokePart},       Part{QLatin1String("trace"), runTracePart},
-    Part{QLatin1String("transport"), runTransportPart},
+    Part{QLatin1String("keychain"), runKeychainPart},   Part{QLatin1String("mapping"), runMappingPart},
+    Part{QLatin1String("picture"), runPicturePart},     Part{QLatin1String("stroke"), runStrokePart},
+    Part{QLatin1String("trace"), runTracePart},         Part{QLatin1String("transport"), runTransportPart},
 };
 
 } // namespace
