@@ -87,7 +87,8 @@ void QVSecretServiceStore::prepare()
         return;
     m_preparation = std::jthread([this] {
         const std::scoped_lock lock(m_mutex);
-        if (m_connection)
+        // A call may have been faster, or have found out that the service hangs.
+        if (m_connection || m_leftAloneUntil.count() > 0)
             return;
         QVGlibLoop loop(m_context.get(), m_limit);
         (void)attempt(loop, [](QVSecretCalls &calls) { return calls.openSession(); });

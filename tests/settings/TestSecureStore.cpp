@@ -52,6 +52,7 @@ private Q_SLOTS:
     void anOversizedSecretIsNotTakenIn()
     {
         QVERIFY(m_desktop->startKeyring());
+        m_store->prepare();
         QVSecureItem large = item("one", "a");
         large.data = QByteArray(64 * 1024 + 1, 'x');
         QCOMPARE(m_store->add(large), QVSecureStatus::Success);
@@ -118,6 +119,18 @@ private Q_SLOTS:
             advance(std::chrono::seconds(31));
             return m_store->add(item("one", "a")) == QVSecureStatus::Success;
         }));
+    }
+
+    void aServiceThatWasSilentInPreparationIsNotAskedAgain()
+    {
+        QVFakeSecretService service(m_desktop->address(), QVFakeSecretService::Manner::Silent);
+        QVERIFY(service.isRegistered());
+        m_store = QVSecureStore::create();
+        m_store->prepare();
+        QVERIFY(waitFor([&service] { return service.messageCount() > 0; }));
+        const int asked = service.messageCount();
+        verifyEveryCallGives(QVSecureStatus::NotAvailable);
+        QCOMPARE(service.messageCount(), asked);
     }
 
 private:
