@@ -118,7 +118,7 @@ int runPanel(double start)
                               picture.setPicture(image);
                               window.afterPaint([&window, image, start] {
                                   finishHostLater({{QStringLiteral("painted"), benchNow() - start},
-                                     {QStringLiteral("processor"), benchCpuNow()},
+                                                   {QStringLiteral("processor"), benchCpuNow()},
                                                    {QStringLiteral("width"), image.width()},
                                                    {QStringLiteral("height"), image.height()}});
                               });

@@ -79,7 +79,6 @@ private Q_SLOTS:
         const QRect caption = frame("captchaLabel");
         QCOMPARE(caption.bottom() + 1, image.top() - 10);
         QVERIFY(std::abs(caption.center().x() - size.width() / 2) <= 1);
-        QCOMPARE(part("imageView")->findChild<QWidget *>(q("outageLabel"))->pos(), QPoint(0, 0));
     }
 
     void followsTheScreenInAPopup()
