@@ -3,13 +3,13 @@
 #include "settings/QVPopupPresentation.h"
 #include "settings/QVServiceAddresses.h"
 
+#include <QNetworkAccessManager>
 #include <QPointer>
 #include <QString>
 
 #include <chrono>
 #include <memory>
 
-class QNetworkAccessManager;
 class QVBundle;
 
 /// The settings of the process. Made on first use by whichever thread asks first; its fields are
