@@ -134,7 +134,7 @@ private Q_SLOTS:
 
     void outageIsTold()
     {
-        openOutage();
+        service().answer(outageSwitch, {{QStringLiteral("active"), true}});
         QVClickManager clicker;
         QVInvisibleManager invisible;
         QVEmbedManager embed;

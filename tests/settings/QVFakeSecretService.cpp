@@ -39,6 +39,7 @@ QString QVFakeSecretService::introspect(const QString &) const
 
 bool QVFakeSecretService::handleMessage(const QDBusMessage &message, const QDBusConnection &connection)
 {
+    ++m_messageCount;
     if (m_manner == Manner::Silent)
         m_unanswered.append(message);
     else

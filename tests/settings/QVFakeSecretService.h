@@ -24,6 +24,7 @@ public:
     ~QVFakeSecretService() override;
 
     [[nodiscard]] bool isRegistered() const { return m_isRegistered; }
+    [[nodiscard]] int messageCount() const { return m_messageCount; }
     [[nodiscard]] int promptCount() const { return m_promptCount; }
     /// Answers what was left without an answer.
     void answerLate();
@@ -42,5 +43,6 @@ private:
     QThread m_thread;
     QList<QDBusMessage> m_unanswered;
     std::atomic<bool> m_isRegistered = false;
+    std::atomic<int> m_messageCount = 0;
     std::atomic<int> m_promptCount = 0;
 };
