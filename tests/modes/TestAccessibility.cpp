@@ -21,11 +21,7 @@ private Q_SLOTS:
     {
         service().extend(config, {{QStringLiteral("guide"), true}});
         QVEmbedManager manager;
-        QSignalSpy ready(&manager, &QVEmbedManager::ready);
-        manager.embedView()->setParent(&host());
-        manager.embedView()->show();
-        pass(150ms);
-        QVERIFY(waitFor([&ready] { return ready.size() == 1; }));
+        QVERIFY(showUntil(manager, &QVEmbedManager::ready));
         pass(300ms);
         QCOMPARE(found(*manager.embedView()),
                  QStringList({QStringLiteral("graphic: Picture to draw on"),
@@ -38,11 +34,7 @@ private Q_SLOTS:
     {
         service().extend(config, {{QStringLiteral("type"), QStringLiteral("character")}});
         QVEmbedManager manager;
-        QSignalSpy ready(&manager, &QVEmbedManager::ready);
-        manager.embedView()->setParent(&host());
-        manager.embedView()->show();
-        pass(150ms);
-        QVERIFY(waitFor([&ready] { return ready.size() == 1; }));
+        QVERIFY(showUntil(manager, &QVEmbedManager::ready));
         pass(300ms);
         const QStringList all = found(*manager.embedView());
         QVERIFY2(all.contains(QStringLiteral("field: Characters in the picture")),
@@ -93,16 +85,22 @@ private Q_SLOTS:
     {
         answerCode(config, QStringLiteral("0101"));
         QVEmbedManager manager;
-        QSignalSpy failed(&manager, &QVEmbedManager::failed);
-        manager.embedView()->setParent(&host());
-        manager.embedView()->show();
-        pass(150ms);
-        QVERIFY(waitFor([&failed] { return failed.size() == 1; }));
+        QVERIFY(showUntil(manager, &QVEmbedManager::failed));
         const QStringList all = found(*manager.embedView());
         QVERIFY2(all.contains(QStringLiteral("button: Access denied")), qPrintable(all.join(u'|')));
     }
 
 private:
+    template<class Signal>
+    [[nodiscard]] bool showUntil(QVEmbedManager &manager, Signal signal)
+    {
+        QSignalSpy told(&manager, signal);
+        manager.embedView()->setParent(&host());
+        manager.embedView()->show();
+        pass(150ms);
+        return waitFor([&told] { return told.size() == 1; });
+    }
+
     /// Everything below \a widget that a screen reader would stop at, by kind and name.
     static QStringList found(const QWidget &widget)
     {
