@@ -52,7 +52,8 @@ double leastContrast(const QColor &color, const QColor &ground)
 double QVReadable::contrast(const QColor &one, const QColor &other)
 {
     constexpr double flare = 0.05;
-    const auto [darker, lighter] = std::minmax(luminance(one), luminance(other));
+    // By value, as from a list: of two temporaries it would return references.
+    const auto [darker, lighter] = std::minmax({luminance(one), luminance(other)});
     return (lighter + flare) / (darker + flare);
 }
 
