@@ -1,7 +1,7 @@
 #include "support/QVTestCase.h"
 
 #include <QApplication>
-#include <QStandardPaths>
+#include <QTemporaryDir>
 
 #include <cstdio>
 
@@ -15,7 +15,10 @@ int main(int argc, char *argv[])
     QApplication application(argc, argv);
     QApplication::setOrganizationDomain(q("tests.quarvo.example"));
     QApplication::setApplicationName(q("quarvo-tests"));
-    QStandardPaths::setTestModeEnabled(true);
+    // Tests run beside each other, and some of them fill, take away or bar the folder of pictures.
+    // Static, to outlast the lock that the component holds in it.
+    static const QTemporaryDir caches;
+    qputenv("XDG_CACHE_HOME", QFile::encodeName(caches.path()));
 
     QStringList arguments = QApplication::arguments();
     const QString name = arguments.size() > 1 ? arguments.takeAt(1) : QString();
