@@ -3,6 +3,8 @@
 #include "BenchClock.h"
 #include "BenchReport.h"
 
+#include <map>
+
 namespace {
 
 constexpr double nanosecondsPerMillisecond = 1e6;
@@ -56,30 +58,33 @@ void benchPanel(const BenchSetting &setting, BenchReport &report)
 
 void benchClick(const BenchSetting &setting, BenchReport &report)
 {
-    std::vector<double> oursFirst;
-    std::vector<double> oursAgain;
-    std::vector<double> shownFirst;
-    std::vector<double> shownAgain;
-    std::vector<double> limitFirst;
-    std::vector<double> limitAgain;
+    std::map<QString, std::vector<double>> times;
+    const auto note = [&](const char *name, double time) { times[QLatin1String(name)].push_back(time); };
     for (int round = setting.rounds(15, 2); round > 0; --round) {
-        const QJsonObject ours = runHost(setting, "quarvo-bench-host", "click");
-        oursFirst.push_back(milliseconds(ours, "first") - tokenDelay);
-        oursAgain.push_back(milliseconds(ours, "again") - tokenDelay);
-        shownFirst.push_back(milliseconds(ours, "firstShown"));
-        shownAgain.push_back(milliseconds(ours, "againShown"));
+        const QJsonObject click = runHost(setting, "quarvo-bench-host", "click");
+        note("click", milliseconds(click, "first") - tokenDelay);
+        note("clickAgain", milliseconds(click, "again") - tokenDelay);
+        note("shown", milliseconds(click, "firstShown"));
+        note("shownAgain", milliseconds(click, "againShown"));
+        const QJsonObject invisible = runHost(setting, "quarvo-bench-host", "invisible");
+        note("invisible", milliseconds(invisible, "first"));
+        note("invisibleAgain", milliseconds(invisible, "again"));
         const QJsonObject bare = runHost(setting, "quarvo-bench-bare", "click");
-        limitFirst.push_back(milliseconds(bare, "first"));
-        limitAgain.push_back(milliseconds(bare, "again"));
+        note("bare", milliseconds(bare, "first"));
+        note("bareAgain", milliseconds(bare, "again"));
     }
-    report.add({QStringLiteral("click, first of a process, tap to token"), QStringLiteral("ms"),
-                benchMedian(oursFirst), benchMedian(limitFirst), BenchRow::Target::Times, 1.2});
-    report.add({QStringLiteral("click, any later one"), QStringLiteral("ms"), benchMedian(oursAgain),
-                benchMedian(limitAgain), BenchRow::Target::Times, 1.2});
-    report.add({QStringLiteral("click, first of a process, tap to the button's passed look"),
-                QStringLiteral("ms"), benchMedian(shownFirst), benchMedian(limitFirst)});
-    report.add({QStringLiteral("click, any later one, tap to the button's passed look"), QStringLiteral("ms"),
-                benchMedian(shownAgain), benchMedian(limitAgain)});
+    const auto add = [&](const char *what, const char *ours, const char *limit, BenchRow::Target target) {
+        report.add({QString::fromLatin1(what), QStringLiteral("ms"), benchMedian(times[QLatin1String(ours)]),
+                    benchMedian(times[QLatin1String(limit)]), target, 1.2});
+    };
+    add("click, first of a process, tap to token", "click", "bare", BenchRow::Target::Times);
+    add("click, any later one", "clickAgain", "bareAgain", BenchRow::Target::Times);
+    add("click, first of a process, tap to the button's passed look", "shown", "bare", BenchRow::Target::None);
+    add("click, any later one, tap to the button's passed look", "shownAgain", "bareAgain",
+        BenchRow::Target::None);
+    add("invisible without badge, first of a process, start to token", "invisible", "bare",
+        BenchRow::Target::None);
+    add("invisible without badge, any later one", "invisibleAgain", "bareAgain", BenchRow::Target::None);
     report.add({QStringLiteral("click's delay before the token, not in the above"), QStringLiteral("ms"),
                 tokenDelay});
 }

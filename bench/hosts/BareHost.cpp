@@ -103,7 +103,7 @@ int runPanel(double start)
     HostWindow window;
     PictureWidget picture;
     Requests requests(QStringLiteral("test-draw"));
-    window.place(&picture);
+    window.place(&picture, HostWindow::panelSize);
     window.show();
     requests.askThree(QStringLiteral("embed"), QStringLiteral("/get/v1"),
                       [&](const QJsonObject &config, const QJsonObject &answer) {

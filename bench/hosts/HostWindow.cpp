@@ -17,9 +17,9 @@ HostWindow::HostWindow()
     m_layout.addWidget(&m_button);
 }
 
-void HostWindow::place(QWidget *content)
+void HostWindow::place(QWidget *content, QSize size)
 {
-    content->setFixedSize(contentSize);
+    content->setFixedSize(size);
     m_layout.addWidget(content);
 }
 

@@ -11,12 +11,14 @@
 class HostWindow : public QWidget
 {
 public:
-    static constexpr QSize contentSize{400, 270};
+    static constexpr QSize panelSize{400, 270};
+    /// What the button asks a layout for.
+    static constexpr QSize buttonSize{300, 44};
 
     HostWindow();
 
-    /// Adds \a content at its size.
-    void place(QWidget *content);
+    /// Adds \a content at that size.
+    void place(QWidget *content, QSize size);
     /// Runs \a action when the next repaint is through.
     void afterPaint(std::function<void()> action);
 

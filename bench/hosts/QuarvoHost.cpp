@@ -9,7 +9,8 @@
 
 namespace {
 
-constexpr int clicks = 2;
+constexpr int attempts = 2;
+constexpr int pauseBetween = 300;
 
 void configure(const QString &vid)
 {
@@ -37,7 +38,7 @@ int runPanel(double start)
         });
     });
     QObject::connect(&manager, &QVEmbedManager::failed, &window, [] { QCoreApplication::exit(1); });
-    window.place(manager.embedView());
+    window.place(manager.embedView(), HostWindow::panelSize);
     window.show();
     return QApplication::exec();
 }
@@ -52,11 +53,10 @@ void sendMouse(QWidget &widget, QEvent::Type type)
 
 int runClick()
 {
-    constexpr int pause = 300;
     HostWindow window;
     QVClickManager manager;
     configure(QStringLiteral("test-pass"));
-    window.place(manager.clickButton());
+    window.place(manager.clickButton(), HostWindow::buttonSize);
     QJsonObject result;
     double tap = 0;
     int count = 0;
@@ -73,14 +73,40 @@ int runClick()
         });
     QObject::connect(&manager, &QVClickManager::passed, &window, [&] {
         result.insert(count == 0 ? QStringLiteral("first") : QStringLiteral("again"), benchNow() - tap);
-        if (++count == clicks)
+        if (++count == attempts)
             return finishHost(result);
         manager.reset();
-        QTimer::singleShot(pause, &window, press);
+        QTimer::singleShot(pauseBetween, &window, press);
     });
     QObject::connect(&manager, &QVClickManager::failed, &window, [] { QCoreApplication::exit(1); });
     window.show();
-    QTimer::singleShot(pause, &window, press);
+    QTimer::singleShot(pauseBetween, &window, press);
+    return QApplication::exec();
+}
+
+/// What click mode asks, with nothing to paint.
+int runInvisible()
+{
+    HostWindow window;
+    QVInvisibleManager manager;
+    manager.setAnimation(false);
+    configure(QStringLiteral("test-pass"));
+    QJsonObject result;
+    double start = 0;
+    int count = 0;
+    const auto begin = [&] {
+        start = benchNow();
+        manager.startInsivible();
+    };
+    QObject::connect(&manager, &QVInvisibleManager::passed, &window, [&] {
+        result.insert(count == 0 ? QStringLiteral("first") : QStringLiteral("again"), benchNow() - start);
+        if (++count == attempts)
+            return finishHost(result);
+        QTimer::singleShot(pauseBetween, &window, begin);
+    });
+    QObject::connect(&manager, &QVInvisibleManager::failed, &window, [] { QCoreApplication::exit(1); });
+    window.show();
+    QTimer::singleShot(pauseBetween, &window, begin);
     return QApplication::exec();
 }
 
@@ -90,5 +116,8 @@ int main(int argc, char *argv[])
 {
     const double start = benchNow();
     QApplication application(argc, argv);
-    return QApplication::arguments().value(1) == QLatin1String("click") ? runClick() : runPanel(start);
+    const QString mode = QApplication::arguments().value(1);
+    if (mode == QLatin1String("invisible"))
+        return runInvisible();
+    return mode == QLatin1String("click") ? runClick() : runPanel(start);
 }

@@ -21,13 +21,12 @@ QString reversedDomain(const QString &domain)
     return labels.join(u'.');
 }
 
-QUuid deviceUuid()
+QUuid makeDeviceUuid()
 {
     const QByteArray machine = QSysInfo::machineUniqueId();
     if (!machine.isEmpty())
         return QUuid::createUuidV5(vendorNamespace, machine);
-    static const QUuid ofThisProcess = QUuid::createUuid();
-    return ofThisProcess;
+    return QUuid::createUuid();
 }
 
 } // namespace
@@ -55,5 +54,7 @@ QString QVDeviceIdentifier::bundleIdentifier()
 
 QString QVDeviceIdentifier::vendorIdentifier()
 {
-    return deviceUuid().toString(QUuid::Id128);
+    // Kept: reading the machine's id takes a file, and what stands in for it must not change.
+    static const QString identifier = makeDeviceUuid().toString(QUuid::Id128);
+    return identifier;
 }
