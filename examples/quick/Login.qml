@@ -6,6 +6,19 @@ Window {
     id: window
 
     property string message
+    property bool busy
+
+    function start() {
+        if (busy)
+            return;
+        busy = true;
+        verification.startInsivible();
+    }
+
+    function finish(text) {
+        message = text;
+        busy = false;
+    }
 
     width: 640
     height: 560
@@ -20,13 +33,16 @@ Window {
         width: 200
         height: 44
         radius: 6
-        color: area.pressed ? "#2f6fd0" : "#418dfb"
+        color: area.pressed || window.busy ? "#2f6fd0" : "#418dfb"
         activeFocusOnTab: true
 
         Accessible.role: Accessible.Button
         Accessible.name: label.text
-        Accessible.onPressAction: verification.startInsivible()
-        Keys.onSpacePressed: verification.startInsivible()
+        Accessible.onPressAction: window.start()
+        Keys.onSpacePressed: event => {
+            if (!event.isAutoRepeat)
+                window.start();
+        }
 
         Text {
             id: label
@@ -39,7 +55,7 @@ Window {
             id: area
 
             anchors.fill: parent
-            onClicked: verification.startInsivible()
+            onClicked: window.start()
         }
     }
 
@@ -54,10 +70,11 @@ Window {
         target: verification
 
         function onPassed(token) {
-            window.message = "Welcome";
+            // The user is in only when the server, having asked the service about the token, says so.
+            window.finish("Checking with the server…");
         }
         function onClosed() {
-            window.message = "";
+            window.finish("");
         }
     }
 }

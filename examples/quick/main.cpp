@@ -16,8 +16,11 @@ int main(int argc, char *argv[])
     QQmlApplicationEngine engine;
     engine.rootContext()->setContextProperty(QStringLiteral("verification"), &verification);
     QObject::connect(&verification, &QVInvisibleManager::failed, &engine, [&engine](const QVError &error) {
-        engine.rootObjects().constFirst()->setProperty("message", error.domain());
+        QMetaObject::invokeMethod(engine.rootObjects().constFirst(), "finish",
+                                  Q_ARG(QVariant, error.domain()));
     });
     engine.load(QUrl(QStringLiteral("qrc:/Login.qml")));
+    if (engine.rootObjects().isEmpty())
+        return 1;
     return QApplication::exec();
 }
