@@ -18,7 +18,9 @@ constexpr std::array rows{
     Row{u"Name", u"用户名", u"使用者名稱"},
     Row{u"Password", u"密码", u"密碼"},
     Row{u"Sign in", u"登录", u"登入"},
-    Row{u"Verified. You are signed in.", u"验证成功，您已登录。", u"驗證成功，您已登入。"},
+    // The token is no proof before a server has asked about it, and the demo has none.
+    Row{u"Verified. Checking with the server…", u"验证成功，正在与服务器核对…",
+        u"驗證成功，正在與伺服器核對…"},
     Row{u"Start again", u"重新开始", u"重新開始"},
     Row{u"Embedded", u"嵌入", u"內嵌"},
     Row{u"Click", u"点击", u"點擊"},

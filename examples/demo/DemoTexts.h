@@ -9,7 +9,7 @@ enum class DemoText {
     Name,
     Password,
     SignIn,
-    SignedIn,
+    Verified,
     Again,
     Embed,
     Click,

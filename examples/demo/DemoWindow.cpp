@@ -340,7 +340,7 @@ void DemoWindow::translate()
     m_name->setPlaceholderText(text(DemoText::Name));
     m_password->setPlaceholderText(text(DemoText::Password));
     m_signIn->setText(text(DemoText::SignIn));
-    m_result->setText(text(DemoText::SignedIn));
+    m_result->setText(text(DemoText::Verified));
     m_again->setText(text(DemoText::Again));
     m_tabs->setTabText(static_cast<int>(DemoMode::Embed), text(DemoText::Embed));
     m_tabs->setTabText(static_cast<int>(DemoMode::Click), text(DemoText::Click));

@@ -18,7 +18,7 @@ class QPushButton;
 class QStackedWidget;
 class QTabBar;
 
-/// A login form that lets its user in once the component has handed it a token.
+/// A login form up to where its server, which the demo lacks, would be handed the token.
 class DemoWindow : public QWidget
 {
     Q_OBJECT

@@ -31,7 +31,8 @@ public:
     void invisibleVerifyPassedWithToken(const QString &token) override
     {
         qInfo() << "send this to your server:" << m_user.text() << token;
-        finish(QStringLiteral("Welcome"));
+        // The user is in only when the server, having asked the service about the token, says so.
+        finish(QStringLiteral("Checking with the server…"));
     }
 
     void invisibleVerifyFailedWithError(const QVError &error) override { finish(error.domain()); }
