@@ -50,4 +50,7 @@ if(TARGET quarvo_designer)
   install(TARGETS quarvo_designer LIBRARY DESTINATION "${QUARVO_DESIGNER_PLUGIN_DIR}" COMPONENT designer)
 endif()
 
-include(QuarvoPackages)
+# A project around this one has packages of its own.
+if(PROJECT_IS_TOP_LEVEL)
+  include(QuarvoPackages)
+endif()
