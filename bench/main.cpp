@@ -8,6 +8,7 @@
 #include <QCommandLineParser>
 #include <QCoreApplication>
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 
@@ -27,6 +28,11 @@ constexpr std::array sections{
 
 void run(const QString &json, const QString &only, bool isShort)
 {
+    const auto isNamed = [&only](const Section &section) {
+        return section.name == only;
+    };
+    if (!only.isEmpty() && std::ranges::none_of(sections, isNamed))
+        throw BenchFailure(QStringLiteral("there is no section ") + only);
     const QString folder = QCoreApplication::applicationDirPath();
     BenchReport report(isShort);
     const BenchDesktop desktop(folder + QStringLiteral("/../sandbox/quarvo-sandbox"));
