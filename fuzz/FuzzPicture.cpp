@@ -2,7 +2,6 @@
 #include "fuzz/FuzzInput.h"
 #include "image/QVImageDecoder.h"
 
-#include <QGuiApplication>
 #include <QImage>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
