@@ -4,7 +4,6 @@
 #include "demo/EventLog.h"
 #include "demo/PanelProbe.h"
 
-#include <QLineF>
 #include <QPixmap>
 
 #include <cstdio>
@@ -16,32 +15,7 @@ using namespace std::chrono_literals;
 // Between two actions, so that what one has started on the event loop is seen by the next.
 constexpr auto betweenActions = 30ms;
 
-// A person draws about as many points; well inside the 10 to 80 that the service takes.
-constexpr int solutionPoints = 40;
 constexpr int solutionMilliseconds = 1400;
-constexpr double pictureUnits = 400;
-
-/// The curve as evenly spaced points.
-QVector<QPointF> resampled(const QVector<QPointF> &curve, int count)
-{
-    double length = 0;
-    for (qsizetype index = 1; index < curve.size(); ++index)
-        length += QLineF(curve[index - 1], curve[index]).length();
-    QVector<QPointF> points{curve.constFirst()};
-    const double step = length / (count - 1);
-    double sinceLast = 0;
-    for (qsizetype index = 1; index < curve.size(); ++index) {
-        QLineF piece(curve[index - 1], curve[index]);
-        while (step > 0 && sinceLast + piece.length() >= step) {
-            const QPointF point = piece.pointAt((step - sinceLast) / piece.length());
-            points.append(point);
-            piece.setP1(point);
-            sinceLast = 0;
-        }
-        sinceLast += piece.length();
-    }
-    return points;
-}
 
 } // namespace
 
@@ -170,17 +144,11 @@ void Driver::stroke(const QVector<QPointF> &points, int milliseconds, bool isHel
 
 void Driver::solveCurve(const QVector<QPointF> &curve)
 {
-    QWidget *const panel = m_stage.probe.panel();
-    QWidget *const picture = m_stage.probe.part(QStringLiteral("imageView"));
-    if (!panel || !picture) {
-        fail(QStringLiteral("there is no drawing panel on screen"));
-        return;
-    }
-    const QPointF origin = picture->mapTo(panel, QPointF());
-    QVector<QPointF> points = resampled(curve, solutionPoints);
-    for (QPointF &point : points)
-        point = origin + point * picture->width() / pictureUnits;
-    stroke(points, solutionMilliseconds);
+    const QVector<QPointF> points = m_stage.probe.onPanel(curve);
+    if (points.isEmpty())
+        fail(QStringLiteral("there is no picture on screen"));
+    else
+        stroke(points, solutionMilliseconds);
 }
 
 void Driver::solveCharacters(const QString &text)

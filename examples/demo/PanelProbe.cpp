@@ -8,6 +8,7 @@
 namespace {
 
 const char *const hadPicture = "demoHadPicture";
+constexpr double pictureUnits = 400;
 
 } // namespace
 
@@ -28,6 +29,17 @@ QWidget *PanelProbe::part(const QString &name) const
     QWidget *const onScreen = panel();
     auto *const found = onScreen ? onScreen->findChild<QWidget *>(name) : nullptr;
     return found && found->isVisible() ? found : nullptr;
+}
+
+QVector<QPointF> PanelProbe::onPanel(QVector<QPointF> points) const
+{
+    const QWidget *const picture = part(QStringLiteral("imageView"));
+    if (!picture)
+        return {};
+    const QPointF origin = picture->mapTo(panel(), QPointF());
+    for (QPointF &point : points)
+        point = origin + point * picture->width() / pictureUnits;
+    return points;
 }
 
 QWidget *PanelProbe::closeButton()

@@ -3,7 +3,9 @@
 #include <Quarvo/QVError.h>
 
 #include <QObject>
+#include <QPointF>
 #include <QPointer>
+#include <QVector>
 #include <QWidget>
 
 class EventLog;
@@ -21,6 +23,9 @@ public:
     [[nodiscard]] QWidget *panel() const;
     /// A part of the panel on screen by its object name, or null.
     [[nodiscard]] QWidget *part(const QString &name) const;
+    /// Points of the picture, in its units (400 wide), as points of the panel; none where there is no
+    /// picture.
+    [[nodiscard]] QVector<QPointF> onPanel(QVector<QPointF> points) const;
     /// The popup's close button, or null.
     [[nodiscard]] static QWidget *closeButton();
 

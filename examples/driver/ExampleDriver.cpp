@@ -22,9 +22,7 @@ constexpr auto patience = 20s;
 constexpr int exitFailed = 1;
 // The unfolding of a popup, in which strokes would land elsewhere.
 constexpr auto unfolding = 400ms;
-constexpr qsizetype strokePoints = 40;
 constexpr int strokeMilliseconds = 1200;
-constexpr double pictureUnits = 400;
 
 ExampleDriver *driver = nullptr;
 QtMessageHandler printer = nullptr;
@@ -115,17 +113,10 @@ void ExampleDriver::handleEvent(const QString &line)
 
 void ExampleDriver::solve(const QVector<QPointF> &curve)
 {
-    QWidget *const panel = m_probe.panel();
-    QWidget *const picture = m_probe.part(QStringLiteral("imageView"));
-    if (!panel || !picture)
+    const QVector<QPointF> points = m_probe.onPanel(curve);
+    if (points.isEmpty())
         return;
-    const QPointF origin = picture->mapTo(panel, QPointF());
-    QVector<QPointF> points;
-    for (qsizetype index = 0; index < strokePoints; ++index) {
-        const QPointF point = curve[index * (curve.size() - 1) / (strokePoints - 1)];
-        points.append(origin + point * picture->width() / pictureUnits);
-    }
-    m_input.draw(panel, points, strokeMilliseconds);
+    m_input.draw(m_probe.panel(), points, strokeMilliseconds);
     // A form is sent by its user once its picture is done.
     QTimer::singleShot(strokeMilliseconds + 2000, this, [this] {
         if (!m_hasPrinted)
