@@ -26,10 +26,7 @@ class PageEater : public QObject
     Q_OBJECT
 
 public Q_SLOTS:
-    void take(const QUrl & /*url*/) { ++m_count; }
-
-private:
-    int m_count = 0;
+    void take(const QUrl & /*url*/) {}
 };
 
 /// Somebody, or something, at all devices at once.
@@ -37,13 +34,16 @@ class RandomInput
 {
 public:
     RandomInput(quint32 seed, std::vector<std::unique_ptr<DemoWindow>> &windows)
-        : m_random(seed)
+        : m_seed(seed)
         , m_windows(windows)
     {
     }
 
-    void step()
+    void step(quint32 number)
     {
+        // Afresh, so that what one step meets does not change the choices of those after it.
+        const quint32 words[]{m_seed, number};
+        m_random = QRandomGenerator(words);
         switch (roll(14)) {
         case 0:
         case 1:
@@ -89,14 +89,25 @@ private:
     [[nodiscard]] QPoint pointOf(const QWindow &target)
     {
         const QPoint anywhere(roll(std::max(target.width(), 1)), roll(std::max(target.height(), 1)));
-        const QWidgetList all = QApplication::allWidgets();
-        for (int attempt = 0; roll(3) > 0 && attempt < 50; ++attempt) {
-            const QWidget *widget = all[roll(int(all.size()))];
-            if (widget->isVisible() && widget->window()->windowHandle() == &target)
-                return widget->mapTo(widget->window(),
-                                     QPoint(roll(widget->width() + 1), roll(widget->height() + 1)));
+        const QWidgetList parts = shownParts(target);
+        if (parts.isEmpty() || roll(5) == 0)
+            return anywhere;
+        const QWidget *part = parts[roll(int(parts.size()))];
+        return part->mapTo(part->window(), QPoint(roll(part->width() + 1), roll(part->height() + 1)));
+    }
+
+    /// In the order in which they were made.
+    [[nodiscard]] static QWidgetList shownParts(const QWindow &target)
+    {
+        QWidgetList parts;
+        for (const QWidget *top : QApplication::topLevelWidgets()) {
+            if (top->windowHandle() == &target)
+                parts = top->findChildren<QWidget *>();
         }
-        return anywhere;
+        parts.removeIf([&target](const QWidget *part) {
+            return !part->isVisible() || part->window()->windowHandle() != &target;
+        });
+        return parts;
     }
 
     void click()
@@ -171,13 +182,14 @@ private:
             QCoreApplication::postEvent(widget, new QEvent(QEvent::LanguageChange));
     }
 
+    const quint32 m_seed;
     QRandomGenerator m_random;
     std::vector<std::unique_ptr<DemoWindow>> &m_windows;
 };
 
 int play(int seconds, quint32 seed)
 {
-    DemoServices services;
+    DemoServices services(seed);
     QString problem;
     if (!services.start({}, problem))
         qFatal("%s", qUtf8Printable(problem));
@@ -193,20 +205,20 @@ int play(int seconds, quint32 seed)
     RandomInput input(seed, windows);
     QElapsedTimer clock;
     clock.start();
-    qint64 steps = 0;
+    quint32 steps = 0;
     for (; clock.elapsed() < seconds * 1000LL; ++steps) {
         ::alarm(hangSeconds);
-        input.step();
+        input.step(steps);
         QTest::qWait(steps % 20 == 0 ? 30 : 0);
     }
     ::alarm(0);
-    std::printf("%lld steps survived\n", static_cast<long long>(steps));
+    std::printf("%u steps survived\n", steps);
     return 0;
 }
 
 } // namespace
 
-/// Plays random input to the demo for so many seconds, from a seed that it prints or is given.
+/// Plays random input to the demo for so many seconds, chosen by a seed that it prints or is given.
 int main(int argc, char *argv[])
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");

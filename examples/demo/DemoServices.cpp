@@ -24,7 +24,11 @@ QString firstGiven(std::initializer_list<QString> addresses)
 
 } // namespace
 
-DemoServices::DemoServices() = default;
+DemoServices::DemoServices(std::optional<quint64> seed)
+    : m_seed(seed)
+{
+}
+
 DemoServices::~DemoServices() = default;
 
 bool DemoServices::start(const DemoOptions &options, QString &problem)
@@ -58,7 +62,9 @@ bool DemoServices::start(const DemoOptions &options, QString &problem)
 
 bool DemoServices::startSandbox(QString &problem)
 {
-    m_sandbox = std::make_unique<QVSandbox>();
+    QVSandboxOptions options;
+    options.seed = m_seed;
+    m_sandbox = std::make_unique<QVSandbox>(std::move(options));
     if (m_sandbox->listen())
         return true;
     problem = QStringLiteral("the local service cannot start: ") + m_sandbox->errorString();

@@ -6,6 +6,7 @@
 #include <QVector>
 
 #include <memory>
+#include <optional>
 
 class QVSandbox;
 
@@ -13,7 +14,8 @@ class QVSandbox;
 class DemoServices
 {
 public:
-    DemoServices();
+    /// With a seed, the sandbox draws the same pictures in every run.
+    explicit DemoServices(std::optional<quint64> seed = {});
     ~DemoServices();
 
     /// Starts the sandbox where one is needed and tells the component all addresses. False, with
@@ -25,6 +27,7 @@ public:
 private:
     bool startSandbox(QString &problem);
 
+    const std::optional<quint64> m_seed;
     std::unique_ptr<QVSandbox> m_sandbox;
     QVector<QUrl> m_solutionServices;
 };
