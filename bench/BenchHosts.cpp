@@ -59,7 +59,9 @@ void benchPanel(const BenchSetting &setting, BenchReport &report)
 void benchClick(const BenchSetting &setting, BenchReport &report)
 {
     std::map<QString, std::vector<double>> times;
-    const auto note = [&](const char *name, double time) { times[QLatin1String(name)].push_back(time); };
+    const auto note = [&](const char *name, double time) {
+        times[QLatin1String(name)].push_back(time);
+    };
     for (int round = setting.rounds(15, 2); round > 0; --round) {
         const QJsonObject click = runHost(setting, "quarvo-bench-host", "click");
         note("click", milliseconds(click, "first") - tokenDelay);
@@ -79,7 +81,8 @@ void benchClick(const BenchSetting &setting, BenchReport &report)
     };
     add("click, first of a process, tap to token", "click", "bare", BenchRow::Target::Times);
     add("click, any later one", "clickAgain", "bareAgain", BenchRow::Target::Times);
-    add("click, first of a process, tap to the button's passed look", "shown", "bare", BenchRow::Target::None);
+    add("click, first of a process, tap to the button's passed look", "shown", "bare",
+        BenchRow::Target::None);
     add("click, any later one, tap to the button's passed look", "shownAgain", "bareAgain",
         BenchRow::Target::None);
     add("invisible without badge, first of a process, start to token", "invisible", "bare",

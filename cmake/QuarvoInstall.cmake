@@ -5,9 +5,8 @@ include(GNUInstallDirs)
 
 set(config_folder "${CMAKE_INSTALL_LIBDIR}/cmake/Quarvo")
 get_property(public_headers GLOBAL PROPERTY QUARVO_PUBLIC_HEADERS)
-get_property(private_libraries GLOBAL PROPERTY QUARVO_PRIVATE_LIBRARIES)
 set(QUARVO_USES_LIBSECRET OFF)
-if(PkgConfig::QUARVO_LIBSECRET IN_LIST private_libraries)
+if(TARGET QuarvoSecrets)
   set(QUARVO_USES_LIBSECRET ON)
   set(QUARVO_PKGCONFIG_PRIVATE ", libsecret-1 >= 0.20, gio-2.0")
   set(QUARVO_DEBIAN_PRIVATE ", libsecret-1-dev")
@@ -16,6 +15,9 @@ endif()
 install(TARGETS Quarvo EXPORT QuarvoTargets
         LIBRARY COMPONENT runtime NAMELINK_COMPONENT development
         INCLUDES DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")
+if(TARGET QuarvoSecrets)
+  install(TARGETS QuarvoSecrets LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}/quarvo" COMPONENT runtime)
+endif()
 install(TARGETS QuarvoStatic EXPORT QuarvoStaticTargets
         ARCHIVE COMPONENT development
         INCLUDES DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")

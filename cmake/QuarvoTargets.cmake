@@ -1,12 +1,17 @@
-# quarvo_room(NAME SOURCES...): one folder below src/, compiled once for the shared and the static library.
-function(quarvo_room name)
+# quarvo_objects(NAME SOURCES...): a part of src/, compiled once for all that holds it.
+function(quarvo_objects name)
   set(target quarvo_${name})
   add_library(${target} OBJECT ${ARGN})
   set_target_properties(${target} PROPERTIES AUTOMOC ON)
   target_include_directories(${target} PRIVATE "${PROJECT_SOURCE_DIR}/src" "${PROJECT_BINARY_DIR}/include")
   target_link_libraries(${target} PRIVATE quarvo_build_flags Qt6::Widgets Qt6::Network)
   quarvo_precompile(${target})
-  set_property(GLOBAL APPEND PROPERTY QUARVO_ROOMS ${target})
+endfunction()
+
+# quarvo_room(NAME SOURCES...): one folder below src/, part of the shared and the static library.
+function(quarvo_room name)
+  quarvo_objects(${name} ${ARGN})
+  set_property(GLOBAL APPEND PROPERTY QUARVO_ROOMS quarvo_${name})
 endfunction()
 
 # quarvo_public_headers(HEADERS...): headers of a room that hosts include as <Quarvo/NAME>.

@@ -28,6 +28,8 @@ struct QVSecureQuery
     QString account;
     QString accessGroup;
     QVSynchronizationMode synchronizationMode = QVSynchronizationMode::Any;
+
+    friend bool operator==(const QVSecureQuery &, const QVSecureQuery &) = default;
 };
 
 /// A password in the secure store.

@@ -19,7 +19,7 @@ public:
         QList<QVSecureItem> items;
     };
 
-    virtual ~QVSecureStore();
+    virtual ~QVSecureStore() = default;
 
     /// Looks items up: Data brings one item with its data and nothing else, Attributes brings all of
     /// them with everything but their data.
@@ -35,10 +35,15 @@ public:
     /// What a user hardly notices, and hundreds of times what a lookup takes.
     static constexpr std::chrono::milliseconds usualLimit{1000};
 
-    /// The store of this desktop, none of whose calls takes longer than \a limit.
+    /// The store of this desktop, none of whose calls takes longer than \a limit. It costs nothing
+    /// until it is used.
     [[nodiscard]] static std::unique_ptr<QVSecureStore> create(std::chrono::milliseconds limit = usualLimit);
 
     [[nodiscard]] static QVSecureStore &shared();
     /// Replaces the shared store, which must outlive its use; null brings back the desktop's.
     static void setShared(QVSecureStore *store);
+
+private:
+    /// Null where there is none. The shared library finds it in a module, others have it linked in.
+    [[nodiscard]] static std::unique_ptr<QVSecureStore> ofDesktop(std::chrono::milliseconds limit);
 };

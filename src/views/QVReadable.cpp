@@ -30,7 +30,8 @@ void drawOutlines(QPainter &painter, QPointF baseline, const QString &line)
     QPainterPath outlines;
     outlines.addText(baseline, painter.font(), line);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.strokePath(outlines, QPen(painter.pen().color(), width, Qt::SolidLine, Qt::FlatCap, Qt::BevelJoin));
+    painter.strokePath(outlines,
+                       QPen(painter.pen().color(), width, Qt::SolidLine, Qt::FlatCap, Qt::BevelJoin));
 }
 
 double linear(float channel)

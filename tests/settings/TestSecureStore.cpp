@@ -1,9 +1,12 @@
+#include "platform/QVScheduler.h"
+#include "secrets/QVSecretStoreEntry.h"
 #include "settings/QVFakeSecretService.h"
 #include "settings/QVPrivateDesktop.h"
 #include "settings/QVSecureStore.h"
 #include "support/QVTestCase.h"
 
 #include <QElapsedTimer>
+#include <QLibrary>
 
 /// The desktop's store, asked directly: what it holds, and how it behaves where there is none.
 class TestSecureStore : public QVTestCase
@@ -43,10 +46,27 @@ private Q_SLOTS:
         QCOMPARE(ofB.first().accessibility, q("after unlock"));
         QVERIFY(ofB.first().data.isNull());
 
+        QCOMPARE(read("one", "a"), QByteArray("one/a"));
         QCOMPARE(m_store->deleteMatching(query("one", "a")), QVSecureStatus::Success);
         QCOMPARE(m_store->deleteMatching(query("one", "a")), QVSecureStatus::ItemNotFound);
+        // The service may give the place of an item that is gone to the next one.
+        QCOMPARE(m_store->add(item("three", "c")), QVSecureStatus::Success);
+        QCOMPARE(m_store->copyMatching(query("one", "a"), QVSecureStore::Return::Data).status,
+                 QVSecureStatus::ItemNotFound);
+        QCOMPARE(m_store->deleteMatching(query("three", "c")), QVSecureStatus::Success);
         QCOMPARE(list(QVSecureQuery{}).size(), 2);
         QCOMPARE(read("two", "a"), QByteArray("two/a"));
+    }
+
+    void theModuleHoldsTheSameStore()
+    {
+        QVERIFY(m_desktop->startKeyring());
+        QCOMPARE(m_store->add(item("one", "a")), QVSecureStatus::Success);
+        const auto make = reinterpret_cast<QVSecretStoreEntry>(
+            QLibrary::resolve(q(QUARVO_SECRETS_FILE), "quarvoSecretStore"));
+        QVERIFY(make);
+        m_store.reset(make(QVPrivateDesktop::generousLimit, [] { return QVScheduler::shared().now(); }));
+        QCOMPARE(read("one", "a"), QByteArray("one/a"));
     }
 
     void anOversizedSecretIsNotTakenIn()

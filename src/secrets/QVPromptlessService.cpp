@@ -1,8 +1,10 @@
-#include "settings/QVPromptlessService.h"
+#include "secrets/QVPromptlessService.h"
 
-#include "settings/QVGlibPointer.h"
+#include "secrets/QVGlibPointer.h"
 
+#include <cstdint>
 #include <libsecret/secret.h>
+#include <string>
 
 namespace {
 
@@ -51,8 +53,11 @@ void initializeClass(gpointer type, gpointer)
 
 GType qv_promptlessServiceType()
 {
+    // A name to itself: a process may hold this code twice, in a library and linked into a plugin.
+    static const std::string name =
+        "QVPromptlessService-" + std::to_string(reinterpret_cast<std::uintptr_t>(&initializeClass));
     static const GType type =
-        g_type_register_static_simple(SECRET_TYPE_SERVICE, "QVPromptlessService", sizeof(SecretServiceClass),
+        g_type_register_static_simple(SECRET_TYPE_SERVICE, name.c_str(), sizeof(SecretServiceClass),
                                       initializeClass, sizeof(SecretService), nullptr, GTypeFlags(0));
     return type;
 }

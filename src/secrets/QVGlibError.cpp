@@ -1,4 +1,4 @@
-#include "settings/QVGlibError.h"
+#include "secrets/QVGlibError.h"
 
 #include <libsecret/secret.h>
 

@@ -1,7 +1,6 @@
-#include "settings/QVSecretServiceStore.h"
+#include "secrets/QVSecretServiceStore.h"
 
-#include "platform/QVScheduler.h"
-#include "settings/QVSecretCalls.h"
+#include "secrets/QVSecretCalls.h"
 
 #include <utility>
 
@@ -23,13 +22,14 @@ QVSecureStatus readAll(QVSecretCalls &calls, const QVSecretCalls::Paths &paths, 
 
 } // namespace
 
-std::unique_ptr<QVSecureStore> QVSecureStore::create(std::chrono::milliseconds limit)
+QVSecureStore *quarvoSecretStore(std::chrono::milliseconds limit, QVSecretClock clock)
 {
-    return std::make_unique<QVSecretServiceStore>(limit);
+    return std::make_unique<QVSecretServiceStore>(limit, std::move(clock)).release();
 }
 
-QVSecretServiceStore::QVSecretServiceStore(std::chrono::milliseconds limit)
+QVSecretServiceStore::QVSecretServiceStore(std::chrono::milliseconds limit, QVSecretClock clock)
     : m_limit(limit)
+    , m_now(std::move(clock))
     , m_context(g_main_context_new())
 {
 }
@@ -40,17 +40,38 @@ QVSecureStore::Answer QVSecretServiceStore::copyMatching(const QVSecureQuery &qu
 {
     Answer answer;
     answer.status = perform([&](QVSecretCalls &calls) {
-        QVSecretCalls::Paths paths;
         answer.items.clear();
+        if (what == Return::Data) {
+            answer.items.append(QVSecureItem());
+            return read(calls, query, answer.items.first().data);
+        }
+        QVSecretCalls::Paths paths;
         const auto found = calls.search(query, paths);
-        if (found != QVSecureStatus::Success || what == Return::Nothing)
-            return found;
-        if (what == Return::Attributes)
-            return readAll(calls, paths, answer.items);
-        answer.items.append(QVSecureItem());
-        return calls.readData(paths.front(), answer.items.first().data);
+        const bool isDone = found != QVSecureStatus::Success || what == Return::Nothing;
+        return isDone ? found : readAll(calls, paths, answer.items);
     });
     return answer;
+}
+
+// A path alone is not to be trusted: the service may have given it to another program's item since. So
+// the search is made each time, and what was read from where it led last is taken only if it still
+// leads there; both questions are on their way at once.
+QVSecureStatus QVSecretServiceStore::read(QVSecretCalls &calls, const QVSecureQuery &query, QByteArray &data)
+{
+    const bool isKnown = m_lastFound && m_lastFound->query == query;
+    QVSecretCalls::Paths paths;
+    std::optional<QVSecretCalls::Reading> early;
+    const auto status = calls.search(query, paths, [&] {
+        if (isKnown)
+            early = calls.beginReading(m_lastFound->path);
+    });
+    if (status != QVSecureStatus::Success)
+        return status;
+    if (early && paths.front() == m_lastFound->path)
+        return calls.finishReading(*early, data);
+    m_lastFound = Found{query, paths.front()};
+    auto reading = calls.beginReading(paths.front());
+    return calls.finishReading(reading, data);
 }
 
 QVSecureStatus QVSecretServiceStore::add(const QVSecureItem &item)
@@ -83,35 +104,36 @@ QVSecureStatus QVSecretServiceStore::deleteMatching(const QVSecureQuery &query)
 
 void QVSecretServiceStore::prepare()
 {
-    if (m_preparation.joinable())
+    // A call may have been faster, or have found out that the service hangs.
+    if (m_connection || m_leftAloneUntil.count() > 0)
         return;
-    m_preparation = std::jthread([this] {
-        const std::scoped_lock lock(m_mutex);
-        // A call may have been faster, or have found out that the service hangs.
-        if (m_connection || m_leftAloneUntil.count() > 0)
-            return;
-        QVGlibLoop loop(m_context.get(), m_limit);
-        (void)attempt(loop, [](QVSecretCalls &calls) { return calls.openSession(); });
-        m_hungInPreparation = loop.isOutOfTime();
-    });
+    QVGlibLoop loop(m_context.get(), m_limit);
+    (void)attempt(loop, [](QVSecretCalls &calls) { return calls.openSession(); });
+    m_hungInPreparation = loop.isOutOfTime();
 }
 
 QVSecureStatus QVSecretServiceStore::perform(const Operation &operation)
 {
-    const std::scoped_lock lock(m_mutex);
     if (std::exchange(m_hungInPreparation, false))
-        m_leftAloneUntil = QVScheduler::shared().now() + pauseAfterHang;
-    if (QVScheduler::shared().now() < m_leftAloneUntil)
+        leaveAlone();
+    if (m_now() < m_leftAloneUntil)
         return QVSecureStatus::NotAvailable;
     QVGlibLoop loop(m_context.get(), m_limit);
+    const auto start = std::chrono::steady_clock::now();
     const bool isKept = m_connection != nullptr;
     auto status = attempt(loop, operation);
     // A kept connection may be to a service that was started anew since.
     if (status == QVSecureStatus::NotAvailable && isKept)
         status = attempt(loop, operation);
-    if (loop.isOutOfTime())
-        m_leftAloneUntil = QVScheduler::shared().now() + pauseAfterHang;
+    const bool tookLong = std::chrono::steady_clock::now() - start > m_limit / 4;
+    if (loop.isOutOfTime() || (status == QVSecureStatus::NotAvailable && tookLong))
+        leaveAlone();
     return status;
+}
+
+void QVSecretServiceStore::leaveAlone()
+{
+    m_leftAloneUntil = m_now() + pauseAfterHang;
 }
 
 QVSecureStatus QVSecretServiceStore::attempt(QVGlibLoop &loop, const Operation &operation)
@@ -125,7 +147,9 @@ QVSecureStatus QVSecretServiceStore::attempt(QVGlibLoop &loop, const Operation &
         QVSecretCalls calls(loop, m_connection->service());
         status = operation(calls);
     }
-    if (status == QVSecureStatus::NotAvailable)
+    if (status == QVSecureStatus::NotAvailable) {
         m_connection.reset();
+        m_lastFound.reset();
+    }
     return status;
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "settings/QVGlibPointer.h"
+#include "secrets/QVGlibPointer.h"
 
 #include <chrono>
 #include <functional>
@@ -12,21 +12,39 @@
 /// loop lives; so no event of the host is delivered meanwhile.
 class QVGlibLoop
 {
+    struct Call;
+
 public:
     using Begin = std::function<void(GCancellable *, GAsyncReadyCallback, gpointer)>;
+
+    /// A call that is under way; one that nobody waits for is dropped.
+    class Pending
+    {
+    public:
+        /// Null when the loop's time is up: the call is cancelled then, and what it may still answer is
+        /// dropped.
+        [[nodiscard]] QVGlibPointer<GAsyncResult> wait();
+
+    private:
+        friend class QVGlibLoop;
+
+        QVGlibLoop *m_loop = nullptr;
+        std::shared_ptr<Call> m_call;
+        QVGlibPointer<GCancellable> m_cancellable;
+    };
 
     QVGlibLoop(GMainContext *context, std::chrono::milliseconds limit);
     QVGlibLoop(const QVGlibLoop &) = delete;
     QVGlibLoop &operator=(const QVGlibLoop &) = delete;
     ~QVGlibLoop();
 
-    /// Begins a call and waits for it. Null when the time is up: the call is cancelled then, and what
-    /// it may still answer is dropped.
-    [[nodiscard]] QVGlibPointer<GAsyncResult> run(const Begin &begin);
+    /// Begins a call.
+    [[nodiscard]] Pending begin(const Begin &begin);
+    /// Begins a call and waits for it.
+    [[nodiscard]] QVGlibPointer<GAsyncResult> run(const Begin &begin) { return this->begin(begin).wait(); }
     [[nodiscard]] bool isOutOfTime() const;
 
 private:
-    struct Call;
     class Timeout;
 
     static void finished(GObject *source, GAsyncResult *result, gpointer call);

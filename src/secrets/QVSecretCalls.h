@@ -1,6 +1,6 @@
 #pragma once
 
-#include "settings/QVGlibLoop.h"
+#include "secrets/QVGlibLoop.h"
 #include "settings/QVSecureItem.h"
 
 #include <libsecret/secret.h>
@@ -12,14 +12,20 @@ class QVSecretCalls
 {
 public:
     using Paths = std::vector<std::string>;
+    using Reading = QVGlibLoop::Pending;
 
     QVSecretCalls(QVGlibLoop &loop, SecretService *service);
 
     /// Agrees on a key for what is read later, which otherwise the first reading does.
     [[nodiscard]] QVSecureStatus openSession();
-    /// Finds the items that can be read. Not allowed where all that match are locked.
-    [[nodiscard]] QVSecureStatus search(const QVSecureQuery &query, Paths &paths);
-    [[nodiscard]] QVSecureStatus readData(const std::string &path, QByteArray &data);
+    /// Finds the items that can be read. Not allowed where all that match are locked. What \a meanwhile
+    /// begins is on its way together with the question.
+    [[nodiscard]] QVSecureStatus search(const QVSecureQuery &query, Paths &paths,
+                                        const std::function<void()> &meanwhile = {});
+    /// Asks for an item's data.
+    [[nodiscard]] Reading beginReading(const std::string &path);
+    /// Waits for it.
+    [[nodiscard]] QVSecureStatus finishReading(Reading &reading, QByteArray &data);
     [[nodiscard]] QVSecureStatus readAttributes(const std::string &path, QVSecureItem &item);
     [[nodiscard]] QVSecureStatus create(const QVSecureItem &item);
     [[nodiscard]] QVSecureStatus replace(const std::string &path, const QByteArray &data,
@@ -30,6 +36,7 @@ private:
     using Finish = std::function<void(GAsyncResult *, GError **)>;
 
     [[nodiscard]] QVSecureStatus call(const QVGlibLoop::Begin &begin, const Finish &finish);
+    [[nodiscard]] QVSecureStatus wait(QVGlibLoop::Pending &pending, const Finish &finish);
     [[nodiscard]] QVSecureStatus open(const std::string &path, QVGlibPointer<SecretItem> &item);
     [[nodiscard]] QVSecureStatus setData(SecretItem *item, const QByteArray &data);
     [[nodiscard]] QVSecureStatus setAccessibility(SecretItem *item, const QString &accessibility);

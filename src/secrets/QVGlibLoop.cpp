@@ -1,4 +1,4 @@
-#include "settings/QVGlibLoop.h"
+#include "secrets/QVGlibLoop.h"
 
 namespace {
 
@@ -51,19 +51,29 @@ QVGlibLoop::~QVGlibLoop()
     g_main_context_pop_thread_default(m_context);
 }
 
-QVGlibPointer<GAsyncResult> QVGlibLoop::run(const Begin &begin)
+QVGlibLoop::Pending QVGlibLoop::begin(const Begin &begin)
 {
+    Pending pending;
     if (isOutOfTime())
-        return nullptr;
-    const QVGlibPointer<GCancellable> cancellable(g_cancellable_new());
-    const auto call = std::make_shared<Call>();
+        return pending;
+    pending.m_loop = this;
+    pending.m_call = std::make_shared<Call>();
+    pending.m_cancellable.reset(g_cancellable_new());
     // The call's own share: should it answer after all that, it finds something to answer to.
-    begin(cancellable.get(), &QVGlibLoop::finished, std::make_unique<std::shared_ptr<Call>>(call).release());
-    iterateUntilDone(*call, *m_timeout);
-    if (call->isDone)
-        return std::move(call->result);
-    g_cancellable_cancel(cancellable.get());
-    iterateUntilDone(*call, Timeout(m_context, cancellationLimit));
+    begin(pending.m_cancellable.get(), &QVGlibLoop::finished,
+          std::make_unique<std::shared_ptr<Call>>(pending.m_call).release());
+    return pending;
+}
+
+QVGlibPointer<GAsyncResult> QVGlibLoop::Pending::wait()
+{
+    if (!m_call)
+        return nullptr;
+    m_loop->iterateUntilDone(*m_call, *m_loop->m_timeout);
+    if (m_call->isDone)
+        return std::move(m_call->result);
+    g_cancellable_cancel(m_cancellable.get());
+    m_loop->iterateUntilDone(*m_call, Timeout(m_loop->m_context, cancellationLimit));
     return nullptr;
 }
 

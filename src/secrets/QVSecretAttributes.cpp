@@ -1,4 +1,4 @@
-#include "settings/QVSecretAttributes.h"
+#include "secrets/QVSecretAttributes.h"
 
 namespace {
 

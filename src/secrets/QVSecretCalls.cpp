@@ -1,7 +1,7 @@
-#include "settings/QVSecretCalls.h"
+#include "secrets/QVSecretCalls.h"
 
-#include "settings/QVGlibError.h"
-#include "settings/QVSecretAttributes.h"
+#include "secrets/QVGlibError.h"
+#include "secrets/QVSecretAttributes.h"
 
 namespace {
 
@@ -64,18 +64,20 @@ QVSecureStatus QVSecretCalls::openSession()
                 });
 }
 
-QVSecureStatus QVSecretCalls::search(const QVSecureQuery &query, Paths &paths)
+QVSecureStatus QVSecretCalls::search(const QVSecureQuery &query, Paths &paths,
+                                     const std::function<void()> &meanwhile)
 {
     char **unlocked = nullptr;
     char **locked = nullptr;
     const auto attributes = QVSecretAttributes::ofQuery(query);
-    const auto status = call(
-        [&](auto... wait) {
-            secret_service_search_for_dbus_paths(m_service, nullptr, attributes.get(), wait...);
-        },
-        [&](GAsyncResult *result, GError **error) {
-            secret_service_search_for_dbus_paths_finish(m_service, result, &unlocked, &locked, error);
-        });
+    auto pending = m_loop.begin([&](auto... wait) {
+        secret_service_search_for_dbus_paths(m_service, nullptr, attributes.get(), wait...);
+    });
+    if (meanwhile)
+        meanwhile();
+    const auto status = wait(pending, [&](GAsyncResult *result, GError **error) {
+        secret_service_search_for_dbus_paths_finish(m_service, result, &unlocked, &locked, error);
+    });
     const PathList ownUnlocked(unlocked);
     const PathList ownLocked(locked);
     if (status != QVSecureStatus::Success)
@@ -87,14 +89,18 @@ QVSecureStatus QVSecretCalls::search(const QVSecureQuery &query, Paths &paths)
     return locked && *locked ? QVSecureStatus::InteractionNotAllowed : QVSecureStatus::ItemNotFound;
 }
 
-QVSecureStatus QVSecretCalls::readData(const std::string &path, QByteArray &data)
+QVSecretCalls::Reading QVSecretCalls::beginReading(const std::string &path)
+{
+    return m_loop.begin(
+        [&](auto... wait) { secret_service_get_secret_for_dbus_path(m_service, path.c_str(), wait...); });
+}
+
+QVSecureStatus QVSecretCalls::finishReading(Reading &reading, QByteArray &data)
 {
     Value value;
-    const auto status =
-        call([&](auto... wait) { secret_service_get_secret_for_dbus_path(m_service, path.c_str(), wait...); },
-             [&](GAsyncResult *result, GError **error) {
-                 value.reset(secret_service_get_secret_for_dbus_path_finish(m_service, result, error));
-             });
+    const auto status = wait(reading, [&](GAsyncResult *result, GError **error) {
+        value.reset(secret_service_get_secret_for_dbus_path_finish(m_service, result, error));
+    });
     if (status != QVSecureStatus::Success)
         return status;
     if (!value)
@@ -157,7 +163,13 @@ QVSecureStatus QVSecretCalls::remove(const std::string &path)
 
 QVSecureStatus QVSecretCalls::call(const QVGlibLoop::Begin &begin, const Finish &finish)
 {
-    const auto result = m_loop.run(begin);
+    auto pending = m_loop.begin(begin);
+    return wait(pending, finish);
+}
+
+QVSecureStatus QVSecretCalls::wait(QVGlibLoop::Pending &pending, const Finish &finish)
+{
+    const auto result = pending.wait();
     if (!result)
         return QVSecureStatus::NotAvailable;
     QVGlibError error;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "settings/QVGlibPointer.h"
+#include "secrets/QVGlibPointer.h"
 #include "settings/QVSecureItem.h"
 
 class QVGlibLoop;

@@ -1,8 +1,8 @@
-#include "settings/QVSecretConnection.h"
+#include "secrets/QVSecretConnection.h"
 
-#include "settings/QVGlibError.h"
-#include "settings/QVGlibLoop.h"
-#include "settings/QVPromptlessService.h"
+#include "secrets/QVGlibError.h"
+#include "secrets/QVGlibLoop.h"
+#include "secrets/QVPromptlessService.h"
 
 #include <QFileInfo>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "settings/QVGlibPointer.h"
+#include "secrets/QVGlibPointer.h"
 #include "settings/QVSecureItem.h"
 
 /// What an item of ours is found by in the Secret Service: names and values in a table.
