@@ -136,6 +136,4 @@ void benchLoading(const BenchSetting &setting, BenchReport &report)
     compare(QStringLiteral("starting a host linked with the library"), "Quarvo", BenchRow::Target::Over);
     compare(QStringLiteral("starting one linked with an empty library and Qt Network"), "bench_network",
             BenchRow::Target::None);
-    compare(QStringLiteral("starting one linked with an empty library, Qt Network and libsecret"),
-            "bench_secret", BenchRow::Target::None);
 }
