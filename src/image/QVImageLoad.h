@@ -39,5 +39,6 @@ private:
     QFutureWatcher<QImage> m_decoding;
     QImage m_image;
     std::optional<QVError> m_error;
+    bool m_writesToDisk = false;
     bool m_isFinished = false;
 };
