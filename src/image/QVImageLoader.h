@@ -31,7 +31,6 @@ public:
 
 private:
     QVImageLoader();
-    ~QVImageLoader();
 
     QVImageResources &resources();
 

@@ -88,12 +88,12 @@ QVAPIRequestManager::Parameters challengeParameters(const QString &vid, const QS
 
 QVAPIRequestManager &QVAPIRequestManager::shared()
 {
-    static QVAPIRequestManager manager;
-    return manager;
+    // Never destroyed: an application object that is a host's static may end after ours.
+    static auto *const manager = new QVAPIRequestManager;
+    return *manager;
 }
 
 QVAPIRequestManager::QVAPIRequestManager() = default;
-QVAPIRequestManager::~QVAPIRequestManager() = default;
 
 QVAPIRequestManager::Task
 QVAPIRequestManager::requestConfigWithVid(const QString &vid, const QString &type, const QString &scene,
