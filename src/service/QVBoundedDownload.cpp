@@ -67,7 +67,10 @@ void QVBoundedDownload::send(QNetworkAccessManager &network, QNetworkRequest req
     m_reply = network.get(request);
     // A busy event loop must not let the answer pile up unread.
     m_reply->setReadBufferSize(m_limits.bytes + 1);
-    connect(m_reply, &QNetworkReply::readyRead, this, &QVBoundedDownload::readIfLarge);
+    // A host may read what its manager says has finished, before this hears of it.
+    const bool isHosts = &network != parent();
+    connect(m_reply, &QNetworkReply::readyRead, this,
+            isHosts ? &QVBoundedDownload::read : &QVBoundedDownload::readIfLarge);
     connect(m_reply, &QNetworkReply::finished, this, &QVBoundedDownload::finish);
     // Another's way to the network may go at any time.
     connect(&network, &QObject::destroyed, this, [this] { failLater(QVNetworkError::connectionLost); });
