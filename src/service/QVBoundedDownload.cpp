@@ -106,7 +106,7 @@ void QVBoundedDownload::finish()
 
 void QVBoundedDownload::failLater(qint64 code)
 {
-    if (m_result.error)
+    if (m_isFinished || m_result.error)
         return;
     m_result.error = qv_networkError(code);
     m_deadline.stop();

@@ -47,6 +47,21 @@ private Q_SLOTS:
         QCOMPARE(probe.code(), -1001);
     }
 
+    void theHostsWayGoesDuringTheCompletion()
+    {
+        auto network = std::make_unique<QNetworkAccessManager>();
+        settings().setNetworkAccessManager(network.get());
+        int completions = 0;
+        const Task task = requestPictureFor([&](const auto &, const auto &) {
+            ++completions;
+            network.reset();
+            QCoreApplication::processEvents();
+        });
+        task->cancel();
+        QVERIFY(waitFor([&] { return task->isFinished(); }));
+        QCOMPARE(completions, 1);
+    }
+
     void absentCompletionIsSkipped()
     {
         server().setResponder(
