@@ -33,6 +33,13 @@ QVImageLoad::QVImageLoad(QVImageResources &resources, QString address, Completio
     connect(&m_decoding, &QFutureWatcherBase::finished, this, &QVImageLoad::handleDecoded);
 }
 
+QVImageLoad::~QVImageLoad()
+{
+    // What the completion holds may cancel this as it goes.
+    m_isFinished = true;
+    m_completion = {};
+}
+
 void QVImageLoad::cancel()
 {
     if (m_download) {

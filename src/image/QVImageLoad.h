@@ -18,6 +18,7 @@ public:
 
     static QVImageLoad *start(QVImageResources &resources, const QString &address, Completion completion);
 
+    ~QVImageLoad() override;
     void cancel() override;
     [[nodiscard]] bool isFinished() const override { return m_isFinished; }
 

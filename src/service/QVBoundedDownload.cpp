@@ -48,6 +48,9 @@ QVBoundedDownload::QVBoundedDownload(QNetworkAccessManager &own, Limits limits, 
 
 QVBoundedDownload::~QVBoundedDownload()
 {
+    // What the completion holds may cancel this as it goes.
+    m_isFinished = true;
+    m_completion = {};
     if (m_reply)
         m_reply->deleteLater();
 }
