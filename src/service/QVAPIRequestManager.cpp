@@ -218,6 +218,8 @@ QVAPIRequestManager::Task QVAPIRequestManager::startPlain(const QString &address
     for (auto header = headers.cbegin(); header != headers.cend(); ++header)
         request.setRawHeader(header.key(), header.value());
     request.setAttribute(QNetworkRequest::CacheLoadControlAttribute, QNetworkRequest::AlwaysNetwork);
+    // A host's own way to the network may have a cache.
+    request.setAttribute(QNetworkRequest::CacheSaveControlAttribute, false);
 
     auto *download =
         QVBoundedDownload::start(requestSession(), request, {deadline, answerLimit},
