@@ -6,7 +6,6 @@
 #include "service/QVNetworkError.h"
 #include "settings/QVConfigurationManager.h"
 
-#include <QNetworkReply>
 #include <QPromise>
 
 using namespace std::chrono_literals;

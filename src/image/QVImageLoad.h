@@ -1,9 +1,9 @@
 #pragma once
 
+#include "image/QVImageLoader.h"
 #include "service/QVBoundedDownload.h"
 
 #include <QFutureWatcher>
-#include <QImage>
 #include <QPointer>
 
 class QVImageResources;
@@ -14,7 +14,7 @@ class QVImageLoad final : public QVTransfer
     Q_OBJECT
 
 public:
-    using Completion = std::function<void(QImage, std::optional<QVError>)>;
+    using Completion = QVImageLoader::Completion;
 
     static QVImageLoad *start(QVImageResources &resources, const QString &address, Completion completion);
 

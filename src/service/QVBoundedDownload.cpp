@@ -6,8 +6,6 @@
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
 
-#include <algorithm>
-
 namespace {
 
 constexpr int maximumRedirects = 5;
