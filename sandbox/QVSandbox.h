@@ -18,6 +18,9 @@ class SandboxQuery;
 class SandboxReply;
 struct SandboxAnswer;
 
+template<class Result>
+class QFuture;
+
 /// How a sandbox is set up.
 struct QVSandboxOptions
 {
@@ -114,7 +117,7 @@ private:
 
     void addRoutes();
     void handle(const QHttpServerRequest &request, QHttpServerResponder &&responder);
-    void sendPicture(const QString &path, const SandboxReply &reply, QVSandboxLogEntry entry);
+    void sendPicture(const QFuture<QByteArray> &picture, const SandboxReply &reply, QVSandboxLogEntry entry);
     void send(const SandboxAnswer &answer, const SandboxReply &reply, QVSandboxLogEntry entry,
               std::chrono::milliseconds delay = {});
     [[nodiscard]] SandboxAnswer answer(const QString &path, const SandboxQuery &query) const;
