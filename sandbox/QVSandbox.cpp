@@ -286,10 +286,11 @@ void QVSandbox::handle(const QHttpServerRequest &request, QHttpServerResponder &
         return send(SandboxAnswer::failure(414, QStringLiteral("query too long")), reply, std::move(entry));
     if (const auto picture = m_parts->shared.pictures.file(path))
         return sendPicture(*picture, reply, std::move(entry));
-    const bool isSlow =
-        path.startsWith(servicePath) && SandboxBehaviour::of(query.value(QStringLiteral("id"))).isSlow;
-    send(answer(path, query), reply, std::move(entry),
-         isSlow ? m_parts->options.slowDelay : std::chrono::milliseconds::zero());
+    const auto behaviour = path.startsWith(servicePath)
+                               ? SandboxBehaviour::of(query.value(QStringLiteral("id")))
+                               : SandboxBehaviour();
+    send(answer(path, query, behaviour), reply, std::move(entry),
+         behaviour.isSlow ? m_parts->options.slowDelay : std::chrono::milliseconds::zero());
 }
 
 void QVSandbox::sendPicture(const QFuture<QByteArray> &picture, const SandboxReply &reply,
@@ -319,18 +320,16 @@ void QVSandbox::send(const SandboxAnswer &answer, const SandboxReply &reply, QVS
     QTimer::singleShot(delay, this, [reply, answer] { reply.send(answer); });
 }
 
-SandboxAnswer QVSandbox::answer(const QString &path, const SandboxQuery &query) const
+SandboxAnswer QVSandbox::answer(const QString &path, const SandboxQuery &query,
+                                const SandboxBehaviour &behaviour) const
 {
     const auto route = m_parts->routes.constFind(path);
     if (route == m_parts->routes.constEnd())
         return SandboxAnswer::failure(404, QStringLiteral("no such address"));
-    if (path.startsWith(servicePath)) {
-        const SandboxBehaviour behaviour = SandboxBehaviour::of(query.value(QStringLiteral("id")));
-        if (behaviour.isNotJson)
-            return SandboxAnswer::notJson();
-        if (!behaviour.code.isEmpty())
-            return SandboxAnswer::onlyCode(behaviour.code);
-    }
+    if (behaviour.isNotJson)
+        return SandboxAnswer::notJson();
+    if (!behaviour.code.isEmpty())
+        return SandboxAnswer::onlyCode(behaviour.code);
     return (*route)(query);
 }
 
