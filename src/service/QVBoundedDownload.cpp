@@ -97,7 +97,9 @@ void QVBoundedDownload::read()
 
 void QVBoundedDownload::finish()
 {
-    read();
+    // One that its host gave up is closed.
+    if (m_reply->isOpen())
+        read();
     if (m_result.error)
         return;
     m_result.httpStatus = m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
