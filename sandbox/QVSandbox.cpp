@@ -9,6 +9,7 @@
 #include "sandbox/SandboxShared.h"
 
 #include <QFile>
+#include <QFutureWatcher>
 #include <QHash>
 #include <QHttpServer>
 #include <QJsonArray>
@@ -283,22 +284,25 @@ void QVSandbox::handle(const QHttpServerRequest &request, QHttpServerResponder &
                     std::move(entry));
     if (encoded.size() > maximumQuery)
         return send(SandboxAnswer::failure(414, QStringLiteral("query too long")), reply, std::move(entry));
-    if (path.endsWith(QLatin1String(".jpg")))
-        return sendPicture(path, reply, std::move(entry));
-    const bool isSlow =
-        path.startsWith(servicePath) && SandboxBehaviour::of(query.value(QStringLiteral("id"))).isSlow;
-    send(answer(path, query), reply, std::move(entry),
-         isSlow ? m_parts->options.slowDelay : std::chrono::milliseconds::zero());
+    if (const auto picture = m_parts->shared.pictures.file(path))
+        return sendPicture(*picture, reply, std::move(entry));
+    const auto behaviour = path.startsWith(servicePath)
+                               ? SandboxBehaviour::of(query.value(QStringLiteral("id")))
+                               : SandboxBehaviour();
+    send(answer(path, query, behaviour), reply, std::move(entry),
+         behaviour.isSlow ? m_parts->options.slowDelay : std::chrono::milliseconds::zero());
 }
 
-void QVSandbox::sendPicture(const QString &path, const SandboxReply &reply, QVSandboxLogEntry entry)
+void QVSandbox::sendPicture(const QFuture<QByteArray> &picture, const SandboxReply &reply,
+                            QVSandboxLogEntry entry)
 {
-    auto file = m_parts->shared.pictures.file(path);
-    if (!file)
-        return send(SandboxAnswer::failure(404, QStringLiteral("no such picture")), reply, std::move(entry));
-    file->then(this, [this, reply, entry = std::move(entry)](const QByteArray &bytes) {
-        send({200, QByteArrayLiteral("image/jpeg"), bytes, {}}, reply, entry);
+    // Watched, since a future has but one continuation and several may ask for a picture.
+    auto *const drawing = new QFutureWatcher<QByteArray>(this);
+    connect(drawing, &QFutureWatcherBase::finished, this, [this, drawing, reply, entry = std::move(entry)] {
+        send({200, QByteArrayLiteral("image/jpeg"), drawing->result(), {}}, reply, entry);
+        drawing->deleteLater();
     });
+    drawing->setFuture(picture);
 }
 
 void QVSandbox::send(const SandboxAnswer &answer, const SandboxReply &reply, QVSandboxLogEntry entry,
@@ -316,18 +320,16 @@ void QVSandbox::send(const SandboxAnswer &answer, const SandboxReply &reply, QVS
     QTimer::singleShot(delay, this, [reply, answer] { reply.send(answer); });
 }
 
-SandboxAnswer QVSandbox::answer(const QString &path, const SandboxQuery &query) const
+SandboxAnswer QVSandbox::answer(const QString &path, const SandboxQuery &query,
+                                const SandboxBehaviour &behaviour) const
 {
     const auto route = m_parts->routes.constFind(path);
     if (route == m_parts->routes.constEnd())
         return SandboxAnswer::failure(404, QStringLiteral("no such address"));
-    if (path.startsWith(servicePath)) {
-        const SandboxBehaviour behaviour = SandboxBehaviour::of(query.value(QStringLiteral("id")));
-        if (behaviour.isNotJson)
-            return SandboxAnswer::notJson();
-        if (!behaviour.code.isEmpty())
-            return SandboxAnswer::onlyCode(behaviour.code);
-    }
+    if (behaviour.isNotJson)
+        return SandboxAnswer::notJson();
+    if (!behaviour.code.isEmpty())
+        return SandboxAnswer::onlyCode(behaviour.code);
     return (*route)(query);
 }
 

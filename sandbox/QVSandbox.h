@@ -17,6 +17,10 @@ class QHttpServerResponder;
 class SandboxQuery;
 class SandboxReply;
 struct SandboxAnswer;
+struct SandboxBehaviour;
+
+template<class Result>
+class QFuture;
 
 /// How a sandbox is set up.
 struct QVSandboxOptions
@@ -114,10 +118,11 @@ private:
 
     void addRoutes();
     void handle(const QHttpServerRequest &request, QHttpServerResponder &&responder);
-    void sendPicture(const QString &path, const SandboxReply &reply, QVSandboxLogEntry entry);
+    void sendPicture(const QFuture<QByteArray> &picture, const SandboxReply &reply, QVSandboxLogEntry entry);
     void send(const SandboxAnswer &answer, const SandboxReply &reply, QVSandboxLogEntry entry,
               std::chrono::milliseconds delay = {});
-    [[nodiscard]] SandboxAnswer answer(const QString &path, const SandboxQuery &query) const;
+    [[nodiscard]] SandboxAnswer answer(const QString &path, const SandboxQuery &query,
+                                       const SandboxBehaviour &behaviour) const;
     [[nodiscard]] SandboxAnswer solutionAnswer(const SandboxQuery &query) const;
     [[nodiscard]] SandboxAnswer logAnswer() const;
     [[nodiscard]] SandboxAnswer tokenAnswer(const SandboxQuery &query);

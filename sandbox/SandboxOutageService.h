@@ -16,8 +16,6 @@ public:
 
     [[nodiscard]] const SandboxChallenges &challenges() const { return m_challenges; }
 
-    /// Path of the pictures below the base address.
-
 private:
     [[nodiscard]] SandboxAnswer get();
     [[nodiscard]] SandboxAnswer verify(const SandboxQuery &query);

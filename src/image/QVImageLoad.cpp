@@ -6,7 +6,6 @@
 #include "service/QVNetworkError.h"
 #include "settings/QVConfigurationManager.h"
 
-#include <QNetworkReply>
 #include <QPromise>
 
 using namespace std::chrono_literals;
@@ -31,6 +30,13 @@ QVImageLoad::QVImageLoad(QVImageResources &resources, QString address, Completio
     , m_completion(std::move(completion))
 {
     connect(&m_decoding, &QFutureWatcherBase::finished, this, &QVImageLoad::handleDecoded);
+}
+
+QVImageLoad::~QVImageLoad()
+{
+    // What the completion holds may cancel this as it goes.
+    m_isFinished = true;
+    m_completion = {};
 }
 
 void QVImageLoad::cancel()
@@ -62,6 +68,8 @@ void QVImageLoad::begin()
 void QVImageLoad::download()
 {
     QNetworkRequest request{QUrl(m_address)};
+    m_writesToDisk = m_resources.tryOpenDisk();
+    request.setAttribute(QNetworkRequest::CacheSaveControlAttribute, m_writesToDisk);
     // A picture never changes under its address, so how long it stays fresh does not matter. What a
     // host's own way to the network keeps is the host's business.
     if (!QVConfigurationManager::sharedManager().networkAccessManager())
@@ -109,7 +117,8 @@ void QVImageLoad::handleDecoded()
 
 void QVImageLoad::fail(qint64 code)
 {
-    m_resources.forgetOnDisk(m_address);
+    if (m_writesToDisk)
+        m_resources.forgetOnDisk(m_address);
     m_error = qv_parseError(qv_networkError(code));
     complete();
 }
@@ -117,6 +126,8 @@ void QVImageLoad::fail(qint64 code)
 void QVImageLoad::complete()
 {
     m_isFinished = true;
+    if (std::exchange(m_writesToDisk, false))
+        m_resources.closeDisk();
     deleteLater();
     const Completion completion = std::exchange(m_completion, {});
     if (completion)

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "image/QVImageLoader.h"
 #include "service/QVBoundedDownload.h"
 
 #include <QFutureWatcher>
-#include <QImage>
 #include <QPointer>
 
 class QVImageResources;
@@ -14,10 +14,11 @@ class QVImageLoad final : public QVTransfer
     Q_OBJECT
 
 public:
-    using Completion = std::function<void(QImage, std::optional<QVError>)>;
+    using Completion = QVImageLoader::Completion;
 
     static QVImageLoad *start(QVImageResources &resources, const QString &address, Completion completion);
 
+    ~QVImageLoad() override;
     void cancel() override;
     [[nodiscard]] bool isFinished() const override { return m_isFinished; }
 
@@ -39,5 +40,6 @@ private:
     QFutureWatcher<QImage> m_decoding;
     QImage m_image;
     std::optional<QVError> m_error;
+    bool m_writesToDisk = false;
     bool m_isFinished = false;
 };

@@ -10,12 +10,12 @@
 
 QVImageLoader &QVImageLoader::shared()
 {
-    static QVImageLoader loader;
-    return loader;
+    // Never destroyed: an application object that is a host's static may end after ours.
+    static auto *const loader = new QVImageLoader;
+    return *loader;
 }
 
 QVImageLoader::QVImageLoader() = default;
-QVImageLoader::~QVImageLoader() = default;
 
 void QVImageLoader::prepare()
 {

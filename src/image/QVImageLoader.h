@@ -15,8 +15,8 @@ class QVImageResources;
 class QVImageLoader
 {
 public:
-    /// Receives a picture, or a null one and the error: on the main thread, exactly once, never
-    /// before the call to load() has returned.
+    /// Receives a picture, or a null one and the error: on the main thread, exactly once unless
+    /// the application object goes first, never before the call to load() has returned.
     using Completion = std::function<void(QImage, std::optional<QVError>)>;
 
     QVImageLoader(const QVImageLoader &) = delete;
@@ -31,7 +31,6 @@ public:
 
 private:
     QVImageLoader();
-    ~QVImageLoader();
 
     QVImageResources &resources();
 

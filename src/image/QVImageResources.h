@@ -5,6 +5,8 @@
 #include <QNetworkAccessManager>
 #include <QThreadPool>
 
+#include <utility>
+
 /// What all picture loads share: the way to the network with its cache on disk, the decoded
 /// pictures last used, and the threads that decode.
 class QVImageResources
@@ -21,11 +23,17 @@ public:
     [[nodiscard]] QImage remembered(const QString &address) const;
     void remember(const QString &address, const QImage &image);
     [[nodiscard]] bool isOnDisk(const QString &address);
-    /// Takes off the disk what turned out to be no picture, or too large for one.
+    /// Lets one load at a time write to the disk. What one download leaves behind when it fails is taken
+    /// away by its address, and that must never meet what another is still writing.
+    [[nodiscard]] bool tryOpenDisk() { return !std::exchange(m_isDiskOpen, true); }
+    void closeDisk() { m_isDiskOpen = false; }
+    /// Takes off the disk what turned out to be no picture, or too large for one. Only for the load
+    /// that has opened it.
     void forgetOnDisk(const QString &address);
 
 private:
     QNetworkAccessManager m_network;
     QCache<QString, QImage> m_memory;
     QThreadPool m_decoders;
+    bool m_isDiskOpen = false;
 };

@@ -1,7 +1,6 @@
 #include "platform/QVPictureCacheFolder.h"
 
 #include <QDir>
-#include <QFileInfo>
 #include <QStandardPaths>
 #include <QThreadPool>
 #include <QUuid>
@@ -39,6 +38,11 @@ void removeAbandonedFolders(const QString &root)
     }
 }
 
+void startRemovingAbandonedFolders(const QString &root)
+{
+    QThreadPool::globalInstance()->start([root] { removeAbandonedFolders(root); });
+}
+
 } // namespace
 
 QVPictureCacheFolder &QVPictureCacheFolder::shared()
@@ -62,13 +66,14 @@ QString QVPictureCacheFolder::path()
         return {};
     m_path = folder;
     m_lock = std::move(lock);
+    // A host may have named itself, and thereby another root, only since the first clearing.
+    startRemovingAbandonedFolders(root);
     return m_path;
 }
 
 void QVPictureCacheFolder::clearInBackground()
 {
     const QString root = rootPath();
-    if (root.isEmpty())
-        return;
-    QThreadPool::globalInstance()->start([root] { removeAbandonedFolders(root); });
+    if (!root.isEmpty())
+        startRemovingAbandonedFolders(root);
 }

@@ -5,11 +5,14 @@
 #include <QTimerEvent>
 
 #include <algorithm>
+#include <limits>
 
 namespace {
 
 // Below this a coarse timer, which may be 5 % late, would show as uneven motion.
 constexpr auto preciseBelow = std::chrono::seconds(2);
+// What Qt's timers can count, some 24 days.
+constexpr std::chrono::milliseconds longestWait{std::numeric_limits<int>::max()};
 
 } // namespace
 
@@ -38,8 +41,8 @@ QVScheduler::TaskId QVQtScheduler::schedule(std::chrono::nanoseconds delay, Acti
         qAddPostRoutine(dropAll);
         m_dropsAtExit = true;
     }
-    const auto wait =
-        std::max(std::chrono::ceil<std::chrono::milliseconds>(delay), std::chrono::milliseconds::zero());
+    const auto wait = std::clamp(std::chrono::ceil<std::chrono::milliseconds>(delay),
+                                 std::chrono::milliseconds::zero(), longestWait);
     const int timer = startTimer(wait, wait < preciseBelow ? Qt::PreciseTimer : Qt::CoarseTimer);
     m_tasks.emplace(++m_lastId, Task{timer, std::move(action)});
     return m_lastId;

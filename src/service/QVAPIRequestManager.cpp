@@ -88,12 +88,12 @@ QVAPIRequestManager::Parameters challengeParameters(const QString &vid, const QS
 
 QVAPIRequestManager &QVAPIRequestManager::shared()
 {
-    static QVAPIRequestManager manager;
-    return manager;
+    // Never destroyed: an application object that is a host's static may end after ours.
+    static auto *const manager = new QVAPIRequestManager;
+    return *manager;
 }
 
 QVAPIRequestManager::QVAPIRequestManager() = default;
-QVAPIRequestManager::~QVAPIRequestManager() = default;
 
 QVAPIRequestManager::Task
 QVAPIRequestManager::requestConfigWithVid(const QString &vid, const QString &type, const QString &scene,
@@ -218,6 +218,8 @@ QVAPIRequestManager::Task QVAPIRequestManager::startPlain(const QString &address
     for (auto header = headers.cbegin(); header != headers.cend(); ++header)
         request.setRawHeader(header.key(), header.value());
     request.setAttribute(QNetworkRequest::CacheLoadControlAttribute, QNetworkRequest::AlwaysNetwork);
+    // A host's own way to the network may have a cache.
+    request.setAttribute(QNetworkRequest::CacheSaveControlAttribute, false);
 
     auto *download =
         QVBoundedDownload::start(requestSession(), request, {deadline, answerLimit},

@@ -57,7 +57,6 @@ public:
 
 private:
     QVAPIRequestManager();
-    ~QVAPIRequestManager();
 
     Task start(const QString &address, const Parameters &parameters, std::chrono::seconds deadline,
                std::function<void(const QVJsonAnswer &)> answered);

@@ -6,8 +6,6 @@
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
 
-#include <algorithm>
-
 namespace {
 
 constexpr int maximumRedirects = 5;
@@ -48,6 +46,9 @@ QVBoundedDownload::QVBoundedDownload(QNetworkAccessManager &own, Limits limits, 
 
 QVBoundedDownload::~QVBoundedDownload()
 {
+    // What the completion holds may cancel this as it goes.
+    m_isFinished = true;
+    m_completion = {};
     if (m_reply)
         m_reply->deleteLater();
 }
@@ -67,7 +68,10 @@ void QVBoundedDownload::send(QNetworkAccessManager &network, QNetworkRequest req
     m_reply = network.get(request);
     // A busy event loop must not let the answer pile up unread.
     m_reply->setReadBufferSize(m_limits.bytes + 1);
-    connect(m_reply, &QNetworkReply::readyRead, this, &QVBoundedDownload::readIfLarge);
+    // A host may read what its manager says has finished, before this hears of it.
+    const bool isHosts = &network != parent();
+    connect(m_reply, &QNetworkReply::readyRead, this,
+            isHosts ? &QVBoundedDownload::read : &QVBoundedDownload::readIfLarge);
     connect(m_reply, &QNetworkReply::finished, this, &QVBoundedDownload::finish);
     // Another's way to the network may go at any time.
     connect(&network, &QObject::destroyed, this, [this] { failLater(QVNetworkError::connectionLost); });
@@ -93,7 +97,9 @@ void QVBoundedDownload::read()
 
 void QVBoundedDownload::finish()
 {
-    read();
+    // One that its host gave up is closed.
+    if (m_reply->isOpen())
+        read();
     if (m_result.error)
         return;
     m_result.httpStatus = m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
@@ -103,7 +109,7 @@ void QVBoundedDownload::finish()
 
 void QVBoundedDownload::failLater(qint64 code)
 {
-    if (m_result.error)
+    if (m_isFinished || m_result.error)
         return;
     m_result.error = qv_networkError(code);
     m_deadline.stop();

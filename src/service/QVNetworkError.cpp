@@ -37,9 +37,9 @@ qint64 codeOf(QNetworkReply::NetworkError error)
     case QNetworkReply::HostNotFoundError:
         return codeOfUnreachable(QVNetworkError::hostNotFound);
     case QNetworkReply::TimeoutError:
-        return QVNetworkError::timedOut;
+    // Not ours, whose replies are let go of: the time-out of a host's own way to the network.
     case QNetworkReply::OperationCanceledError:
-        return QVNetworkError::cancelled;
+        return QVNetworkError::timedOut;
     case QNetworkReply::SslHandshakeFailedError:
         return QVNetworkError::tlsFailure;
     case QNetworkReply::TemporaryNetworkFailureError:

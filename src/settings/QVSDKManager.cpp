@@ -53,7 +53,9 @@ void QVSDKManager::setNetworkAccessManager(QNetworkAccessManager *manager)
 
 void QVSDKManager::setAttemptTimeout(std::chrono::milliseconds timeout)
 {
-    settings().setAttemptTimeout(std::max(timeout, std::chrono::milliseconds::zero()));
+    // No longer than what every part of the way can count.
+    constexpr std::chrono::milliseconds longest = std::chrono::days(1);
+    settings().setAttemptTimeout(std::clamp(timeout, std::chrono::milliseconds::zero(), longest));
 }
 
 void QVSDKManager::setPopupPresentation(QVPopupPresentation presentation)

@@ -53,6 +53,7 @@ public:
 
     /// Ends an attempt that has not passed after \a timeout, counted from its start, as failed with the
     /// code -1001; a popup closes. An embedded panel shows the failure, and a tap on it starts anew.
-    /// Zero, as at first, and less let the user take all the time there is.
+    /// Zero, as at first, and less let the user take all the time there is; more than a day counts as a
+    /// day.
     static void setAttemptTimeout(std::chrono::milliseconds timeout);
 };

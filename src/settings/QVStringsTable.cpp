@@ -17,8 +17,14 @@ QVStringsTable QVStringsTable::parse(const QByteArray &utf8)
     QVStringsScanner scanner(QString::fromUtf8(utf8));
     while (scanner.skipToEntry()) {
         const auto key = scanner.quotedText();
-        const bool assigned = key && scanner.accept(u'=');
+        const bool assigned = key && scanner.accept(u'=') && scanner.skipToEntry();
+        const QVStringsScanner beforeValue = scanner;
         const auto value = assigned ? scanner.quotedText() : std::nullopt;
+        if (value && scanner.accept(u'=')) {
+            // The value is missing; this is the key of the line below.
+            scanner = beforeValue;
+            continue;
+        }
         if (value)
             table.m_texts.insert(*key, *value);
         if (!value || !scanner.accept(u';'))

@@ -88,6 +88,26 @@ private Q_SLOTS:
         QCOMPARE(probe.code(), -1001);
     }
 
+    void overlappingLoadsOfOneAddress()
+    {
+        const QByteArray bytes = qv_testPicture({40, 23}, Qt::green, "png");
+        const QByteArray length = "Content-Length: " + QByteArray::number(bytes.size() + 1) + "\r\n\r\n";
+        QVImageResources resources;
+        Probe stalled;
+        m_server->enqueue(QVScript().send("HTTP/1.1 200 OK\r\n" + length + bytes));
+        load(stalled, "/a.png", resources);
+        QVERIFY(waitFor([&] { return m_server->requests().size() == 1; }));
+        Probe second;
+        m_server->enqueue(picture());
+        load(second, "/a.png", resources);
+        expectPicture(second, Qt::green);
+        // The first is still writing there.
+        QVERIFY(!resources.isOnDisk(address("/a.png")));
+        advance(15s);
+        QVERIFY(waitFor([&] { return stalled.isDone(); }));
+        QCOMPARE(stalled.code(), -1001);
+    }
+
     void cancelledDownload()
     {
         m_server->enqueue(QVScript());
@@ -107,10 +127,7 @@ private Q_SLOTS:
         resources.decoders().start([&] { blocker.acquire(); });
         m_server->enqueue(picture());
         Probe probe;
-        QVImageLoad *started = nullptr;
-        probe.run([&](const auto &completed) {
-            return started = QVImageLoad::start(resources, address("/a.png"), completed);
-        });
+        QVImageLoad *const started = load(probe, "/a.png", resources);
         QVERIFY(waitFor([&] { return m_server->requests().size() == 1 && time().pendingCount() == 0; }));
         QVERIFY(!probe.isDone());
         started->cancel();
@@ -133,6 +150,12 @@ private:
     {
         return probe.run(
             [&](const auto &completed) { return QVImageLoader::shared().load(address(path), completed); });
+    }
+
+    QVImageLoad *load(Probe &probe, const char *path, QVImageResources &resources) const
+    {
+        return probe.run(
+            [&](const auto &completed) { return QVImageLoad::start(resources, address(path), completed); });
     }
 
     void expectPicture(const Probe &probe, const QColor &colour) const

@@ -17,10 +17,15 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// Counts what goes through it.
+/// Counts what goes through it, and reads every answer itself, as a host's log may.
 class CountingNetwork : public QNetworkAccessManager
 {
 public:
+    CountingNetwork()
+    {
+        connect(this, &QNetworkAccessManager::finished, [](QNetworkReply *reply) { reply->readAll(); });
+    }
+
     int count = 0;
 
 protected:

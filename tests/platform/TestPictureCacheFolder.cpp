@@ -17,8 +17,16 @@ private Q_SLOTS:
         QVERIFY(!(info.permissions() & (QFile::ReadGroup | QFile::ReadOther | QFile::ExeOther)));
     }
 
+    void clearsWhatNoProcessHoldsAnyMore_data()
+    {
+        const auto row = addColumns<bool>({"isAsked"});
+        row("when asked", true);
+        row("with a new folder", false);
+    }
+
     void clearsWhatNoProcessHoldsAnyMore()
     {
+        QFETCH(const bool, isAsked);
         QVPictureCacheFolder own;
         const QString ownPath = own.path();
         QString abandoned;
@@ -30,7 +38,11 @@ private Q_SLOTS:
         QVERIFY(left.open(QIODevice::WriteOnly));
         left.close();
 
-        QVPictureCacheFolder::clearInBackground();
+        QVPictureCacheFolder next;
+        if (isAsked)
+            QVPictureCacheFolder::clearInBackground();
+        else
+            QVERIFY(!next.path().isEmpty());
         QVERIFY(QThreadPool::globalInstance()->waitForDone(5000));
 
         QVERIFY(!QDir(abandoned).exists());

@@ -3,6 +3,7 @@
 
 #include <QImage>
 #include <QJsonArray>
+#include <QNetworkReply>
 
 using std::chrono::milliseconds;
 
@@ -127,6 +128,19 @@ private Q_SLOTS:
         QCOMPARE(reply.code(), q("0103"));
         QCOMPARE(get(q("/sandbox/token?token=") + reply.text("token")).text("earned"), q("outage"));
         QCOMPARE(get(verify + cells).code(), q("1002"));
+    }
+
+    void whileDrawnAPictureMayBeAskedForTwice()
+    {
+        const Reply picture = get(sandbox().addresses().outageServer + q("?action=get&deviceid=d"));
+        const QUrl address(sandbox().addresses().imageHost + u'/' + picture.text("imgid") + q("@1x.jpg"));
+        QNetworkAccessManager network;
+        const std::array replies{network.get(QNetworkRequest(address)),
+                                 network.get(QNetworkRequest(address))};
+        for (QNetworkReply *reply : replies) {
+            QVERIFY(waitFor([reply] { return reply->isFinished(); }));
+            QCOMPARE(QImage::fromData(reply->readAll()).size(), QSize(400, 230));
+        }
     }
 };
 

@@ -1,5 +1,8 @@
 #include "service/QVServiceTestCase.h"
 
+#include <QNetworkAccessManager>
+#include <QNetworkReply>
+
 class TestCancellation : public QVServiceTestCase
 {
     Q_OBJECT
@@ -28,6 +31,35 @@ private Q_SLOTS:
         QVERIFY(!probe.isDone());
         expectCancelled(probe);
         QVERIFY(waitFor([&] { return server().closedCount() == 1; }));
+    }
+
+    void byTheHostsWayToTheNetwork()
+    {
+        QNetworkAccessManager network;
+        settings().setNetworkAccessManager(&network);
+        server().enqueue(QVScript());
+        Probe<Picture> probe;
+        requestPicture(probe);
+        QVERIFY(waitFor([&] { return server().requests().size() == 1; }));
+        // As its own time-out does.
+        network.findChild<QNetworkReply *>()->abort();
+        await(probe);
+        QCOMPARE(probe.code(), -1001);
+    }
+
+    void theHostsWayGoesDuringTheCompletion()
+    {
+        auto network = std::make_unique<QNetworkAccessManager>();
+        settings().setNetworkAccessManager(network.get());
+        int completions = 0;
+        const Task task = requestPictureFor([&](const auto &, const auto &) {
+            ++completions;
+            network.reset();
+            QCoreApplication::processEvents();
+        });
+        task->cancel();
+        QVERIFY(waitFor([&] { return task->isFinished(); }));
+        QCOMPARE(completions, 1);
     }
 
     void absentCompletionIsSkipped()

@@ -56,6 +56,18 @@ private Q_SLOTS:
         }
     }
 
+    void attemptsTakeADayAtMost()
+    {
+        using std::chrono::milliseconds;
+        const QVCases<milliseconds, milliseconds> cases{{milliseconds::max(), std::chrono::days(1)},
+                                                        {milliseconds(3), milliseconds(3)},
+                                                        {milliseconds::min(), milliseconds(0)}};
+        for (const auto &[asked, kept] : cases) {
+            QVSDKManager::setAttemptTimeout(asked);
+            QCOMPARE(QVConfigurationManager::sharedManager().attemptTimeout().count(), kept.count());
+        }
+    }
+
     void aDeviceLanguageNamesItsScript()
     {
         const QVCases<const char *, const char *> cases{{"zh-CN zh-Hans-CN zh", "zh-Hans"},

@@ -59,6 +59,7 @@ private Q_SLOTS:
             {"\"a\" = \"\\ud83d\\ude00\";", pairs("a", "😀")},
             {"\"a\" = \"\\u12g4\";", pairs("a", "u12g4")},
             {"\"a\" = \"1\"\n\"b\" = \"2\";", both},
+            {"\"x\" =\n\"a\" = \"1\";\n\"x\"\n\"b\" = \"2\";\n\"x\" = ", both},
             {"\"x\" = \"lost;\n\"a\" = \"1\";\n\"b\" = \"2\";", both},
             {"<html>\n<body \"x\" = \"y\";>", {}}};
         for (const auto &[file, texts] : cases) {
