@@ -1,6 +1,7 @@
 #include "draw/DrawTestCase.h"
 
 #include "settings/QVSDKManager.h"
+#include "support/QVWait.h"
 #include "views/QVOverlayLabel.h"
 #include "views/QVRenderDrawOverlayView.h"
 
@@ -35,7 +36,7 @@ void DrawTestCase::show(QVVerifyStyle style, QSize size)
     connect(m_view, &QVRenderDrawView::failed, this,
             [this](const QVError &error) { failures.append(error); });
     m_host->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_host.get()));
+    QVERIFY(qv_becomesActive(*m_host));
 }
 
 void DrawTestCase::start(QVVerifyStyle style, QSize size)

@@ -3,6 +3,7 @@
 #include "draw/QVRenderDrawView.h"
 #include "modes/QVWindow.h"
 #include "support/QVPointerInput.h"
+#include "support/QVWait.h"
 #include "views/QVOverlayLabel.h"
 #include "views/QVRenderDrawImageView.h"
 #include "views/QVRenderDrawOverlayView.h"
@@ -22,7 +23,7 @@ void FaultsTestCase::prepare()
     m_host->resize(700, 600);
     m_host->show();
     m_host->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(m_host.get()));
+    QVERIFY(qv_becomesActive(*m_host));
 }
 
 void FaultsTestCase::finish()

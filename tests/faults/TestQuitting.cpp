@@ -60,7 +60,7 @@ private Q_SLOTS:
         QVSDKManager::setServiceAddresses(addresses);
         carelessHost = std::make_unique<CarelessHost>();
         keptWindow = carelessHost->window;
-        QVERIFY(QTest::qWaitForWindowActive(keptWindow));
+        QVERIFY(qv_becomesActive(*keptWindow));
         if (isOutage)
             answerThatTheServiceIsDown(silent);
         carelessHost->click.button()->click();

@@ -5,6 +5,7 @@
 #include "modes/QVWindow.h"
 #include "settings/QVSDKManager.h"
 #include "support/QVPointerInput.h"
+#include "support/QVWait.h"
 
 #include <QApplication>
 
@@ -83,7 +84,7 @@ void ModesTestCase::showActive(QWidget &window)
 {
     window.show();
     window.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&window));
+    QVERIFY(qv_becomesActive(window));
 }
 
 QVWindow *ModesTestCase::popup()

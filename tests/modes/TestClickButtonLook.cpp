@@ -40,7 +40,6 @@ private Q_SLOTS:
 
     void fitsLongTexts()
     {
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(q(".*raise.*")));
         auto *const label = m_button->findChild<QVClickStatusLabel *>();
         const auto showsToolTip = [&](int words) {
             label->setText(q("<b>a</b>long ").repeated(words).trimmed());

@@ -16,7 +16,7 @@ std::map<QString, QVTestRegistry::Factory> &factories()
 
 void QVTestCase::init()
 {
-    // All but what the offscreen platform says of itself.
+    // All but what a platform says of itself.
     QTest::failOnWarning(QRegularExpression(q("^(?!This plugin does not support)")));
     m_time = std::make_unique<QVVirtualScheduler>();
     prepare();

@@ -2,7 +2,9 @@
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
+#include <QTest>
 #include <QTimer>
+#include <QWidget>
 
 #include <functional>
 
@@ -21,4 +23,12 @@ inline bool qv_waitFor(const std::function<bool()> &condition, int milliseconds 
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
     return true;
+}
+
+/// Waits until a window that was shown has the keyboard. On Wayland only the compositor gives it, with no
+/// word from Qt Test; elsewhere a window manager may have to be asked.
+inline bool qv_becomesActive(QWidget &window)
+{
+    window.activateWindow();
+    return QTest::qWaitForWindowExposed(&window) && qv_waitFor([&window] { return window.isActiveWindow(); });
 }

@@ -2,6 +2,7 @@
 #include "support/QVPixels.h"
 #include "support/QVPointerInput.h"
 #include "support/QVTestCase.h"
+#include "support/QVWait.h"
 #include "views/QVActivitySpinner.h"
 #include "views/QVBorderedBox.h"
 #include "views/QVCharVerifyInputView.h"
@@ -127,7 +128,7 @@ private:
         m_view->setGeometry(0, 0, 400, 40);
         m_view->setDelegate(m_owner.get());
         m_window->show();
-        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+        QVERIFY(qv_becomesActive(*m_window));
     }
 
     void finish() override

@@ -4,6 +4,7 @@
 #include "support/QVPixels.h"
 #include "support/QVPointerInput.h"
 #include "support/QVTestCase.h"
+#include "support/QVWait.h"
 #include "views/QVOverlayLabel.h"
 #include "views/QVRenderDrawImageView.h"
 #include "views/QVRenderDrawImageViewLoadingLayer.h"
@@ -161,7 +162,7 @@ private:
         m_view->setGeometry(0, 0, 400, 230);
         m_view->setDelegate(m_owner.get());
         m_owner->show();
-        QVERIFY(QTest::qWaitForWindowActive(m_owner.get()));
+        QVERIFY(qv_becomesActive(*m_owner));
     }
 
     void finish() override { m_owner.reset(); }
