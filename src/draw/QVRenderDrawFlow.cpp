@@ -237,10 +237,12 @@ void QVRenderDrawFlow::handleOutageResponse(const std::shared_ptr<QVDownTimeResp
     }
     m_outage = record->active();
     surface().setOutage(m_outage);
-    if (m_outage)
-        enterOutage();
-    else
+    if (!m_outage) {
         requestConfigFromQuarvoServer();
+        return;
+    }
+    enterOutage();
+    surface().outageHasStarted();
 }
 
 void QVRenderDrawFlow::enterOutage()

@@ -233,8 +233,6 @@ void QVRenderDrawView::setOutage(bool outage)
 {
     m_gesture->setStaysInPicture(outage);
     QVRenderDrawParts::setOutage(outage);
-    if (outage)
-        Q_EMIT outageStarted();
 }
 
 void QVRenderDrawView::setDrawingEnabled(bool enabled)
@@ -246,6 +244,11 @@ void QVRenderDrawView::setDrawingEnabled(bool enabled)
 bool QVRenderDrawView::isDrawing() const
 {
     return m_gesture->panGestureRecognizer().isDragging();
+}
+
+void QVRenderDrawView::outageHasStarted()
+{
+    Q_EMIT outageStarted();
 }
 
 void QVRenderDrawView::pictureIsReady()

@@ -89,6 +89,7 @@ private:
     void setOutage(bool outage) override;
     void setDrawingEnabled(bool enabled) override;
     [[nodiscard]] bool isDrawing() const override;
+    void outageHasStarted() override;
     void pictureIsReady() override;
     void answerWasWrong() override;
     void attemptHasFailed(const QVError &error) override;

@@ -151,6 +151,32 @@ private Q_SLOTS:
         QVERIFY(waitFor([&] { return embedTold.size() == 1; }));
     }
 
+    void outageMayEndThePanel_data()
+    {
+        const auto row = addColumns<bool>({"isReset"});
+        row("destroyed", false);
+        row("reset", true);
+    }
+
+    void outageMayEndThePanel()
+    {
+        QFETCH(bool, isReset);
+        service().answer(outageSwitch, {{QStringLiteral("active"), true}});
+        QVEmbedManager manager;
+        const QPointer<QWidget> panel = manager.embedView();
+        connect(&manager, &QVEmbedManager::outageStarted, this, [&] {
+            service().answer(outageSwitch, {});
+            if (isReset)
+                manager.reset();
+            else
+                delete panel;
+        });
+        panel->setParent(&host());
+        pass(300ms);
+        QCOMPARE(panel != nullptr, isReset);
+        QVERIFY(!isReset || waitFor([this] { return service().count(config) == 1; }));
+    }
+
     void requestsGoTheHostsWay()
     {
         auto network = std::make_unique<CountingNetwork>();
