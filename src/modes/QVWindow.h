@@ -57,7 +57,8 @@ private:
     void stayOnTop();
     [[nodiscard]] bool isBesideCard(const QMouseEvent &event) const;
 
-    QVFocusTrap *m_focusTrap;
+    // Ends before the children, whose focus goes with them.
+    std::unique_ptr<QVFocusTrap> m_focusTrap;
     std::shared_ptr<QVViewController> m_rootController;
     const QVPopupPresentation m_presentation;
     QVPopupGeometry m_geometry;
