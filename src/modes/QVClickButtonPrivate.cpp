@@ -130,7 +130,7 @@ void QVClickButtonPrivate::beginTracking(const QPointF &point)
     q->setDown(true);
     waterRippleView->beganWaterRippleAnimationAtPoint(point);
     clickButtonTouchDownAction();
-    if (button)
+    if (button && tracking)
         Q_EMIT button->pressed();
 }
 
@@ -167,7 +167,7 @@ void QVClickButtonPrivate::takeTouch(QTouchEvent &event)
     const QPointF point = event.points().constFirst().position();
     if (event.type() == QEvent::TouchBegin) {
         event.setAccepted(takesInput() && q->hitButton(point.toPoint()));
-        if (event.isAccepted())
+        if (event.isAccepted() && q->isEnabled())
             beginTracking(point);
     } else if (tracking && event.type() == QEvent::TouchUpdate) {
         continueTracking(point);
