@@ -8,7 +8,6 @@
 #include "service/QVDownTimeResponseModel.h"
 #include "service/QVErrorClassification.h"
 #include "service/QVGetOutageResponseModel.h"
-#include "service/QVNetworkError.h"
 #include "service/QVVerifyResponseModel.h"
 #include "settings/QVConfigurationManager.h"
 #include "settings/QVLocalization.h"
@@ -123,19 +122,18 @@ void QVRenderDrawFlow::beginAttempt()
     if (m_getRefreshModel)
         m_getRefreshModel->endTimeDown();
     surface().setCharInputBusy(false);
-    const auto timeout = QVConfigurationManager::sharedManager().attemptTimeout();
-    if (isEmbedded() && timeout.count() > 0)
-        m_deadline.start(timeout, [this] { attemptTimedOut(); });
+    if (isEmbedded())
+        m_deadline.start([this](const QVError &error) { attemptTimedOut(error); });
 }
 
-void QVRenderDrawFlow::attemptTimedOut()
+void QVRenderDrawFlow::attemptTimedOut(const QVError &error)
 {
     if (!m_surface)
         return;
     ++m_now.attempt;
     surface().setCharInputBusy(false);
     surface().hiddenLoadingAnimation();
-    handleRequestError(qv_parseError(qv_networkError(QVNetworkError::timedOut)), true);
+    handleRequestError(error, true);
 }
 
 template<class Record>
@@ -423,6 +421,8 @@ void QVRenderDrawFlow::handleRequestVerifySuccess(const QVVerifyResponseModel &v
         if (auto *delegate = flow->m_delegate.get())
             delegate->renderDrawViewVerifySuccess(token);
     });
+    if (auto *delegate = m_delegate.get())
+        delegate->renderDrawViewHasPassed();
 }
 
 void QVRenderDrawFlow::handleWrongAnswer(const QVError &error)

@@ -9,9 +9,6 @@
 #include "modes/QVViewController.h"
 #include "platform/QVScheduler.h"
 #include "service/QVClickResponseModel.h"
-#include "service/QVErrorClassification.h"
-#include "service/QVNetworkError.h"
-#include "settings/QVConfigurationManager.h"
 #include "settings/QVLocalization.h"
 #include "settings/QVLocalizationKeys.h"
 #include "views/QVAccessibleRole.h"
@@ -214,7 +211,7 @@ void QVClickButtonPrivate::clickButtonTouchUpInside()
     if (!takesInput())
         return;
     tracking = false;
-    startDeadline();
+    m_deadline.start([this](const QVError &error) { attemptTimedOut(error); });
     const auto controller = m_qv_controller.lock();
     if (!controller || !controller->canDirectlyShow()) {
         dismissPopup();
@@ -295,6 +292,12 @@ void QVClickButtonPrivate::handleError(const QVError &error)
         Q_EMIT button->failed(error);
 }
 
+void QVClickButtonPrivate::qv_controllerPassedAction()
+{
+    // The token has been earned in time.
+    m_deadline.stop();
+}
+
 void QVClickButtonPrivate::quarvoControllerVerifySuccessWithToken(const QString &token)
 {
     // An answer that was on its way when the user closed the popup comes too late.
@@ -312,18 +315,11 @@ void QVClickButtonPrivate::qv_controllerOutageAction()
     Q_EMIT q->outageStarted();
 }
 
-void QVClickButtonPrivate::startDeadline()
-{
-    const auto timeout = QVConfigurationManager::sharedManager().attemptTimeout();
-    if (timeout.count() > 0)
-        m_deadline.start(timeout, [this] { attemptTimedOut(); });
-}
-
-void QVClickButtonPrivate::attemptTimedOut()
+void QVClickButtonPrivate::attemptTimedOut(const QVError &error)
 {
     dropSequence();
     dismissPopup();
-    handleError(qv_parseError(qv_networkError(QVNetworkError::timedOut)));
+    handleError(error);
 }
 
 void QVClickButtonPrivate::reset()

@@ -106,6 +106,36 @@ private Q_SLOTS:
         QCOMPARE(outcomes.said(), words("passed click-token"));
     }
 
+    void anEarnedTokenIsNotTimedOut_data()
+    {
+        const auto row = addColumns<bool>({"isClicked"});
+        row("click", true);
+        row("invisible", false);
+    }
+
+    void anEarnedTokenIsNotTimedOut()
+    {
+        QFETCH(bool, isClicked);
+        QVSDKManager::setAttemptTimeout(3s);
+        Outcomes outcomes;
+        QVClickManager clicker;
+        QVInvisibleManager invisible;
+        outcomes.watch(&clicker);
+        outcomes.watch(&invisible);
+        clicker.button()->setParent(&host());
+        clicker.button()->show();
+        if (isClicked)
+            clicker.button()->click();
+        else
+            invisible.startInsivible();
+        QVERIFY(waitForPicture());
+        pass(2s);
+        strokeAndVerify();
+        QCOMPARE(outcomes.said(), words("popup"));
+        pass(5s);
+        QCOMPARE(outcomes.said(), words("popup, passed main-token"));
+    }
+
     void clicksBesideTheCard_data()
     {
         QTest::addColumn<bool>("closes");
