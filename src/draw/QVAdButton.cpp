@@ -3,6 +3,7 @@
 #include "settings/QVLocalization.h"
 #include "settings/QVLocalizationKeys.h"
 #include "views/QVFocusRing.h"
+#include "views/QVOneLine.h"
 #include "views/QVSystemFont.h"
 
 #include <QPainter>
@@ -29,11 +30,11 @@ QVAdButton::QVAdButton(QWidget *parent)
 
 void QVAdButton::setWord(const QString &word, const QString &link)
 {
-    m_word = word;
+    m_word = qv_oneLine(word);
     m_link = link;
-    setAccessibleName(qv_localizedStringForKey(QVKey::accessibleAdvertisement) + u' ' + word);
-    const QFontMetrics metrics(qv_systemFont(fontSize, word, room));
-    const int width = std::min(metrics.horizontalAdvance(word) + 2 * inset, widest);
+    setAccessibleName(qv_localizedStringForKey(QVKey::accessibleAdvertisement) + u' ' + m_word);
+    const QFontMetrics metrics(qv_systemFont(fontSize, m_word, room));
+    const int width = std::min(metrics.horizontalAdvance(m_word) + 2 * inset, widest);
     setGeometry(0, 0, width, metrics.height() + heightBeyondText);
     update();
 }

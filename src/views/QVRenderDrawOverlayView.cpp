@@ -2,6 +2,7 @@
 
 #include "views/QVAccessibleRole.h"
 #include "views/QVFocusRing.h"
+#include "views/QVOneLine.h"
 #include "views/QVOverlayLabel.h"
 #include "views/QVSystemFont.h"
 
@@ -47,7 +48,7 @@ void QVRenderDrawOverlayView::setOverlayImage(const QPixmap &image, const QStrin
 {
     const bool hasBoth = !image.isNull() && !text.isNull();
     m_overlayLabel->setContent(image, hasBoth ? u' ' + text : text);
-    setAccessibleName(text);
+    setAccessibleName(qv_oneLine(text));
 }
 
 void QVRenderDrawOverlayView::setCoveredHeight(int height)
