@@ -75,6 +75,7 @@ void QVClickButtonPrivate::layoutSubviews() const
     waterRippleView->setGeometry(q->rect());
     clickStatusView->setGeometry(0, 0, statusWidth, q->height());
     clickStatusLabel->setGeometry(labelLeft, 0, q->width() - labelLeft - labelInset, q->height());
+    describe();
 }
 
 void QVClickButtonPrivate::setClickStatus(QVClickStatus status)
@@ -97,10 +98,15 @@ void QVClickButtonPrivate::setStatusText(const QString &text)
         return;
     clickStatusLabel->setText(text);
     q->setAccessibleName(text);
-    q->setAccessibleDescription(clickStatusLabel->isElided() ? text : QString());
+    describe();
     // Nothing else tells a screen reader that the verification went on by itself.
     QAccessibleEvent alert(q, QAccessible::Alert);
     QAccessible::updateAccessibility(&alert);
+}
+
+void QVClickButtonPrivate::describe() const
+{
+    q->setAccessibleDescription(clickStatusLabel->isElided() ? clickStatusLabel->text() : QString());
 }
 
 bool QVClickButtonPrivate::takesInput() const

@@ -66,6 +66,8 @@ public:
 private:
     void setupSubviews();
     void setStatusText(const QString &text);
+    /// Offers screen readers the text where its end is not shown.
+    void describe() const;
     [[nodiscard]] bool isUnderWay() const;
 
     void requestOutageAction();

@@ -50,6 +50,10 @@ private Q_SLOTS:
         };
         QVERIFY(!showsToolTip(4) && !label->isElided());
         QVERIFY(showsToolTip(40) && label->isElided());
+        m_button->resize(290, 44);
+        QCOMPARE(m_button->accessibleDescription(), label->text());
+        m_button->resize(5000, 44);
+        QCOMPARE(m_button->accessibleDescription(), QString());
         QVERIFY(QToolTip::text().contains(q("&lt;b&gt;")));
         QToolTip::hideText();
     }
