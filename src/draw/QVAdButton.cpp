@@ -7,6 +7,7 @@
 #include "views/QVSystemFont.h"
 
 #include <QPainter>
+#include <QtMath>
 
 #include <algorithm>
 
@@ -33,9 +34,9 @@ void QVAdButton::setWord(const QString &word, const QString &link)
     m_word = qv_oneLine(word);
     m_link = link;
     setAccessibleName(qv_localizedStringForKey(QVKey::accessibleAdvertisement) + u' ' + m_word);
-    const QFontMetrics metrics(qv_systemFont(fontSize, m_word, room));
-    const int width = std::min(metrics.horizontalAdvance(m_word) + 2 * inset, widest);
-    setGeometry(0, 0, width, metrics.height() + heightBeyondText);
+    const QFontMetricsF metrics(qv_systemFont(fontSize, m_word, room));
+    const int width = std::min(qCeil(metrics.horizontalAdvance(m_word)) + 2 * inset, widest);
+    setGeometry(0, 0, width, qCeil(metrics.height()) + heightBeyondText);
     update();
 }
 
