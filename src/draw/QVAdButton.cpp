@@ -47,6 +47,7 @@ void QVAdButton::paintEvent(QPaintEvent * /*event*/)
     const QRect title = rect().adjusted(inset, 0, -inset, 0);
     painter.setFont(qv_systemFont(fontSize, m_word, room));
     painter.setPen(Qt::white);
+    painter.setLayoutDirection(Qt::LayoutDirectionAuto);
     painter.drawText(title, Qt::AlignCenter | Qt::TextSingleLine,
                      painter.fontMetrics().elidedText(m_word, Qt::ElideRight, title.width()));
     qv_paintFocusRing(painter, *this, Qt::white);

@@ -2,6 +2,7 @@
 #include "draw/QVAdButton.h"
 #include "draw/QVRenderStrokeView.h"
 #include "settings/QVSDKManager.h"
+#include "support/QVPixels.h"
 #include "views/QVCustomActionButton.h"
 #include "views/QVSystemFont.h"
 
@@ -158,6 +159,26 @@ private Q_SLOTS:
         QVPointerInput::strokeWithMouse(view(), QVPointerInput::wave(from, 20, step));
         QVERIFY(waitFor([this] { return service().count(q("verify")) == 1; }));
         QCOMPARE(service().count(q("refresh")), 0);
+    }
+
+    void looksTheSameFromRightToLeft()
+    {
+        offer(q("click"), q("Word (of Ad)!"), q("https://ad.example"));
+        start(QVVerifyStylePopup);
+        const auto look = [this] {
+            // Both kinds of halo.
+            for (const char *name : {"promptOverlayView", "errorOverlayView"})
+                part<QVRenderDrawOverlayView>(name)->setOverlayImage({}, q("(One) two!"));
+            return QList<QImage>{pixelsOf(view()), pixelsOf(*part("promptOverlayView")),
+                                 pixelsOf(*part("errorOverlayView"))};
+        };
+        const QList<QImage> before = look();
+        QGuiApplication::setLayoutDirection(Qt::RightToLeft);
+        const QList<QImage> after = look();
+        QGuiApplication::setLayoutDirection(Qt::LeftToRight);
+        // Outlines come out a step lighter or darker.
+        for (qsizetype i = 0; i < before.size(); ++i)
+            QVERIFY(farthest(after.at(i), before.at(i)) <= 2);
     }
 
     void aStrokeAcrossTwoSizesComesToNothing()

@@ -2,6 +2,7 @@
 #include "modes/QVClickButton.h"
 #include "modes/QVClickStatusLabel.h"
 #include "settings/QVLocalization.h"
+#include "support/QVPixels.h"
 
 #include <QAccessible>
 #include <QHelpEvent>
@@ -95,15 +96,6 @@ private:
         m_button = new QVClickButton(&host());
         m_button->setGeometry(100, 100, 300, 44);
         m_button->show();
-    }
-
-    /// How far the pixels of two pictures are apart in any channel.
-    static int farthest(const QImage &one, const QImage &other)
-    {
-        int most = one.size() == other.size() ? 0 : 255;
-        for (qsizetype i = 0; most < 255 && i < one.sizeInBytes(); ++i)
-            most = std::max(most, std::abs(one.constBits()[i] - other.constBits()[i]));
-        return most;
     }
 
     [[nodiscard]] QImage painted(QWidget::RenderFlags flags = QWidget::RenderFlags()) const
