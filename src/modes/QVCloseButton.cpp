@@ -15,7 +15,7 @@ constexpr qreal pressedOpacity = 0.8;
 
 QVCloseButton::QVCloseButton(QWidget *parent)
     : QVTouchButton(parent)
-    , m_cross(qv_imageFromBundleWithName(QStringLiteral("qv_draw_close"), devicePixelRatioF()))
+    , m_cross(qv_imageFromBundleWithName(QStringLiteral("qv_draw_close")))
 {
     setFixedSize(defaultSize());
     setCursor(Qt::PointingHandCursor);
