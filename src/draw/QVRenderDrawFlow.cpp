@@ -34,12 +34,6 @@ QString vid()
     return QVConfigurationManager::sharedManager().vid();
 }
 
-/// The outage switch can end with neither answer nor error; the user is to be told something all the same.
-QVError reasonFor(const std::optional<QVError> &error)
-{
-    return error ? *error : qv_parseError(QVError());
-}
-
 // The service may have started the count anywhere, at the end of the range too.
 qint64 oneMore(qint64 count)
 {
@@ -230,7 +224,7 @@ void QVRenderDrawFlow::handleOutageResponse(const std::shared_ptr<QVDownTimeResp
 {
     if (!record) {
         surface().hiddenLoadingAnimation();
-        handleRequestError(reasonFor(error), true);
+        handleRequestError(qv_errorWithoutAnswer(error), true);
         return;
     }
     m_outage = record->active();
@@ -265,7 +259,7 @@ void QVRenderDrawFlow::handleConfigResponse(const std::shared_ptr<QVConfigRespon
         return;
     }
     surface().hiddenLoadingAnimation();
-    handleRequestError(reasonFor(error), true);
+    handleRequestError(qv_errorWithoutAnswer(error), true);
 }
 
 void QVRenderDrawFlow::handleConfigResponseFromQuarvoServer(
@@ -292,7 +286,7 @@ void QVRenderDrawFlow::handleGetResponse(const std::shared_ptr<QVGetRefreshRespo
     if (record)
         handleGetRefreshResponseFromQuarvoServer(record, false);
     else
-        handleRequestError(reasonFor(error), true);
+        handleRequestError(qv_errorWithoutAnswer(error), true);
 }
 
 void QVRenderDrawFlow::handleClickResponse(const std::shared_ptr<QVClickResponseModel> &record,
@@ -300,7 +294,7 @@ void QVRenderDrawFlow::handleClickResponse(const std::shared_ptr<QVClickResponse
 {
     if (!record) {
         surface().hiddenLoadingAnimation();
-        handleRequestError(reasonFor(error), true);
+        handleRequestError(qv_errorWithoutAnswer(error), true);
     } else if (record->code() == QLatin1String("0103")) {
         QVVerifyResponseModel verify;
         verify.setToken(record->token());
@@ -317,7 +311,7 @@ void QVRenderDrawFlow::handleRefreshResponse(const std::shared_ptr<QVGetRefreshR
     if (record)
         handleGetRefreshResponseFromQuarvoServer(record, true);
     else
-        handleRequestError(reasonFor(error), true);
+        handleRequestError(qv_errorWithoutAnswer(error), true);
 }
 
 void QVRenderDrawFlow::handleGetOutageResponse(const std::shared_ptr<QVGetOutageResponseModel> &record,
@@ -325,7 +319,7 @@ void QVRenderDrawFlow::handleGetOutageResponse(const std::shared_ptr<QVGetOutage
 {
     if (!record) {
         surface().hiddenLoadingAnimation();
-        handleRequestError(reasonFor(error), true);
+        handleRequestError(qv_errorWithoutAnswer(error), true);
         return;
     }
     surface().setRefreshButtonShown(true);
@@ -343,7 +337,7 @@ void QVRenderDrawFlow::handleVerifyResponse(Stamp asked, const std::shared_ptr<Q
     }
     if (m_now != asked)
         return;
-    const QVError failure = reasonFor(error);
+    const QVError failure = qv_errorWithoutAnswer(error);
     if (failure.code() == wrongAnswerCode)
         handleWrongAnswer(failure);
     else
