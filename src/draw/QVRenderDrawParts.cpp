@@ -203,7 +203,7 @@ void QVRenderDrawParts::setRefreshButtonEnabled(bool enabled)
 
 void QVRenderDrawParts::setAdLinkword(const std::shared_ptr<QVGetRefreshResponseModel> &answer)
 {
-    if (answer && !answer->adlinkword().isEmpty())
+    if (answer)
         adButton().setWord(answer->adlinkword(), answer->adlink());
     else if (m_adButton)
         m_adButton->setParent(nullptr);
