@@ -35,7 +35,8 @@ public:
 
 Q_SIGNALS:
     void popupScreenChanged();
-    /// Escape, or the platform's own way of closing a window.
+    /// Escape or Back, the platform's own way of closing a window, or a click beside the card where
+    /// the host wants that.
     void closeRequested();
     void hostEnded();
 
