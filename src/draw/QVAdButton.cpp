@@ -2,6 +2,7 @@
 
 #include "settings/QVLocalization.h"
 #include "settings/QVLocalizationKeys.h"
+#include "views/QVColors.h"
 #include "views/QVFocusRing.h"
 #include "views/QVOneLine.h"
 #include "views/QVSystemFont.h"
@@ -19,7 +20,6 @@ constexpr int widest = 125;
 constexpr int fontSize = 12;
 // Larger text must not cover the picture.
 constexpr QSizeF room(widest - 2 * inset, 30);
-constexpr int backgroundAlpha = 179; // 0.7
 
 } // namespace
 
@@ -43,7 +43,7 @@ void QVAdButton::setWord(const QString &word, const QString &link)
 void QVAdButton::paintEvent(QPaintEvent * /*event*/)
 {
     QPainter painter(this);
-    painter.fillRect(rect(), QColor(0, 0, 0, backgroundAlpha));
+    painter.fillRect(rect(), QVColors::badge);
     const QRect title = rect().adjusted(inset, 0, -inset, 0);
     painter.setFont(qv_systemFont(fontSize, m_word, room));
     painter.setPen(Qt::white);

@@ -12,6 +12,7 @@
 #include "settings/QVLocalization.h"
 #include "settings/QVLocalizationKeys.h"
 #include "views/QVAccessibleRole.h"
+#include "views/QVColors.h"
 
 #include <QAccessible>
 #include <QTouchEvent>
@@ -24,10 +25,6 @@ namespace {
 
 constexpr auto successDelay = 500ms;
 constexpr int labelInset = 10;
-
-constexpr QColor blue(65, 141, 251);
-constexpr QColor green(0, 213, 159, 204);
-constexpr QColor red(238, 60, 64, 204);
 
 /// The key of the text that goes with a status; null where the text stays.
 QString textKey(QVClickStatus status)
@@ -122,8 +119,8 @@ bool QVClickButtonPrivate::isUnderWay() const
 QColor QVClickButtonPrivate::background() const
 {
     if (clickStatus == QVClickStatusPassed)
-        return green;
-    return clickStatus == QVClickStatusFailed ? red : blue;
+        return QVColors::successBar;
+    return clickStatus == QVClickStatusFailed ? QVColors::errorBar : QVColors::accent;
 }
 
 void QVClickButtonPrivate::beginTracking(const QPointF &point)

@@ -16,7 +16,6 @@ namespace {
 
 constexpr double usualHeight = 30;
 constexpr int labelInset = 10;
-constexpr qreal pressedOpacity = 0.8;
 
 } // namespace
 
