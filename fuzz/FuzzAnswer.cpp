@@ -48,6 +48,7 @@ public:
     void setDrawingEnabled(bool /*enabled*/) override {}
     [[nodiscard]] bool isDrawing() const override { return false; }
     void setCharInputBusy(bool /*busy*/) override {}
+    void outageHasStarted() override {}
     void pictureIsReady() override {}
     void answerWasWrong() override {}
     void attemptHasFailed(const QVError & /*error*/) override {}

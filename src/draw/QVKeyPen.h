@@ -14,7 +14,7 @@ class QVPanGestureRecognizer;
 class QVKeyPen final : public QWidget
 {
 public:
-    /// \a view holds \a picture and hears \a recognizer, which outlives this.
+    /// \a view holds \a picture and steers \a recognizer; none of them goes before this.
     QVKeyPen(QWidget *view, QWidget *picture, QVPanGestureRecognizer &recognizer);
 
     /// Whether there is something to draw on.

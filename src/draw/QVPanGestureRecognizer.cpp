@@ -164,7 +164,7 @@ bool QVPanGestureRecognizer::pressTouch(QWidget *receiver, const QTouchEvent &ev
     const QEventPoint &point = event.points().constFirst();
     const QPointF location = m_view->mapFromGlobal(point.globalPosition());
     // A control that takes no touches gets this one as a mouse press if the view leaves it alone.
-    if (!m_isEnabled || (!isOnControl && isOverControl(location)))
+    if (!takesPresses() || (!isOnControl && isOverControl(location)))
         return false;
     m_touchDevice = event.pointingDevice();
     m_touchId = point.id();
@@ -192,7 +192,7 @@ void QVPanGestureRecognizer::followTouch(const QTouchEvent &event)
 bool QVPanGestureRecognizer::handlePen(const QTabletEvent &event)
 {
     if (event.type() == QEvent::TabletPress) {
-        if (!m_isEnabled || event.button() != Qt::LeftButton || isOverControl(event.position()))
+        if (!takesPresses() || event.button() != Qt::LeftButton || isOverControl(event.position()))
             return false;
         press(Pointer::Pen, event.position());
         return true;
@@ -206,12 +206,17 @@ bool QVPanGestureRecognizer::handlePen(const QTabletEvent &event)
     return true;
 }
 
+bool QVPanGestureRecognizer::takesPresses() const
+{
+    return m_isEnabled && m_view->isEnabled();
+}
+
 void QVPanGestureRecognizer::press(Pointer pointer, QPointF location)
 {
     // A second press of the same pointer: its release was lost.
     if (m_pointer == pointer)
         cancel();
-    if (!m_isEnabled || m_pointer != Pointer::None)
+    if (!takesPresses() || m_pointer != Pointer::None)
         return;
     m_pointer = pointer;
     m_pressLocation = location;

@@ -65,6 +65,7 @@ private:
     bool handlePen(const QTabletEvent &event);
     void followTouch(const QTouchEvent &event);
 
+    [[nodiscard]] bool takesPresses() const;
     void press(Pointer pointer, QPointF location);
     void move(QPointF location);
     void begin(QPointF location);

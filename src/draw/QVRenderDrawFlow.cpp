@@ -8,7 +8,6 @@
 #include "service/QVDownTimeResponseModel.h"
 #include "service/QVErrorClassification.h"
 #include "service/QVGetOutageResponseModel.h"
-#include "service/QVNetworkError.h"
 #include "service/QVVerifyResponseModel.h"
 #include "settings/QVConfigurationManager.h"
 #include "settings/QVLocalization.h"
@@ -33,12 +32,6 @@ QVAPIRequestManager &service()
 QString vid()
 {
     return QVConfigurationManager::sharedManager().vid();
-}
-
-/// The outage switch can end with neither answer nor error; the user is to be told something all the same.
-QVError reasonFor(const std::optional<QVError> &error)
-{
-    return error ? *error : qv_parseError(QVError());
 }
 
 // The service may have started the count anywhere, at the end of the range too.
@@ -123,19 +116,18 @@ void QVRenderDrawFlow::beginAttempt()
     if (m_getRefreshModel)
         m_getRefreshModel->endTimeDown();
     surface().setCharInputBusy(false);
-    const auto timeout = QVConfigurationManager::sharedManager().attemptTimeout();
-    if (isEmbedded() && timeout.count() > 0)
-        m_deadline.start(timeout, [this] { attemptTimedOut(); });
+    if (isEmbedded())
+        m_deadline.start([this](const QVError &error) { attemptTimedOut(error); });
 }
 
-void QVRenderDrawFlow::attemptTimedOut()
+void QVRenderDrawFlow::attemptTimedOut(const QVError &error)
 {
     if (!m_surface)
         return;
     ++m_now.attempt;
     surface().setCharInputBusy(false);
     surface().hiddenLoadingAnimation();
-    handleRequestError(qv_parseError(qv_networkError(QVNetworkError::timedOut)), true);
+    handleRequestError(error, true);
 }
 
 template<class Record>
@@ -232,15 +224,17 @@ void QVRenderDrawFlow::handleOutageResponse(const std::shared_ptr<QVDownTimeResp
 {
     if (!record) {
         surface().hiddenLoadingAnimation();
-        handleRequestError(reasonFor(error), true);
+        handleRequestError(qv_errorWithoutAnswer(error), true);
         return;
     }
     m_outage = record->active();
     surface().setOutage(m_outage);
-    if (m_outage)
-        enterOutage();
-    else
+    if (!m_outage) {
         requestConfigFromQuarvoServer();
+        return;
+    }
+    enterOutage();
+    surface().outageHasStarted();
 }
 
 void QVRenderDrawFlow::enterOutage()
@@ -265,7 +259,7 @@ void QVRenderDrawFlow::handleConfigResponse(const std::shared_ptr<QVConfigRespon
         return;
     }
     surface().hiddenLoadingAnimation();
-    handleRequestError(reasonFor(error), true);
+    handleRequestError(qv_errorWithoutAnswer(error), true);
 }
 
 void QVRenderDrawFlow::handleConfigResponseFromQuarvoServer(
@@ -292,7 +286,7 @@ void QVRenderDrawFlow::handleGetResponse(const std::shared_ptr<QVGetRefreshRespo
     if (record)
         handleGetRefreshResponseFromQuarvoServer(record, false);
     else
-        handleRequestError(reasonFor(error), true);
+        handleRequestError(qv_errorWithoutAnswer(error), true);
 }
 
 void QVRenderDrawFlow::handleClickResponse(const std::shared_ptr<QVClickResponseModel> &record,
@@ -300,7 +294,7 @@ void QVRenderDrawFlow::handleClickResponse(const std::shared_ptr<QVClickResponse
 {
     if (!record) {
         surface().hiddenLoadingAnimation();
-        handleRequestError(reasonFor(error), true);
+        handleRequestError(qv_errorWithoutAnswer(error), true);
     } else if (record->code() == QLatin1String("0103")) {
         QVVerifyResponseModel verify;
         verify.setToken(record->token());
@@ -317,7 +311,7 @@ void QVRenderDrawFlow::handleRefreshResponse(const std::shared_ptr<QVGetRefreshR
     if (record)
         handleGetRefreshResponseFromQuarvoServer(record, true);
     else
-        handleRequestError(reasonFor(error), true);
+        handleRequestError(qv_errorWithoutAnswer(error), true);
 }
 
 void QVRenderDrawFlow::handleGetOutageResponse(const std::shared_ptr<QVGetOutageResponseModel> &record,
@@ -325,7 +319,7 @@ void QVRenderDrawFlow::handleGetOutageResponse(const std::shared_ptr<QVGetOutage
 {
     if (!record) {
         surface().hiddenLoadingAnimation();
-        handleRequestError(reasonFor(error), true);
+        handleRequestError(qv_errorWithoutAnswer(error), true);
         return;
     }
     surface().setRefreshButtonShown(true);
@@ -343,7 +337,7 @@ void QVRenderDrawFlow::handleVerifyResponse(Stamp asked, const std::shared_ptr<Q
     }
     if (m_now != asked)
         return;
-    const QVError failure = reasonFor(error);
+    const QVError failure = qv_errorWithoutAnswer(error);
     if (failure.code() == wrongAnswerCode)
         handleWrongAnswer(failure);
     else
@@ -421,6 +415,8 @@ void QVRenderDrawFlow::handleRequestVerifySuccess(const QVVerifyResponseModel &v
         if (auto *delegate = flow->m_delegate.get())
             delegate->renderDrawViewVerifySuccess(token);
     });
+    if (auto *delegate = m_delegate.get())
+        delegate->renderDrawViewHasPassed();
 }
 
 void QVRenderDrawFlow::handleWrongAnswer(const QVError &error)

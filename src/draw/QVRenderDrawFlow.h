@@ -3,7 +3,7 @@
 #include "draw/QVRenderDrawSurface.h"
 #include "draw/QVRenderDrawViewDelegate.h"
 #include "draw/QVVerifyStyle.h"
-#include "platform/QVTimer.h"
+#include "service/QVAttemptDeadline.h"
 #include "service/QVCompletion.h"
 
 #include <QString>
@@ -64,7 +64,7 @@ private:
     };
 
     void beginAttempt();
-    void attemptTimedOut();
+    void attemptTimedOut(const QVError &error);
     void beginStep() { ++m_now.step; }
     template<class Record>
     [[nodiscard]] QVCompletion<Record> ifNotOvertaken(Handler<Record> handler);
@@ -121,5 +121,5 @@ private:
     std::shared_ptr<QVGetOutageResponseModel> m_getOutageModel;
     Stamp m_now;
     /// A popup's attempt is its opener's to end.
-    QVTimer m_deadline;
+    QVAttemptDeadline m_deadline;
 };

@@ -18,6 +18,9 @@ QVRenderDrawGesture::QVRenderDrawGesture(QWidget *view, ImageFrame imageFrame)
 
 void QVRenderDrawGesture::layoutSubviews()
 {
+    // A trace is measured by the size that it began with.
+    if (m_renderLayer->size() != m_view->size())
+        m_panGestureRecognizer.discard();
     m_renderLayer->setGeometry(m_view->rect());
     m_renderLayer->raise();
 }

@@ -29,7 +29,8 @@ public:
 
     /// Whether a stroke has to stay within the picture.
     void setStaysInPicture(bool staysInPicture) { m_staysInPicture = staysInPicture; }
-    /// Puts the stroke above all children and fits it to the view.
+    /// Puts the stroke above all children and fits it to the view. A drag across two sizes of the view
+    /// comes to nothing.
     void layoutSubviews();
 
 Q_SIGNALS:

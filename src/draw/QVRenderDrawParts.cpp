@@ -24,7 +24,6 @@ constexpr int buttonInset = 5;
 constexpr double spinSeconds = 0.3;
 constexpr int badgeFontSize = 12;
 constexpr QSize badgePadding(10, 5);
-constexpr QColor badgeGround(0, 0, 0, 179); // alpha 0.7
 
 QVCustomActionButton *makeButton(QWidget *parent, const char *name, const char *picture,
                                  QLatin1String accessibleKey)
@@ -99,7 +98,7 @@ QVTextLabel &QVRenderDrawParts::outageLabel()
         badgeFont.setItalic(true);
         m_outageLabel = new QVTextLabel(badgeFont, Qt::white, m_imageView);
         m_outageLabel->setObjectName(QStringLiteral("outageLabel"));
-        m_outageLabel->setGround(badgeGround);
+        m_outageLabel->setGround(QVColors::badge);
         m_outageLabel->setPadding(badgePadding);
         m_outageLabel->setText(qv_localizedStringForKey(QVKey::outage));
         m_outageLabel->resize(m_outageLabel->sizeHint());
@@ -203,7 +202,7 @@ void QVRenderDrawParts::setRefreshButtonEnabled(bool enabled)
 
 void QVRenderDrawParts::setAdLinkword(const std::shared_ptr<QVGetRefreshResponseModel> &answer)
 {
-    if (answer && !answer->adlinkword().isEmpty())
+    if (answer)
         adButton().setWord(answer->adlinkword(), answer->adlink());
     else if (m_adButton)
         m_adButton->setParent(nullptr);

@@ -44,7 +44,8 @@ public:
     [[nodiscard]] virtual bool isDrawing() const = 0;
     virtual void setCharInputBusy(bool busy) = 0;
 
-    // Notices for whoever watches the surface, who may destroy it in answer.
+    // Notices for whoever watches the surface, who may destroy it or start anew in answer: they come last.
+    virtual void outageHasStarted() = 0;
     virtual void pictureIsReady() = 0;
     virtual void answerWasWrong() = 0;
     virtual void attemptHasFailed(const QVError &error) = 0;

@@ -135,9 +135,9 @@ void QVRenderDrawView::initGesture()
     connect(m_gesture.get(), &QVRenderDrawGesture::accepted, this, &QVRenderDrawView::strokeAccepted);
     connect(m_gesture.get(), &QVRenderDrawGesture::discarded, this, &QVRenderDrawView::strokeDiscarded);
     m_gesture->layoutSubviews();
-    m_keyPen = new QVKeyPen(this, &imageView(), m_gesture->panGestureRecognizer());
-    connect(m_gesture.get(), &QVRenderDrawGesture::accepted, m_keyPen, &QVKeyPen::refresh);
-    connect(m_gesture.get(), &QVRenderDrawGesture::discarded, m_keyPen, &QVKeyPen::refresh);
+    m_keyPen = std::make_unique<QVKeyPen>(this, &imageView(), m_gesture->panGestureRecognizer());
+    connect(m_gesture.get(), &QVRenderDrawGesture::accepted, m_keyPen.get(), &QVKeyPen::refresh);
+    connect(m_gesture.get(), &QVRenderDrawGesture::discarded, m_keyPen.get(), &QVKeyPen::refresh);
 }
 
 void QVRenderDrawView::watchScreen()
@@ -233,8 +233,6 @@ void QVRenderDrawView::setOutage(bool outage)
 {
     m_gesture->setStaysInPicture(outage);
     QVRenderDrawParts::setOutage(outage);
-    if (outage)
-        Q_EMIT outageStarted();
 }
 
 void QVRenderDrawView::setDrawingEnabled(bool enabled)
@@ -246,6 +244,11 @@ void QVRenderDrawView::setDrawingEnabled(bool enabled)
 bool QVRenderDrawView::isDrawing() const
 {
     return m_gesture->panGestureRecognizer().isDragging();
+}
+
+void QVRenderDrawView::outageHasStarted()
+{
+    Q_EMIT outageStarted();
 }
 
 void QVRenderDrawView::pictureIsReady()

@@ -89,6 +89,7 @@ private:
     void setOutage(bool outage) override;
     void setDrawingEnabled(bool enabled) override;
     [[nodiscard]] bool isDrawing() const override;
+    void outageHasStarted() override;
     void pictureIsReady() override;
     void answerWasWrong() override;
     void attemptHasFailed(const QVError &error) override;
@@ -98,5 +99,7 @@ private:
     QPointer<QScreen> m_screen;
     // Not a child: a drag that the view's end cancels has nobody to be reported to.
     std::unique_ptr<QVRenderDrawGesture> m_gesture;
-    QVKeyPen *m_keyPen = nullptr;
+    // Goes before the gesture: the picture loses the focus in the view's end, and the pen then discards a
+    // drag.
+    std::unique_ptr<QVKeyPen> m_keyPen;
 };

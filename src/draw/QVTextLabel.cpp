@@ -23,5 +23,6 @@ void QVTextLabel::paintEvent(QPaintEvent * /*event*/)
     painter.fillRect(rect(), m_ground);
     painter.setFont(m_font);
     painter.setPen(m_color);
+    painter.setLayoutDirection(Qt::LayoutDirectionAuto);
     painter.drawText(rect(), Qt::AlignCenter | Qt::TextSingleLine, text());
 }

@@ -172,7 +172,8 @@ void QVClickButton::keyPressEvent(QKeyEvent *event)
     const QPointer<QVClickButton> self(this);
     const QPointF centre = QRectF(rect()).center();
     d->beginTracking(centre);
-    if (self && pressesAtOnce(event->key()))
+    // The host may have reset or disabled the button in answer.
+    if (self && d->tracking && pressesAtOnce(event->key()))
         d->endTracking(centre);
 }
 

@@ -9,12 +9,10 @@
 #include "modes/QVViewController.h"
 #include "platform/QVScheduler.h"
 #include "service/QVClickResponseModel.h"
-#include "service/QVErrorClassification.h"
-#include "service/QVNetworkError.h"
-#include "settings/QVConfigurationManager.h"
 #include "settings/QVLocalization.h"
 #include "settings/QVLocalizationKeys.h"
 #include "views/QVAccessibleRole.h"
+#include "views/QVColors.h"
 
 #include <QAccessible>
 #include <QTouchEvent>
@@ -27,10 +25,6 @@ namespace {
 
 constexpr auto successDelay = 500ms;
 constexpr int labelInset = 10;
-
-constexpr QColor blue(65, 141, 251);
-constexpr QColor green(0, 213, 159, 204);
-constexpr QColor red(238, 60, 64, 204);
 
 /// The key of the text that goes with a status; null where the text stays.
 QString textKey(QVClickStatus status)
@@ -78,6 +72,7 @@ void QVClickButtonPrivate::layoutSubviews() const
     waterRippleView->setGeometry(q->rect());
     clickStatusView->setGeometry(0, 0, statusWidth, q->height());
     clickStatusLabel->setGeometry(labelLeft, 0, q->width() - labelLeft - labelInset, q->height());
+    describe();
 }
 
 void QVClickButtonPrivate::setClickStatus(QVClickStatus status)
@@ -100,10 +95,15 @@ void QVClickButtonPrivate::setStatusText(const QString &text)
         return;
     clickStatusLabel->setText(text);
     q->setAccessibleName(text);
-    q->setAccessibleDescription(clickStatusLabel->isElided() ? text : QString());
+    describe();
     // Nothing else tells a screen reader that the verification went on by itself.
     QAccessibleEvent alert(q, QAccessible::Alert);
     QAccessible::updateAccessibility(&alert);
+}
+
+void QVClickButtonPrivate::describe() const
+{
+    q->setAccessibleDescription(clickStatusLabel->isElided() ? clickStatusLabel->text() : QString());
 }
 
 bool QVClickButtonPrivate::takesInput() const
@@ -119,8 +119,8 @@ bool QVClickButtonPrivate::isUnderWay() const
 QColor QVClickButtonPrivate::background() const
 {
     if (clickStatus == QVClickStatusPassed)
-        return green;
-    return clickStatus == QVClickStatusFailed ? red : blue;
+        return QVColors::successBar;
+    return clickStatus == QVClickStatusFailed ? QVColors::errorBar : QVColors::accent;
 }
 
 void QVClickButtonPrivate::beginTracking(const QPointF &point)
@@ -130,7 +130,7 @@ void QVClickButtonPrivate::beginTracking(const QPointF &point)
     q->setDown(true);
     waterRippleView->beganWaterRippleAnimationAtPoint(point);
     clickButtonTouchDownAction();
-    if (button)
+    if (button && tracking)
         Q_EMIT button->pressed();
 }
 
@@ -167,7 +167,7 @@ void QVClickButtonPrivate::takeTouch(QTouchEvent &event)
     const QPointF point = event.points().constFirst().position();
     if (event.type() == QEvent::TouchBegin) {
         event.setAccepted(takesInput() && q->hitButton(point.toPoint()));
-        if (event.isAccepted())
+        if (event.isAccepted() && q->isEnabled())
             beginTracking(point);
     } else if (tracking && event.type() == QEvent::TouchUpdate) {
         continueTracking(point);
@@ -214,7 +214,7 @@ void QVClickButtonPrivate::clickButtonTouchUpInside()
     if (!takesInput())
         return;
     tracking = false;
-    startDeadline();
+    m_deadline.start([this](const QVError &error) { attemptTimedOut(error); });
     const auto controller = m_qv_controller.lock();
     if (!controller || !controller->canDirectlyShow()) {
         dismissPopup();
@@ -295,6 +295,12 @@ void QVClickButtonPrivate::handleError(const QVError &error)
         Q_EMIT button->failed(error);
 }
 
+void QVClickButtonPrivate::qv_controllerPassedAction()
+{
+    // The token has been earned in time.
+    m_deadline.stop();
+}
+
 void QVClickButtonPrivate::quarvoControllerVerifySuccessWithToken(const QString &token)
 {
     // An answer that was on its way when the user closed the popup comes too late.
@@ -312,18 +318,11 @@ void QVClickButtonPrivate::qv_controllerOutageAction()
     Q_EMIT q->outageStarted();
 }
 
-void QVClickButtonPrivate::startDeadline()
-{
-    const auto timeout = QVConfigurationManager::sharedManager().attemptTimeout();
-    if (timeout.count() > 0)
-        m_deadline.start(timeout, [this] { attemptTimedOut(); });
-}
-
-void QVClickButtonPrivate::attemptTimedOut()
+void QVClickButtonPrivate::attemptTimedOut(const QVError &error)
 {
     dropSequence();
     dismissPopup();
-    handleError(qv_parseError(qv_networkError(QVNetworkError::timedOut)));
+    handleError(error);
 }
 
 void QVClickButtonPrivate::reset()

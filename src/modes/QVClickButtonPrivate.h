@@ -3,7 +3,7 @@
 #include "modes/QVClickSequence.h"
 #include "modes/QVClickStatus.h"
 #include "modes/QVViewControllerDelegate.h"
-#include "platform/QVTimer.h"
+#include "service/QVAttemptDeadline.h"
 
 #include <QPointer>
 
@@ -49,6 +49,7 @@ public:
 
     void reset();
     void dismissPopup();
+    void qv_controllerPassedAction() override;
     void quarvoControllerVerifySuccessWithToken(const QString &token) override;
     void qv_controllerCloseAction() override;
     void qv_controllerOutageAction() override;
@@ -65,6 +66,8 @@ public:
 private:
     void setupSubviews();
     void setStatusText(const QString &text);
+    /// Offers screen readers the text where its end is not shown.
+    void describe() const;
     [[nodiscard]] bool isUnderWay() const;
 
     void requestOutageAction();
@@ -75,13 +78,12 @@ private:
     void handleSuccess(const QString &token);
     void handleError(const QVError &error);
     void close();
-    void startDeadline();
-    void attemptTimedOut();
+    void attemptTimedOut(const QVError &error);
     void dropSequence();
 
     std::weak_ptr<QVViewController> m_qv_controller;
     std::shared_ptr<QVClickSequence> m_sequence;
-    QVTimer m_deadline;
+    QVAttemptDeadline m_deadline;
     /// The window around the button while the service is asked; later the popup watches for itself.
     std::unique_ptr<QVHostWatch> m_hostWatch;
 };

@@ -86,8 +86,7 @@ void QVClickSequence::requestClickFromQuarvoServer(const Config &config)
 
 void QVClickSequence::fail(const std::optional<QVError> &error)
 {
-    // The switch may answer with neither a record nor an error; the user has to be told something.
-    finish(Failed{error ? *error : qv_customErrorWithErrorResponse(nullptr)});
+    finish(Failed{qv_errorWithoutAnswer(error)});
 }
 
 void QVClickSequence::finish(const Outcome &outcome)

@@ -106,7 +106,7 @@ void QVClickStatusView::clear()
 
 void QVClickStatusView::showNormal()
 {
-    const QPixmap logo = qv_imageFromBundleWithName(QStringLiteral("qv_click_btn_logo"), devicePixelRatioF());
+    const QPixmap logo = qv_imageFromBundleWithName(QStringLiteral("qv_click_btn_logo"));
     if (logo.isNull())
         return;
     QVLayer &layer = ensure(m_normalLogoIV);

@@ -3,19 +3,19 @@
 #include "settings/QVBundleImage.h"
 #include "settings/QVLocalization.h"
 #include "settings/QVLocalizationKeys.h"
+#include "views/QVFocusRing.h"
 
 #include <QPainter>
 
 namespace {
 
 constexpr int pictureInset = 9;
-constexpr qreal pressedOpacity = 0.8;
 
 } // namespace
 
 QVCloseButton::QVCloseButton(QWidget *parent)
     : QVTouchButton(parent)
-    , m_cross(qv_imageFromBundleWithName(QStringLiteral("qv_draw_close"), devicePixelRatioF()))
+    , m_cross(qv_imageFromBundleWithName(QStringLiteral("qv_draw_close")))
 {
     setFixedSize(defaultSize());
     setCursor(Qt::PointingHandCursor);
@@ -31,7 +31,7 @@ void QVCloseButton::paintEvent(QPaintEvent *)
     painter.setBrush(Qt::black);
     painter.drawEllipse(rect());
     painter.drawPixmap(rect().marginsRemoved(QMargins() + pictureInset), m_cross);
-    if (!hasFocus())
+    if (!qv_showsFocusRing(*this))
         return;
     painter.setPen(QPen(Qt::white, 2));
     painter.setBrush(Qt::NoBrush);

@@ -53,6 +53,8 @@ void QVFocusTrap::moveFocus(bool next)
     for (QWidget *widget = step(start); widget != start; widget = step(widget)) {
         if (!m_root->isAncestorOf(widget) || !takesTabFocus(widget))
             continue;
+        // Before it has the focus, which it may refuse by moving on from there.
+        m_inside = widget;
         widget->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
         return;
     }
@@ -63,15 +65,22 @@ bool QVFocusTrap::holds(const QWidget *widget) const
     return widget == m_root || m_root->isAncestorOf(widget);
 }
 
+bool QVFocusTrap::isOnTop() const
+{
+    return m_root->isWindow() || QVWindow::topmostIn(m_root->window()) == m_root;
+}
+
 void QVFocusTrap::followFocus(QWidget *now)
 {
     // Other windows, and no window at all, are the user's choice.
-    if (!now || now->window() != m_root->window())
+    if (now ? now->window() != m_root->window() : !m_root->isActiveWindow())
         return;
     if (holds(now))
         m_inside = now;
-    else if (QVWindow::topmostIn(m_root->window()) == m_root)
+    else if (isOnTop() && now)
         focusInside();
+    else if (isOnTop())
+        m_root->setFocus(); // Given up inside: keys would go to the host's window.
 }
 
 void QVFocusTrap::focusInside()

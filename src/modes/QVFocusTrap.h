@@ -23,6 +23,7 @@ public:
 
 private:
     [[nodiscard]] bool holds(const QWidget *widget) const;
+    [[nodiscard]] bool isOnTop() const;
     void followFocus(QWidget *now);
     /// Where it was inside before, if that can still take it.
     void focusInside();

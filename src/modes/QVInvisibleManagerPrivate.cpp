@@ -5,9 +5,6 @@
 #include "modes/QVInvisibleManager.h"
 #include "modes/QVViewController.h"
 #include "service/QVClickResponseModel.h"
-#include "service/QVErrorClassification.h"
-#include "service/QVNetworkError.h"
-#include "settings/QVConfigurationManager.h"
 #include "views/QVInvisibleAnimationView.h"
 
 #include <QGuiApplication>
@@ -103,9 +100,7 @@ void QVInvisibleManagerPrivate::startInsivible()
 
 void QVInvisibleManagerPrivate::startDeadline()
 {
-    const auto timeout = QVConfigurationManager::sharedManager().attemptTimeout();
-    if (timeout.count() > 0)
-        m_deadline.start(timeout, [this] { attemptsTimedOut(); });
+    m_deadline.start([this](const QVError &error) { attemptsTimedOut(error); });
 }
 
 void QVInvisibleManagerPrivate::stopDeadlineWhenIdle()
@@ -114,7 +109,7 @@ void QVInvisibleManagerPrivate::stopDeadlineWhenIdle()
         m_deadline.stop();
 }
 
-void QVInvisibleManagerPrivate::attemptsTimedOut()
+void QVInvisibleManagerPrivate::attemptsTimedOut(const QVError &error)
 {
     auto count = m_sequences.size() + (std::exchange(m_drawing, false) ? 1 : 0);
     for (const Sequence &sequence : std::exchange(m_sequences, {}))
@@ -123,7 +118,7 @@ void QVInvisibleManagerPrivate::attemptsTimedOut()
     removeAnimationView();
     const QPointer<QVInvisibleManager> manager(q);
     for (; count > 0 && manager; --count)
-        handleError(qv_parseError(qv_networkError(QVNetworkError::timedOut)));
+        handleError(error);
 }
 
 void QVInvisibleManagerPrivate::requestOutageAction()
@@ -207,6 +202,13 @@ void QVInvisibleManagerPrivate::handleError(const QVError &error)
         receiver->invisibleVerifyFailedWithError(error);
     if (manager)
         Q_EMIT manager->failed(error);
+}
+
+void QVInvisibleManagerPrivate::qv_controllerPassedAction()
+{
+    // The popup's token has been earned in time.
+    if (m_sequences.empty())
+        m_deadline.stop();
 }
 
 void QVInvisibleManagerPrivate::quarvoControllerVerifySuccessWithToken(const QString &token)

@@ -2,7 +2,7 @@
 
 #include "modes/QVClickSequence.h"
 #include "modes/QVViewControllerDelegate.h"
-#include "platform/QVTimer.h"
+#include "service/QVAttemptDeadline.h"
 
 #include <QPointer>
 
@@ -27,6 +27,7 @@ public:
 
     void startInsivible();
     void reset();
+    void qv_controllerPassedAction() override;
     void quarvoControllerVerifySuccessWithToken(const QString &token) override;
     void qv_controllerCloseAction() override;
     void qv_controllerOutageAction() override;
@@ -47,7 +48,7 @@ private:
 
     void startDeadline();
     void stopDeadlineWhenIdle();
-    void attemptsTimedOut();
+    void attemptsTimedOut(const QVError &error);
     void requestOutageAction();
     void watchHost();
     void handleOutcome(const QVClickSequence::Outcome &outcome);
@@ -69,5 +70,5 @@ private:
     bool m_drawing = false;
     int m_closedUnreported = 0;
     /// Counted from the last start.
-    QVTimer m_deadline;
+    QVAttemptDeadline m_deadline;
 };

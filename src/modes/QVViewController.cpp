@@ -147,6 +147,12 @@ void QVViewController::closeButtonDidClickedAction()
         dismissWindow();
 }
 
+void QVViewController::renderDrawViewHasPassed()
+{
+    if (auto *const delegate = m_delegate.get())
+        delegate->qv_controllerPassedAction();
+}
+
 void QVViewController::renderDrawViewVerifySuccess(const QString &token)
 {
     const auto self = shared_from_this();

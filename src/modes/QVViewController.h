@@ -49,6 +49,7 @@ public:
 
     void showRenderViewAnimation();
     void closeButtonDidClickedAction();
+    void renderDrawViewHasPassed() override;
     void renderDrawViewVerifySuccess(const QString &token) override;
 
     /// The host's window was closed or destroyed.

@@ -28,7 +28,7 @@ constexpr qreal cardRadius = 16;
 } // namespace
 
 QVWindow::QVWindow(QWidget *host)
-    : m_focusTrap(new QVFocusTrap(this))
+    : m_focusTrap(std::make_unique<QVFocusTrap>(this))
     , m_presentation(QVConfigurationManager::sharedManager().popupPresentation())
     , m_geometry(size(), m_presentation)
 {

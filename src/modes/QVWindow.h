@@ -35,7 +35,8 @@ public:
 
 Q_SIGNALS:
     void popupScreenChanged();
-    /// Escape, or the platform's own way of closing a window.
+    /// Escape or Back, the platform's own way of closing a window, or a click beside the card where
+    /// the host wants that.
     void closeRequested();
     void hostEnded();
 
@@ -57,7 +58,8 @@ private:
     void stayOnTop();
     [[nodiscard]] bool isBesideCard(const QMouseEvent &event) const;
 
-    QVFocusTrap *m_focusTrap;
+    // Ends before the children, whose focus goes with them.
+    std::unique_ptr<QVFocusTrap> m_focusTrap;
     std::shared_ptr<QVViewController> m_rootController;
     const QVPopupPresentation m_presentation;
     QVPopupGeometry m_geometry;

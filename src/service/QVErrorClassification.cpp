@@ -69,6 +69,11 @@ QVError qv_customErrorWithErrorResponse(const QVResponseModel *response)
         QVError(qv_localizedStringForKey(QVKey::otherRequestError), code, qv_customUserInfo()));
 }
 
+QVError qv_errorWithoutAnswer(const std::optional<QVError> &error)
+{
+    return error ? *error : qv_customErrorWithErrorResponse(nullptr);
+}
+
 QVError qv_parseError(const std::optional<QVError> &error)
 {
     if (!error)

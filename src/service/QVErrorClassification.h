@@ -14,5 +14,7 @@ class QVResponseModel;
 [[nodiscard]] bool qv_isQVCustomError(const QVError &error);
 /// The error for an answer that was no success, or that was no record at all.
 [[nodiscard]] QVError qv_customErrorWithErrorResponse(const QVResponseModel *response);
+/// The error to show where there is no answer; the outage switch may have ended with neither.
+[[nodiscard]] QVError qv_errorWithoutAnswer(const std::optional<QVError> &error);
 /// Chooses the message by the code; code and extra information stay as they are.
 [[nodiscard]] QVError qv_parseError(const std::optional<QVError> &error);

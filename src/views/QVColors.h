@@ -11,6 +11,8 @@ inline constexpr QColor lightGray(170, 170, 170);
 inline constexpr QColor picture(38, 38, 52);
 inline constexpr QColor strip(244, 244, 244);
 
+// Alpha 0.7.
+inline constexpr QColor badge(0, 0, 0, 179);
 // Alpha 0.8.
 inline constexpr QColor promptBar(255, 255, 255, 204);
 inline constexpr QColor errorBar(238, 60, 64, 204);

@@ -36,9 +36,8 @@ void QVCustomActionButton::setAlpha(qreal alpha)
 
 void QVCustomActionButton::setHighlighted(bool highlighted)
 {
-    constexpr qreal highlightedAlpha = 0.8;
     QVTouchButton::setHighlighted(highlighted);
-    setAlpha(highlighted ? highlightedAlpha : 1);
+    setAlpha(highlighted ? pressedOpacity : 1);
 }
 
 void QVCustomActionButton::placePicture()

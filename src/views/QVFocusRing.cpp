@@ -3,9 +3,14 @@
 #include <QPainter>
 #include <QWidget>
 
+bool qv_showsFocusRing(const QWidget &widget)
+{
+    return widget.hasFocus() && widget.window()->testAttribute(Qt::WA_KeyboardFocusChange);
+}
+
 void qv_paintFocusRing(QPainter &painter, const QWidget &widget, const QColor &color)
 {
-    if (!widget.hasFocus() || !widget.window()->testAttribute(Qt::WA_KeyboardFocusChange))
+    if (!qv_showsFocusRing(widget))
         return;
     constexpr qreal width = 2;
     constexpr qreal radius = 3;

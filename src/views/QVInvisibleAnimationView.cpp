@@ -206,8 +206,7 @@ QVLayer &QVInvisibleAnimationView::logoIV()
 {
     if (!m_logoIV) {
         m_logoIV = makeLayer();
-        m_logoIV->setContents(
-            qv_imageFromBundleWithName(QStringLiteral("qv_invisible_logo"), devicePixelRatioF()));
+        m_logoIV->setContents(qv_imageFromBundleWithName(QStringLiteral("qv_invisible_logo")));
     }
     return *m_logoIV;
 }

@@ -1,6 +1,7 @@
 #include "views/QVOverlayLabel.h"
 
 #include "views/QVAccessibleRole.h"
+#include "views/QVOneLine.h"
 #include "views/QVReadable.h"
 #include "views/QVSystemFont.h"
 
@@ -15,19 +16,6 @@ namespace {
 constexpr int overlayFontSize = 14;
 constexpr qreal iconSide = 20;
 constexpr qreal iconBelowBaseline = 4;
-// More than fits anywhere; measuring a server's megabyte at each repaint would stall the host.
-constexpr qsizetype longestLine = 400;
-
-QString oneLine(const QString &text)
-{
-    QString line = text.left(longestLine);
-    for (QChar &character : line) {
-        if (character.category() == QChar::Other_Control || character == QChar::LineSeparator ||
-            character == QChar::ParagraphSeparator)
-            character = u' ';
-    }
-    return line;
-}
 
 } // namespace
 
@@ -43,7 +31,7 @@ void QVOverlayLabel::setContent(const QPixmap &image, const QString &text)
 {
     m_image = image;
     m_text = text;
-    m_line = oneLine(text);
+    m_line = qv_oneLine(text);
     update();
 }
 

@@ -88,6 +88,8 @@ QColor QVReadable::halo(const QColor &color, const QColor &ground, double wanted
 void QVReadable::drawText(QPainter &painter, QPointF baseline, const QString &line, const QColor &ground)
 {
     const QColor color = painter.pen().color();
+    // As outlines are laid out; the application's direction is that of its own texts.
+    painter.setLayoutDirection(Qt::LayoutDirectionAuto);
     if (QColor shade = halo(color, ground, textContrast); shade.isValid()) {
         shade.setAlphaF(color.alphaF());
         const bool isBetween = luminance(shade) < luminance(color) && luminance(ground) < luminance(color);

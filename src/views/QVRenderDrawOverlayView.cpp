@@ -2,6 +2,7 @@
 
 #include "views/QVAccessibleRole.h"
 #include "views/QVFocusRing.h"
+#include "views/QVOneLine.h"
 #include "views/QVOverlayLabel.h"
 #include "views/QVSystemFont.h"
 
@@ -15,7 +16,6 @@ namespace {
 
 constexpr double usualHeight = 30;
 constexpr int labelInset = 10;
-constexpr qreal pressedOpacity = 0.8;
 
 } // namespace
 
@@ -47,7 +47,7 @@ void QVRenderDrawOverlayView::setOverlayImage(const QPixmap &image, const QStrin
 {
     const bool hasBoth = !image.isNull() && !text.isNull();
     m_overlayLabel->setContent(image, hasBoth ? u' ' + text : text);
-    setAccessibleName(text);
+    setAccessibleName(qv_oneLine(text));
 }
 
 void QVRenderDrawOverlayView::setCoveredHeight(int height)

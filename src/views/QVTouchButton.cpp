@@ -34,13 +34,14 @@ bool QVTouchButton::event(QEvent *event)
 
 bool QVTouchButton::takeTouch(QTouchEvent &event)
 {
+    // Disabled, it still takes touches, as it does clicks: they must not go to what lies below.
     const bool isInside = event.pointCount() > 0 && hitButton(event.point(0).position().toPoint());
     if (event.type() == QEvent::TouchBegin && !isInside) {
         event.ignore();
         return true;
     }
     event.accept();
-    touchMoved(isInside && event.type() != QEvent::TouchCancel);
+    touchMoved(isInside && isEnabled() && isVisible() && event.type() != QEvent::TouchCancel);
     if (event.type() == QEvent::TouchEnd)
         touchEnded();
     return true;

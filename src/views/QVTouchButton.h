@@ -19,6 +19,8 @@ public:
     virtual void setHighlighted(bool highlighted);
 
 protected:
+    static constexpr qreal pressedOpacity = 0.8;
+
     bool event(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void hideEvent(QHideEvent *event) override;

@@ -79,6 +79,19 @@ private Q_SLOTS:
         QCOMPARE(m_pad->states, QList<int>({1, 2, 2, 3}));
         QCOMPARE(m_pad->locations, QList<QPointF>({{50, 60}, {60, 70}, {80, 160}, {80, 160}}));
         QCOMPARE(m_pad->recognizer.state(), State::Possible);
+        m_pad->setEnabled(false);
+        stroke(*m_pad, {{50, 60}, {60, 70}, {80, 160}}, {});
+        QCOMPARE(m_pad->states.size(), 4);
+    }
+
+    void fingersDoNotClickWhatIsDisabledOrHidden()
+    {
+        m_pad->touchButton.setEnabled(false);
+        QVPointerInput::strokeWithFinger(*m_pad, {{210, 10}, {211, 10}});
+        m_pad->touchButton.setEnabled(true);
+        QVPointerInput::strokeWithFinger(*m_pad, {{210, 10}, {211, 10}},
+                                         [this] { m_pad->touchButton.hide(); });
+        QCOMPARE(m_pad->clicks, 0);
     }
 
     void aTapIsNoDrag()

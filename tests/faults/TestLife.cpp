@@ -11,8 +11,8 @@ namespace {
 
 /// Where an attempt stands when something ends.
 constexpr const char *states[] = {
-    "before anything", "switch asked", "config asked", "answer asked", "picture asked", "ready",
-    "drawing",         "verify asked", "passed",       "failed",       "refreshing",
+    "before anything", "switch asked",    "config asked", "answer asked", "picture asked", "ready",
+    "drawing",         "drawing by keys", "verify asked", "passed",       "failed",        "refreshing",
 };
 
 constexpr const char *ends[] = {"manager", "widget", "delegate", "host window", "everything"};
@@ -158,6 +158,10 @@ private:
             advance(500ms);
             QVPointerInput::press(*panel(), QPoint(100, 100));
             QVPointerInput::move(*panel(), QPoint(130, 120));
+        } else if (state == "drawing by keys") {
+            part("imageView")->setFocus(Qt::TabFocusReason);
+            QTest::keyClick(part("imageView"), Qt::Key_Space);
+            QTest::keyClick(part("imageView"), Qt::Key_Right);
         } else if (state == "verify asked") {
             faults().misbehave(QStringLiteral("/api/verify"), hang());
             draw();

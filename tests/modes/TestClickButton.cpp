@@ -62,6 +62,9 @@ private Q_SLOTS:
         row("space down, escape, space up", 0);
         row("space up", 0);
         row("disable, press, up", 0);
+        row("disable, finger", 0);
+        row("reset when touched, return", 0);
+        row("disable when touched, return", 0);
         row("fail, press", 1);
         row("fail, press, up", 2);
     }
@@ -97,6 +100,18 @@ private Q_SLOTS:
         add("show", [&] { button.show(); });
         add("disable", [&] { button.setEnabled(false); });
         add("enable", [&] { button.setEnabled(true); });
+        const auto whenTouched = [&](const char *step, const char *then) {
+            add(step, [&actions, &button, then] {
+                connect(&button, &QVClickButton::clickStatusChanged, &button,
+                        [&actions, then](QVClickStatus status) {
+                            if (status == QVClickStatusTouching)
+                                actions[q(then)]();
+                        });
+            });
+        };
+        add("reset", [&] { button.reset(); });
+        whenTouched("reset when touched", "reset");
+        whenTouched("disable when touched", "disable");
         add("focus elsewhere", [&] { host().setFocus(); });
         add("fail", [&] {
             answerForStatus(QVClickStatusFailed);

@@ -2,6 +2,7 @@
 #include "modes/QVClickButton.h"
 #include "modes/QVClickStatusLabel.h"
 #include "settings/QVLocalization.h"
+#include "support/QVPixels.h"
 
 #include <QAccessible>
 #include <QHelpEvent>
@@ -49,6 +50,10 @@ private Q_SLOTS:
         };
         QVERIFY(!showsToolTip(4) && !label->isElided());
         QVERIFY(showsToolTip(40) && label->isElided());
+        m_button->resize(290, 44);
+        QCOMPARE(m_button->accessibleDescription(), label->text());
+        m_button->resize(5000, 44);
+        QCOMPARE(m_button->accessibleDescription(), QString());
         QVERIFY(QToolTip::text().contains(q("&lt;b&gt;")));
         QToolTip::hideText();
     }
@@ -90,15 +95,6 @@ private:
         m_button = new QVClickButton(&host());
         m_button->setGeometry(100, 100, 300, 44);
         m_button->show();
-    }
-
-    /// How far the pixels of two pictures are apart in any channel.
-    static int farthest(const QImage &one, const QImage &other)
-    {
-        int most = one.size() == other.size() ? 0 : 255;
-        for (qsizetype i = 0; most < 255 && i < one.sizeInBytes(); ++i)
-            most = std::max(most, std::abs(one.constBits()[i] - other.constBits()[i]));
-        return most;
     }
 
     [[nodiscard]] QImage painted(QWidget::RenderFlags flags = QWidget::RenderFlags()) const

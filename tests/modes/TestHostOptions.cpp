@@ -111,6 +111,36 @@ private Q_SLOTS:
         QCOMPARE(outcomes.said(), words("passed click-token"));
     }
 
+    void anEarnedTokenIsNotTimedOut_data()
+    {
+        const auto row = addColumns<bool>({"isClicked"});
+        row("click", true);
+        row("invisible", false);
+    }
+
+    void anEarnedTokenIsNotTimedOut()
+    {
+        QFETCH(bool, isClicked);
+        QVSDKManager::setAttemptTimeout(3s);
+        Outcomes outcomes;
+        QVClickManager clicker;
+        QVInvisibleManager invisible;
+        outcomes.watch(&clicker);
+        outcomes.watch(&invisible);
+        clicker.button()->setParent(&host());
+        clicker.button()->show();
+        if (isClicked)
+            clicker.button()->click();
+        else
+            invisible.startInsivible();
+        QVERIFY(waitForPicture());
+        pass(2s);
+        strokeAndVerify();
+        QCOMPARE(outcomes.said(), words("popup"));
+        pass(5s);
+        QCOMPARE(outcomes.said(), words("popup, passed main-token"));
+    }
+
     void clicksBesideTheCard_data()
     {
         QTest::addColumn<bool>("closes");
@@ -154,6 +184,32 @@ private Q_SLOTS:
         pass(300ms);
         QVERIFY(waitFor([&] { return clickTold.size() == 1 && invisibleTold.size() == 1; }));
         QVERIFY(waitFor([&] { return embedTold.size() == 1; }));
+    }
+
+    void outageMayEndThePanel_data()
+    {
+        const auto row = addColumns<bool>({"isReset"});
+        row("destroyed", false);
+        row("reset", true);
+    }
+
+    void outageMayEndThePanel()
+    {
+        QFETCH(bool, isReset);
+        service().answer(outageSwitch, {{QStringLiteral("active"), true}});
+        QVEmbedManager manager;
+        const QPointer<QWidget> panel = manager.embedView();
+        connect(&manager, &QVEmbedManager::outageStarted, this, [&] {
+            service().answer(outageSwitch, {});
+            if (isReset)
+                manager.reset();
+            else
+                delete panel;
+        });
+        panel->setParent(&host());
+        pass(300ms);
+        QCOMPARE(panel != nullptr, isReset);
+        QVERIFY(!isReset || waitFor([this] { return service().count(config) == 1; }));
     }
 
     void requestsGoTheHostsWay()

@@ -119,6 +119,31 @@ private Q_SLOTS:
         QCOMPARE(QApplication::focusWidget(), popup());
     }
 
+    void theAnswersFieldKeepsTheKeyboardInThePopup()
+    {
+        delay(outageSwitch, 0ms);
+        service().extend(config, {{QStringLiteral("type"), QStringLiteral("character")}});
+        delay(picture, 100ms);
+        open();
+        QVERIFY(waitFor([this] { return service().count(picture) == 1; }));
+        QLineEdit &field = *popup()->findChild<QLineEdit *>();
+        // Nothing can be typed yet, so that Tab leads past the field.
+        for (int i = 0; i < 5; ++i) {
+            QTest::keyClick(host().windowHandle(), Qt::Key_Tab);
+            QVERIFY(!field.hasFocus() && popup()->isAncestorOf(QApplication::focusWidget()));
+        }
+        pass(100ms);
+        QVERIFY(waitForPicture());
+        QVPointerInput::click(field, field.rect().center());
+        QTest::keyClick(host().windowHandle(), Qt::Key_A);
+        QTest::keyClick(host().windowHandle(), Qt::Key_Return);
+        QCOMPARE(field.text(), QStringLiteral("a"));
+        QTest::keyClick(host().windowHandle(), Qt::Key_Return);
+        QCOMPARE(m_counting->count, 0);
+        QTest::keyClick(host().windowHandle(), Qt::Key_Escape);
+        QVERIFY(!popup());
+    }
+
     void focusGoesBack()
     {
         open();

@@ -4,6 +4,9 @@
 #include <QPainter>
 #include <QWidget>
 
+#include <algorithm>
+#include <cstdlib>
+
 /// What a widget looks like on a screen of a given pixel ratio.
 inline QImage pixelsOf(QWidget &widget, qreal ratio = 1)
 {
@@ -25,4 +28,13 @@ inline QRect differingFrom(const QImage &image, const QColor &background)
         }
     }
     return result;
+}
+
+/// How far the pixels of two pictures are apart in any channel.
+inline int farthest(const QImage &one, const QImage &other)
+{
+    int most = one.size() == other.size() ? 0 : 255;
+    for (qsizetype i = 0; most < 255 && i < one.sizeInBytes(); ++i)
+        most = std::max(most, std::abs(one.constBits()[i] - other.constBits()[i]));
+    return most;
 }

@@ -37,7 +37,7 @@ private Q_SLOTS:
         QTest::newRow("done") << QVColors::accent << QVColors::strip;
         QTest::newRow("placeholder") << QVColors::lightGray << QColor(Qt::white);
         QTest::newRow("support") << QColor(205, 205, 206) << QColor(255, 255, 255, 242);
-        QTest::newRow("badge and advertisement") << QColor(Qt::white) << QColor(0, 0, 0, 179);
+        QTest::newRow("badge and advertisement") << QColor(Qt::white) << QVColors::badge;
     }
 
     void everythingIsSetOff()

@@ -1,0 +1,18 @@
+#include "service/QVAttemptDeadline.h"
+
+#include "service/QVErrorClassification.h"
+#include "service/QVNetworkError.h"
+#include "settings/QVConfigurationManager.h"
+
+#include <utility>
+
+void QVAttemptDeadline::start(Expired expired)
+{
+    stop();
+    const auto timeout = QVConfigurationManager::sharedManager().attemptTimeout();
+    if (timeout.count() <= 0)
+        return;
+    m_timer.start(timeout, [expired = std::move(expired)] {
+        expired(qv_parseError(qv_networkError(QVNetworkError::timedOut)));
+    });
+}
