@@ -2,6 +2,7 @@
 #include "settings/QVSDKManager.h"
 #include "support/QVPixels.h"
 #include "support/QVTestCase.h"
+#include "support/QVWait.h"
 #include "views/QVCharVerifyInputView.h"
 #include "views/QVCharVerifyTextField.h"
 #include "views/QVRenderDrawImageView.h"
@@ -18,6 +19,7 @@ private Q_SLOTS:
     void changesNothing()
     {
         const QImage plain = look();
+        QVERIFY(!plain.isNull());
         qApp->setStyleSheet(
             q("* { background: red; color: green; border: 3px solid blue; font: italic 30px; }"
               "QLineEdit { padding: 8px; }"));
@@ -47,6 +49,8 @@ private:
         filled.setGeometry(0, 270, 400, 40);
         filled.inputTF()->setText(q("text"));
         window.show();
+        if (!qv_becomesActive(window))
+            return {};
         picture.showError(QVError(q("Something failed")), true);
         advance(200ms);
         return pixelsOf(window);
