@@ -9,6 +9,7 @@
 #include "modes/QVViewController.h"
 #include "platform/QVScheduler.h"
 #include "service/QVClickResponseModel.h"
+#include "settings/QVConfigurationManager.h"
 #include "settings/QVLocalization.h"
 #include "settings/QVLocalizationKeys.h"
 #include "views/QVAccessibleRole.h"
@@ -189,6 +190,8 @@ void QVClickButtonPrivate::cancelTracking()
 
 void QVClickButtonPrivate::clickButtonTouchDownAction()
 {
+    // Requests follow when the finger is lifted.
+    QVConfigurationManager::prepareDeviceId();
     setClickStatus(QVClickStatusTouching);
 }
 

@@ -1,5 +1,6 @@
 #include "platform/QVScheduler.h"
 #include "secrets/QVSecretStoreEntry.h"
+#include "secrets/QVSessionBus.h"
 
 #include <QLoggingCategory>
 
@@ -25,7 +26,9 @@ QVSecretStoreEntry findEntry()
 
 std::unique_ptr<QVSecureStore> QVSecureStore::ofDesktop(std::chrono::milliseconds limit)
 {
-    const QVSecretStoreEntry make = findEntry();
+    if (qv_sessionBusAddress().isEmpty())
+        return nullptr;
+    static const QVSecretStoreEntry make = findEntry();
     return std::unique_ptr<QVSecureStore>(make ? make(limit, [] { return QVScheduler::shared().now(); })
                                                : nullptr);
 }

@@ -3,30 +3,9 @@
 #include "secrets/QVGlibError.h"
 #include "secrets/QVGlibLoop.h"
 #include "secrets/QVPromptlessService.h"
-
-#include <QFileInfo>
+#include "secrets/QVSessionBus.h"
 
 #include <libsecret/secret.h>
-#include <unistd.h>
-
-namespace {
-
-// Looked up here, since GLib would start a bus where it finds none, and a new bus has no secrets.
-QByteArray sessionBusAddress()
-{
-    const QByteArray address = qgetenv("DBUS_SESSION_BUS_ADDRESS");
-    if (!address.isEmpty())
-        return address.contains("autolaunch:") ? QByteArray() : address;
-    const QByteArray folder = qgetenv("XDG_RUNTIME_DIR");
-    const QFileInfo socket(QFile::decodeName(folder + "/bus"));
-    if (folder.isEmpty() || !socket.exists() || socket.ownerId() != getuid())
-        return {};
-    const std::unique_ptr<char, QVGlibRelease<g_free>> escaped(
-        g_dbus_address_escape_value(QFile::encodeName(socket.filePath()).constData()));
-    return QByteArrayLiteral("unix:path=") + escaped.get();
-}
-
-} // namespace
 
 QVSecretConnection::~QVSecretConnection()
 {
@@ -36,7 +15,7 @@ QVSecretConnection::~QVSecretConnection()
 
 QVSecureStatus QVSecretConnection::open(QVGlibLoop &loop)
 {
-    const QByteArray address = sessionBusAddress();
+    const QByteArray address = qv_sessionBusAddress();
     if (address.isEmpty())
         return QVSecureStatus::NotAvailable;
     const QVSecureStatus connected = connect(loop, address);

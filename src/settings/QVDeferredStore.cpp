@@ -61,7 +61,7 @@ QVSecureStatus QVDeferredStore::with(const std::function<QVSecureStatus(QVSecure
 
 QVSecureStore *QVDeferredStore::store()
 {
-    if (const Make make = std::exchange(m_make, nullptr))
-        m_store = make();
+    if (!m_store)
+        m_store = m_make();
     return m_store.get();
 }

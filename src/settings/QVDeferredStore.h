@@ -13,7 +13,7 @@ class QVDeferredStore final : public QVSecureStore
 public:
     using Make = std::function<std::unique_ptr<QVSecureStore>()>;
 
-    /// \a make may give null, where there is no store.
+    /// \a make may give null, where there is no store; the next call then asks it again.
     QVDeferredStore(Make make, std::chrono::milliseconds limit);
     ~QVDeferredStore() override;
 
@@ -30,7 +30,7 @@ private:
     /// With the mutex held.
     [[nodiscard]] QVSecureStore *store();
 
-    Make m_make;
+    const Make m_make;
     const std::chrono::milliseconds m_limit;
     std::timed_mutex m_mutex;
     std::unique_ptr<QVSecureStore> m_store;
