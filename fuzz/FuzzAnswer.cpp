@@ -92,7 +92,9 @@ void startOnce()
     static int count = 1;
     static char name[] = "fuzz";
     static char *arguments[] = {name, nullptr};
-    static QApplication application(count, arguments);
+    // Never a static itself: at the end of the process Qt's network threads would outlive what they use.
+    static const auto *const application = new QApplication(count, arguments);
+    Q_UNUSED(application)
     static const bool isReady = [] {
         qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");
         // Nothing leaves the machine, not even a name to look up: all goes to a port that refuses.
