@@ -1,5 +1,7 @@
 #include "secrets/QVGlibLoop.h"
 
+#include "secrets/QVGlibError.h"
+
 namespace {
 
 // A cancelled call ends at the next turn of the loop, save where it must come back from a thread.
@@ -65,7 +67,17 @@ QVGlibLoop::Pending QVGlibLoop::begin(const Begin &begin)
     return pending;
 }
 
-QVGlibPointer<GAsyncResult> QVGlibLoop::Pending::wait()
+QVSecureStatus QVGlibLoop::Pending::wait(const Finish &finish)
+{
+    const auto answer = result();
+    if (!answer)
+        return QVSecureStatus::NotAvailable;
+    QVGlibError error;
+    finish(answer.get(), error.place());
+    return error.status();
+}
+
+QVGlibPointer<GAsyncResult> QVGlibLoop::Pending::result()
 {
     if (!m_call)
         return nullptr;

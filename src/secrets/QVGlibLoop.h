@@ -1,6 +1,7 @@
 #pragma once
 
 #include "secrets/QVGlibPointer.h"
+#include "settings/QVSecureItem.h"
 
 #include <chrono>
 #include <functional>
@@ -17,16 +18,20 @@ class QVGlibLoop
 public:
     using Begin = std::function<void(GCancellable *, GAsyncReadyCallback, gpointer)>;
 
+    using Finish = std::function<void(GAsyncResult *, GError **)>;
+
     /// A call that is under way; one that nobody waits for is dropped.
     class Pending
     {
     public:
-        /// Null when the loop's time is up: the call is cancelled then, and what it may still answer is
-        /// dropped.
-        [[nodiscard]] QVGlibPointer<GAsyncResult> wait();
+        /// Waits for the call, whose answer \a finish takes. Not available when the loop's time is up:
+        /// the call is cancelled then, and what it may still answer is dropped.
+        [[nodiscard]] QVSecureStatus wait(const Finish &finish);
 
     private:
         friend class QVGlibLoop;
+
+        [[nodiscard]] QVGlibPointer<GAsyncResult> result();
 
         QVGlibLoop *m_loop = nullptr;
         std::shared_ptr<Call> m_call;
@@ -41,7 +46,10 @@ public:
     /// Begins a call.
     [[nodiscard]] Pending begin(const Begin &begin);
     /// Begins a call and waits for it.
-    [[nodiscard]] QVGlibPointer<GAsyncResult> run(const Begin &begin) { return this->begin(begin).wait(); }
+    [[nodiscard]] QVSecureStatus run(const Begin &begin, const Finish &finish)
+    {
+        return this->begin(begin).wait(finish);
+    }
     [[nodiscard]] bool isOutOfTime() const;
 
 private:

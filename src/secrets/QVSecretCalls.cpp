@@ -1,6 +1,5 @@
 #include "secrets/QVSecretCalls.h"
 
-#include "secrets/QVGlibError.h"
 #include "secrets/QVSecretAttributes.h"
 
 namespace {
@@ -58,10 +57,10 @@ QVSecretCalls::QVSecretCalls(QVGlibLoop &loop, SecretService *service)
 
 QVSecureStatus QVSecretCalls::openSession()
 {
-    return call([&](auto... wait) { secret_service_ensure_session(m_service, wait...); },
-                [&](GAsyncResult *result, GError **error) {
-                    secret_service_ensure_session_finish(m_service, result, error);
-                });
+    return m_loop.run([&](auto... wait) { secret_service_ensure_session(m_service, wait...); },
+                      [&](GAsyncResult *result, GError **error) {
+                          secret_service_ensure_session_finish(m_service, result, error);
+                      });
 }
 
 QVSecureStatus QVSecretCalls::search(const QVSecureQuery &query, Paths &paths,
@@ -75,7 +74,7 @@ QVSecureStatus QVSecretCalls::search(const QVSecureQuery &query, Paths &paths,
     });
     if (meanwhile)
         meanwhile();
-    const auto status = wait(pending, [&](GAsyncResult *result, GError **error) {
+    const auto status = pending.wait([&](GAsyncResult *result, GError **error) {
         secret_service_search_for_dbus_paths_finish(m_service, result, &unlocked, &locked, error);
     });
     const PathList ownUnlocked(unlocked);
@@ -98,7 +97,7 @@ QVSecretCalls::Reading QVSecretCalls::beginReading(const std::string &path)
 QVSecureStatus QVSecretCalls::finishReading(Reading &reading, QByteArray &data)
 {
     Value value;
-    const auto status = wait(reading, [&](GAsyncResult *result, GError **error) {
+    const auto status = reading.wait([&](GAsyncResult *result, GError **error) {
         value.reset(secret_service_get_secret_for_dbus_path_finish(m_service, result, error));
     });
     if (status != QVSecureStatus::Success)
@@ -129,7 +128,7 @@ QVSecureStatus QVSecretCalls::create(const QVSecureItem &item)
 {
     const auto fields = properties(item);
     const Value value = makeValue(item.data);
-    return call(
+    return m_loop.run(
         [&](auto... wait) {
             // Replacing: another process of the same host may have stored the same since we looked.
             secret_service_create_item_dbus_path(m_service, "/org/freedesktop/secrets/aliases/default",
@@ -155,31 +154,16 @@ QVSecureStatus QVSecretCalls::replace(const std::string &path, const QByteArray 
 
 QVSecureStatus QVSecretCalls::remove(const std::string &path)
 {
-    return call([&](auto... wait) { secret_service_delete_item_dbus_path(m_service, path.c_str(), wait...); },
-                [&](GAsyncResult *result, GError **error) {
-                    secret_service_delete_item_dbus_path_finish(m_service, result, error);
-                });
-}
-
-QVSecureStatus QVSecretCalls::call(const QVGlibLoop::Begin &begin, const Finish &finish)
-{
-    auto pending = m_loop.begin(begin);
-    return wait(pending, finish);
-}
-
-QVSecureStatus QVSecretCalls::wait(QVGlibLoop::Pending &pending, const Finish &finish)
-{
-    const auto result = pending.wait();
-    if (!result)
-        return QVSecureStatus::NotAvailable;
-    QVGlibError error;
-    finish(result.get(), error.place());
-    return error.status();
+    return m_loop.run(
+        [&](auto... wait) { secret_service_delete_item_dbus_path(m_service, path.c_str(), wait...); },
+        [&](GAsyncResult *result, GError **error) {
+            secret_service_delete_item_dbus_path_finish(m_service, result, error);
+        });
 }
 
 QVSecureStatus QVSecretCalls::open(const std::string &path, QVGlibPointer<SecretItem> &item)
 {
-    return call(
+    return m_loop.run(
         [&](auto... wait) {
             secret_item_new_for_dbus_path(m_service, path.c_str(), SECRET_ITEM_NONE, wait...);
         },
@@ -191,7 +175,7 @@ QVSecureStatus QVSecretCalls::open(const std::string &path, QVGlibPointer<Secret
 QVSecureStatus QVSecretCalls::setData(SecretItem *item, const QByteArray &data)
 {
     const Value value = makeValue(data);
-    return call(
+    return m_loop.run(
         [&](auto... wait) { secret_item_set_secret(item, value.get(), wait...); },
         [&](GAsyncResult *result, GError **error) { secret_item_set_secret_finish(item, result, error); });
 }
@@ -200,8 +184,9 @@ QVSecureStatus QVSecretCalls::setAccessibility(SecretItem *item, const QString &
 {
     const QVSecretAttributes::Table attributes(secret_item_get_attributes(item));
     QVSecretAttributes::setAccessibility(attributes.get(), accessibility);
-    return call([&](auto... wait) { secret_item_set_attributes(item, nullptr, attributes.get(), wait...); },
-                [&](GAsyncResult *result, GError **error) {
-                    secret_item_set_attributes_finish(item, result, error);
-                });
+    return m_loop.run(
+        [&](auto... wait) { secret_item_set_attributes(item, nullptr, attributes.get(), wait...); },
+        [&](GAsyncResult *result, GError **error) {
+            secret_item_set_attributes_finish(item, result, error);
+        });
 }

@@ -33,10 +33,6 @@ public:
     [[nodiscard]] QVSecureStatus remove(const std::string &path);
 
 private:
-    using Finish = std::function<void(GAsyncResult *, GError **)>;
-
-    [[nodiscard]] QVSecureStatus call(const QVGlibLoop::Begin &begin, const Finish &finish);
-    [[nodiscard]] QVSecureStatus wait(QVGlibLoop::Pending &pending, const Finish &finish);
     [[nodiscard]] QVSecureStatus open(const std::string &path, QVGlibPointer<SecretItem> &item);
     [[nodiscard]] QVSecureStatus setData(SecretItem *item, const QByteArray &data);
     [[nodiscard]] QVSecureStatus setAccessibility(SecretItem *item, const QString &accessibility);

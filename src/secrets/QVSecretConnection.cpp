@@ -1,6 +1,5 @@
 #include "secrets/QVSecretConnection.h"
 
-#include "secrets/QVGlibError.h"
 #include "secrets/QVGlibLoop.h"
 #include "secrets/QVPromptlessService.h"
 #include "secrets/QVSessionBus.h"
@@ -24,29 +23,29 @@ QVSecureStatus QVSecretConnection::open(QVGlibLoop &loop)
 
 QVSecureStatus QVSecretConnection::connect(QVGlibLoop &loop, const QByteArray &address)
 {
-    const auto result = loop.run([&](GCancellable *cancellable, GAsyncReadyCallback callback, gpointer data) {
-        const auto flags = GDBusConnectionFlags(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
-                                                G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
-        g_dbus_connection_new_for_address(address.constData(), flags, nullptr, cancellable, callback, data);
-    });
-    if (!result)
-        return QVSecureStatus::NotAvailable;
-    QVGlibError error;
-    m_connection.reset(g_dbus_connection_new_for_address_finish(result.get(), error.place()));
+    (void)loop.run(
+        [&](auto... wait) {
+            const auto flags = GDBusConnectionFlags(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
+                                                    G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
+            g_dbus_connection_new_for_address(address.constData(), flags, nullptr, wait...);
+        },
+        [&](GAsyncResult *result, GError **error) {
+            m_connection.reset(g_dbus_connection_new_for_address_finish(result, error));
+        });
+    // Why not is of no use to anybody.
     return m_connection ? QVSecureStatus::Success : QVSecureStatus::NotAvailable;
 }
 
 QVSecureStatus QVSecretConnection::reachService(QVGlibLoop &loop)
 {
-    const auto result = loop.run([&](GCancellable *cancellable, GAsyncReadyCallback callback, gpointer data) {
-        g_async_initable_new_async(qv_promptlessServiceType(), G_PRIORITY_DEFAULT, cancellable, callback,
-                                   data, "g-connection", m_connection.get(), nullptr);
-    });
-    if (!result)
-        return QVSecureStatus::NotAvailable;
-    QVGlibError error;
-    const QVGlibPointer<GObject> source(g_async_result_get_source_object(result.get()));
-    m_service.reset(reinterpret_cast<SecretService *>(
-        g_async_initable_new_finish(G_ASYNC_INITABLE(source.get()), result.get(), error.place())));
-    return error.status();
+    return loop.run(
+        [&](GCancellable *cancellable, GAsyncReadyCallback callback, gpointer data) {
+            g_async_initable_new_async(qv_promptlessServiceType(), G_PRIORITY_DEFAULT, cancellable, callback,
+                                       data, "g-connection", m_connection.get(), nullptr);
+        },
+        [&](GAsyncResult *result, GError **error) {
+            const QVGlibPointer<GObject> source(g_async_result_get_source_object(result));
+            m_service.reset(reinterpret_cast<SecretService *>(
+                g_async_initable_new_finish(G_ASYNC_INITABLE(source.get()), result, error)));
+        });
 }

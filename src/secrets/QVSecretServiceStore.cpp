@@ -58,20 +58,19 @@ QVSecureStore::Answer QVSecretServiceStore::copyMatching(const QVSecureQuery &qu
 // leads there; both questions are on their way at once.
 QVSecureStatus QVSecretServiceStore::read(QVSecretCalls &calls, const QVSecureQuery &query, QByteArray &data)
 {
-    const bool isKnown = m_lastFound && m_lastFound->query == query;
     QVSecretCalls::Paths paths;
-    std::optional<QVSecretCalls::Reading> early;
+    std::optional<QVSecretCalls::Reading> reading;
     const auto status = calls.search(query, paths, [&] {
-        if (isKnown)
-            early = calls.beginReading(m_lastFound->path);
+        if (m_lastFound && m_lastFound->query == query)
+            reading = calls.beginReading(m_lastFound->path);
     });
     if (status != QVSecureStatus::Success)
         return status;
-    if (early && paths.front() == m_lastFound->path)
-        return calls.finishReading(*early, data);
-    m_lastFound = Found{query, paths.front()};
-    auto reading = calls.beginReading(paths.front());
-    return calls.finishReading(reading, data);
+    if (!reading || paths.front() != m_lastFound->path) {
+        m_lastFound = Found{query, paths.front()};
+        reading = calls.beginReading(paths.front());
+    }
+    return calls.finishReading(*reading, data);
 }
 
 QVSecureStatus QVSecretServiceStore::add(const QVSecureItem &item)
