@@ -40,7 +40,7 @@ int soak(int count)
 /// Runs so many whole verifications in one process, and tells whether anything grows.
 int main(int argc, char *argv[])
 {
-    // The free end of any other arena than the main one is not given back, and comes and goes with the order of threads.
+    // The free end of any other arena is not given back, and comes and goes with the order of threads.
     ::mallopt(M_ARENA_MAX, 1);
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");
