@@ -19,7 +19,8 @@ qsizetype entriesOf(const QString &folder)
     return QDir(folder).entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::System).size();
 }
 
-// VmRSS of /proc/self/status is off by some hundred pages: each thread counts its own and hands in the sum late.
+// VmRSS of /proc/self/status is off by some hundred pages: each thread counts its own and hands in the sum
+// late.
 qint64 residentKib()
 {
     QFile file(QStringLiteral("/proc/self/smaps_rollup"));
