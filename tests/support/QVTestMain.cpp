@@ -15,6 +15,10 @@ int main(int argc, char *argv[])
     QApplication application(argc, argv);
     QApplication::setOrganizationDomain(q("tests.quarvo.example"));
     QApplication::setApplicationName(q("quarvo-tests"));
+    // The component's text follows the size of the platform's font, which is not the same on all of them.
+    QFont font = QApplication::font();
+    font.setPointSize(9);
+    QApplication::setFont(font);
     // Tests run beside each other, and some of them fill, take away or bar the folder of pictures.
     // Static, to outlast the lock that the component holds in it.
     static const QTemporaryDir caches;
