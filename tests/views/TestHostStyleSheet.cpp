@@ -52,6 +52,7 @@ private:
         if (!qv_becomesActive(window))
             return {};
         picture.showError(QVError(q("Something failed")), true);
+        filled.inputTF()->setFocus();
         advance(200ms);
         return pixelsOf(window);
     }
