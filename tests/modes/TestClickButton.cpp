@@ -188,19 +188,6 @@ private Q_SLOTS:
         QCOMPARE(m_outcomes->told(), words("click-token"));
     }
 
-    void traceInThePopupPasses()
-    {
-        tap();
-        QVERIFY(waitForPicture());
-        strokeAndVerify();
-        pass(1000ms);
-        QCOMPARE(m_button->clickStatus(), QVClickStatusPassed);
-        QCOMPARE(popupCount(), 0);
-        QCOMPARE(m_outcomes->ended(), 0);
-        advance(500ms);
-        QCOMPARE(m_outcomes->said(), words("popup, passed main-token"));
-    }
-
     void takesNoInputWhileBusy_data()
     {
         const auto row = addColumns<int>({"status"});

@@ -18,12 +18,74 @@ class TestForeignWindow : public ModesTestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void popupLiesOverTheWindow();
-    void popupTakesTheScreenWhereTheHostWantsIt();
-    void badgeTurnsInItsMiddle();
-    void endsWithTheWindow_data();
-    void endsWithTheWindow();
-    void widgetsGoFirst();
+    void popupLiesOverTheWindow()
+    {
+        destroyHost();
+        openPopup();
+        QCOMPARE(popup()->geometry(), m_window->geometry());
+        QCOMPARE(popup()->windowHandle()->transientParent(), m_window.get());
+        QVERIFY(popup()->popupScreen().width() < m_window->width());
+        m_window->setGeometry(60, 50, 400, 500);
+        QVERIFY(waitFor([this] { return popup()->geometry() == m_window->geometry(); }));
+        QCOMPARE(popup()->popupScreen(), QRect(0, 0, 400, 500));
+    }
+
+    void popupTakesTheScreenWhereTheHostWantsIt()
+    {
+        destroyHost();
+        QVSDKManager::setPopupPresentation(QVPopupPresentation::WholeScreen);
+        openPopup();
+        QCOMPARE(popup()->geometry(), QGuiApplication::primaryScreen()->geometry());
+        QCOMPARE(popup()->windowHandle()->transientParent(), m_window.get());
+    }
+
+    void badgeTurnsInItsMiddle()
+    {
+        destroyHost();
+        m_manager->startInsivible();
+        const QWidgetList widgets = QApplication::topLevelWidgets();
+        QRect badge;
+        for (const QWidget *widget : widgets) {
+            if (const auto *const view = qobject_cast<const QVInvisibleAnimationView *>(widget))
+                badge = view->frame();
+        }
+        QCOMPARE(badge.center(), m_window->geometry().center());
+    }
+
+    void endsWithTheWindow_data()
+    {
+        addColumns<QString, bool>({"end", "whileAsking"});
+        for (const char *end : {"close", "destroy"}) {
+            QTest::addRow("%s, asking", end) << QString::fromLatin1(end) << true;
+            QTest::addRow("%s, drawing", end) << QString::fromLatin1(end) << false;
+        }
+    }
+
+    void endsWithTheWindow()
+    {
+        QFETCH(QString, end);
+        QFETCH(bool, whileAsking);
+        destroyHost();
+        const QSignalSpy closed(m_manager.get(), &QVInvisibleManager::closed);
+        if (whileAsking)
+            m_manager->startInsivible();
+        else
+            openPopup();
+        if (end == QLatin1String("close"))
+            m_window->close();
+        else
+            m_window.reset();
+        advance(1ms);
+        QCOMPARE(closed.size(), 1);
+        QVERIFY(!popup());
+    }
+
+    void widgetsGoFirst()
+    {
+        showActive(host());
+        openPopup();
+        QCOMPARE(popup()->parentWidget(), &host());
+    }
 
 private:
     void prepare() override
@@ -52,76 +114,6 @@ private:
     std::unique_ptr<QWindow> m_window;
     std::unique_ptr<QVInvisibleManager> m_manager;
 };
-
-void TestForeignWindow::popupLiesOverTheWindow()
-{
-    destroyHost();
-    openPopup();
-    QCOMPARE(popup()->geometry(), m_window->geometry());
-    QCOMPARE(popup()->windowHandle()->transientParent(), m_window.get());
-    QVERIFY(popup()->popupScreen().width() < m_window->width());
-    m_window->setGeometry(60, 50, 400, 500);
-    QVERIFY(waitFor([this] { return popup()->geometry() == m_window->geometry(); }));
-    QCOMPARE(popup()->popupScreen(), QRect(0, 0, 400, 500));
-}
-
-void TestForeignWindow::popupTakesTheScreenWhereTheHostWantsIt()
-{
-    destroyHost();
-    QVSDKManager::setPopupPresentation(QVPopupPresentation::WholeScreen);
-    openPopup();
-    QCOMPARE(popup()->geometry(), QGuiApplication::primaryScreen()->geometry());
-    QCOMPARE(popup()->windowHandle()->transientParent(), m_window.get());
-}
-
-void TestForeignWindow::badgeTurnsInItsMiddle()
-{
-    destroyHost();
-    m_manager->startInsivible();
-    const QWidgetList widgets = QApplication::topLevelWidgets();
-    QRect badge;
-    for (const QWidget *widget : widgets) {
-        if (const auto *const view = qobject_cast<const QVInvisibleAnimationView *>(widget))
-            badge = view->frame();
-    }
-    QCOMPARE(badge.center(), m_window->geometry().center());
-}
-
-void TestForeignWindow::endsWithTheWindow_data()
-{
-    QTest::addColumn<QString>("end");
-    QTest::addColumn<bool>("whileAsking");
-    for (const char *end : {"close", "destroy"}) {
-        QTest::addRow("%s, asking", end) << QString::fromLatin1(end) << true;
-        QTest::addRow("%s, drawing", end) << QString::fromLatin1(end) << false;
-    }
-}
-
-void TestForeignWindow::endsWithTheWindow()
-{
-    QFETCH(QString, end);
-    QFETCH(bool, whileAsking);
-    destroyHost();
-    const QSignalSpy closed(m_manager.get(), &QVInvisibleManager::closed);
-    if (whileAsking)
-        m_manager->startInsivible();
-    else
-        openPopup();
-    if (end == QLatin1String("close"))
-        m_window->close();
-    else
-        m_window.reset();
-    advance(1ms);
-    QCOMPARE(closed.size(), 1);
-    QVERIFY(!popup());
-}
-
-void TestForeignWindow::widgetsGoFirst()
-{
-    showActive(host());
-    openPopup();
-    QCOMPARE(popup()->parentWidget(), &host());
-}
 
 QV_TEST(TestForeignWindow)
 #include "TestForeignWindow.moc"

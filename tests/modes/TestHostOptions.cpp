@@ -47,10 +47,9 @@ class TestHostOptions : public ModesTestCase
 private Q_SLOTS:
     void attemptsEndInTime_data()
     {
-        QTest::addColumn<QString>("held");
-        QTest::addColumn<QStringList>("said");
-        QTest::newRow("asking") << config << words("failed -1001");
-        QTest::newRow("drawing") << QString() << words("popup, failed -1001");
+        const auto row = addColumns<QString, QStringList>({"held", "said"});
+        row("asking", config, words("failed -1001"));
+        row("drawing", QString(), words("popup, failed -1001"));
     }
 
     void attemptsEndInTime()
@@ -143,11 +142,10 @@ private Q_SLOTS:
 
     void clicksBesideTheCard_data()
     {
-        QTest::addColumn<bool>("closes");
-        QTest::addColumn<bool>("isBeside");
-        QTest::newRow("off, beside") << false << true;
-        QTest::newRow("on, beside") << true << true;
-        QTest::newRow("on, within") << true << false;
+        const auto row = addColumns<bool, bool>({"closes", "isBeside"});
+        row("off, beside", false, true);
+        row("on, beside", true, true);
+        row("on, within", true, false);
     }
 
     void clicksBesideTheCard()

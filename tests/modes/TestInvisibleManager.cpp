@@ -79,16 +79,6 @@ private Q_SLOTS:
         QCOMPARE(badges().size(), 0);
     }
 
-    void traceInThePopupPassesAtOnce()
-    {
-        m_manager->startInsivible();
-        QVERIFY(waitForPicture());
-        strokeAndVerify();
-        pass(1000ms);
-        QCOMPARE(m_outcomes->said().last(), q("passed main-token"));
-        QCOMPARE(popupCount(), 0);
-    }
-
     void hiddenPopupIsResumed()
     {
         m_manager->startInsivible();
