@@ -1,12 +1,8 @@
 #include "draw/DrawTestCase.h"
 #include "service/QVClickResponseModel.h"
 #include "service/QVConfigResponseModel.h"
-#include "views/QVCharVerifyInputView.h"
 #include "views/QVCharVerifyInputViewDoneButton.h"
 #include "views/QVCharVerifyTextField.h"
-#include "views/QVRenderDrawOverlayView.h"
-
-#include <QLabel>
 
 using namespace std::chrono_literals;
 
@@ -172,17 +168,6 @@ private Q_SLOTS:
         QCOMPARE(service().asked().mid(3), QStringList{q("refresh")});
     }
 
-    void refreshesWhenTheTimeIsUp()
-    {
-        start(QVVerifyStylePopup);
-        advance(178s);
-        QTest::qWait(10);
-        QCOMPARE(service().count(q("refresh")), 0);
-        advance(1s);
-        QVERIFY(waitForReady(2));
-        QCOMPARE(service().count(q("refresh")), 1);
-    }
-
     void startsAnewWhenThePictureFails()
     {
         service().breakPictures(true);
@@ -219,6 +204,7 @@ private Q_SLOTS:
         row("click", 1, "click");
         row("refresh", 1, "refresh");
         row("verify", 1, "verify");
+        row("outage picture", 1, "outage get");
     }
 
     void showsAFailureOfEachRequest()
@@ -228,6 +214,8 @@ private Q_SLOTS:
         service().answerCode(request, q("1002"));
         if (request == q("switch"))
             service().answerBytes(request, "no JSON");
+        if (request == q("outage get"))
+            service().answer(q("switch"), {{q("active"), true}});
         show(QVVerifyStyle(style));
         view().requestQuarvoConfigAction();
         if (request == QLatin1String("refresh") || request == QLatin1String("verify")) {

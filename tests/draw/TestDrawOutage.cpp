@@ -1,8 +1,6 @@
 #include "draw/DrawTestCase.h"
 #include "settings/QVSDKManager.h"
 
-#include <QLabel>
-
 using namespace std::chrono_literals;
 
 /// Outage mode: pictures and judgements come from the host's own service.
@@ -82,18 +80,6 @@ private Q_SLOTS:
         QCOMPARE(service().count(q("outage verify")), 0);
         draw();
         QVERIFY(waitFor([this] { return service().count(q("outage verify")) == 1; }));
-    }
-
-    void showsAFailure()
-    {
-        service().answerCode(q("outage get"), q("0101"));
-        service().answer(q("switch"), {{q("active"), true}});
-        show(QVVerifyStylePopup);
-        view().requestQuarvoConfigAction();
-        QVERIFY(waitForFailure());
-        QCOMPARE(barText(), q("Access denied"));
-        QVERIFY(picture().hasImage());
-        QVERIFY(!view().canDirectlyShow());
     }
 
     void followsACharacterCaptcha()

@@ -1,13 +1,10 @@
 #include "draw/DrawTestCase.h"
-#include "draw/QVAdButton.h"
-#include "draw/QVRenderStrokeView.h"
 #include "settings/QVSDKManager.h"
 #include "support/QVPixels.h"
-#include "views/QVCustomActionButton.h"
+#include "views/QVRenderDrawOverlayView.h"
 #include "views/QVSystemFont.h"
 
 #include <QDesktopServices>
-#include <QLabel>
 #include <QPaintEvent>
 #include <QUrl>
 #include <QtMath>
@@ -81,19 +78,6 @@ private Q_SLOTS:
         const QRect caption = frame("captchaLabel");
         QCOMPARE(caption.bottom() + 1, image.top() - 10);
         QVERIFY(std::abs(caption.center().x() - size.width() / 2) <= 1);
-    }
-
-    void followsTheScreenInAPopup()
-    {
-        start(QVVerifyStylePopup, QSize(800, 500));
-        QCOMPARE(view().contentViewWidth(), 414.0);
-        view().setScreenWidth(360);
-        QCOMPARE(view().contentViewWidth(), 360.0);
-        QTest::qWait(1);
-        QCOMPARE(frame("contentView").width(), 360);
-        view().setScreenWidth(1000);
-        QTest::qWait(1);
-        QCOMPARE(frame("contentView").size(), QSize(414, 238));
     }
 
     void showsAnAdvertisement()

@@ -1,7 +1,5 @@
 #include "draw/DrawTestCase.h"
 #include "draw/QVKeyPen.h"
-#include "draw/QVRenderDrawView.h"
-#include "views/QVRenderDrawImageView.h"
 
 using namespace std::chrono_literals;
 
