@@ -59,33 +59,6 @@ private Q_SLOTS:
         child.setBeginTime(0.25);
         check(lasting(0.75, QVAnimation::group({child})), {{0.2, 0.5}, {0.65, 0.7}, {0.75, 0.5}});
     }
-
-    void reachesEveryProperty()
-    {
-        QPainterPath line;
-        line.lineTo(10, 0);
-        QPainterPath lower = line.translated(0, 8);
-        QVAnimation all = QVAnimation::group({
-            QVAnimation::basic(Property::Frame, std::nullopt, QRectF(10, 20, 30, 40)),
-            QVAnimation::basic(Property::Path, std::nullopt, lower),
-            QVAnimation::basic(Property::StrokeStart, std::nullopt, 0.5),
-            QVAnimation::basic(Property::StrokeEnd, std::nullopt, 0.6),
-            QVAnimation::basic(Property::Rotation, std::nullopt, 3.0),
-            QVAnimation::basic(Property::Scale, std::nullopt, 3.0),
-        });
-        QVLayerProperties model;
-        model.path = line;
-        model.scaleY = 2;
-        QVLayerProperties presented = model;
-        all.apply(0.125, model, presented);
-        QCOMPARE(presented.frame, QRectF(5, 10, 15, 20));
-        QCOMPARE(presented.path, line.translated(0, 4));
-        QCOMPARE(presented.strokeStart, 0.25);
-        QCOMPARE(presented.strokeEnd, 0.8);
-        QCOMPARE(presented.rotation, 1.5);
-        QCOMPARE(presented.scaleX, 2.0);
-        QCOMPARE(presented.scaleY, 2.5);
-    }
 };
 
 QV_TEST(TestAnimation)

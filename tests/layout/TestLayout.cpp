@@ -10,48 +10,6 @@ class TestLayout : public QVTestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void followsTheContainer()
-    {
-        QWidget *box = child(*m_container);
-        m_layout->make(box,
-                       [&](QVConstraintMaker &make) { make.edges().equalTo(m_container.get()).inset(10); });
-        QCOMPARE(box->geometry(), QRect());
-        advance(0ms);
-        QCOMPARE(box->geometry(), QRect(10, 10, 380, 280));
-        m_container->resize(500, 100);
-        QCOMPARE(box->geometry(), QRect(10, 10, 480, 80));
-    }
-
-    void builderForms()
-    {
-        QWidget *const container = m_container.get();
-        const auto placed = [&](const QVLayout::Build &build) {
-            QWidget *box = child(*m_container);
-            m_layout->make(box, build);
-            m_layout->layoutNow();
-            return box->geometry();
-        };
-        const QRect central = placed([&](QVConstraintMaker &make) {
-            make.center().equalTo(container);
-            make.width().equalTo(container).multipliedBy(0.5);
-            make.height().equalTo(make.width()).dividedBy(4);
-        });
-        QCOMPARE(central, QRect(100, 125, 200, 50));
-        const QRect beside = placed([&](QVConstraintMaker &make) {
-            make.right().equalTo(container, QVLayoutAttribute::CenterX).offset(-10);
-            make.bottom().equalTo(container).offset(-20);
-            make.size().equalTo(QSizeF(30, 40));
-        });
-        QCOMPARE(beside, QRect(160, 240, 30, 40));
-        const QRect roundedOnItsEdges = placed([&](QVConstraintMaker &make) {
-            make.left().equalTo(10.5);
-            make.width().equalTo(container).multipliedBy(0.0255);
-            make.top().equalTo(-0.5);
-            make.height().equalTo(10.4);
-        });
-        QCOMPARE(roundedOnItsEdges, QRect(11, 0, 10, 10));
-    }
-
     void convertsBetweenBranches()
     {
         QWidget *content = child(*m_container);

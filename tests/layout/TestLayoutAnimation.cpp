@@ -1,7 +1,6 @@
 #include "layout/QVLayout.h"
 #include "support/QVTestCase.h"
 
-#include <QProxyStyle>
 #include <QWidget>
 
 using namespace std::chrono_literals;
