@@ -17,19 +17,6 @@ inline QImage pixelsOf(QWidget &widget, qreal ratio = 1)
     return image;
 }
 
-/// The smallest rectangle that holds all pixels that differ from \a background.
-inline QRect differingFrom(const QImage &image, const QColor &background)
-{
-    QRect result;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            if (image.pixelColor(x, y) != background)
-                result |= QRect(x, y, 1, 1);
-        }
-    }
-    return result;
-}
-
 /// How far the pixels of two pictures are apart in any channel.
 inline int farthest(const QImage &one, const QImage &other)
 {

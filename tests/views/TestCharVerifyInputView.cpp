@@ -4,7 +4,6 @@
 #include "support/QVTestCase.h"
 #include "support/QVWait.h"
 #include "views/QVActivitySpinner.h"
-#include "views/QVBorderedBox.h"
 #include "views/QVCharVerifyInputView.h"
 #include "views/QVCharVerifyInputViewDoneButton.h"
 #include "views/QVCharVerifyTextField.h"
@@ -37,17 +36,6 @@ class TestCharVerifyInputView : public QVTestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void isLaidOut()
-    {
-        QCOMPARE(m_view->tfBackView()->geometry(), QRect(10, 5, 230, 30));
-        QCOMPARE(field()->geometry(), QRect(15, 5, 220, 30));
-        QCOMPARE(done()->geometry(), QRect(320, 5, 80, 30));
-        QCOMPARE(done()->indicatorView()->geometry(), QRect(30, 5, 20, 20));
-        m_view->resize(100, 40);
-        QCOMPARE(m_view->tfBackView()->width(), 0);
-        QCOMPARE(done()->geometry(), QRect(20, 5, 80, 30));
-    }
-
     void sendsTheTextAsTyped_data()
     {
         const auto row = addColumns<QString>({"text"});

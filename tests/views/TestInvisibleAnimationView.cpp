@@ -1,31 +1,13 @@
 #include "support/QVTestCase.h"
 #include "views/QVInvisibleAnimationView.h"
 
-#include <numbers>
-
 using namespace std::chrono_literals;
-using std::numbers::pi;
 
 class TestInvisibleAnimationView : public QVTestCase
 {
     Q_OBJECT
 
 private Q_SLOTS:
-
-    void spinsAQuarterThatStartsAtRandom()
-    {
-        m_view->setRandomSource([] { return 4294967295U; });
-        m_view->startLoadingAnimation();
-        QCOMPARE(count(), 3U);
-        QCOMPARE(layer(0).fillColor(), QColor(Qt::white));
-        QCOMPARE(layer(1).strokeStart(), 0.45);
-        QCOMPARE(layer(1).strokeEnd(), 0.45 + 0.25);
-        QCOMPARE(layer(2).frame(), QRectF(20, 20, 40, 40));
-        advance(5250ms);
-        QVERIFY(std::abs(layer(1).presented().rotation - pi / 2) < 1e-6);
-        m_view->clearLayers();
-        QCOMPARE(time().pendingCount(), 0);
-    }
 
     void secondStartShowsNothing()
     {

@@ -1,13 +1,11 @@
 #include "platform/QVError.h"
 #include "service/QVVerifyResponseModel.h"
 #include "settings/QVSDKManager.h"
-#include "support/QVPixels.h"
 #include "support/QVPointerInput.h"
 #include "support/QVTestCase.h"
 #include "support/QVWait.h"
 #include "views/QVOverlayLabel.h"
 #include "views/QVRenderDrawImageView.h"
-#include "views/QVRenderDrawImageViewLoadingLayer.h"
 #include "views/QVRenderDrawOverlayView.h"
 
 using namespace std::chrono_literals;
@@ -111,45 +109,6 @@ private Q_SLOTS:
         QCOMPARE(m_owner->taps, 3);
         QCOMPARE(m_owner->presses, 1);
         QCOMPARE(m_view->errorOverlayView()->y(), 200);
-    }
-
-    void dotsPulseOneAfterAnother()
-    {
-        m_view->showLoadingAnimation();
-        m_view->showLoadingAnimation();
-        const auto &dots = m_view->loadingLayer().sublayers();
-        QCOMPARE(dots.size(), 3U);
-        QCOMPARE(dots[1]->frame(), QRectF(195, 110, 10, 10));
-        // The smallest size is reached 0.3 of 0.75 s into a dot's own pulse.
-        const auto scale = [&](std::size_t dot, std::chrono::milliseconds at) {
-            return qRound(10 * dots[dot]->presentedAt(time().now() + at).scaleX);
-        };
-        QCOMPARE(scale(0, 0ms), 10);
-        QCOMPARE(scale(0, 345ms), 3);
-        QCOMPARE(scale(2, 345ms), 10);
-        QCOMPARE(scale(2, 585ms), 3);
-        m_view->hiddenLoadingAnimation();
-        QVERIFY(dots.empty());
-        QCOMPARE(time().pendingCount(), 0);
-    }
-
-    void looks()
-    {
-        QCOMPARE(pixelsOf(*m_view).pixelColor(5, 5), QColor(38, 38, 52));
-        QImage picture(40, 23, QImage::Format_RGB32);
-        picture.fill(QColor(10, 200, 30));
-        m_view->setImage(picture);
-        QVERIFY(m_view->hasImage());
-        m_view->showLoadingAnimation();
-        m_view->showError(failure("x"), true);
-        advance(200ms);
-        const QImage shot = pixelsOf(*m_view);
-        QCOMPARE(shot.pixelColor(5, 5), QColor(10, 200, 30));
-        QCOMPARE(shot.pixelColor(200, 115), QColor(65, 141, 251));
-        QCOMPARE(shot.pixelColor(5, 199), QColor(10, 200, 30));
-        // 0.8 of the bar's colour over the picture's.
-        const QColor bar = shot.pixelColor(5, 225);
-        QVERIFY(qAbs(bar.red() - 192) <= 1 && qAbs(bar.green() - 88) <= 1 && qAbs(bar.blue() - 57) <= 1);
     }
 
 private:
