@@ -6,13 +6,39 @@
 
 #include <QAccessible>
 #include <QHelpEvent>
+#include <QPainter>
 #include <QToolTip>
+
+using namespace std::chrono_literals;
 
 class TestClickButtonLook : public ModesTestCase
 {
     Q_OBJECT
 
 private Q_SLOTS:
+    void colourOfStatus_data()
+    {
+        const auto row = addColumns<int, QColor>({"status", "colour"});
+        row("2", 2, QColor(65, 141, 251));
+        row("4", 4, QColor(0, 213, 159, 204));
+        row("5", 5, QColor(238, 60, 64, 204));
+    }
+
+    void colourOfStatus()
+    {
+        QFETCH(int, status);
+        QFETCH(QColor, colour);
+        QCOMPARE(painted().pixelColor(299, 0), QColor(65, 141, 251));
+        answerForStatus(status);
+        m_button->click();
+        QVERIFY(waitFor([&] { return int(m_button->clickStatus()) == status; }));
+        QImage expected(1, 1, QImage::Format_ARGB32);
+        expected.fill(Qt::transparent);
+        QPainter(&expected).fillRect(0, 0, 1, 1, colour);
+        QCOMPARE(painted().pixelColor(299, 0), expected.pixelColor(0, 0));
+        QCOMPARE(painted().pixelColor(60, 43), expected.pixelColor(0, 0));
+    }
+
     void fitsLongTexts()
     {
         auto *const label = m_button->findChild<QVClickStatusLabel *>();

@@ -161,6 +161,16 @@ private Q_SLOTS:
         QVERIFY(!probe.result() || probe.result()->active() == active);
         QCOMPARE(probe.code(), body.startsWith('<') ? 3840 : 0);
     }
+
+    void parameters()
+    {
+        const auto encode = &QVAPIRequestManager::getParametersStringFromParameterDictionary;
+        const QString pairs = encode({{q("a"), q("")}, {q("b"), QString()}, {q("deviceid"), q("mine")}});
+        QCOMPARE(pairs.count(u'&'), 1);
+        QVERIFY(pairs.split(u'&').contains(q("a=")));
+        QVERIFY(!pairs.contains(q("mine")));
+        QVERIFY(encode({{q("c"), q("x y&z%")}}).contains(q("c=x y&z%")));
+    }
 };
 
 QV_TEST(TestOperations)
