@@ -21,11 +21,6 @@ QVConstraintAmount &QVConstraintAmount::multipliedBy(double factor)
     return *this;
 }
 
-QVConstraintAmount &QVConstraintAmount::dividedBy(double divisor)
-{
-    return multipliedBy(1 / divisor);
-}
-
 QVConstraintAmount &QVConstraintAmount::offset(double constant)
 {
     for (QVConstraintDraft &draft : std::span(m_maker.m_drafts).subspan(m_first))

@@ -27,7 +27,6 @@ class QVConstraintAmount
 public:
     /// Factor on the target's value; applies before the offset, wherever it is written.
     QVConstraintAmount &multipliedBy(double factor);
-    QVConstraintAmount &dividedBy(double divisor);
     QVConstraintAmount &offset(double constant);
     /// Moves each edge towards the inside of the item.
     QVConstraintAmount &inset(double constant);
