@@ -18,7 +18,7 @@ QByteArray formatOf(const QByteArray &bytes)
         return QByteArrayLiteral("png");
     if (bytes.startsWith("\xff\xd8\xff"))
         return QByteArrayLiteral("jpeg");
-    if (bytes.startsWith("GIF8"))
+    if (bytes.startsWith("GIF87a") || bytes.startsWith("GIF89a"))
         return QByteArrayLiteral("gif");
     if (bytes.startsWith("RIFF") && bytes.mid(8, 4) == "WEBP")
         return QByteArrayLiteral("webp");
@@ -47,6 +47,9 @@ QImage qv_decodedImage(const QByteArray &bytes)
     if (!isDecodable(reader.size()))
         return {};
     const QImage image = reader.read();
+    // A decoder may tell one size and make another of a broken header.
+    if (!isDecodable(image.size()))
+        return {};
     // Painting converts other formats anew each time, on the user-interface thread.
     return image.convertToFormat(image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied
                                                          : QImage::Format_RGB32);
