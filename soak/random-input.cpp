@@ -76,11 +76,13 @@ private:
     [[nodiscard]] int roll(int sides) { return m_random.bounded(sides); }
     [[nodiscard]] DemoWindow &window() { return *m_windows[std::size_t(roll(int(m_windows.size())))]; }
 
+    /// Not one of Qt's own menus and tool tips, which come and go by themselves.
     [[nodiscard]] QWindow *shownWindow()
     {
         QList<QWindow *> shown;
         for (QWindow *candidate : QGuiApplication::topLevelWindows()) {
-            if (candidate->isVisible())
+            const Qt::WindowType type = candidate->type();
+            if (candidate->isVisible() && type != Qt::Popup && type != Qt::ToolTip)
                 shown.append(candidate);
         }
         return shown.isEmpty() ? nullptr : shown[roll(int(shown.size()))];
