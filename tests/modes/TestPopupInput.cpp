@@ -89,6 +89,7 @@ private Q_SLOTS:
             QTest::keyClick(host().windowHandle(), Qt::Key_S, Qt::ControlModifier);
             return activated.count() > 0;
         }));
+        QCOMPARE(activated.count(), 1);
     }
 
     void tabStaysInside()
