@@ -4,6 +4,7 @@
 #include "support/QVTestCase.h"
 
 #include <limits>
+#include <stdexcept>
 
 namespace {
 
@@ -108,6 +109,16 @@ private Q_SLOTS:
         trace.resetDataSource();
         QVERIFY(trace.getRender_drawtime().isNull());
         QVERIFY(trace.getRenderSource_v().isEmpty() && trace.getRenderOutage_v({0, 0, 400, 230}).isEmpty());
+    }
+
+    void writesNumbers()
+    {
+        // The digit of 400 is left out.
+        const QVCases<quint64, const char *> cases{{0, "kkk"},   {12, "kkd"},   {20, "kqk"},    {399, "kzz"},
+                                                   {400, "kkk"}, {8000, "qkk"}, {159999, "zzz"}};
+        for (const auto &[number, digits] : cases)
+            QCOMPARE(convertTo20(number), q(digits));
+        QVERIFY_THROWS_EXCEPTION(std::out_of_range, (void)convertTo20(160000));
     }
 
     void findsCells()

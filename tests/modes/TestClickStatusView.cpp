@@ -20,6 +20,28 @@ class TestClickStatusView : public QVTestCase
     Q_OBJECT
 
 private Q_SLOTS:
+    void showsTheLogoWhenIdle()
+    {
+        m_view->setClickStatus(QVClickStatusNormal);
+        QCOMPARE(count(), 1U);
+        QVERIFY(!layer(0).contents().isNull());
+        QCOMPARE(layer(0).frame().center(), QPointF(20, 22));
+    }
+
+    void pulsesWhileTouched()
+    {
+        m_view->setClickStatus(QVClickStatusTouching);
+        QCOMPARE(count(), 1U);
+        QCOMPARE(layer(0).strokeColor(), QColor(Qt::white));
+        QCOMPARE(layer(0).path().boundingRect(), QRectF(7, 9, 26, 26));
+        advance(500ms);
+        QCOMPARE(layer(0).presented().scaleX, 0.8);
+        QCOMPARE(layer(0).presented().scaleY, 0.8);
+        advance(10s);
+        QCOMPARE(layer(0).presented().scaleX, 0.8);
+        QCOMPARE(layer(0).scaleX(), 1.0);
+    }
+
     void spinsAnArcThatStartsAtRandom()
     {
         m_view->setRandomSource([] { return 0xFFFFFFFFU; });

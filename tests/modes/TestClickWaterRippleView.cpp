@@ -23,6 +23,19 @@ private Q_SLOTS:
         QCOMPARE(time().pendingCount(), 0);
     }
 
+    void reachesTheFarCorner()
+    {
+        const auto start = time().now();
+        m_view->beganWaterRippleAnimationAtPoint({0, 0});
+        const QVLayer &ripple = *m_view->waterRippleLayer();
+        QVERIFY(!ripple.presentedAt(start + 480ms).path.contains(QPoint(199, 149)));
+        QVERIFY(ripple.presentedAt(start + 499ms).path.contains(QPoint(199, 149)));
+        advance(490ms);
+        QCOMPARE(alphaAt({0, 0}), 51);
+        advance(11ms);
+        QCOMPARE(alphaAt({0, 0}), 0);
+    }
+
 private:
     void prepare() override
     {
@@ -31,6 +44,14 @@ private:
         m_view->show();
     }
     void finish() override { m_view.reset(); }
+
+    [[nodiscard]] int alphaAt(QPoint point) const
+    {
+        QImage image(m_view->size(), QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::transparent);
+        m_view->render(&image, {}, {}, QWidget::RenderFlags());
+        return image.pixelColor(point).alpha();
+    }
 
     std::unique_ptr<QVClickWaterRippleView> m_view;
 };
