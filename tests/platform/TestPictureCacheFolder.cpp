@@ -35,7 +35,7 @@ private Q_SLOTS:
             abandoned = earlier.path();
             QFile picture(abandoned + q("/picture"));
             QVERIFY(picture.open(QIODevice::WriteOnly));
-            // Each new folder starts a clearing; one still under way would take this one as soon as it is let go.
+            // Each new folder starts a clearing, which would take this one as soon as it is let go.
             QVERIFY(QThreadPool::globalInstance()->waitForDone(5000));
         }
         QVERIFY(QFile::exists(abandoned + q("/picture")));
