@@ -6,7 +6,6 @@
 #include "views/QVAccessibleRole.h"
 #include "views/QVColors.h"
 
-#include <QAccessible>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QtMath>
@@ -50,8 +49,9 @@ QVKeyPen::QVKeyPen(QWidget *view, QWidget *picture, QVPanGestureRecognizer &reco
     , m_recognizer(recognizer)
 {
     setAttribute(Qt::WA_TransparentForMouseEvents);
-    qv_setAccessibleRole(this, QAccessible::Indicator);
+    qv_setAccessibleRole(this, QAccessible::Notification);
     setObjectName(QStringLiteral("keyPen"));
+    nameState();
     resize(markSide, markSide);
     hide();
     picture->installEventFilter(this);
@@ -74,16 +74,19 @@ void QVKeyPen::refresh()
 {
     const bool isDown = m_recognizer.isSteered();
     if (std::exchange(m_isDown, isDown) != isDown) {
-        setAccessibleName(
-            qv_localizedStringForKey(isDown ? QVKey::accessiblePenDown : QVKey::accessiblePenUp));
-        QAccessibleEvent alert(this, QAccessible::Alert);
-        QAccessible::updateAccessibility(&alert);
+        nameState();
+        qv_readOut(this);
     }
     const QPointF centre = location();
     move(qFloor(centre.x()) - markSide / 2, qFloor(centre.y()) - markSide / 2);
     setVisible(m_isReady && m_picture->hasFocus());
     raise();
     update();
+}
+
+void QVKeyPen::nameState()
+{
+    setAccessibleName(qv_localizedStringForKey(m_isDown ? QVKey::accessiblePenDown : QVKey::accessiblePenUp));
 }
 
 bool QVKeyPen::eventFilter(QObject * /*watched*/, QEvent *event)

@@ -27,6 +27,7 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
+    void nameState();
     [[nodiscard]] bool isPenKey(const QKeyEvent &event) const;
     bool pressKey(const QKeyEvent &event);
     void releaseKey(const QKeyEvent &event);

@@ -14,8 +14,8 @@
 #include "settings/QVLocalizationKeys.h"
 #include "views/QVAccessibleRole.h"
 #include "views/QVColors.h"
+#include "views/QVSpokenMessage.h"
 
-#include <QAccessible>
 #include <QTouchEvent>
 
 #include <utility>
@@ -86,8 +86,10 @@ void QVClickButtonPrivate::setClickStatus(QVClickStatus status)
     q->setAttribute(Qt::WA_TransparentForMouseEvents, !takesInput());
     qv_setAccessibleBusy(q, isUnderWay());
     q->update();
-    if (changed)
-        Q_EMIT q->clickStatusChanged(status);
+    if (!changed)
+        return;
+    readOut();
+    Q_EMIT q->clickStatusChanged(status);
 }
 
 void QVClickButtonPrivate::setStatusText(const QString &text)
@@ -97,9 +99,19 @@ void QVClickButtonPrivate::setStatusText(const QString &text)
     clickStatusLabel->setText(text);
     q->setAccessibleName(text);
     describe();
-    // Nothing else tells a screen reader that the verification went on by itself.
-    QAccessibleEvent alert(q, QAccessible::Alert);
-    QAccessible::updateAccessibility(&alert);
+}
+
+void QVClickButtonPrivate::readOut()
+{
+    const bool isNews = clickStatus == QVClickStatusVerifying || clickStatus == QVClickStatusPassed ||
+                        clickStatus == QVClickStatusFailed;
+    if (!isNews) {
+        delete std::exchange(spokenMessage, nullptr);
+        return;
+    }
+    if (!spokenMessage)
+        spokenMessage = new QVSpokenMessage(q);
+    spokenMessage->tell(clickStatusLabel->text());
 }
 
 void QVClickButtonPrivate::describe() const

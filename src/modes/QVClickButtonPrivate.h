@@ -16,6 +16,7 @@ class QVClickStatusLabel;
 class QVClickStatusView;
 class QVClickWaterRippleView;
 class QVHostWatch;
+class QVSpokenMessage;
 class QVViewController;
 
 /// What the click button does, apart from being a widget: its states, its conversation with the
@@ -59,6 +60,7 @@ public:
     QVClickWaterRippleView *waterRippleView = nullptr;
     QVClickStatusView *clickStatusView = nullptr;
     QVClickStatusLabel *clickStatusLabel = nullptr;
+    QVSpokenMessage *spokenMessage = nullptr;
     QVClickStatus clickStatus = QVClickStatusNormal;
     bool tracking = false;
     bool showsFocus = false;
@@ -66,6 +68,8 @@ public:
 private:
     void setupSubviews();
     void setStatusText(const QString &text);
+    /// Tells screen readers of what happened, which nothing else does when it happens by itself.
+    void readOut();
     /// Offers screen readers the text where its end is not shown.
     void describe() const;
     [[nodiscard]] bool isUnderWay() const;

@@ -67,6 +67,15 @@ void qv_setAccessibleRole(QWidget *widget, QAccessible::Role role)
     widget->setProperty(roleProperty, static_cast<int>(role));
 }
 
+void qv_readOut(QWidget *widget)
+{
+    if (!widget->isVisible())
+        return;
+    // Screen readers of the Linux desktop speak of a notification that appears, and of no alert.
+    QAccessibleEvent appears(widget, QAccessible::ObjectShow);
+    QAccessible::updateAccessibility(&appears);
+}
+
 void qv_setAccessibleBusy(QWidget *widget, bool busy)
 {
     if (widget->property(busyProperty).toBool() == busy)

@@ -60,7 +60,7 @@ QVInvisibleAnimationView::QVInvisibleAnimationView(QWidget *parent)
     , m_random([] { return QRandomGenerator::global()->generate(); })
 {
     setAttribute(Qt::WA_TransparentForMouseEvents);
-    qv_setAccessibleRole(this, QAccessible::Animation);
+    qv_setAccessibleRole(this, QAccessible::Notification);
     setAccessibleName(qv_localizedStringForKey(QVKey::inVerify));
     setFrame({0, 0, defaultWidth(), defaultWidth()});
 }
@@ -114,6 +114,8 @@ void QVInvisibleAnimationView::startLoadingAnimation()
 
 void QVInvisibleAnimationView::passAnimationComplete(std::function<void()> completion)
 {
+    setAccessibleName(qv_localizedStringForKey(QVKey::clickPass));
+    qv_readOut(this);
     clearLayers();
     openStrip();
     passCircleAnimationLayer().setPath(circlePath());

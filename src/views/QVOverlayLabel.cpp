@@ -22,9 +22,8 @@ constexpr qreal iconBelowBaseline = 4;
 QVOverlayLabel::QVOverlayLabel(QWidget *parent)
     : QWidget(parent)
 {
-    // The bar is the control; the label is only its face.
     setAttribute(Qt::WA_TransparentForMouseEvents);
-    qv_setAccessibleRole(this, QAccessible::NoRole);
+    qv_setAccessibleRole(this, QAccessible::Notification);
 }
 
 void QVOverlayLabel::setContent(const QPixmap &image, const QString &text)
@@ -32,6 +31,7 @@ void QVOverlayLabel::setContent(const QPixmap &image, const QString &text)
     m_image = image;
     m_text = text;
     m_line = qv_oneLine(text);
+    setAccessibleName(m_line.trimmed());
     update();
 }
 

@@ -2,11 +2,9 @@
 
 #include "views/QVAccessibleRole.h"
 #include "views/QVFocusRing.h"
-#include "views/QVOneLine.h"
 #include "views/QVOverlayLabel.h"
 #include "views/QVSystemFont.h"
 
-#include <QAccessible>
 #include <QPaintEvent>
 #include <QPainter>
 
@@ -47,7 +45,7 @@ void QVRenderDrawOverlayView::setOverlayImage(const QPixmap &image, const QStrin
 {
     const bool hasBoth = !image.isNull() && !text.isNull();
     m_overlayLabel->setContent(image, hasBoth ? u' ' + text : text);
-    setAccessibleName(qv_oneLine(text));
+    updateInput();
 }
 
 void QVRenderDrawOverlayView::setCoveredHeight(int height)
@@ -68,11 +66,10 @@ void QVRenderDrawOverlayView::setOnScreen(bool onScreen)
     updateInput();
     if (!onScreen)
         return;
+    // The bar that slides out may be back before it is gone.
+    qv_readOut(m_overlayLabel);
     show();
     raise();
-    // Read out at once: the bar says what has just happened.
-    QAccessibleEvent alert(this, QAccessible::Alert);
-    QAccessible::updateAccessibility(&alert);
 }
 
 void QVRenderDrawOverlayView::updateInput()
@@ -80,7 +77,9 @@ void QVRenderDrawOverlayView::updateInput()
     const bool takesInput = m_acceptsTouches && m_isOnScreen;
     setAttribute(Qt::WA_TransparentForMouseEvents, !takesInput);
     setFocusPolicy(takesInput ? Qt::TabFocus : Qt::NoFocus);
-    qv_setAccessibleRole(this, takesInput ? QAccessible::Button : QAccessible::AlertMessage);
+    // The label is what is read out; the bar is named where it can be pressed.
+    qv_setAccessibleRole(this, takesInput ? QAccessible::Button : QAccessible::Grouping);
+    setAccessibleName(takesInput ? m_overlayLabel->accessibleName() : QString());
     setCursor(takesInput ? Qt::PointingHandCursor : Qt::ArrowCursor);
     if (!takesInput)
         clearFocus();

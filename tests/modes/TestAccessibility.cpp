@@ -76,9 +76,13 @@ private Q_SLOTS:
         seen->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
         QVERIFY(seen->state().busy);
         QCOMPARE(seen->text(QAccessible::Name), QStringLiteral("Verifying…"));
+        QCOMPARE(found(button), QStringList(QStringLiteral("text: Verifying…")));
         pass(600ms);
         QVERIFY(!seen->state().busy);
         QCOMPARE(seen->text(QAccessible::Name), QStringLiteral("Verified"));
+        QCOMPARE(found(button), QStringList(QStringLiteral("text: Verified")));
+        button.reset();
+        QCOMPARE(found(button), QStringList());
     }
 
     void aFailureCanBePressed()
@@ -88,6 +92,16 @@ private Q_SLOTS:
         QVERIFY(showUntil(manager, &QVEmbedManager::failed));
         const QStringList all = found(*manager.embedView());
         QVERIFY2(all.contains(QStringLiteral("button: Access denied")), qPrintable(all.join(u'|')));
+    }
+
+    void theBadgeIsAMessage()
+    {
+        passByClick();
+        QVInvisibleManager manager;
+        manager.startInsivible();
+        QCOMPARE(found(host()), QStringList(QStringLiteral("text: Verifying…")));
+        pass(300ms);
+        QCOMPARE(found(host()), QStringList(QStringLiteral("text: Verified")));
     }
 
 private:
@@ -129,7 +143,7 @@ private:
         case QAccessible::Graphic:
             return QStringLiteral("graphic");
         case QAccessible::StaticText:
-        case QAccessible::AlertMessage:
+        case QAccessible::Notification:
             return QStringLiteral("text");
         case QAccessible::EditableText:
             return QStringLiteral("field");
