@@ -13,6 +13,8 @@ class QVPanGestureRecognizer;
 /// This is the mark that shows where the pen is; its strokes go the way of all others.
 class QVKeyPen final : public QWidget
 {
+    Q_OBJECT
+
 public:
     /// \a view holds \a picture and steers \a recognizer; none of them goes before this.
     QVKeyPen(QWidget *view, QWidget *picture, QVPanGestureRecognizer &recognizer);

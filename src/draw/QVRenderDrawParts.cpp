@@ -1,6 +1,7 @@
 #include "draw/QVRenderDrawParts.h"
 
 #include "draw/QVAdButton.h"
+#include "draw/QVContentView.h"
 #include "draw/QVRenderDrawLayout.h"
 #include "draw/QVTextLabel.h"
 #include "service/QVGetRefreshResponseModel.h"
@@ -66,14 +67,16 @@ void QVRenderDrawParts::updateContentWidth()
 
 void QVRenderDrawParts::initContent()
 {
-    m_contentView = new QWidget(m_view);
-    m_contentView->setObjectName(QStringLiteral("contentView"));
+    auto *const contentView = new QVContentView(m_view);
+    contentView->setObjectName(QStringLiteral("contentView"));
+    m_contentView = contentView;
     m_imageView = new QVRenderDrawImageView(m_contentView);
     m_imageView->setObjectName(QStringLiteral("imageView"));
     m_charInputView = new QVCharVerifyInputView(m_contentView);
     m_charInputView->setObjectName(QStringLiteral("charInputView"));
     m_charInputView->hide();
     m_imageView->setStrip(m_charInputView);
+    contentView->setGap(m_imageView, m_charInputView);
 }
 
 void QVRenderDrawParts::initControls()

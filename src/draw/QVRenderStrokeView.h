@@ -10,6 +10,8 @@
 /// once, and only its own box of the screen is renewed.
 class QVRenderStrokeView final : public QWidget
 {
+    Q_OBJECT
+
 public:
     explicit QVRenderStrokeView(QWidget *parent);
 

@@ -1,14 +1,17 @@
 #pragma once
 
-#include <QLabel>
+#include <QWidget>
 
-/// One line of plain text in the system's font, on a coloured ground if need be. Painted by itself, so
-/// that a host's style sheet for its own labels leaves it alone.
-class QVTextLabel final : public QLabel
+/// One line of plain text in the system's font, on a coloured ground if need be. It paints itself, so that
+/// a host's style sheet for labels does not reach it.
+class QVTextLabel final : public QWidget
 {
+    Q_OBJECT
+
 public:
     QVTextLabel(const QFont &font, const QColor &color, QWidget *parent);
 
+    void setText(const QString &text);
     void setGround(const QColor &ground) { m_ground = ground; }
     /// How much larger than its text the label is.
     void setPadding(QSize padding) { m_padding = padding; }
@@ -21,6 +24,7 @@ protected:
 
 private:
     QFont m_font;
+    QString m_text;
     QColor m_color;
     QColor m_ground = Qt::transparent;
     QSize m_padding{0, 0};

@@ -7,6 +7,8 @@
 /// without size, and hidden until there is something to tell.
 class QVSpokenMessage final : public QWidget
 {
+    Q_OBJECT
+
 public:
     explicit QVSpokenMessage(QWidget *control);
 

@@ -179,6 +179,22 @@ private Q_SLOTS:
         second->dismissWindow();
     }
 
+    void ignoresTheHostsStyleSheet()
+    {
+        open();
+        QVERIFY(waitForPicture());
+        pass(1s);
+        const auto look = [] {
+            QImage image(popup()->size(), QImage::Format_ARGB32_Premultiplied);
+            image.fill(Qt::white);
+            popup()->render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
+            return image;
+        };
+        const QImage plain = look();
+        host().setStyleSheet(q("* { background: red; color: green; border: 3px solid blue; font: 30px; }"));
+        QVERIFY(look() == plain);
+    }
+
 private:
     void prepare() override
     {
