@@ -1,14 +1,13 @@
 #include "demo/DemoOptions.h"
 
+#include "demo/WindowSize.h"
+
 #include <QCommandLineParser>
-#include <QRegularExpression>
 #include <QUrl>
 
 namespace {
 
 constexpr int longestTimeoutSeconds = 3600;
-constexpr int smallestSide = 240;
-constexpr int largestSide = 3840;
 
 void describe(QCommandLineParser &parser)
 {
@@ -33,6 +32,9 @@ void describe(QCommandLineParser &parser)
         {text("screenshots"), text("Folder for the pictures that the drive file takes."), text("DIR")},
         {text("timeout"), text("Give up after so many seconds."), text("SECONDS")},
         {text("size"), text("Size of the window."), text("WxH"), text("1080x720")},
+        {text("look"), text("Look of the host: light, dark, loud or right-to-left."), text("LOOK"),
+         text("light")},
+        {text("form-width"), text("Width of the form, and of the panel in it."), text("W"), text("400")},
     });
     parser.addHelpOption();
 }
@@ -48,15 +50,17 @@ std::optional<DemoMode> modeFrom(const QString &text)
     return std::nullopt;
 }
 
-std::optional<QSize> sizeFrom(const QString &text)
+std::optional<DemoLook> lookFrom(const QString &text)
 {
-    static const QRegularExpression pattern(QStringLiteral("^(\\d{1,5})x(\\d{1,5})$"));
-    const QRegularExpressionMatch match = pattern.match(text);
-    const QSize size(match.captured(1).toInt(), match.captured(2).toInt());
-    const QSize bounded = size.expandedTo({smallestSide, smallestSide}).boundedTo({largestSide, largestSide});
-    if (!match.hasMatch() || size != bounded)
-        return std::nullopt;
-    return size;
+    if (text == QLatin1String("light"))
+        return DemoLook::Light;
+    if (text == QLatin1String("dark"))
+        return DemoLook::Dark;
+    if (text == QLatin1String("loud"))
+        return DemoLook::Loud;
+    if (text == QLatin1String("right-to-left"))
+        return DemoLook::RightToLeft;
+    return std::nullopt;
 }
 
 bool isWebAddress(const QString &text)
@@ -103,11 +107,19 @@ QString readLook(const QCommandLineParser &parser, DemoOptions &options)
     const auto mode = modeFrom(parser.value(QStringLiteral("mode")));
     if (!mode)
         return QStringLiteral("--mode takes embed, click or invisible");
-    const auto size = sizeFrom(parser.value(QStringLiteral("size")));
+    const auto size = windowSizeFrom(parser.value(QStringLiteral("size")));
     if (!size)
         return QStringLiteral("--size takes WIDTHxHEIGHT, each %1 to %2").arg(smallestSide).arg(largestSide);
+    const auto look = lookFrom(parser.value(QStringLiteral("look")));
+    if (!look)
+        return QStringLiteral("--look takes light, dark, loud or right-to-left");
+    const int formWidth = parser.value(QStringLiteral("form-width")).toInt();
+    if (formWidth < smallestSide || formWidth > largestSide)
+        return QStringLiteral("--form-width takes %1 to %2").arg(smallestSide).arg(largestSide);
     options.mode = *mode;
     options.size = *size;
+    options.look = *look;
+    options.formWidth = formWidth;
     return {};
 }
 

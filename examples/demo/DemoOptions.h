@@ -1,5 +1,7 @@
 #pragma once
 
+#include "demo/DemoLook.h"
+
 #include <QSize>
 #include <QString>
 #include <QStringList>
@@ -30,6 +32,9 @@ struct DemoOptions
     QString screenshots;
     std::optional<int> timeoutSeconds;
     QSize size{1080, 720};
+    DemoLook look = DemoLook::Light;
+    /// The form, and the panel in it, is as wide where the window has the room.
+    int formWidth = 400;
     bool helpWanted = false;
 
     /// Reads the arguments (the program's name first). On bad input returns nothing and says why in

@@ -16,7 +16,6 @@ namespace {
 
 // Beside the form from this width on, below it in narrower windows.
 constexpr int widthForTwoColumns = 760;
-constexpr int formWidth = 400;
 constexpr int sideWidth = 300;
 constexpr int clickButtonHeight = 44;
 constexpr int mostEvents = 200;
@@ -26,31 +25,6 @@ constexpr std::pair<const char16_t *, const char *> languages[] = {
     {u"简体中文", "zh-Hans"},
     {u"繁體中文", "zh-Hant"},
 };
-
-const char *const look = R"(
-    DemoWindow { background: #f3f5f9; }
-    #form, #side { background: white; border: 1px solid #e3e7ef; border-radius: 10px; }
-    #title { font-size: 22px; font-weight: 600; color: #1d2433; }
-    #subtitle, #side QLabel { color: #667085; font-size: 13px; }
-    #result { color: #08875f; font-size: 14px; font-weight: 600; }
-    #form QLineEdit { border: 1px solid #d0d5dd; border-radius: 6px; padding: 8px 10px; font-size: 14px;
-                      background: white; color: #1d2433; }
-    #form QLineEdit:focus { border-color: #418dfb; }
-    #signIn { background: #418dfb; color: white; border: none; border-radius: 6px; padding: 11px;
-              font-size: 15px; font-weight: 600; }
-    #signIn:hover { background: #2f7bea; }
-    #signIn:focus { border: 2px solid #1d4f9e; padding: 9px; }
-    #signIn:disabled { background: #cfd8e6; }
-    #again { border: none; color: #418dfb; background: transparent; font-size: 13px; padding: 4px; }
-    QListWidget { border: 1px solid #e3e7ef; border-radius: 6px; background: #fafbfc; color: #344054;
-                  font-size: 12px; }
-    QTabBar::tab { font-size: 14px; color: #667085; background: transparent; border: none;
-                   border-bottom: 2px solid #e3e7ef; padding: 11px 4px; }
-    QTabBar::tab:selected { color: #418dfb; border-bottom: 2px solid #418dfb; font-weight: 600; }
-    QTabBar::tab:focus { color: #1d4f9e; }
-    QCheckBox { font-size: 13px; color: #344054; }
-    QComboBox { font-size: 13px; color: #344054; }
-)";
 
 QLabel *makeLabel(const QString &objectName, QWidget *parent)
 {
@@ -72,15 +46,16 @@ QVBoxLayout *pageLayout(QWidget *page)
 class PanelFrame : public QWidget
 {
 public:
-    PanelFrame(QWidget *panel, QWidget *parent)
+    PanelFrame(QWidget *panel, int widest, QWidget *parent)
         : QWidget(parent)
         , m_panel(panel)
+        , m_widest(widest)
     {
         panel->setParent(this);
         panel->show();
     }
 
-    [[nodiscard]] QSize sizeHint() const override { return {formWidth, heightFor(formWidth)}; }
+    [[nodiscard]] QSize sizeHint() const override { return {m_widest, heightFor(m_widest)}; }
 
 protected:
     void resizeEvent(QResizeEvent *) override
@@ -96,6 +71,7 @@ private:
     }
 
     QWidget *const m_panel;
+    int m_widest;
 };
 
 } // namespace
@@ -104,12 +80,17 @@ DemoWindow::DemoWindow(const DemoOptions &options, EventLog &log)
     : m_log(log)
     , m_mode(options.mode)
     , m_language(options.language)
+    , m_formWidth(options.formWidth)
 {
     setWindowTitle(QStringLiteral("Quarvo demo"));
-    setStyleSheet(QString::fromLatin1(look));
+    setStyleSheet(demoStyleSheet(options.look));
+    if (options.look == DemoLook::RightToLeft)
+        setLayoutDirection(Qt::RightToLeft);
     m_invisible.setAnimation(options.animation);
 
     m_columns = new QBoxLayout(QBoxLayout::LeftToRight, this);
+    // What is as wide as the window now must not keep it from becoming narrower.
+    m_columns->setSizeConstraint(QLayout::SetNoConstraint);
     m_columns->addStretch(1);
     m_columns->addWidget(makeForm(), 0, Qt::AlignVCenter);
     m_columns->addWidget(makeSide());
@@ -301,7 +282,7 @@ void DemoWindow::showMode(DemoMode mode)
     }
     QWidget *const embedPage = m_pages->widget(static_cast<int>(DemoMode::Embed));
     if (mode == DemoMode::Embed && embedPage->layout()->isEmpty()) {
-        embedPage->layout()->addWidget(new PanelFrame(m_embed.embedView(), embedPage));
+        embedPage->layout()->addWidget(new PanelFrame(m_embed.embedView(), m_formWidth, embedPage));
         orderFocus(embedPage);
     }
     m_pages->adjustSize();
@@ -378,7 +359,7 @@ void DemoWindow::fitSide()
     const int padding = isWide ? 24 : 10;
     m_title->parentWidget()->layout()->setContentsMargins(padding, 4, padding, padding);
     m_pages->parentWidget()->parentWidget()->setFixedWidth(
-        qMin(formWidth + 2 * padding + 2, width() - 2 * margin));
+        qMin(m_formWidth + 2 * padding + 2, width() - 2 * margin));
     m_side->setFixedWidth(isWide ? sideWidth : width() - 2 * margin);
     m_side->setSizePolicy(QSizePolicy::Fixed, isWide ? QSizePolicy::Preferred : QSizePolicy::Maximum);
     // A phone's height has no room for them; they are printed anyway.

@@ -54,6 +54,7 @@ private:
     EventLog &m_log;
     DemoMode m_mode;
     QString m_language;
+    int m_formWidth;
 
     QVEmbedManager m_embed;
     QVClickManager m_click;

@@ -1,5 +1,7 @@
 #include "demo/DriveScript.h"
 
+#include "demo/WindowSize.h"
+
 #include <QFile>
 #include <QKeySequence>
 #include <QRegularExpression>
@@ -106,12 +108,22 @@ QString parseShot(const QStringList &words, DriveAction &action)
     return {};
 }
 
+QString parseResize(const QStringList &words, DriveAction &action)
+{
+    const auto size = windowSizeFrom(words.value(1));
+    if (!size || words.size() != 2)
+        return QStringLiteral("resize takes WIDTHxHEIGHT, each %1 to %2").arg(smallestSide).arg(largestSide);
+    action.kind = Kind::Resize;
+    action.size = *size;
+    return {};
+}
+
 QString parsePlain(const QStringList &words, DriveAction &action)
 {
     static const std::pair<const char *, Kind> plain[] = {
-        {"tap", Kind::Tap},     {"start", Kind::Start},     {"solve", Kind::Solve},
-        {"done", Kind::Done},   {"refresh", Kind::Refresh}, {"retry", Kind::Retry},
-        {"close", Kind::Close}, {"reset", Kind::Reset},     {"lift", Kind::Lift},
+        {"tap", Kind::Tap},         {"start", Kind::Start}, {"solve", Kind::Solve}, {"done", Kind::Done},
+        {"refresh", Kind::Refresh}, {"retry", Kind::Retry}, {"close", Kind::Close}, {"reset", Kind::Reset},
+        {"lift", Kind::Lift},       {"end", Kind::End},
     };
     const auto found = std::ranges::find_if(
         plain, [&](const auto &entry) { return words[0] == QLatin1String(entry.first); });
@@ -134,6 +146,8 @@ QString parseLine(const QString &line, DriveAction &action)
         return parseShot(words, action);
     if (words[0] == QLatin1String("keys"))
         return parseKeys(words, action);
+    if (words[0] == QLatin1String("resize"))
+        return parseResize(words, action);
     if (words[0] != QLatin1String("type"))
         return parsePlain(words, action);
     if (words.size() < 2)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QPointF>
+#include <QSize>
 #include <QString>
 #include <QStringList>
 #include <QVector>
@@ -26,7 +27,10 @@ struct DriveAction
         Retry,
         Close,
         Reset,
-        Shot
+        Resize,
+        Shot,
+        /// Ends the drive well though no token has come.
+        End
     };
 
     Kind kind = Kind::Tap;
@@ -35,6 +39,7 @@ struct DriveAction
     QVector<QPointF> points;
     /// Key codes, in order.
     QVector<int> keys;
+    QSize size;
     int milliseconds = 0;
     int line = 0;
 };

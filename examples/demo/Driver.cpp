@@ -79,6 +79,14 @@ void Driver::perform(const DriveAction &action)
     case Kind::Shot:
         shoot(action.text);
         break;
+    case Kind::Resize:
+        m_stage.window.resize(action.size);
+        continueSoon();
+        break;
+    case Kind::End:
+        m_isEnded = true;
+        Q_EMIT finished(true);
+        break;
     case Kind::Start:
         m_stage.window.startInvisible();
         continueSoon();

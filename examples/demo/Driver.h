@@ -31,7 +31,7 @@ public:
     void start();
 
 Q_SIGNALS:
-    /// The file is done and, with \a success, a token has come.
+    /// The file is done and, with \a success, a token has come or is not wanted.
     void finished(bool success);
 
 private:

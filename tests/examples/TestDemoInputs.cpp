@@ -34,7 +34,7 @@ private Q_SLOTS:
         };
         for (const char *line :
              {"jump", "wait godot", "wait 99999999999", "stroke 1,2", "stroke 1,2 nan,1", "stroke 1,2 1e9,1",
-              "keys Right Sideways", "keys Right*9999", "shot ../../etc/passwd", "\xff\xfe"})
+              "keys Right Sideways", "resize 10x10", "keys Right*9999", "shot ../../etc/passwd", "\xff\xfe"})
             QVERIFY2(refuses(line), line);
         QVERIFY(refuses("stroke" + QByteArray(" 1,1").repeated(501)));
     }
@@ -57,8 +57,8 @@ private Q_SLOTS:
 
     void refusesInOneLine()
     {
-        for (const char *arguments :
-             {"--fast", "--mode popup", "--size 10x10", "--cdn file:///etc", "--timeout 0"}) {
+        for (const char *arguments : {"--fast", "--mode popup", "--size 10x10", "--cdn file:///etc",
+                                      "--look red", "--form-width 9", "--timeout 0"}) {
             QString problem;
             QVERIFY2(!DemoOptions::parse(QStringList{q("demo")} + q(arguments).split(u' '), problem),
                      arguments);
