@@ -4,6 +4,14 @@
 
 #include <QPainter>
 
+#include <algorithm>
+
+namespace {
+
+constexpr double smallestShare = 0.7;
+
+} // namespace
+
 QVTextLabel::QVTextLabel(const QFont &font, const QColor &color, QWidget *parent)
     : QWidget(parent)
     , m_font(font)
@@ -22,17 +30,33 @@ void QVTextLabel::setText(const QString &text)
     update();
 }
 
+int QVTextLabel::roomForText() const
+{
+    return parentWidget()->width() - m_padding.width();
+}
+
+QFont QVTextLabel::fittingFont() const
+{
+    const int smallest = qRound(m_font.pixelSize() * smallestShare);
+    QFont font = m_font;
+    while (font.pixelSize() > smallest && QFontMetrics(font).horizontalAdvance(m_text) > roomForText())
+        font.setPixelSize(font.pixelSize() - 1);
+    return font;
+}
+
 QSize QVTextLabel::sizeHint() const
 {
-    return QFontMetrics(m_font).size(Qt::TextSingleLine, m_text) + m_padding;
+    const QSize text = QFontMetrics(fittingFont()).size(Qt::TextSingleLine, m_text);
+    return QSize(std::min(text.width(), roomForText()), text.height()) + m_padding;
 }
 
 void QVTextLabel::paintEvent(QPaintEvent * /*event*/)
 {
     QPainter painter(this);
     painter.fillRect(rect(), m_ground);
-    painter.setFont(m_font);
+    painter.setFont(fittingFont());
     painter.setPen(m_color);
     painter.setLayoutDirection(Qt::LayoutDirectionAuto);
-    painter.drawText(rect(), Qt::AlignCenter | Qt::TextSingleLine, m_text);
+    const QString line = painter.fontMetrics().elidedText(m_text, Qt::ElideRight, roomForText());
+    painter.drawText(rect(), Qt::AlignCenter | Qt::TextSingleLine, line);
 }

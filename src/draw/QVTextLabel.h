@@ -2,8 +2,9 @@
 
 #include <QWidget>
 
-/// One line of plain text in the system's font, on a coloured ground if need be. It paints itself, so that
-/// a host's style sheet for labels does not reach it.
+/// One line of plain text in the system's font, on a coloured ground if need be. Where its parent is too
+/// narrow for it, the text is smaller, and then elided. It paints itself, so that a host's style sheet for
+/// labels does not reach it.
 class QVTextLabel final : public QWidget
 {
     Q_OBJECT
@@ -23,6 +24,9 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
+    [[nodiscard]] int roomForText() const;
+    [[nodiscard]] QFont fittingFont() const;
+
     QFont m_font;
     QString m_text;
     QColor m_color;

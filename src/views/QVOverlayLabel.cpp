@@ -14,6 +14,7 @@
 namespace {
 
 constexpr int overlayFontSize = 14;
+constexpr int smallestFontSize = 11;
 constexpr qreal iconSide = 20;
 constexpr qreal iconBelowBaseline = 4;
 
@@ -50,7 +51,8 @@ void QVOverlayLabel::setGround(const QColor &ground)
 void QVOverlayLabel::paintEvent(QPaintEvent *)
 {
     const qreal iconWidth = m_image.isNull() ? 0 : iconSide;
-    const QFont font = qv_systemFont(overlayFontSize, m_line, QSizeF(width() - iconWidth, height()));
+    const QFont font =
+        qv_systemFont(overlayFontSize, m_line, QSizeF(width() - iconWidth, height()), smallestFontSize);
     const QFontMetricsF metrics(font);
     const QString line = metrics.elidedText(m_line, Qt::ElideRight, width() - iconWidth);
     const qreal contentWidth = iconWidth + metrics.horizontalAdvance(line);

@@ -40,10 +40,15 @@ QFont qv_systemFont(int pixelSize)
     return fontOfSize(static_cast<int>(std::lround(pixelSize * qv_textScale())));
 }
 
-QFont qv_systemFont(int pixelSize, const QString &line, QSizeF room)
+QFont qv_systemFont(int pixelSize, const QString &line, QSizeF room, int smallestPixelSize)
 {
     QFont font = qv_systemFont(pixelSize);
-    while (font.pixelSize() > pixelSize && !fits(line, font, room))
+    while (font.pixelSize() > smallestPixelSize && !fits(line, font, room))
         font.setPixelSize(font.pixelSize() - 1);
     return font;
+}
+
+QFont qv_systemFont(int pixelSize, const QString &line, QSizeF room)
+{
+    return qv_systemFont(pixelSize, line, room, pixelSize);
 }

@@ -12,5 +12,7 @@
 /// sheet out.
 [[nodiscard]] QFont qv_systemFont(int pixelSize);
 
-/// The same, but enlarged only as far as \a line stays within \a room.
+/// The same, but enlarged only as far as \a line stays within \a room, and on the narrowest hosts as small
+/// as \a smallestPixelSize.
+[[nodiscard]] QFont qv_systemFont(int pixelSize, const QString &line, QSizeF room, int smallestPixelSize);
 [[nodiscard]] QFont qv_systemFont(int pixelSize, const QString &line, QSizeF room);

@@ -48,6 +48,7 @@ private Q_SLOTS:
             QRect(0, 148, 320, 184));
         row("popup 320, characters", 1, QSize(320, 480), true, QRect(0, 132, 320, 216),
             QRect(0, 132, 320, 184));
+        row("popup 240", 1, QSize(240, 480), false, QRect(0, 171, 240, 138), QRect(0, 171, 240, 138));
         row("popup 414", 1, QSize(414, 520), false, QRect(0, 141, 414, 238), QRect(0, 141, 414, 238));
         row("popup 1280, drawing", 2, QSize(1280, 800), false, QRect(433, 281, 414, 238),
             QRect(433, 281, 414, 238));
@@ -78,6 +79,7 @@ private Q_SLOTS:
         const QRect caption = frame("captchaLabel");
         QCOMPARE(caption.bottom() + 1, image.top() - 10);
         QVERIFY(std::abs(caption.center().x() - size.width() / 2) <= 1);
+        QVERIFY(style == QVVerifyStyleEmbed || view().rect().contains(caption));
     }
 
     void showsAnAdvertisement()
