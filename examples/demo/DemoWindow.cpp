@@ -1,6 +1,7 @@
 #include "demo/DemoWindow.h"
 
 #include "demo/EventLog.h"
+#include "demo/WindowSize.h"
 
 #include <QBoxLayout>
 #include <QCheckBox>
@@ -88,9 +89,9 @@ DemoWindow::DemoWindow(const DemoOptions &options, EventLog &log)
         setLayoutDirection(Qt::RightToLeft);
     m_invisible.setAnimation(options.animation);
 
+    // The form follows the window's width, and must not keep it from becoming narrower.
+    setMinimumWidth(smallestSide);
     m_columns = new QBoxLayout(QBoxLayout::LeftToRight, this);
-    // What is as wide as the window now must not keep it from becoming narrower.
-    m_columns->setSizeConstraint(QLayout::SetNoConstraint);
     m_columns->addStretch(1);
     m_columns->addWidget(makeForm(), 0, Qt::AlignVCenter);
     m_columns->addWidget(makeSide());
