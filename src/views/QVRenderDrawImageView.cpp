@@ -191,6 +191,21 @@ void QVRenderDrawImageView::moveBar(QVRenderDrawOverlayView *bar, int offset, QV
     m_layout.animateLayout(slideDuration, std::move(completion));
 }
 
+void QVRenderDrawImageView::setStrip(QWidget *strip)
+{
+    m_strip = strip;
+    strip->installEventFilter(this);
+}
+
+bool QVRenderDrawImageView::eventFilter(QObject * /*watched*/, QEvent *event)
+{
+    const QEvent::Type type = event->type();
+    // The strip finds its place while a bar may be on screen already.
+    if (type == QEvent::Move || type == QEvent::Show || type == QEvent::Hide)
+        keepClearOfStrip();
+    return false;
+}
+
 void QVRenderDrawImageView::keepClearOfStrip()
 {
     if (!m_strip)

@@ -34,8 +34,8 @@ public:
 
     [[nodiscard]] QImage image() const { return m_picture.image(); }
     [[nodiscard]] bool hasImage() const { return !m_picture.image().isNull(); }
-    /// Names a sibling that lies over the bottom edge where the picture is narrow.
-    void setStrip(const QWidget *strip) { m_strip = strip; }
+    /// Names a sibling that lies over the bottom edge where the picture is narrow, once.
+    void setStrip(QWidget *strip);
     /// Shows a picture stretched into the bounds; a null one clears it.
     void setImage(const QImage &image);
 
@@ -61,6 +61,7 @@ public:
     void hiddernAll();
 
 protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
 
@@ -82,6 +83,6 @@ private:
     QVRenderDrawOverlayView *m_errorOverlayView;
     QVRenderDrawOverlayView *m_successOverlayView;
     QVRenderDrawOverlayView *m_showView = nullptr;
-    QPointer<const QWidget> m_strip;
+    QPointer<QWidget> m_strip;
     bool m_isCharVerify = false;
 };

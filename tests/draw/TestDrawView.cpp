@@ -1,6 +1,7 @@
 #include "draw/DrawTestCase.h"
 #include "settings/QVSDKManager.h"
 #include "support/QVPixels.h"
+#include "views/QVOverlayLabel.h"
 #include "views/QVRenderDrawOverlayView.h"
 #include "views/QVSystemFont.h"
 
@@ -80,6 +81,15 @@ private Q_SLOTS:
         QCOMPARE(caption.bottom() + 1, image.top() - 10);
         QVERIFY(std::abs(caption.center().x() - size.width() / 2) <= 1);
         QVERIFY(style == QVVerifyStyleEmbed || view().rect().contains(caption));
+    }
+
+    void keepsMessagesClearOfTheCharacters()
+    {
+        service().extend(q("config"), {{q("type"), q("character")}});
+        start(QVVerifyStyleEmbed, QSize(284, 192));
+        QCOMPARE(bar(), q("promptOverlayView"));
+        const QVOverlayLabel *label = picture().showView()->overlayLabel();
+        QCOMPARE(label->mapTo(&view(), QPoint(0, label->height())).y(), frame("charInputView").top());
     }
 
     void showsAnAdvertisement()
