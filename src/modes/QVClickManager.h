@@ -55,6 +55,6 @@ Q_SIGNALS:
     void outageStarted();
 
 private:
-    class Private;
+    class Q_DECL_HIDDEN Private;
     const std::unique_ptr<Private> d;
 };

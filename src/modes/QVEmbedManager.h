@@ -56,6 +56,6 @@ Q_SIGNALS:
     void failed(const QVError &error);
 
 private:
-    class Private;
+    class Q_DECL_HIDDEN Private;
     const std::unique_ptr<Private> d;
 };
