@@ -41,7 +41,11 @@ bool QVTouchButton::takeTouch(QTouchEvent &event)
         return true;
     }
     event.accept();
-    touchMoved(isInside && isEnabled() && isVisible() && event.type() != QEvent::TouchCancel);
+    if (event.type() == QEvent::TouchBegin)
+        m_isTouched = true;
+    if (event.type() == QEvent::TouchCancel)
+        m_isTouched = false;
+    touchMoved(isInside && m_isTouched && isEnabled() && isVisible());
     if (event.type() == QEvent::TouchEnd)
         touchEnded();
     return true;
@@ -60,6 +64,7 @@ void QVTouchButton::touchMoved(bool isInside)
 
 void QVTouchButton::touchEnded()
 {
+    m_isTouched = false;
     if (!isDown())
         return;
     const QPointer<QVTouchButton> self(this);
@@ -82,6 +87,8 @@ void QVTouchButton::keyPressEvent(QKeyEvent *event)
 
 void QVTouchButton::hideEvent(QHideEvent *event)
 {
+    // The finger that was on it may still be down when it is shown again.
+    m_isTouched = false;
     setDown(false);
     QAbstractButton::hideEvent(event);
 }

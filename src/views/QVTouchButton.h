@@ -29,4 +29,6 @@ private:
     bool takeTouch(QTouchEvent &event);
     void touchMoved(bool isInside);
     void touchEnded();
+
+    bool m_isTouched = false;
 };
