@@ -5,6 +5,8 @@
 #include <QCommandLineParser>
 #include <QUrl>
 
+#include <utility>
+
 namespace {
 
 constexpr int longestTimeoutSeconds = 3600;
@@ -39,27 +41,26 @@ void describe(QCommandLineParser &parser)
     parser.addHelpOption();
 }
 
-std::optional<DemoMode> modeFrom(const QString &text)
-{
-    if (text == QLatin1String("embed"))
-        return DemoMode::Embed;
-    if (text == QLatin1String("click"))
-        return DemoMode::Click;
-    if (text == QLatin1String("invisible"))
-        return DemoMode::Invisible;
-    return std::nullopt;
-}
+constexpr std::pair<const char *, DemoMode> modes[] = {
+    {"embed", DemoMode::Embed},
+    {"click", DemoMode::Click},
+    {"invisible", DemoMode::Invisible},
+};
 
-std::optional<DemoLook> lookFrom(const QString &text)
+constexpr std::pair<const char *, DemoLook> looks[] = {
+    {"light", DemoLook::Light},
+    {"dark", DemoLook::Dark},
+    {"loud", DemoLook::Loud},
+    {"right-to-left", DemoLook::RightToLeft},
+};
+
+template<class Choice, std::size_t count>
+std::optional<Choice> choiceFrom(const QString &text, const std::pair<const char *, Choice> (&choices)[count])
 {
-    if (text == QLatin1String("light"))
-        return DemoLook::Light;
-    if (text == QLatin1String("dark"))
-        return DemoLook::Dark;
-    if (text == QLatin1String("loud"))
-        return DemoLook::Loud;
-    if (text == QLatin1String("right-to-left"))
-        return DemoLook::RightToLeft;
+    for (const auto &[name, choice] : choices) {
+        if (text == QLatin1String(name))
+            return choice;
+    }
     return std::nullopt;
 }
 
@@ -104,13 +105,13 @@ QString readTimeout(const QCommandLineParser &parser, DemoOptions &options)
 
 QString readLook(const QCommandLineParser &parser, DemoOptions &options)
 {
-    const auto mode = modeFrom(parser.value(QStringLiteral("mode")));
+    const auto mode = choiceFrom(parser.value(QStringLiteral("mode")), modes);
     if (!mode)
         return QStringLiteral("--mode takes embed, click or invisible");
     const auto size = windowSizeFrom(parser.value(QStringLiteral("size")));
     if (!size)
         return QStringLiteral("--size takes WIDTHxHEIGHT, each %1 to %2").arg(smallestSide).arg(largestSide);
-    const auto look = lookFrom(parser.value(QStringLiteral("look")));
+    const auto look = choiceFrom(parser.value(QStringLiteral("look")), looks);
     if (!look)
         return QStringLiteral("--look takes light, dark, loud or right-to-left");
     const int formWidth = parser.value(QStringLiteral("form-width")).toInt();

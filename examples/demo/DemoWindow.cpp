@@ -72,7 +72,7 @@ private:
     }
 
     QWidget *const m_panel;
-    int m_widest;
+    const int m_widest;
 };
 
 } // namespace
