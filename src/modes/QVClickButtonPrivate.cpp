@@ -106,12 +106,12 @@ void QVClickButtonPrivate::readOut()
     const bool isNews = clickStatus == QVClickStatusVerifying || clickStatus == QVClickStatusPassed ||
                         clickStatus == QVClickStatusFailed;
     if (!isNews) {
-        delete std::exchange(spokenMessage, nullptr);
+        delete std::exchange(m_spokenMessage, nullptr);
         return;
     }
-    if (!spokenMessage)
-        spokenMessage = new QVSpokenMessage(q);
-    spokenMessage->tell(clickStatusLabel->text());
+    if (!m_spokenMessage)
+        m_spokenMessage = new QVSpokenMessage(q);
+    m_spokenMessage->tell(clickStatusLabel->text());
 }
 
 void QVClickButtonPrivate::describe() const

@@ -60,7 +60,6 @@ public:
     QVClickWaterRippleView *waterRippleView = nullptr;
     QVClickStatusView *clickStatusView = nullptr;
     QVClickStatusLabel *clickStatusLabel = nullptr;
-    QVSpokenMessage *spokenMessage = nullptr;
     QVClickStatus clickStatus = QVClickStatusNormal;
     bool tracking = false;
     bool showsFocus = false;
@@ -85,6 +84,7 @@ private:
     void attemptTimedOut(const QVError &error);
     void dropSequence();
 
+    QVSpokenMessage *m_spokenMessage = nullptr;
     std::weak_ptr<QVViewController> m_qv_controller;
     std::shared_ptr<QVClickSequence> m_sequence;
     QVAttemptDeadline m_deadline;
