@@ -17,6 +17,7 @@
 #include <QPointer>
 
 #include <algorithm>
+#include <utility>
 
 using namespace std::chrono_literals;
 
@@ -211,6 +212,8 @@ void QVRenderDrawImageView::keepClearOfStrip()
     if (!m_strip)
         return;
     const int covered = m_strip->isHidden() ? 0 : std::max(0, geometry().bottom() + 1 - m_strip->y());
+    if (std::exchange(m_coveredHeight, covered) == covered)
+        return;
     for (auto *bar : {m_promptOverlayView, m_errorOverlayView, m_successOverlayView})
         bar->setCoveredHeight(covered);
 }

@@ -84,5 +84,7 @@ private:
     QVRenderDrawOverlayView *m_successOverlayView;
     QVRenderDrawOverlayView *m_showView = nullptr;
     QPointer<QWidget> m_strip;
+    /// How much of the bars' height the strip lies over.
+    int m_coveredHeight = 0;
     bool m_isCharVerify = false;
 };
