@@ -1,6 +1,7 @@
 #include "draw/QVTextLabel.h"
 
 #include "views/QVAccessibleRole.h"
+#include "views/QVSystemFont.h"
 
 #include <QPainter>
 
@@ -37,11 +38,9 @@ int QVTextLabel::roomForText() const
 
 QFont QVTextLabel::fittingFont() const
 {
-    const int smallest = qRound(m_font.pixelSize() * smallestShare);
-    QFont font = m_font;
-    while (font.pixelSize() > smallest && QFontMetrics(font).horizontalAdvance(m_text) > roomForText())
-        font.setPixelSize(font.pixelSize() - 1);
-    return font;
+    // Of the usual size, so that text which the platform enlarges is not elided earlier than that.
+    const int smallest = qRound(m_font.pixelSize() / qv_textScale() * smallestShare);
+    return qv_fittingFont(m_font, m_text, QSizeF(roomForText(), QWIDGETSIZE_MAX), smallest);
 }
 
 QSize QVTextLabel::sizeHint() const

@@ -51,8 +51,8 @@ void QVOverlayLabel::setGround(const QColor &ground)
 void QVOverlayLabel::paintEvent(QPaintEvent *)
 {
     const qreal iconWidth = m_image.isNull() ? 0 : iconSide;
-    const QFont font =
-        qv_systemFont(overlayFontSize, m_line, QSizeF(width() - iconWidth, height()), smallestFontSize);
+    const QFont font = qv_fittingFont(qv_systemFont(overlayFontSize), m_line,
+                                      QSizeF(width() - iconWidth, height()), smallestFontSize);
     const QFontMetricsF metrics(font);
     const QString line = metrics.elidedText(m_line, Qt::ElideRight, width() - iconWidth);
     const qreal contentWidth = iconWidth + metrics.horizontalAdvance(line);

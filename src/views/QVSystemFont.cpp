@@ -40,15 +40,14 @@ QFont qv_systemFont(int pixelSize)
     return fontOfSize(static_cast<int>(std::lround(pixelSize * qv_textScale())));
 }
 
-QFont qv_systemFont(int pixelSize, const QString &line, QSizeF room, int smallestPixelSize)
+QFont qv_systemFont(int pixelSize, const QString &line, QSizeF room)
 {
-    QFont font = qv_systemFont(pixelSize);
+    return qv_fittingFont(qv_systemFont(pixelSize), line, room, pixelSize);
+}
+
+QFont qv_fittingFont(QFont font, const QString &line, QSizeF room, int smallestPixelSize)
+{
     while (font.pixelSize() > smallestPixelSize && !fits(line, font, room))
         font.setPixelSize(font.pixelSize() - 1);
     return font;
-}
-
-QFont qv_systemFont(int pixelSize, const QString &line, QSizeF room)
-{
-    return qv_systemFont(pixelSize, line, room, pixelSize);
 }

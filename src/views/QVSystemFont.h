@@ -12,7 +12,8 @@
 /// sheet out.
 [[nodiscard]] QFont qv_systemFont(int pixelSize);
 
-/// The same, but enlarged only as far as \a line stays within \a room, and on the narrowest hosts as small
-/// as \a smallestPixelSize.
-[[nodiscard]] QFont qv_systemFont(int pixelSize, const QString &line, QSizeF room, int smallestPixelSize);
+/// The same, but enlarged only as far as \a line stays within \a room.
 [[nodiscard]] QFont qv_systemFont(int pixelSize, const QString &line, QSizeF room);
+
+/// \a font, smaller until \a line stays within \a room or it has the size \a smallestPixelSize.
+[[nodiscard]] QFont qv_fittingFont(QFont font, const QString &line, QSizeF room, int smallestPixelSize);
