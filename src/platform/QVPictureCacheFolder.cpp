@@ -1,46 +1,79 @@
 #include "platform/QVPictureCacheFolder.h"
 
 #include <QDir>
+#include <QLoggingCategory>
+#include <QRegularExpression>
 #include <QStandardPaths>
 #include <QThreadPool>
 #include <QUuid>
 
+#include <span>
+
 namespace {
 
-constexpr QFile::Permissions ownerOnly = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
+Q_LOGGING_CATEGORY(platformLog, "quarvo.platform", QtInfoMsg)
 
-QString rootPath()
+QString rootName()
 {
-    const QString cache = QStandardPaths::writableLocation(QStandardPaths::CacheLocation);
-    return cache.isEmpty() ? QString() : cache + QStringLiteral("/quarvo-pictures");
+    return QStringLiteral("quarvo-pictures");
 }
 
-QString lockPath(const QString &folder)
+QString lockName()
 {
-    return folder + QStringLiteral(".lock");
+    return QStringLiteral("quarvo.lock");
 }
 
-bool makePrivateFolder(const QString &path)
+QString cachePath()
 {
-    return QDir().mkpath(path) && QFile::setPermissions(path, ownerOnly);
+    return QStandardPaths::writableLocation(QStandardPaths::CacheLocation);
 }
 
-void removeAbandonedFolders(const QString &root)
+bool isNamed(const QString &name, const QString &pattern)
 {
-    const QDir dir(root);
-    for (const QString &name : dir.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
-        const QString folder = dir.filePath(name);
-        QLockFile lock(lockPath(folder));
-        // Zero: a lock counts as abandoned only when its process is gone, however old it is.
-        lock.setStaleLockTime(0);
-        if (lock.tryLock(0))
-            QDir(folder).removeRecursively();
+    return QRegularExpression(QRegularExpression::anchoredPattern(pattern)).match(name).hasMatch();
+}
+
+/// Closed where the folder is missing, a link, another user's, or open to others.
+QVFolderHandle openRoot(const QString &cache)
+{
+    QVFolderHandle root = QVFolderHandle(cache).subfolder(rootName());
+    return root.isPrivate() ? std::move(root) : QVFolderHandle();
+}
+
+/// Removes the files that QNetworkDiskCache makes, and what folders of its making are empty then.
+/// \a folderNames are those of each level, as patterns.
+void removeCacheFiles(const QVFolderHandle &folder, std::span<const QString> folderNames)
+{
+    for (const QString &name : folder.names()) {
+        if (isNamed(name, QStringLiteral("[-0-9A-Za-z]{1,8}\\.d"))) {
+            folder.removeFile(name);
+        } else if (!folderNames.empty() && isNamed(name, folderNames.front())) {
+            removeCacheFiles(folder.subfolder(name), folderNames.subspan(1));
+            folder.removeSubfolder(name);
+        }
     }
 }
 
-void startRemovingAbandonedFolders(const QString &root)
+void removeAbandonedFolders(const QString &cache)
 {
-    QThreadPool::globalInstance()->start([root] { removeAbandonedFolders(root); });
+    const std::array cacheFolders{QStringLiteral("data[0-9]+|prepared"), QStringLiteral("[0-9a-f]")};
+    const QVFolderHandle root = openRoot(cache);
+    for (const QString &name : root.names()) {
+        if (!isNamed(name, QStringLiteral("[0-9a-f]{32}")))
+            continue;
+        const QVFolderHandle folder = root.subfolder(name);
+        const QVDescriptor lock = folder.takeLock(lockName());
+        if (!lock.isOpen())
+            continue;
+        removeCacheFiles(folder, cacheFolders);
+        folder.removeFile(lockName());
+        root.removeSubfolder(name);
+    }
+}
+
+void startRemovingAbandonedFolders(const QString &cache)
+{
+    QThreadPool::globalInstance()->start([cache] { removeAbandonedFolders(cache); });
 }
 
 } // namespace
@@ -53,27 +86,35 @@ QVPictureCacheFolder &QVPictureCacheFolder::shared()
 
 QString QVPictureCacheFolder::path()
 {
-    if (m_lock)
-        return m_path;
-    const QString root = rootPath();
-    if (root.isEmpty() || !makePrivateFolder(root))
+    if (m_lock.isOpen())
+        return m_folder.path();
+    const QString cache = cachePath();
+    if (!make(cache)) {
+        qCWarning(platformLog,
+                  "No pictures are kept on disk: there is no cache folder that only its user can read");
         return {};
-    const QString folder = root + u'/' + QUuid::createUuid().toString(QUuid::Id128);
-    auto lock = std::make_unique<QLockFile>(lockPath(folder));
-    lock->setStaleLockTime(0);
-    // Locked before it exists, so that no other process can take it for abandoned.
-    if (!lock->tryLock(0) || !makePrivateFolder(folder))
-        return {};
-    m_path = folder;
-    m_lock = std::move(lock);
-    // A host may have named itself, and thereby another root, only since the first clearing.
-    startRemovingAbandonedFolders(root);
-    return m_path;
+    }
+    // A host may have named itself, and thereby another cache, only since the first clearing.
+    startRemovingAbandonedFolders(cache);
+    return m_folder.path();
+}
+
+bool QVPictureCacheFolder::make(const QString &cache)
+{
+    if (cache.isEmpty() || !QDir().mkpath(cache))
+        return false;
+    // What is there already is looked at when it is opened.
+    (void)QVFolderHandle(cache).makeSubfolder(rootName());
+    const QVFolderHandle root = openRoot(cache);
+    const QString name = QUuid::createUuid().toString(QUuid::Id128);
+    if (!root.makeSubfolder(name))
+        return false;
+    m_folder = root.subfolder(name);
+    m_lock = m_folder.makeLock(lockName());
+    return m_lock.isOpen();
 }
 
 void QVPictureCacheFolder::clearInBackground()
 {
-    const QString root = rootPath();
-    if (!root.isEmpty())
-        startRemovingAbandonedFolders(root);
+    startRemovingAbandonedFolders(cachePath());
 }

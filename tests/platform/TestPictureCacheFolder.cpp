@@ -1,8 +1,61 @@
 #include "platform/QVPictureCacheFolder.h"
 #include "support/QVTestCase.h"
 
-#include <QDir>
+#include <QDirIterator>
+#include <QNetworkDiskCache>
+#include <QStandardPaths>
+#include <QTemporaryDir>
 #include <QThreadPool>
+
+#include <unistd.h>
+
+namespace {
+
+constexpr QFile::Permissions others = QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup |
+                                      QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
+const char *const nameOfOurForm = "0123456789abcdef0123456789abcdef";
+
+bool finishClearing()
+{
+    return QThreadPool::globalInstance()->waitForDone(5000);
+}
+
+void keepPicture(const QString &folder)
+{
+    QNetworkDiskCache cache;
+    cache.setCacheDirectory(folder);
+    QNetworkCacheMetaData meta;
+    meta.setUrl(QUrl(q("https://pictures.example/a.png")));
+    meta.setSaveToDisk(true);
+    cache.insert(cache.prepare(meta));
+    // Left as by a process that ended in the middle of a download.
+    (void)cache.prepare(meta);
+}
+
+void makeFile(const QString &path)
+{
+    QDir().mkpath(QFileInfo(path).path());
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("foreign");
+}
+
+/// Everything in a folder, each with its permissions, and the folder's own.
+QStringList contents(const QString &folder)
+{
+    QStringList entries{QString::number(QFileInfo(folder).permissions())};
+    QDirIterator all(folder, QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
+                     QDirIterator::Subdirectories);
+    while (all.hasNext()) {
+        const QFileInfo entry(all.next());
+        entries.append(entry.filePath() + u' ' + QString::number(entry.permissions()) +
+                       entry.symLinkTarget());
+    }
+    entries.sort();
+    return entries;
+}
+
+} // namespace
 
 class TestPictureCacheFolder : public QVTestCase
 {
@@ -12,9 +65,10 @@ private Q_SLOTS:
     void isPrivateToTheUser()
     {
         QVPictureCacheFolder folder;
-        const QFileInfo info(folder.path());
-        QVERIFY(info.isDir());
-        QVERIFY(!(info.permissions() & (QFile::ReadGroup | QFile::ReadOther | QFile::ExeOther)));
+        const QDir dir(QFileInfo(folder.path()).canonicalFilePath());
+        QCOMPARE(QFileInfo(dir.filePath(q(".."))).canonicalFilePath(), root());
+        for (const QString &path : {dir.path(), root()})
+            QCOMPARE(QFileInfo(path).permissions() & others, QFile::Permissions());
     }
 
     void clearsWhatNoProcessHoldsAnyMore_data()
@@ -28,28 +82,128 @@ private Q_SLOTS:
     {
         QFETCH(const bool, isAsked);
         QVPictureCacheFolder own;
-        const QString ownPath = own.path();
-        QString abandoned;
+        keepPicture(own.path());
+        QVERIFY(finishClearing());
+        const QStringList kept = contents(root());
         {
             QVPictureCacheFolder earlier;
-            abandoned = earlier.path();
-            QFile picture(abandoned + q("/picture"));
-            QVERIFY(picture.open(QIODevice::WriteOnly));
+            keepPicture(earlier.path());
             // Each new folder starts a clearing, which would take this one as soon as it is let go.
-            QVERIFY(QThreadPool::globalInstance()->waitForDone(5000));
+            QVERIFY(finishClearing());
+            QVERIFY(contents(root()).size() > kept.size());
         }
-        QVERIFY(QFile::exists(abandoned + q("/picture")));
 
-        QVPictureCacheFolder next;
-        if (isAsked)
+        if (isAsked) {
             QVPictureCacheFolder::clearInBackground();
-        else
-            QVERIFY(!next.path().isEmpty());
-        QVERIFY(QThreadPool::globalInstance()->waitForDone(5000));
-
-        QVERIFY(!QDir(abandoned).exists());
-        QVERIFY(QDir(ownPath).exists());
+            QVERIFY(finishClearing());
+            QCOMPARE(contents(root()), kept);
+        } else {
+            QVPictureCacheFolder next;
+            const QStringList fresh = contents(next.path());
+            QVERIFY(finishClearing());
+            QCOMPARE(QDir(root()).count(), QDir(root() + q("/..")).count() + 1);
+            QCOMPARE(contents(next.path()), fresh);
+        }
     }
+
+    void leavesAloneWhatItDidNotMake()
+    {
+        const QString victim = m_cache->filePath(q("victim"));
+        for (const char *file : {"keep.txt", "a.d", "data8/0/a.d", "data8/a.d", "quarvo.lock"})
+            makeFile(victim + u'/' + q(file));
+        QVPictureCacheFolder own;
+        keepPicture(own.path());
+        QVERIFY(finishClearing());
+        const QString hex = q(nameOfOurForm);
+        // By hand, or as links in the place of ours.
+        makeFile(root() + q("/notes/data8/0/a.d"));
+        makeFile(root() + q("/a.d"));
+        makeFile(root() + u'/' + hex + q("/data8/0/a.d"));
+        QVERIFY(QFile::link(victim, root() + u'/' + QString(hex).replace(u'0', u'1')));
+        QVERIFY(QFile::link(victim, root() + q("/zz")));
+        // An earlier process's, in which somebody put things since.
+        const QString mixed = root() + u'/' + QString(hex).replace(u'0', u'2');
+        for (const char *file : {"quarvo.lock", "data8/0/photo.jpg", "mine/a.d"})
+            makeFile(mixed + u'/' + q(file));
+        QVERIFY(QFile::link(victim, mixed + q("/data9")));
+        QVERIFY(QFile::link(victim + q("/a.d"), mixed + q("/data8/0/a.d")));
+
+        QStringList kept = contents(m_cache->path());
+        QVPictureCacheFolder::clearInBackground();
+        QVERIFY(finishClearing());
+        kept.removeIf([&](const QString &entry) { return entry.startsWith(mixed + q("/quarvo.lock ")); });
+        QCOMPARE(contents(m_cache->path()), kept);
+    }
+
+    void keepsNothingInAPlaceThatIsNotItsUsersAlone_data()
+    {
+        const auto row = addColumns<QString>({"place"});
+        for (const char *place : {"link", "dangling link", "file", "open to others"})
+            row(place, q(place));
+        // Only a superuser can give a folder away.
+        if (::geteuid() == 0)
+            row("another user's", q("another user's"));
+    }
+
+    void keepsNothingInAPlaceThatIsNotItsUsersAlone()
+    {
+        QFETCH(const QString, place);
+        const QString victim = m_cache->filePath(q("victim"));
+        makeFile(victim + u'/' + q(nameOfOurForm) + q("/data8/0/a.d"));
+        makeFile(victim + u'/' + q(nameOfOurForm) + q("/quarvo.lock"));
+        QVERIFY(QDir().mkpath(QFileInfo(root()).path()));
+        if (place == q("link"))
+            QVERIFY(QFile::setPermissions(victim, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner) &&
+                    QFile::link(victim, root()));
+        else if (place == q("dangling link"))
+            QVERIFY(QFile::link(m_cache->filePath(q("nowhere")), root()));
+        else if (place == q("file"))
+            makeFile(root());
+        else
+            QVERIFY(QFile::rename(victim, root()));
+        if (place == q("another user's")) {
+            QVERIFY(QFile::setPermissions(root(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+            QCOMPARE(::chown(QFile::encodeName(root()).constData(), 65534, 65534), 0);
+        }
+
+        const QStringList kept = contents(m_cache->path());
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(q("^No pictures are kept on disk: ")));
+        QVPictureCacheFolder folder;
+        QCOMPARE(folder.path(), QString());
+        QVPictureCacheFolder::clearInBackground();
+        QVERIFY(finishClearing());
+        QCOMPARE(contents(m_cache->path()), kept);
+    }
+
+    void staysInItsFolderWhateverHasItsPlace()
+    {
+        QVPictureCacheFolder folder;
+        const QString path = folder.path();
+        QVERIFY(finishClearing());
+        const QString victim = m_cache->filePath(q("victim"));
+        QVERIFY(QDir().mkpath(victim));
+        QVERIFY(QFile::rename(root(), m_cache->filePath(q("moved"))));
+        QVERIFY(QFile::link(victim, root()));
+        keepPicture(path);
+        QVERIFY(QDir(victim).isEmpty());
+        QVERIFY(contents(m_cache->filePath(q("moved"))).filter(q(".d ")).size() > 0);
+    }
+
+protected:
+    void prepare() override
+    {
+        m_cache.emplace();
+        qputenv("XDG_CACHE_HOME", QFile::encodeName(m_cache->path()));
+    }
+    void finish() override { QVERIFY(finishClearing()); }
+
+private:
+    static QString root()
+    {
+        return QStandardPaths::writableLocation(QStandardPaths::CacheLocation) + q("/quarvo-pictures");
+    }
+
+    std::optional<QTemporaryDir> m_cache;
 };
 
 QV_TEST(TestPictureCacheFolder)

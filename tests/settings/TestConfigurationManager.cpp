@@ -20,9 +20,12 @@ private Q_SLOTS:
     // The first function of the process: the others find the settings made.
     void isMadeOnceAndClearsThePictures()
     {
-        const QString leftover =
-            QStandardPaths::writableLocation(QStandardPaths::CacheLocation) + q("/quarvo-pictures/left");
+        const QString cache = QStandardPaths::writableLocation(QStandardPaths::CacheLocation);
+        const QString leftover = cache + q("/quarvo-pictures/0123456789abcdef0123456789abcdef");
         QVERIFY(QDir().mkpath(leftover));
+        QFile::setPermissions(cache + q("/quarvo-pictures"),
+                              QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        QVERIFY(QFile(leftover + q("/quarvo.lock")).open(QIODevice::WriteOnly));
 
         constexpr int count = 8;
         std::latch start(count);
