@@ -2,8 +2,8 @@
 
 #include "image/QVImageDecoder.h"
 #include "image/QVImageResources.h"
+#include "net/QVNetworkError.h"
 #include "service/QVErrorClassification.h"
-#include "service/QVNetworkError.h"
 #include "settings/QVConfigurationManager.h"
 
 #include <QPromise>
@@ -72,12 +72,13 @@ void QVImageLoad::download()
     request.setAttribute(QNetworkRequest::CacheSaveControlAttribute, m_writesToDisk);
     // A picture never changes under its address, so how long it stays fresh does not matter. What a
     // host's own way to the network keeps is the host's business.
-    if (!QVConfigurationManager::sharedManager().networkAccessManager())
+    auto *const host = QVConfigurationManager::sharedManager().networkAccessManager();
+    if (!host)
         request.setAttribute(QNetworkRequest::CacheLoadControlAttribute,
                              m_resources.isOnDisk(m_address) ? QNetworkRequest::AlwaysCache
                                                              : QNetworkRequest::AlwaysNetwork);
     // The load lives as long as the download: both go with the network, or one after the other.
-    m_download = QVBoundedDownload::start(m_resources.network(), request, limits,
+    m_download = QVBoundedDownload::start(m_resources.network(), host, request, limits,
                                           [this](const QVBoundedDownload::Result &result) {
                                               m_download.clear();
                                               handleDownload(result);

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "image/QVImageLoader.h"
-#include "service/QVBoundedDownload.h"
+#include "net/QVBoundedDownload.h"
 
 #include <QFutureWatcher>
 #include <QPointer>

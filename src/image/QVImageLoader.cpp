@@ -3,8 +3,8 @@
 #include "image/QVImageDecoder.h"
 #include "image/QVImageLoad.h"
 #include "image/QVImageResources.h"
+#include "net/QVDataTask.h"
 #include "platform/QVMainThread.h"
-#include "service/QVDataTask.h"
 
 #include <QCoreApplication>
 

@@ -1,9 +1,9 @@
 #include "modes/QVClickSequence.h"
 
+#include "net/QVDataTask.h"
 #include "service/QVAPIRequestManager.h"
 #include "service/QVClickResponseModel.h"
 #include "service/QVConfigResponseModel.h"
-#include "service/QVDataTask.h"
 #include "service/QVDownTimeResponseModel.h"
 #include "service/QVErrorClassification.h"
 #include "settings/QVConfigurationManager.h"

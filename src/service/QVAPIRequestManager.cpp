@@ -1,11 +1,11 @@
 #include "service/QVAPIRequestManager.h"
 
 #include "model/QVModelMapper.h"
+#include "net/QVBoundedDownload.h"
+#include "net/QVDataTask.h"
 #include "platform/QVMainThread.h"
-#include "service/QVBoundedDownload.h"
 #include "service/QVClickResponseModel.h"
 #include "service/QVConfigResponseModel.h"
-#include "service/QVDataTask.h"
 #include "service/QVDownTimeResponseModel.h"
 #include "service/QVErrorClassification.h"
 #include "service/QVGetOutageResponseModel.h"
@@ -221,8 +221,9 @@ QVAPIRequestManager::Task QVAPIRequestManager::startPlain(const QString &address
     // A host's own way to the network may have a cache.
     request.setAttribute(QNetworkRequest::CacheSaveControlAttribute, false);
 
+    auto *const host = QVConfigurationManager::sharedManager().networkAccessManager();
     auto *download =
-        QVBoundedDownload::start(requestSession(), request, {deadline, answerLimit},
+        QVBoundedDownload::start(requestSession(), host, request, {deadline, answerLimit},
                                  [answered = std::move(answered)](const QVBoundedDownload::Result &result) {
                                      answered(result.error ? QVJsonAnswer{std::nullopt, result.error}
                                                            : qv_readJsonAnswer(result.body));

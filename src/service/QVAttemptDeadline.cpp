@@ -1,7 +1,7 @@
 #include "service/QVAttemptDeadline.h"
 
+#include "net/QVNetworkError.h"
 #include "service/QVErrorClassification.h"
-#include "service/QVNetworkError.h"
 #include "settings/QVConfigurationManager.h"
 
 #include <utility>

@@ -1,6 +1,6 @@
 #include "service/QVErrorClassification.h"
 
-#include "service/QVNetworkError.h"
+#include "net/QVNetworkError.h"
 #include "service/QVResponseModel.h"
 #include "settings/QVLocalization.h"
 #include "settings/QVLocalizationKeys.h"

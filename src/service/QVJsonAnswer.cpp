@@ -1,6 +1,6 @@
 #include "service/QVJsonAnswer.h"
 
-#include "service/QVNetworkError.h"
+#include "net/QVNetworkError.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

@@ -2,7 +2,7 @@
 #include "image/QVImageLoader.h"
 #include "image/QVImageResources.h"
 #include "image/QVTestPictures.h"
-#include "service/QVDataTask.h"
+#include "net/QVDataTask.h"
 #include "support/QVCompletionProbe.h"
 #include "support/QVScriptedServer.h"
 #include "support/QVTestCase.h"

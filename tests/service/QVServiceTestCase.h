@@ -1,9 +1,9 @@
 #pragma once
 
+#include "net/QVDataTask.h"
 #include "service/QVAPIRequestManager.h"
 #include "service/QVClickResponseModel.h"
 #include "service/QVConfigResponseModel.h"
-#include "service/QVDataTask.h"
 #include "service/QVDownTimeResponseModel.h"
 #include "service/QVErrorClassification.h"
 #include "service/QVGetOutageResponseModel.h"

@@ -1,4 +1,4 @@
-#include "service/QVDataTask.h"
+#include "net/QVDataTask.h"
 
 #include "platform/QVMainThread.h"
 

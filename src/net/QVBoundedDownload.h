@@ -1,8 +1,8 @@
 #pragma once
 
+#include "net/QVTransfer.h"
 #include "platform/QVError.h"
 #include "platform/QVTimer.h"
-#include "service/QVTransfer.h"
 
 #include <QNetworkRequest>
 #include <QPointer>
@@ -34,10 +34,10 @@ public:
     using Completion = std::function<void(const Result &)>;
 
     /// Starts at once and completes exactly once, never before this call has returned. Only web
-    /// addresses are fetched. They go through the host's way to the network if there is one, else
+    /// addresses are fetched. They go through \a host, the host's own manager, if there is one, else
     /// through \a own, which owns the download in any case.
-    static QVBoundedDownload *start(QNetworkAccessManager &own, const QNetworkRequest &request, Limits limits,
-                                    Completion completion);
+    static QVBoundedDownload *start(QNetworkAccessManager &own, QNetworkAccessManager *host,
+                                    const QNetworkRequest &request, Limits limits, Completion completion);
 
     ~QVBoundedDownload() override;
     void cancel() override;

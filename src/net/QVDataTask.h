@@ -1,6 +1,6 @@
 #pragma once
 
-#include "service/QVTransfer.h"
+#include "net/QVTransfer.h"
 
 #include <QPointer>
 

@@ -1,4 +1,4 @@
-#include "service/QVNetworkError.h"
+#include "net/QVNetworkError.h"
 
 #include <QNetworkInformation>
 #include <QNetworkInterface>

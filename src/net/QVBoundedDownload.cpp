@@ -1,7 +1,6 @@
-#include "service/QVBoundedDownload.h"
+#include "net/QVBoundedDownload.h"
 
-#include "service/QVNetworkError.h"
-#include "settings/QVConfigurationManager.h"
+#include "net/QVNetworkError.h"
 
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
@@ -24,11 +23,11 @@ std::optional<qint64> faultOf(const QUrl &address)
 
 } // namespace
 
-QVBoundedDownload *QVBoundedDownload::start(QNetworkAccessManager &own, const QNetworkRequest &request,
-                                            Limits limits, Completion completion)
+QVBoundedDownload *QVBoundedDownload::start(QNetworkAccessManager &own, QNetworkAccessManager *host,
+                                            const QNetworkRequest &request, Limits limits,
+                                            Completion completion)
 {
     auto *download = new QVBoundedDownload(own, limits, std::move(completion));
-    auto *const host = QVConfigurationManager::sharedManager().networkAccessManager();
     QNetworkAccessManager &network = host ? *host : own;
     if (const std::optional<qint64> fault = faultOf(request.url()))
         download->failLater(*fault);
