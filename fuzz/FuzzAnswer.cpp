@@ -1,6 +1,6 @@
 // Answers of a hostile service: from bytes to a record, and on to an error or into the conversation.
-#include "draw/QVRenderDrawFlow.h"
-#include "draw/QVRenderDrawSurface.h"
+#include "flow/QVRenderDrawFlow.h"
+#include "flow/QVRenderDrawSurface.h"
 #include "fuzz/FuzzInput.h"
 #include "model/QVModelMapper.h"
 #include "service/QVClickResponseModel.h"

@@ -1,6 +1,6 @@
 // Strokes: what is sent about any sequence of positions, against a model that was written apart from
 // the code, by the service's rules alone.
-#include "draw/QVRenderTrace.h"
+#include "flow/QVRenderTrace.h"
 #include "fuzz/FuzzInput.h"
 
 #include <QRectF>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "draw/QVVerifyStyle.h"
+#include "flow/QVVerifyStyle.h"
 #include "sandbox/QVSandbox.h"
 #include "support/QVVirtualScheduler.h"
 

@@ -1,10 +1,10 @@
 #include "draw/QVRenderDrawView.h"
 #include "modes/QVClickButton.h"
 #include "modes/QVClickManager.h"
-#include "modes/QVCloseButton.h"
 #include "modes/QVEmbedManager.h"
 #include "parts/PartTools.h"
 #include "platform/QVQtScheduler.h"
+#include "popup/QVCloseButton.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -1,4 +1,4 @@
-#include "draw/QVRenderTrace.h"
+#include "flow/QVRenderTrace.h"
 #include "parts/PartTools.h"
 
 #include <atomic>

@@ -1,6 +1,6 @@
 #include "draw/QVPanGestureRecognizer.h"
 
-#include "draw/QVRenderTrace.h"
+#include "flow/QVRenderTrace.h"
 
 #include <QCoreApplication>
 #include <QGuiApplication>

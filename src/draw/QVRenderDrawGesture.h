@@ -1,7 +1,7 @@
 #pragma once
 
 #include "draw/QVPanGestureRecognizer.h"
-#include "draw/QVRenderTrace.h"
+#include "flow/QVRenderTrace.h"
 
 #include <QObject>
 #include <QRectF>

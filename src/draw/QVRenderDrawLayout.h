@@ -1,6 +1,6 @@
 #pragma once
 
-#include "draw/QVVerifyStyle.h"
+#include "flow/QVVerifyStyle.h"
 #include "layout/QVLayout.h"
 
 /// Where the parts of the draw view are.

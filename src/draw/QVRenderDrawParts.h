@@ -1,7 +1,7 @@
 #pragma once
 
-#include "draw/QVRenderDrawSurface.h"
-#include "draw/QVVerifyStyle.h"
+#include "flow/QVRenderDrawSurface.h"
+#include "flow/QVVerifyStyle.h"
 
 #include <QRectF>
 

@@ -2,8 +2,8 @@
 
 #include "draw/QVAdButton.h"
 #include "draw/QVKeyPen.h"
-#include "draw/QVRenderDrawFlow.h"
 #include "draw/QVRenderDrawGesture.h"
+#include "flow/QVRenderDrawFlow.h"
 #include "image/QVImageLoader.h"
 #include "platform/QVMainThread.h"
 #include "platform/QVPage.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "draw/QVRenderDrawParts.h"
-#include "draw/QVRenderDrawViewDelegate.h"
+#include "flow/QVRenderDrawViewDelegate.h"
 #include "platform/QVError.h"
 #include "views/QVCharVerifyInputViewDelegate.h"
 #include "views/QVRenderDrawImageViewDelegate.h"

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "modes/QVClickSequence.h"
+#include "flow/QVAttemptDeadline.h"
+#include "flow/QVClickSequence.h"
 #include "modes/QVClickStatus.h"
-#include "modes/QVViewControllerDelegate.h"
-#include "service/QVAttemptDeadline.h"
+#include "popup/QVViewControllerDelegate.h"
 
 #include <QPointer>
 

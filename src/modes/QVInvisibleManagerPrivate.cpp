@@ -1,9 +1,9 @@
 #include "modes/QVInvisibleManagerPrivate.h"
 
-#include "modes/QVHostWatch.h"
 #include "modes/QVInvisibleDelegate.h"
 #include "modes/QVInvisibleManager.h"
-#include "modes/QVViewController.h"
+#include "popup/QVHostWatch.h"
+#include "popup/QVViewController.h"
 #include "service/QVClickResponseModel.h"
 #include "views/QVInvisibleAnimationView.h"
 

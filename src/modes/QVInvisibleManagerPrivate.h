@@ -1,8 +1,8 @@
 #pragma once
 
-#include "modes/QVClickSequence.h"
-#include "modes/QVViewControllerDelegate.h"
-#include "service/QVAttemptDeadline.h"
+#include "flow/QVAttemptDeadline.h"
+#include "flow/QVClickSequence.h"
+#include "popup/QVViewControllerDelegate.h"
 
 #include <QPointer>
 

@@ -2,8 +2,8 @@
 
 #include "draw/DrawService.h"
 #include "draw/QVRenderDrawView.h"
-#include "draw/QVRenderDrawViewDelegate.h"
-#include "draw/QVVerifyStyle.h"
+#include "flow/QVRenderDrawViewDelegate.h"
+#include "flow/QVVerifyStyle.h"
 #include "platform/QVError.h"
 #include "support/QVPointerInput.h"
 #include "support/QVTestCase.h"

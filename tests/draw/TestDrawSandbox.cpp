@@ -1,5 +1,5 @@
 #include "draw/DrawTestCase.h"
-#include "draw/QVRenderTrace.h"
+#include "flow/QVRenderTrace.h"
 #include "sandbox/QVSandbox.h"
 #include "sandbox/SandboxTrace.h"
 #include "settings/QVSDKManager.h"

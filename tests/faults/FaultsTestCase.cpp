@@ -1,7 +1,7 @@
 #include "faults/FaultsTestCase.h"
 
 #include "draw/QVRenderDrawView.h"
-#include "modes/QVWindow.h"
+#include "popup/QVWindow.h"
 #include "support/QVPointerInput.h"
 #include "support/QVWait.h"
 #include "views/QVOverlayLabel.h"

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "draw/QVVerifyStyle.h"
 #include "faults/FaultService.h"
+#include "flow/QVVerifyStyle.h"
 #include "modes/Outcomes.h"
 #include "support/QVTestCase.h"
 #include "support/QVWait.h"

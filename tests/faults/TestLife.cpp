@@ -1,6 +1,6 @@
 #include "draw/QVRenderDrawView.h"
 #include "faults/FaultsTestCase.h"
-#include "modes/QVWindow.h"
+#include "popup/QVWindow.h"
 #include "support/QVPointerInput.h"
 
 #include <QApplication>

@@ -1,8 +1,8 @@
 #include "modes/ModesTestCase.h"
 
 #include "draw/QVRenderDrawView.h"
-#include "modes/QVCloseButton.h"
-#include "modes/QVWindow.h"
+#include "popup/QVCloseButton.h"
+#include "popup/QVWindow.h"
 #include "settings/QVSDKManager.h"
 #include "support/QVPointerInput.h"
 #include "support/QVWait.h"

@@ -3,7 +3,7 @@
 #include "modes/QVClickButton.h"
 #include "modes/QVEmbedManager.h"
 #include "modes/QVInvisibleManager.h"
-#include "modes/QVWindow.h"
+#include "popup/QVWindow.h"
 
 #include <QAccessible>
 #include <QApplication>

@@ -1,7 +1,7 @@
 #include "modes/ModesTestCase.h"
 #include "modes/Outcomes.h"
 #include "modes/QVClickButton.h"
-#include "modes/QVWindow.h"
+#include "popup/QVWindow.h"
 #include "settings/QVLocalization.h"
 #include "settings/QVLocalizationKeys.h"
 #include "settings/QVSDKManager.h"

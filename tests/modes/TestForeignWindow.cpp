@@ -1,5 +1,5 @@
 #include "modes/ModesTestCase.h"
-#include "modes/QVWindow.h"
+#include "popup/QVWindow.h"
 #include "views/QVInvisibleAnimationView.h"
 
 #include <Quarvo/QVInvisibleManager.h>

@@ -5,7 +5,7 @@
 #include "modes/QVClickManager.h"
 #include "modes/QVEmbedManager.h"
 #include "modes/QVInvisibleManager.h"
-#include "modes/QVWindow.h"
+#include "popup/QVWindow.h"
 #include "settings/QVSDKManager.h"
 #include "support/QVPointerInput.h"
 

@@ -1,7 +1,7 @@
 #include "modes/ModesTestCase.h"
 #include "modes/Outcomes.h"
 #include "modes/QVInvisibleManager.h"
-#include "modes/QVWindow.h"
+#include "popup/QVWindow.h"
 #include "views/QVInvisibleAnimationView.h"
 
 using namespace std::chrono_literals;

@@ -1,7 +1,7 @@
 #include "modes/ModesTestCase.h"
-#include "modes/QVCloseButton.h"
-#include "modes/QVViewController.h"
-#include "modes/QVWindow.h"
+#include "popup/QVCloseButton.h"
+#include "popup/QVViewController.h"
+#include "popup/QVWindow.h"
 #include "support/QVPointerInput.h"
 #include "support/QVWait.h"
 

@@ -1,6 +1,6 @@
 #include "sandbox/SandboxStrokes.h"
 
-#include "draw/QVRenderTrace.h"
+#include "flow/QVRenderTrace.h"
 #include "support/QVText.h"
 
 #include <algorithm>

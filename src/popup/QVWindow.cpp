@@ -1,8 +1,8 @@
-#include "modes/QVWindow.h"
+#include "popup/QVWindow.h"
 
-#include "modes/QVFocusTrap.h"
-#include "modes/QVHostWatch.h"
-#include "modes/QVViewController.h"
+#include "popup/QVFocusTrap.h"
+#include "popup/QVHostWatch.h"
+#include "popup/QVViewController.h"
 #include "settings/QVConfigurationManager.h"
 #include "settings/QVLocalization.h"
 #include "settings/QVLocalizationKeys.h"

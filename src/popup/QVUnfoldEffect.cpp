@@ -1,4 +1,4 @@
-#include "modes/QVUnfoldEffect.h"
+#include "popup/QVUnfoldEffect.h"
 
 #include <QPainter>
 #include <QWidget>

@@ -1,4 +1,4 @@
-#include "service/QVAttemptDeadline.h"
+#include "flow/QVAttemptDeadline.h"
 
 #include "net/QVNetworkError.h"
 #include "service/QVErrorClassification.h"

@@ -1,4 +1,4 @@
-#include "draw/QVRenderDrawFlow.h"
+#include "flow/QVRenderDrawFlow.h"
 
 #include "image/QVImageLoader.h"
 #include "platform/QVScheduler.h"

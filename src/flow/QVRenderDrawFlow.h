@@ -1,9 +1,9 @@
 #pragma once
 
-#include "draw/QVRenderDrawSurface.h"
-#include "draw/QVRenderDrawViewDelegate.h"
-#include "draw/QVVerifyStyle.h"
-#include "service/QVAttemptDeadline.h"
+#include "flow/QVAttemptDeadline.h"
+#include "flow/QVRenderDrawSurface.h"
+#include "flow/QVRenderDrawViewDelegate.h"
+#include "flow/QVVerifyStyle.h"
 #include "service/QVCompletion.h"
 
 #include <QString>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "draw/QVRenderDrawPointModel.h"
+#include "flow/QVRenderDrawPointModel.h"
 
 #include <QPointF>
 #include <QRectF>

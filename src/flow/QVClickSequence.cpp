@@ -1,4 +1,4 @@
-#include "modes/QVClickSequence.h"
+#include "flow/QVClickSequence.h"
 
 #include "net/QVDataTask.h"
 #include "service/QVAPIRequestManager.h"

@@ -1,4 +1,4 @@
-#include "draw/QVVerifyStyle.h"
+#include "flow/QVVerifyStyle.h"
 
 QString qv_typeStringForVerifyStyle(QVVerifyStyle style)
 {

@@ -1,4 +1,4 @@
-#include "modes/QVCloseButton.h"
+#include "popup/QVCloseButton.h"
 
 #include "settings/QVBundleImage.h"
 #include "settings/QVLocalization.h"

@@ -1,7 +1,7 @@
-#include "draw/QVRenderTrace.h"
+#include "flow/QVRenderTrace.h"
 
-#include "draw/QVTraceCorners.h"
-#include "draw/QVTraceEncoding.h"
+#include "flow/QVTraceCorners.h"
+#include "flow/QVTraceEncoding.h"
 
 #include <QLoggingCategory>
 

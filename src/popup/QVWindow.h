@@ -1,6 +1,6 @@
 #pragma once
 
-#include "modes/QVPopupGeometry.h"
+#include "flow/QVPopupGeometry.h"
 
 #include <QWidget>
 

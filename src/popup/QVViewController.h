@@ -1,8 +1,8 @@
 #pragma once
 
-#include "draw/QVRenderDrawViewDelegate.h"
-#include "draw/QVVerifyStyle.h"
-#include "modes/QVViewControllerDelegate.h"
+#include "flow/QVRenderDrawViewDelegate.h"
+#include "flow/QVVerifyStyle.h"
+#include "popup/QVViewControllerDelegate.h"
 
 #include <QObject>
 #include <QPointer>

@@ -1,4 +1,4 @@
-#include "modes/QVSupportLabel.h"
+#include "popup/QVSupportLabel.h"
 
 #include "settings/QVLocalization.h"
 #include "settings/QVLocalizationKeys.h"

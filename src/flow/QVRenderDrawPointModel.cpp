@@ -1,6 +1,6 @@
-#include "draw/QVRenderDrawPointModel.h"
+#include "flow/QVRenderDrawPointModel.h"
 
-#include "draw/QVTraceEncoding.h"
+#include "flow/QVTraceEncoding.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
-#include "draw/QVRenderTrace.h"
-#include "draw/QVTraceCorners.h"
-#include "draw/QVTraceEncoding.h"
+#include "flow/QVRenderTrace.h"
+#include "flow/QVTraceCorners.h"
+#include "flow/QVTraceEncoding.h"
 #include "support/QVTestCase.h"
 
 #include <limits>

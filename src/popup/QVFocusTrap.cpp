@@ -1,6 +1,6 @@
-#include "modes/QVFocusTrap.h"
+#include "popup/QVFocusTrap.h"
 
-#include "modes/QVWindow.h"
+#include "popup/QVWindow.h"
 
 #include <QApplication>
 #include <QWidget>

@@ -1,7 +1,7 @@
-#include "modes/QVHostWatch.h"
+#include "popup/QVHostWatch.h"
 
-#include "modes/QVWindow.h"
 #include "platform/QVScheduler.h"
+#include "popup/QVWindow.h"
 
 #include <QApplication>
 #include <QChildEvent>

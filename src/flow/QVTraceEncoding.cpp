@@ -1,4 +1,4 @@
-#include "draw/QVTraceEncoding.h"
+#include "flow/QVTraceEncoding.h"
 
 #include <array>
 #include <cmath>

@@ -1,6 +1,6 @@
-#include "draw/QVTraceCorners.h"
+#include "flow/QVTraceCorners.h"
 
-#include "draw/QVTraceEncoding.h"
+#include "flow/QVTraceEncoding.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "modes/QVPopupGeometry.h"
+#include "flow/QVPopupGeometry.h"
 
 #include <algorithm>
 
