@@ -5,7 +5,6 @@
 #include "service/QVClickResponseModel.h"
 #include "service/QVConfigResponseModel.h"
 #include "service/QVDownTimeResponseModel.h"
-#include "service/QVErrorClassification.h"
 #include "settings/QVConfigurationManager.h"
 
 #include <utility>
@@ -40,9 +39,9 @@ void QVClickSequence::cancel()
 void QVClickSequence::handleOutage(const std::shared_ptr<QVDownTimeResponseModel> &record,
                                    const std::optional<QVError> &error)
 {
-    if (!record)
-        fail(error);
-    else if (record->active())
+    if (error)
+        finish(Failed{*error});
+    else if (record && record->active()) // An answer that says nothing of the switch has no record.
         finish(OutageActive{});
     else
         requestConfigFromQuarvoServer();
@@ -62,7 +61,7 @@ void QVClickSequence::requestConfigFromQuarvoServer()
             if (config)
                 self->requestClickFromQuarvoServer(config);
             else
-                self->fail(error);
+                self->finish(Failed{*error});
         });
 }
 
@@ -76,17 +75,12 @@ void QVClickSequence::requestClickFromQuarvoServer(const Config &config)
         config->api_server(), QVConfigurationManager::sharedManager().vid(), config->challenge(),
         [self = shared_from_this(), config](const Click &click, const auto &error) {
             if (!click)
-                self->fail(error);
+                self->finish(Failed{*error});
             else if (click->code() == QLatin1String("0103"))
                 self->finish(Passed{click});
             else
                 self->finish(Draw{config, click});
         });
-}
-
-void QVClickSequence::fail(const std::optional<QVError> &error)
-{
-    finish(Failed{qv_errorWithoutAnswer(error)});
 }
 
 void QVClickSequence::finish(const Outcome &outcome)

@@ -61,7 +61,6 @@ private:
                       const std::optional<QVError> &error);
     void requestConfigFromQuarvoServer();
     void requestClickFromQuarvoServer(const Config &config);
-    void fail(const std::optional<QVError> &error);
     void finish(const Outcome &outcome);
 
     QString m_type;

@@ -6,7 +6,6 @@
 #include "service/QVClickResponseModel.h"
 #include "service/QVConfigResponseModel.h"
 #include "service/QVDownTimeResponseModel.h"
-#include "service/QVErrorClassification.h"
 #include "service/QVGetOutageResponseModel.h"
 #include "service/QVVerifyResponseModel.h"
 #include "settings/QVConfigurationManager.h"
@@ -222,12 +221,13 @@ void QVRenderDrawFlow::requestVerifyFromOutageServerWithV(const QString &v, cons
 void QVRenderDrawFlow::handleOutageResponse(const std::shared_ptr<QVDownTimeResponseModel> &record,
                                             const std::optional<QVError> &error)
 {
-    if (!record) {
+    if (error) {
         surface().hiddenLoadingAnimation();
-        handleRequestError(qv_errorWithoutAnswer(error), true);
+        handleRequestError(*error, true);
         return;
     }
-    m_outage = record->active();
+    // An answer that says nothing of the switch has no record.
+    m_outage = record && record->active();
     surface().setOutage(m_outage);
     if (!m_outage) {
         requestConfigFromQuarvoServer();
@@ -259,7 +259,7 @@ void QVRenderDrawFlow::handleConfigResponse(const std::shared_ptr<QVConfigRespon
         return;
     }
     surface().hiddenLoadingAnimation();
-    handleRequestError(qv_errorWithoutAnswer(error), true);
+    handleRequestError(*error, true);
 }
 
 void QVRenderDrawFlow::handleConfigResponseFromQuarvoServer(
@@ -286,7 +286,7 @@ void QVRenderDrawFlow::handleGetResponse(const std::shared_ptr<QVGetRefreshRespo
     if (record)
         handleGetRefreshResponseFromQuarvoServer(record, false);
     else
-        handleRequestError(qv_errorWithoutAnswer(error), true);
+        handleRequestError(*error, true);
 }
 
 void QVRenderDrawFlow::handleClickResponse(const std::shared_ptr<QVClickResponseModel> &record,
@@ -294,7 +294,7 @@ void QVRenderDrawFlow::handleClickResponse(const std::shared_ptr<QVClickResponse
 {
     if (!record) {
         surface().hiddenLoadingAnimation();
-        handleRequestError(qv_errorWithoutAnswer(error), true);
+        handleRequestError(*error, true);
     } else if (record->code() == QLatin1String("0103")) {
         QVVerifyResponseModel verify;
         verify.setToken(record->token());
@@ -311,7 +311,7 @@ void QVRenderDrawFlow::handleRefreshResponse(const std::shared_ptr<QVGetRefreshR
     if (record)
         handleGetRefreshResponseFromQuarvoServer(record, true);
     else
-        handleRequestError(qv_errorWithoutAnswer(error), true);
+        handleRequestError(*error, true);
 }
 
 void QVRenderDrawFlow::handleGetOutageResponse(const std::shared_ptr<QVGetOutageResponseModel> &record,
@@ -319,7 +319,7 @@ void QVRenderDrawFlow::handleGetOutageResponse(const std::shared_ptr<QVGetOutage
 {
     if (!record) {
         surface().hiddenLoadingAnimation();
-        handleRequestError(qv_errorWithoutAnswer(error), true);
+        handleRequestError(*error, true);
         return;
     }
     surface().setRefreshButtonShown(true);
@@ -337,11 +337,10 @@ void QVRenderDrawFlow::handleVerifyResponse(Stamp asked, const std::shared_ptr<Q
     }
     if (m_now != asked)
         return;
-    const QVError failure = qv_errorWithoutAnswer(error);
-    if (failure.code() == wrongAnswerCode)
-        handleWrongAnswer(failure);
+    if (error->code() == wrongAnswerCode)
+        handleWrongAnswer(*error);
     else
-        handleRequestError(failure, true);
+        handleRequestError(*error, true);
 }
 
 void QVRenderDrawFlow::handleGetRefreshResponseFromQuarvoServer(

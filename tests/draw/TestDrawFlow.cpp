@@ -14,17 +14,22 @@ class TestDrawFlow : public DrawTestCase
 private Q_SLOTS:
     void asksForAPicture_data()
     {
-        const auto row = addColumns<int, QString, QString>({"style", "type", "pictureRequest"});
-        row("embedded", 0, "embed", "get");
-        row("popup", 1, "popup", "click");
-        row("invisible", 2, "invisible", "click");
-        row("unknown", 9, "", "click");
+        const auto row = addColumns<int, QByteArray, QString, QString>(
+            {"style", "switchAnswer", "type", "pictureRequest"});
+        const QByteArray off = R"({"active":false})";
+        row("embedded", 0, off, "embed", "get");
+        row("popup", 1, off, "popup", "click");
+        row("invisible", 2, off, "invisible", "click");
+        row("unknown", 9, off, "", "click");
+        row("switch is no object", 0, QByteArray("[]"), "embed", "get");
     }
 
     void asksForAPicture()
     {
         QFETCH(int, style);
         QFETCH(QString, pictureRequest);
+        QFETCH(QByteArray, switchAnswer);
+        service().answerBytes(q("switch"), switchAnswer);
         start(QVVerifyStyle(style));
         QCOMPARE(service().asked(), QStringList({q("switch"), q("config"), pictureRequest}));
         QTEST(service().query(q("config")).value(q("type")), "type");

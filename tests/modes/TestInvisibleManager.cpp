@@ -23,6 +23,7 @@ private Q_SLOTS:
             row("no JSON" + suffix, animation, outageSwitch, QByteArray("?"), words("failed 3840"));
         }
         row("outage", true, outageSwitch, QByteArray(R"({"active":true})"), words("popup"));
+        row("switch is no object", false, outageSwitch, QByteArray("0"), words("popup"));
         row("config is refused", true, config, QByteArray(R"({"code":"0315"})"), words("failed 315"));
     }
 
