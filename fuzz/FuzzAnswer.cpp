@@ -65,9 +65,9 @@ std::shared_ptr<Record> recordFrom(const QByteArray &body)
     QVModelMapper::fill(*record, *answer.object);
     if constexpr (std::is_base_of_v<QVResponseModel, Record>) {
         if (!record->responseSuccess()) {
-            const QVError error = qv_customErrorWithErrorResponse(record.get());
-            fuzzRequire(!error.domain().isEmpty() && qv_isQVCustomError(error));
-            fuzzRequire(qv_parseError(error) == error);
+            const QVError error = QVErrorClassification::customErrorWithErrorResponse(record.get());
+            fuzzRequire(!error.domain().isEmpty() && QVErrorClassification::isQVCustomError(error));
+            fuzzRequire(QVErrorClassification::parseError(error) == error);
         }
     }
     return record;

@@ -49,7 +49,7 @@ void QVImageLoad::cancel()
         return;
     const bool isCompleting = !m_image.isNull();
     m_image = {};
-    m_error = qv_parseError(qv_networkError(QVNetworkError::cancelled));
+    m_error = QVErrorClassification::parseError(qv_networkError(QVNetworkError::cancelled));
     m_decoding.disconnect(this);
     m_decoding.cancel();
     if (!isCompleting)
@@ -120,7 +120,7 @@ void QVImageLoad::fail(qint64 code)
 {
     if (m_writesToDisk)
         m_resources.forgetOnDisk(m_address);
-    m_error = qv_parseError(qv_networkError(code));
+    m_error = QVErrorClassification::parseError(qv_networkError(code));
     complete();
 }
 

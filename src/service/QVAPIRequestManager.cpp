@@ -50,10 +50,10 @@ Answered judged(QVCompletion<Record> completed, Finish finish)
         if (!completed)
             return;
         if (answer.error)
-            return completed(nullptr, qv_parseError(answer.error));
+            return completed(nullptr, QVErrorClassification::parseError(answer.error));
         const std::shared_ptr<Record> record = recordFrom<Record>(answer);
         if (!record || !record->responseSuccess())
-            return completed(nullptr, qv_customErrorWithErrorResponse(record.get()));
+            return completed(nullptr, QVErrorClassification::customErrorWithErrorResponse(record.get()));
         finish(*record);
         completed(record, std::nullopt);
     };
@@ -180,7 +180,7 @@ QVAPIRequestManager::requestOutageComplted(QVCompletion<QVDownTimeResponseModel>
                           if (!completed)
                               return;
                           if (answer.error)
-                              return completed(nullptr, qv_parseError(answer.error));
+                              return completed(nullptr, QVErrorClassification::parseError(answer.error));
                           const auto record = recordFrom<QVDownTimeResponseModel>(answer);
                           if (record && QVConfigurationManager::sharedManager().isOpenOutage())
                               record->setActive(true);

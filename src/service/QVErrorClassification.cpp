@@ -52,34 +52,28 @@ QString systemErrorMessage()
 
 } // namespace
 
-QVariantMap qv_customUserInfo()
+QVariantMap QVErrorClassification::customUserInfo()
 {
     return {{customErrorKey(), 1}};
 }
 
-bool qv_isQVCustomError(const QVError &error)
+bool QVErrorClassification::isQVCustomError(const QVError &error)
 {
     return error.userInfo().contains(customErrorKey());
 }
 
-QVError qv_customErrorWithErrorResponse(const QVResponseModel *response)
+QVError QVErrorClassification::customErrorWithErrorResponse(const QVResponseModel *response)
 {
     const qint64 code = response ? response->code().toLongLong() : 0;
-    return qv_parseError(
-        QVError(qv_localizedStringForKey(QVKey::otherRequestError), code, qv_customUserInfo()));
+    return parseError(QVError(qv_localizedStringForKey(QVKey::otherRequestError), code, customUserInfo()));
 }
 
-QVError qv_errorWithoutAnswer(const std::optional<QVError> &error)
-{
-    return error ? *error : qv_customErrorWithErrorResponse(nullptr);
-}
-
-QVError qv_parseError(const std::optional<QVError> &error)
+QVError QVErrorClassification::parseError(const std::optional<QVError> &error)
 {
     if (!error)
         return QVError(QStringLiteral("No Error!!!"));
     const auto key =
-        qv_isQVCustomError(*error) ? serviceMessageKey(error->code()) : platformMessageKey(error->code());
+        isQVCustomError(*error) ? serviceMessageKey(error->code()) : platformMessageKey(error->code());
     const QString message = key ? qv_localizedStringForKey(*key) : systemErrorMessage();
     return QVError(message, error->code(), error->userInfo());
 }

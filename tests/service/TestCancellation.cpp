@@ -83,7 +83,7 @@ private:
         await(probe);
         QVERIFY(!probe.result());
         QCOMPARE(probe.code(), -999);
-        QVERIFY(!qv_isQVCustomError(*probe.error()));
+        QVERIFY(!QVErrorClassification::isQVCustomError(*probe.error()));
         QCOMPARE(time().pendingCount(), 0);
     }
 };

@@ -37,12 +37,12 @@ private Q_SLOTS:
         for (const auto &[code, expected, key] : cases) {
             QVResponseModel record;
             record.setCode(q(code));
-            const QVError error = qv_customErrorWithErrorResponse(&record);
+            const QVError error = QVErrorClassification::customErrorWithErrorResponse(&record);
             QCOMPARE(error.code(), expected);
             QCOMPARE(error.domain(), *key ? localized(key) : composite());
             QCOMPARE(error.userInfo(), QVariantMap({{q("QVCustonErrorKey"), 1}}));
-            QVERIFY(qv_isQVCustomError(error));
-            QCOMPARE(qv_parseError(error), error);
+            QVERIFY(QVErrorClassification::isQVCustomError(error));
+            QCOMPARE(QVErrorClassification::parseError(error), error);
         }
     }
 
@@ -53,11 +53,11 @@ private Q_SLOTS:
                                                   {101, ""},        {3840, ""}};
         const QVariantMap extra{{q("other"), 5}};
         for (const auto &[code, key] : cases) {
-            const QVError error = qv_parseError(QVError(q("platform"), code, extra));
+            const QVError error = QVErrorClassification::parseError(QVError(q("platform"), code, extra));
             QCOMPARE(error, QVError(*key ? localized(key) : composite(), code, extra));
-            QVERIFY(!qv_isQVCustomError(error));
+            QVERIFY(!QVErrorClassification::isQVCustomError(error));
         }
-        QCOMPARE(qv_parseError(std::nullopt), QVError(q("No Error!!!")));
+        QCOMPARE(QVErrorClassification::parseError(std::nullopt), QVError(q("No Error!!!")));
     }
 };
 

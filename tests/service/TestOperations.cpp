@@ -107,7 +107,8 @@ private Q_SLOTS:
         await(probe);
         QVERIFY(!probe.result());
         QCOMPARE(probe.code(), -1001);
-        QCOMPARE(probe.error()->domain(), qv_parseError(QVError(QString(), -1001)).domain());
+        QCOMPARE(probe.error()->domain(),
+                 QVErrorClassification::parseError(QVError(QString(), -1001)).domain());
         QVERIFY(waitFor([&] { return server().closedCount() == 1; }));
     }
 

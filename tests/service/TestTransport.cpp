@@ -94,8 +94,8 @@ private Q_SLOTS:
         QCOMPARE(probe.code(), code);
         QCOMPARE(probe.result() != nullptr, code == 0);
         QVERIFY(!probe.result() || probe.result()->img() == q("a.png"));
-        QVERIFY(!probe.error() || *probe.error() == qv_parseError(probe.error()));
-        QVERIFY(!probe.error() || !qv_isQVCustomError(*probe.error()));
+        QVERIFY(!probe.error() || *probe.error() == QVErrorClassification::parseError(probe.error()));
+        QVERIFY(!probe.error() || !QVErrorClassification::isQVCustomError(*probe.error()));
         QCOMPARE(time().pendingCount(), 0);
     }
 
@@ -115,7 +115,7 @@ private Q_SLOTS:
             await(probe);
             QVERIFY(!probe.result());
             QCOMPARE(probe.code(), code);
-            QVERIFY(qv_isQVCustomError(*probe.error()));
+            QVERIFY(QVErrorClassification::isQVCustomError(*probe.error()));
         }
     }
 
