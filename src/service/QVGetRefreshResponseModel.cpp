@@ -8,7 +8,8 @@ QVGetRefreshResponseModel::QVGetRefreshResponseModel()
 }
 
 QVGetRefreshResponseModel::QVGetRefreshResponseModel(const QMetaObject &type)
-    : m_className(type.className())
+    : m_handler(this)
+    , m_className(type.className())
 {
 }
 
@@ -21,7 +22,7 @@ QVGetRefreshResponseModel::~QVGetRefreshResponseModel()
 void QVGetRefreshResponseModel::startTimeDown()
 {
     endTimeDown();
-    m_handler.start([this, alive = weak_from_this().lock()] { getRefreshResponseTimeDownHandle(); });
+    m_handler.start();
 }
 
 void QVGetRefreshResponseModel::endTimeDown()

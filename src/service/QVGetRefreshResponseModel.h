@@ -43,18 +43,20 @@ public:
     void setVerifyCount(qint64 value) { m_verifyCount = value; }
 
     /// What the end of the countdown does.
+    [[nodiscard]] const std::function<void()> &fireTimeDown() const { return m_fireTimeDown; }
     void setFireTimeDown(std::function<void()> action) { m_fireTimeDown = std::move(action); }
     /// Starts the countdown, anew if it runs. Running, it keeps the record alive.
     void startTimeDown();
     void endTimeDown();
+    /// What the countdown tells when the time is up.
+    void getRefreshResponseTimeDownHandle();
+    [[nodiscard]] const QVGetRefreshResponseTimeDownManager &handler() const { return m_handler; }
 
 protected:
     /// \a type names the record in the log.
     explicit QVGetRefreshResponseModel(const QMetaObject &type);
 
 private:
-    void getRefreshResponseTimeDownHandle();
-
     QString m_img;
     QString m_adlink;
     QString m_adlinkword;

@@ -1,6 +1,6 @@
 #include "service/QVGetRefreshResponseTimeDownManager.h"
 
-#include <utility>
+#include "service/QVGetRefreshResponseModel.h"
 
 namespace {
 
@@ -9,12 +9,9 @@ constexpr std::chrono::seconds period(179);
 
 } // namespace
 
-void QVGetRefreshResponseTimeDownManager::start(std::function<void()> action)
+void QVGetRefreshResponseTimeDownManager::start()
 {
-    m_timer.start(period, std::move(action));
-}
-
-void QVGetRefreshResponseTimeDownManager::end()
-{
-    m_timer.stop();
+    m_timer.start(period, [delegate = m_delegate, alive = m_delegate->weak_from_this().lock()] {
+        delegate->getRefreshResponseTimeDownHandle();
+    });
 }

@@ -60,9 +60,14 @@ private Q_SLOTS:
         QCOMPARE(fired, 0);
         advance(1ms);
         QCOMPARE(fired, 1);
+        QCOMPARE(record->handler().delegate(), record.get());
+        record->fireTimeDown()();
+        QCOMPARE(fired, 2);
         record->startTimeDown();
+        QVERIFY(record->handler().timer().isActive());
         record->endTimeDown();
         record->endTimeDown();
+        QVERIFY(!record->handler().timer().isActive());
         QCOMPARE(time().pendingCount(), 0);
     }
 
