@@ -8,14 +8,13 @@
 class QVConfigResponseModel : public QVResponseModel
 {
     Q_GADGET
+    // Without source_server and isCharVerify: those follow from cdn_servers and type alone.
     Q_PROPERTY(QString key READ key WRITE setKey)
     Q_PROPERTY(QString type READ type WRITE setType)
     Q_PROPERTY(QString challenge READ challenge WRITE setChallenge)
     Q_PROPERTY(QString api_server READ api_server WRITE setApi_server)
     Q_PROPERTY(QStringList cdn_servers READ cdn_servers WRITE setCdn_servers)
-    Q_PROPERTY(QString source_server READ source_server WRITE setSource_server)
     Q_PROPERTY(bool guide READ guide WRITE setGuide)
-    Q_PROPERTY(bool isCharVerify READ isCharVerify WRITE setIsCharVerify)
     Q_PROPERTY(double configTimeInterval READ configTimeInterval WRITE setConfigTimeInterval)
     Q_PROPERTY(qint64 getRefreshCount READ getRefreshCount WRITE setGetRefreshCount)
 
@@ -43,14 +42,12 @@ public:
 
     /// Base address of the pictures.
     [[nodiscard]] QString source_server() const { return m_source_server; }
-    void setSource_server(QString value) { m_source_server = std::move(value); }
 
     /// Whether to offer help.
     [[nodiscard]] bool guide() const { return m_guide; }
     void setGuide(bool value) { m_guide = value; }
 
     [[nodiscard]] bool isCharVerify() const { return m_isCharVerify; }
-    void setIsCharVerify(bool value) { m_isCharVerify = value; }
 
     [[nodiscard]] double configTimeInterval() const { return m_configTimeInterval; }
     void setConfigTimeInterval(double value) { m_configTimeInterval = value; }

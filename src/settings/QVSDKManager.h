@@ -13,7 +13,8 @@ class QVServiceAddresses;
 /// The entry point: a host says here who it is, before it shows any verification.
 ///
 /// What is set holds for the whole process and ends with it. A change takes effect for the next
-/// request or text, never for one already under way. Nothing is checked: an empty id is sent as it is.
+/// request or text, not for one already under way; only setOutageOpen() also takes effect
+/// while the outage switch is being asked. Nothing is checked: an empty id is sent as it is.
 /// Call from the user-interface thread, once the application object exists.
 class QUARVO_EXPORT QVSDKManager
 {

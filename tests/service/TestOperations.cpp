@@ -125,7 +125,8 @@ private Q_SLOTS:
     void readsTheConfiguration()
     {
         server().enqueue(QVScript::answer(
-            R"({"code":"0103","challenge":"c","api_server":"a.example","guide":"YES","cdn_servers":[null,"q"]})"));
+            R"({"code":"0103","challenge":"c","api_server":"a.example","guide":"YES","cdn_servers":[null,"q"],)"
+            R"("source_server":"http:other","isCharVerify":true,"type":"draw"})"));
         Probe<QVConfigResponseModel> probe;
         probe.run([](QVCompletion<QVConfigResponseModel> completed) {
             return manager().requestConfigWithVid({}, {}, {}, std::move(completed));
@@ -133,7 +134,7 @@ private Q_SLOTS:
         await(probe);
         QCOMPARE(probe.result()->api_server(), q("https://a.example"));
         QCOMPARE(probe.result()->source_server(), settings().serviceAddresses().cdn());
-        QVERIFY(probe.result()->guide());
+        QVERIFY(probe.result()->guide() && !probe.result()->isCharVerify());
     }
 
     void outageSwitch_data()
@@ -151,12 +152,13 @@ private Q_SLOTS:
         QFETCH(const QByteArray, body);
         QFETCH(const bool, isForced);
         QFETCH(const bool, active);
-        settings().setIsOpenOutage(isForced);
         server().enqueue(QVScript::answer(body));
         Probe<QVDownTimeResponseModel> probe;
         probe.run([](QVCompletion<QVDownTimeResponseModel> completed) {
             return manager().requestOutageComplted(std::move(completed));
         });
+        // What holds is the setting at the time of the answer.
+        settings().setIsOpenOutage(isForced);
         await(probe);
         QTEST(probe.result() != nullptr, "isThere");
         QVERIFY(!probe.result() || probe.result()->active() == active);
