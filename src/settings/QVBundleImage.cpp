@@ -20,6 +20,11 @@ constexpr int largestScale = 3;
 constexpr qint64 maximumPictureSize = 1 << 20;
 constexpr int maximumSide = 2048;
 
+std::shared_ptr<const QVBundle> resourceBundle()
+{
+    return QVMainBundle::shared().bundle(QStringLiteral("QVResource"));
+}
+
 QString scaledPath(const QString &folder, const QString &name, int scale)
 {
     const QFileInfo info(name);
@@ -65,7 +70,7 @@ QPixmap readPicture(const QString &folder, const QString &name, qreal devicePixe
 
 std::shared_ptr<const QVBundle> qv_bundle()
 {
-    auto bundle = QVMainBundle::shared().bundle(QStringLiteral("QVResource"));
+    auto bundle = resourceBundle();
     if (!bundle)
         throw QVInternalConsistencyError("QVResource.bundle 在项目中不存在！！！！");
     return bundle;
@@ -78,12 +83,14 @@ QPixmap qv_imageFromBundleWithName(const QString &name)
 
 QPixmap qv_imageFromBundleWithName(const QString &name, qreal devicePixelRatio)
 {
-    const QString folder = qv_bundle()->path();
-    const QString cacheKey = folder + u'/' + name + u'@' + QString::number(devicePixelRatio);
+    const auto bundle = resourceBundle();
+    if (!bundle)
+        return {};
+    const QString cacheKey = bundle->path() + u'/' + name + u'@' + QString::number(devicePixelRatio);
     QPixmap picture;
     if (QPixmapCache::find(cacheKey, &picture))
         return picture;
-    picture = readPicture(folder, name, devicePixelRatio);
+    picture = readPicture(bundle->path(), name, devicePixelRatio);
     if (!picture.isNull())
         QPixmapCache::insert(cacheKey, picture);
     return picture;

@@ -11,7 +11,7 @@ class QVBundle;
 [[nodiscard]] std::shared_ptr<const QVBundle> qv_bundle();
 
 /// A picture of the resource bundle, in the size made for the screen; null where there is no such
-/// picture. A name without an extension means a PNG.
+/// picture or no bundle. A name without an extension means a PNG.
 [[nodiscard]] QPixmap qv_imageFromBundleWithName(const QString &name);
 /// The same for a screen of a given pixel ratio.
 [[nodiscard]] QPixmap qv_imageFromBundleWithName(const QString &name, qreal devicePixelRatio);

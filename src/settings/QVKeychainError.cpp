@@ -6,15 +6,20 @@
 
 namespace {
 
-QString description(QVSecureStatus status)
+std::shared_ptr<const QVBundle> languageFolder()
 {
     const auto bundle = QVMainBundle::shared().bundle(QStringLiteral("QVKeychain"));
-    const auto language =
-        bundle ? bundle->bundle(qv_languageFolderName(qv_deviceLanguage()), QStringLiteral("lproj"))
-               : nullptr;
-    if (!language)
+    return bundle ? bundle->bundle(qv_languageFolderName(qv_deviceLanguage()), QStringLiteral("lproj"))
+                  : nullptr;
+}
+
+QString description(QVSecureStatus status)
+{
+    // Looked for once, and not again where it is missing: each request may bring an error.
+    static const std::shared_ptr<const QVBundle> texts = languageFolder();
+    if (!texts)
         return {};
-    return language->localizedString(qv_keychainErrorKey(status), QString(), QStringLiteral("QVKeychain"));
+    return texts->localizedString(qv_keychainErrorKey(status), QString(), QStringLiteral("QVKeychain"));
 }
 
 } // namespace

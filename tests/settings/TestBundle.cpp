@@ -73,7 +73,8 @@ private Q_SLOTS:
     void aMissingBundleIsToldLoudly()
     {
         QVMainBundle::shared().setPlaces({m_folder->path()});
-        QVERIFY_THROWS_EXCEPTION(QVInternalConsistencyError, (void)qv_imageFromBundleWithName(q("p")));
+        QVERIFY_THROWS_EXCEPTION(QVInternalConsistencyError, (void)qv_bundle());
+        QVERIFY(qv_imageFromBundleWithName(q("qv_draw_edit")).isNull());
     }
 
 private:

@@ -63,6 +63,8 @@ private Q_SLOTS:
             QCOMPARE(error.code(), status);
             QVERIFY(table.contains(q(key)));
             QCOMPARE(error.userInfo().value(q("localizedDescription")).toString(), table.text(q(key)));
+            // The texts are looked for once a process.
+            QVMainBundle::shared().setPlaces({q("nowhere")});
         }
     }
 
