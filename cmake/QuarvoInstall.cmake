@@ -10,24 +10,26 @@ if(TARGET QuarvoSecrets)
   set(QUARVO_USES_LIBSECRET ON)
   set(QUARVO_PKGCONFIG_PRIVATE ", libsecret-1 >= 0.20, gio-2.0")
   set(QUARVO_DEBIAN_PRIVATE ", libsecret-1-dev")
-endif()
-
-install(TARGETS Quarvo EXPORT QuarvoTargets
-        LIBRARY COMPONENT runtime NAMELINK_COMPONENT development
-        INCLUDES DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")
-if(TARGET QuarvoSecrets)
   install(TARGETS QuarvoSecrets LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}/quarvo" COMPONENT runtime)
 endif()
-install(TARGETS QuarvoStatic EXPORT QuarvoStaticTargets
-        ARCHIVE COMPONENT development
-        INCLUDES DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")
+
+# Each in a file of its own, so that a host needs only what it asks for.
+foreach(library QuarvoCore Quarvo)
+  install(TARGETS ${library} EXPORT ${library}SharedTargets
+          LIBRARY COMPONENT runtime NAMELINK_COMPONENT development
+          INCLUDES DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")
+  install(TARGETS ${library}Static EXPORT ${library}StaticTargets
+          ARCHIVE COMPONENT development
+          INCLUDES DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")
+  foreach(kind Shared Static)
+    install(EXPORT ${library}${kind}Targets NAMESPACE Quarvo:: DESTINATION "${config_folder}" COMPONENT development)
+  endforeach()
+endforeach()
 install(DIRECTORY "${PROJECT_SOURCE_DIR}/resources/QVKeychain.bundle"
                   "${PROJECT_SOURCE_DIR}/resources/QVResource.bundle"
         DESTINATION "${CMAKE_INSTALL_DATADIR}/quarvo" COMPONENT runtime)
 
 install(FILES ${public_headers} DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/Quarvo" COMPONENT development)
-install(EXPORT QuarvoTargets NAMESPACE Quarvo:: DESTINATION "${config_folder}" COMPONENT development)
-install(EXPORT QuarvoStaticTargets NAMESPACE Quarvo:: DESTINATION "${config_folder}" COMPONENT development)
 
 configure_package_config_file("${PROJECT_SOURCE_DIR}/cmake/QuarvoConfig.cmake.in"
                               "${PROJECT_BINARY_DIR}/QuarvoConfig.cmake" INSTALL_DESTINATION "${config_folder}")
@@ -42,8 +44,11 @@ install(FILES "${PROJECT_BINARY_DIR}/QuarvoConfig.cmake" "${PROJECT_BINARY_DIR}/
 
 # Relative to the file itself, so that an installed tree can be moved.
 file(RELATIVE_PATH prefix_from_pkgconfig "/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/")
-configure_file("${PROJECT_SOURCE_DIR}/cmake/quarvo.pc.in" "${PROJECT_BINARY_DIR}/quarvo.pc" @ONLY)
-install(FILES "${PROJECT_BINARY_DIR}/quarvo.pc" DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig" COMPONENT development)
+foreach(module quarvo-core quarvo)
+  configure_file("${PROJECT_SOURCE_DIR}/cmake/${module}.pc.in" "${PROJECT_BINARY_DIR}/${module}.pc" @ONLY)
+  install(FILES "${PROJECT_BINARY_DIR}/${module}.pc"
+          DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig" COMPONENT development)
+endforeach()
 
 if(TARGET quarvo-sandbox)
   install(TARGETS quarvo-sandbox RUNTIME COMPONENT sandbox)

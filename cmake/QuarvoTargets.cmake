@@ -1,17 +1,22 @@
-# quarvo_objects(NAME SOURCES...): a part of src/, compiled once for all that holds it.
+# What the parts of src/ may use. The core knows no widget: their headers are not found there.
+set(QUARVO_CORE_TOOLKIT Qt6::Gui Qt6::Network)
+set(QUARVO_WIDGETS_TOOLKIT ${QUARVO_CORE_TOOLKIT} Qt6::Widgets)
+
+# quarvo_objects(NAME SOURCES...): a part of src/, compiled once for all that holds it. QUARVO_PART, CORE or
+# WIDGETS, says which library that is.
 function(quarvo_objects name)
   set(target quarvo_${name})
   add_library(${target} OBJECT ${ARGN})
   set_target_properties(${target} PROPERTIES AUTOMOC ON)
   target_include_directories(${target} PRIVATE "${PROJECT_SOURCE_DIR}/src" "${PROJECT_BINARY_DIR}/include")
-  target_link_libraries(${target} PRIVATE quarvo_build_flags Qt6::Widgets Qt6::Network)
-  quarvo_precompile(${target})
+  target_link_libraries(${target} PRIVATE quarvo_build_flags ${QUARVO_${QUARVO_PART}_TOOLKIT})
+  quarvo_precompile(${target} ${QUARVO_PART})
 endfunction()
 
-# quarvo_room(NAME SOURCES...): one folder below src/, part of the shared and the static library.
+# quarvo_room(NAME SOURCES...): one folder below src/, in the shared and the static form of its library.
 function(quarvo_room name)
   quarvo_objects(${name} ${ARGN})
-  set_property(GLOBAL APPEND PROPERTY QUARVO_ROOMS quarvo_${name})
+  set_property(GLOBAL APPEND PROPERTY QUARVO_${QUARVO_PART}_ROOMS quarvo_${name})
 endfunction()
 
 # quarvo_public_headers(HEADERS...): headers of a room that hosts include as <Quarvo/NAME>.
@@ -23,20 +28,26 @@ function(quarvo_public_headers)
   endforeach()
 endfunction()
 
-# quarvo_precompile(TARGET): Qt's headers, parsed once for all targets built with the same flags.
-function(quarvo_precompile target)
+# quarvo_precompile(TARGET PART): Qt's headers, parsed once for all targets of CORE, or of WIDGETS, that are
+# built with the same flags.
+function(quarvo_precompile target part)
   if(NOT QUARVO_PRECOMPILE)
     return()
   endif()
-  if(NOT TARGET quarvo_precompiled)
+  string(TOLOWER quarvo_${part}_precompiled precompiled)
+  if(NOT TARGET ${precompiled})
+    set(widgets)
+    if(part STREQUAL "WIDGETS")
+      set(widgets <QWidget>)
+    endif()
     file(WRITE "${PROJECT_BINARY_DIR}/precompiled.cpp" "")
-    add_library(quarvo_precompiled OBJECT "${PROJECT_BINARY_DIR}/precompiled.cpp")
-    target_link_libraries(quarvo_precompiled PRIVATE quarvo_build_flags Qt6::Widgets Qt6::Network)
-    target_precompile_headers(quarvo_precompiled PRIVATE
-      <QEvent> <QNetworkReply> <QPainter> <QPainterPath> <QWidget>
+    add_library(${precompiled} OBJECT "${PROJECT_BINARY_DIR}/precompiled.cpp")
+    target_link_libraries(${precompiled} PRIVATE quarvo_build_flags ${QUARVO_${part}_TOOLKIT})
+    target_precompile_headers(${precompiled} PRIVATE
+      <QEvent> <QNetworkReply> <QPainter> <QPainterPath> ${widgets}
       <chrono> <functional> <memory> <optional> <vector>)
   endif()
-  target_precompile_headers(${target} REUSE_FROM quarvo_precompiled)
+  target_precompile_headers(${target} REUSE_FROM ${precompiled})
 endfunction()
 
 # quarvo_tests(ROOM CLASSES...): test classes in files of their own names, linked into one program;
@@ -51,7 +62,7 @@ function(quarvo_tests room)
     # In a batch GCC takes a test's file, and so its unnamed namespace, for a header's.
     target_compile_options(${target} PRIVATE -Wno-subobject-linkage)
   endif()
-  quarvo_precompile(${target})
+  quarvo_precompile(${target} WIDGETS)
   foreach(class ${ARGN})
     add_test(NAME ${room}/${class} COMMAND ${target} ${class})
     set_tests_properties(${room}/${class} PROPERTIES TIMEOUT 60)

@@ -2,11 +2,12 @@
 
 #include "platform/QVError.h"
 #include "platform/QVTimer.h"
+#include "platform/QuarvoCoreExport.h"
 
 #include <functional>
 
 /// The time that the host gives an attempt, if it limits it at all.
-class QVAttemptDeadline
+class QUARVO_CORE_EXPORT QVAttemptDeadline
 {
 public:
     using Expired = std::function<void(const QVError &error)>;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/QVError.h"
+#include "platform/QuarvoCoreExport.h"
 
 #include <QString>
 
@@ -17,7 +18,7 @@ class QVDownTimeResponseModel;
 /// One conversation with the service, up to the decision whether the user has to draw: outage
 /// switch, configuration, click decision. It ends in exactly one outcome, unless it is cancelled or
 /// its owner lets it go before the click decision is asked for.
-class QVClickSequence final : public std::enable_shared_from_this<QVClickSequence>
+class QUARVO_CORE_EXPORT QVClickSequence final : public std::enable_shared_from_this<QVClickSequence>
 {
 public:
     using Config = std::shared_ptr<QVConfigResponseModel>;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/QuarvoCoreExport.h"
 #include "settings/QVPopupPresentation.h"
 
 #include <QRect>
@@ -8,7 +9,7 @@
 ///
 /// A trace is scaled by the width of the draw view, and the service expects traces drawn on
 /// something as wide as a phone. So a wide surface gets a card, the rest is dimmed.
-class QVPopupGeometry
+class QUARVO_CORE_EXPORT QVPopupGeometry
 {
 public:
     QVPopupGeometry(QSize surface, QVPopupPresentation presentation);

@@ -4,6 +4,7 @@
 #include "flow/QVRenderDrawSurface.h"
 #include "flow/QVRenderDrawViewDelegate.h"
 #include "flow/QVVerifyStyle.h"
+#include "platform/QuarvoCoreExport.h"
 #include "service/QVCompletion.h"
 
 #include <QString>
@@ -25,7 +26,7 @@ class QVVerifyResponseModel;
 /// a picture, the host resets. Whatever was started last decides what is shown; an answer that has been
 /// overtaken is dropped. Only a passed answer counts as long as no new attempt was started, since the
 /// user has earned it.
-class QVRenderDrawFlow final : public std::enable_shared_from_this<QVRenderDrawFlow>
+class QUARVO_CORE_EXPORT QVRenderDrawFlow final : public std::enable_shared_from_this<QVRenderDrawFlow>
 {
 public:
     QVRenderDrawFlow(QVVerifyStyle style, QVRenderDrawSurface *surface);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "flow/QVRenderDrawPointModel.h"
+#include "platform/QuarvoCoreExport.h"
 
 #include <QPointF>
 #include <QRectF>
@@ -13,7 +14,7 @@
 ///
 /// Nothing a pointer can report makes it fail: whatever cannot be written in picture units is moved to
 /// the nearest value that can.
-class QVRenderTrace
+class QUARVO_CORE_EXPORT QVRenderTrace
 {
 public:
     /// A position is kept only this far, on one axis at least, from the last kept one.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/QVError.h"
+#include "platform/QuarvoCoreExport.h"
 
 #include <QImage>
 
@@ -12,7 +13,7 @@ class QVDataTask;
 class QVImageResources;
 
 /// Loads pictures by address. Used on the main thread.
-class QVImageLoader
+class QUARVO_CORE_EXPORT QVImageLoader
 {
 public:
     /// Receives a picture, or a null one and the error: on the main thread, exactly once unless

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/QuarvoCoreExport.h"
+
 #include <QtGlobal>
 
 #include <chrono>
@@ -7,7 +9,7 @@
 
 /// The one source of time: every delay, timer, animation tick and clock reading goes through it, so
 /// that tests can run on a clock of their own. Used on the user-interface thread only.
-class QVScheduler
+class QUARVO_CORE_EXPORT QVScheduler
 {
 public:
     using Action = std::function<void()>;

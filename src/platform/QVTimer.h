@@ -1,10 +1,11 @@
 #pragma once
 
 #include "platform/QVScheduler.h"
+#include "platform/QuarvoCoreExport.h"
 
 /// A one-shot timer that ends with its owner. What must run whatever happens is scheduled directly
 /// instead.
-class QVTimer
+class QUARVO_CORE_EXPORT QVTimer
 {
 public:
     QVTimer() = default;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/QuarvoCoreExport.h"
+
 #include <QPixmap>
 #include <QString>
 
@@ -12,6 +14,6 @@ class QVBundle;
 
 /// A picture of the resource bundle, in the size made for the screen; null where there is no such
 /// picture or no bundle. A name without an extension means a PNG.
-[[nodiscard]] QPixmap qv_imageFromBundleWithName(const QString &name);
+[[nodiscard]] QUARVO_CORE_EXPORT QPixmap qv_imageFromBundleWithName(const QString &name);
 /// The same for a screen of a given pixel ratio.
 [[nodiscard]] QPixmap qv_imageFromBundleWithName(const QString &name, qreal devicePixelRatio);

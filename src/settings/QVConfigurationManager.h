@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/QuarvoCoreExport.h"
 #include "settings/QVPopupPresentation.h"
 #include "settings/QVServiceAddresses.h"
 
@@ -14,7 +15,7 @@ class QVBundle;
 
 /// The settings of the process. Made on first use by whichever thread asks first; its fields are
 /// read and written on the user-interface thread.
-class QVConfigurationManager
+class QUARVO_CORE_EXPORT QVConfigurationManager
 {
 public:
     QVConfigurationManager(const QVConfigurationManager &) = delete;
