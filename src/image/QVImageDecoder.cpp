@@ -1,58 +1,58 @@
 #include "image/QVImageDecoder.h"
 
+#include "image/QVFirstFrame.h"
+#include "image/QVPictureDevice.h"
+
 #include <QBuffer>
 #include <QImageIOHandler>
 #include <QImageReader>
 
+#include <cstring>
+#include <new>
+
 namespace {
 
-// 64 MiB once decoded. Checked before the decoder allocates: Qt's own limit is the whole process's,
-// which a host may have lifted.
-constexpr qint64 maximumPixels = 16 << 20;
-
-// Told apart here, because Qt would load and ask every image plugin it finds, and some of them read
-// formats that can do much more than show a picture.
-QByteArray formatOf(const QByteArray &bytes)
+QImage read(const QVFirstFrame &frame, const std::stop_token &stop)
 {
-    if (bytes.startsWith("\x89PNG\r\n\x1a\n"))
-        return QByteArrayLiteral("png");
-    if (bytes.startsWith("\xff\xd8\xff"))
-        return QByteArrayLiteral("jpeg");
-    if (bytes.startsWith("GIF87a") || bytes.startsWith("GIF89a"))
-        return QByteArrayLiteral("gif");
-    if (bytes.startsWith("RIFF") && bytes.mid(8, 4) == "WEBP")
-        return QByteArrayLiteral("webp");
-    return {};
+    QVPictureDevice device(frame.bytes, stop);
+    QImageReader reader(&device, frame.format);
+    reader.setAutoDetectImageFormat(false);
+    reader.setAutoTransform(true);
+    const QImage image = reader.read();
+    // What was stopped may look like a picture that was cut short.
+    return device.isStopped() ? QImage() : image;
 }
 
-bool isDecodable(QSize size)
+/// In the format that painting does not convert anew each time, on the user-interface thread.
+QImage paintable(const QImage &image)
 {
-    return !size.isEmpty() && qint64(size.width()) * size.height() <= maximumPixels;
+    const auto format = image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32;
+    if (image.format() == format)
+        return image;
+    // Row by row, since Qt shares larger pictures out among the threads of a pool, and waits for them
+    // behind whatever the host has them do.
+    QImage result(image.size(), format);
+    for (int y = 0; y < result.height(); ++y) {
+        QImage row(image.constScanLine(y), image.width(), 1, image.bytesPerLine(), image.format());
+        row.setColorTable(image.colorTable());
+        row.convertTo(format);
+        std::memcpy(result.scanLine(y), row.constScanLine(0), std::size_t(result.bytesPerLine()));
+    }
+    return result;
 }
 
 } // namespace
 
-QImage qv_decodedImage(const QByteArray &bytes)
+QImage qv_decodedImage(const QByteArray &bytes, const std::stop_token &stop)
 {
-    const QByteArray format = formatOf(bytes);
-    if (format.isEmpty())
+    try {
+        const QVFirstFrame frame = QVFirstFrame::ofFile(bytes);
+        const QImage image = frame.format.isEmpty() ? QImage() : read(frame, stop);
+        // A decoder may make another size of a broken file than it tells.
+        return QVFirstFrame::isSizeAllowed(image.width(), image.height()) ? paintable(image) : QImage();
+    } catch (const std::bad_alloc &) {
         return {};
-    QBuffer buffer;
-    buffer.setData(bytes);
-    if (!buffer.open(QIODevice::ReadOnly))
-        return {};
-    QImageReader reader(&buffer, format);
-    reader.setAutoDetectImageFormat(false);
-    reader.setAutoTransform(true);
-    if (!isDecodable(reader.size()))
-        return {};
-    const QImage image = reader.read();
-    // A decoder may tell one size and make another of a broken header.
-    if (!isDecodable(image.size()))
-        return {};
-    // Painting converts other formats anew each time, on the user-interface thread.
-    return image.convertToFormat(image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied
-                                                         : QImage::Format_RGB32);
+    }
 }
 
 bool qv_decoderReads(const QByteArray &format)

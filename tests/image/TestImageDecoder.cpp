@@ -1,24 +1,140 @@
+#include "image/PictureBombs.h"
 #include "image/QVImageDecoder.h"
+#include "image/QVPictureDevice.h"
 #include "image/QVTestPictures.h"
 #include "support/QVTestCase.h"
 
-#include <QImageReader>
+#include <QElapsedTimer>
+#include <QSemaphore>
+#include <QThreadPool>
+
+#include <malloc.h>
+#include <sys/resource.h>
+#include <thread>
+
+namespace {
+
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+constexpr bool isMemoryTold = false;
+#else
+constexpr bool isMemoryTold = true;
+#endif
+
+/// One of the figures that the system keeps of this process.
+qint64 figure(const QByteArray &name)
+{
+    QFile file(q("/proc/self/status"));
+    const QByteArray text = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    const qsizetype at = text.indexOf(name) + name.size();
+    return text.mid(at, text.indexOf("kB", at) - at).trimmed().toLongLong() << 10;
+}
+
+/// What this process takes more than at the start of this, at the most.
+class PeakMemory
+{
+public:
+    PeakMemory()
+    {
+        ::malloc_trim(0);
+        m_start = figure("VmRSS:");
+        QFile file(q("/proc/self/clear_refs"));
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write("5") == 1);
+    }
+    [[nodiscard]] qint64 bytes() const { return figure("VmHWM:") - m_start; }
+
+private:
+    qint64 m_start = 0;
+};
+
+/// While it lives, this process gets hardly any more memory.
+class LittleMemory
+{
+public:
+    LittleMemory()
+    {
+        constexpr rlim_t room = 2 << 20;
+        ::getrlimit(RLIMIT_AS, &m_usual);
+        const rlimit little{rlim_t(figure("VmSize:")) + room, m_usual.rlim_max};
+        ::setrlimit(RLIMIT_AS, &little);
+    }
+    ~LittleMemory() { ::setrlimit(RLIMIT_AS, &m_usual); }
+    Q_DISABLE_COPY(LittleMemory)
+
+private:
+    rlimit m_usual{};
+};
+
+QImage plain(QSize size, const QColor &colour)
+{
+    QImage image(size, QImage::Format_ARGB32);
+    image.fill(colour);
+    return image;
+}
+
+} // namespace
 
 class TestImageDecoder : public QVTestCase
 {
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase()
+    {
+        for (const char *format : {"png", "jpeg", "gif", "webp"})
+            QVERIFY2(qv_decoderReads(format), format);
+        // Decoders speak of what is wrong with a file by themselves.
+        static const QtMessageHandler usual = qInstallMessageHandler(nullptr);
+        qInstallMessageHandler([](QtMsgType type, const QMessageLogContext &context, const QString &message) {
+            if (!QByteArrayView(context.category).startsWith("qt.gui.imageio") &&
+                !message.startsWith(q("libpng")))
+                usual(type, context, message);
+        });
+    }
+
+    void pictures_data()
+    {
+        const auto row = addColumns<QByteArray, QColor>({"file", "colour"});
+        const QSize size(400, 230);
+        const QColor green(10, 200, 30);
+        const QColor glass(10, 200, 30, 51);
+        row("png", qv_testPicture(size, green, "png"), green);
+        row("png with transparency", qv_testPicture(size, glass, "png"), glass);
+        QImage palette(size, QImage::Format_Indexed8);
+        palette.setColorTable({glass.rgba()});
+        palette.fill(0);
+        row("png with a palette", qv_fileOf(palette, "png"), glass);
+        row("png of 16 bits", qv_fileOf(plain(size, green).convertToFormat(QImage::Format_RGBX64), "png"),
+            green);
+        row("jpeg", qv_testPicture(size, green, "jpeg"), green);
+        row("grey jpeg", qv_fileOf(plain(size, Qt::gray).convertToFormat(QImage::Format_Grayscale8), "jpeg"),
+            QColor(Qt::gray));
+        row("jpeg of many scans", PictureBombs::jpeg(size, 64), QColor(Qt::red));
+        row("jpeg on its side",
+            PictureBombs::withSegment(
+                qv_testPicture(size.transposed(), green, "jpeg"), '\xe1',
+                QByteArrayLiteral("Exif\0\0MM\0\x2a\0\0\0\x08\0\x01\x01\x12\0\x03\0\0\0\x01"
+                                  "\0\x06\0\0\0\0\0\0")),
+            green);
+        row("first of 9 gif frames", PictureBombs::gif(size, size, 500, 9), QColor(64, 64, 64));
+        row("webp", qv_testPicture(size, green, "webp"), green);
+        row("webp with transparency", qv_testPicture(size, glass, "webp"), glass);
+        row("first of 3 webp frames",
+            PictureBombs::webPAnimation({plain(size, green), plain(size, Qt::red), plain(size, Qt::blue)}),
+            green);
+    }
+
     void pictures()
     {
-        for (const char *format : {"png", "jpeg"}) {
-            const QImage image = qv_decodedImage(qv_testPicture({400, 230}, QColor(10, 200, 30), format));
-            QCOMPARE(image.size(), QSize(400, 230));
-            QCOMPARE(image.hasAlphaChannel(), qstrcmp(format, "png") == 0);
-            const QColor seen = image.pixelColor(200, 100);
-            // JPEG keeps colours only nearly.
-            QVERIFY(qAbs(seen.red() - 10) < 4 && qAbs(seen.green() - 200) < 4 && qAbs(seen.blue() - 30) < 4);
-        }
+        QFETCH(const QByteArray, file);
+        QFETCH(const QColor, colour);
+        const QImage image = qv_decodedImage(file);
+        QCOMPARE(image.size(), QSize(400, 230));
+        QVERIFY(image.format() == QImage::Format_RGB32 ||
+                image.format() == QImage::Format_ARGB32_Premultiplied);
+        const QColor seen = image.pixelColor(200, 100);
+        // Formats that lose colours do so only nearly.
+        for (const auto part : {&QColor::red, &QColor::green, &QColor::blue, &QColor::alpha})
+            QVERIFY2(qAbs((seen.*part)() - (colour.*part)()) < 6, qPrintable(seen.name(QColor::HexArgb)));
     }
 
     void noPictures()
@@ -29,16 +145,113 @@ private Q_SLOTS:
              {QByteArray(), QByteArray("<html></html>"), drawing, magic,
               qv_testPicture({8, 8}, Qt::blue, "bmp"), magic + QByteArray(5000, 'Z')})
             QVERIFY2(qv_decodedImage(bytes).isNull(), bytes.left(20).constData());
+        // Cut short anywhere.
+        for (const char *format : {"png", "webp"}) {
+            const QByteArray file = qv_testPicture({40, 23}, Qt::blue, format);
+            for (qsizetype length = 0; length < file.size() - 12; length += 9)
+                QVERIFY2(qv_decodedImage(file.left(length)).isNull(), qPrintable(QString::number(length)));
+        }
     }
 
-    void giantIsNotEvenAllocated()
+    void bounds_data()
     {
-        const QByteArray bytes = qv_giantClaim();
-        QBuffer buffer;
-        buffer.setData(bytes);
-        QCOMPARE(QImageReader(&buffer).size(), QSize(50000, 50000));
-        // Qt's own limit would warn, and a warning fails the test.
-        QVERIFY(qv_decodedImage(bytes).isNull());
+        using namespace PictureBombs;
+        const auto row = addColumns<QByteArray, bool>({"file", "isPicture"});
+        const QSize small(16, 16);
+        const QSize above = limit + QSize(0, 1);
+        row("png: limit", png(limit, 16), true);
+        row("png: above", png(above, 8), false);
+        row("png: wide", png({8193, 1}, 8), false);
+        row("png: tall", png({1, 8193}, 8), false);
+        row("png: texts", png(small, 8, packedChunks("zTXt", 7 << 20, 27)), true);
+        row("png: international texts", png(small, 8, packedChunks("iTXt", 7 << 20, 27)), true);
+        row("png: profiles", png(small, 8, packedChunks("iCCP", 7 << 20, 27)), true);
+        row("png: pixels", png(small, 8, {}, 1 << 30), false);
+        row("jpeg: limit", jpeg(limit, 64), true);
+        row("jpeg: above", qv_testPicture(above, Qt::red, "jpeg"), false);
+        row("jpeg: claim", qv_giantClaim(), false);
+        row("jpeg: scans", jpeg(limit, 6000), false);
+        row("jpeg: comments", withSegment(jpeg(small, 10), '\xfe', QByteArray(65000, 'x')), true);
+        row("gif: limit", gif(limit, limit, 4000, 1), true);
+        row("gif: above", gif(above, small, 10, 1), false);
+        row("gif: above in a frame", gif(small, above, 10, 1), false);
+        row("gif: codes", gif(small, small, 5 << 20, 1), false);
+        row("gif: frames", gif(limit, small, 10, 100000), true);
+        row("webp: limit", webP(limit, 1000), true);
+        row("webp: above", webP(above, 1), false);
+        row("webp: codes", webP({1024, 1024}, 65536), false);
+        row("webp: transparency", webPAlpha({1024, 1024}, 65536), false);
+        row("webp: frames", webPAnimation({plain(limit, Qt::red), plain(limit, Qt::green)}), true);
+    }
+
+    void bounds()
+    {
+        QFETCH(const QByteArray, file);
+        QFETCH(const bool, isPicture);
+        constexpr qint64 mostBytes = 8 << 20;
+        constexpr qint64 mostMemory = 64 << 20;
+        QVERIFY(file.size() <= mostBytes);
+        const PeakMemory memory;
+        QElapsedTimer timer;
+        timer.start();
+        const QImage image = qv_decodedImage(file);
+        const qint64 time = timer.elapsed();
+        const qint64 peak = memory.bytes() - image.sizeInBytes();
+        QCOMPARE(!image.isNull(), isPicture);
+        QVERIFY2(time < 2000, qPrintable(QString::number(time)));
+        QVERIFY2(!isMemoryTold || peak < mostMemory, qPrintable(QString::number(peak)));
+    }
+
+    void memoryThatIsNotToBeHad()
+    {
+        if (!isMemoryTold)
+            QSKIP("a sanitizer's own memory cannot be limited");
+        const QList<QByteArray> files{PictureBombs::png(PictureBombs::limit, 16),
+                                      PictureBombs::jpeg(PictureBombs::limit, 64),
+                                      PictureBombs::gif(PictureBombs::limit, PictureBombs::limit, 10, 1),
+                                      PictureBombs::webP(PictureBombs::limit, 1000),
+                                      qv_testPicture({16, 16}, Qt::red, "jpeg") + QByteArray(8 << 20, 'x')};
+        ::malloc_trim(0);
+        const LittleMemory little;
+        for (const QByteArray &file : files)
+            QVERIFY(qv_decodedImage(file).isNull());
+    }
+
+    void waitsForNobodysThreads()
+    {
+        QThreadPool &pool = *QThreadPool::globalInstance();
+        QSemaphore blocker;
+        const int threads = pool.maxThreadCount();
+        for (int thread = 0; thread < threads; ++thread)
+            pool.start([&] { blocker.tryAcquire(1, 10000); });
+        QElapsedTimer timer;
+        timer.start();
+        QVERIFY(!qv_decodedImage(qv_testPicture({800, 460}, QColor(1, 2, 3, 4), "png")).isNull());
+        QVERIFY(timer.elapsed() < 5000);
+        blocker.release(threads);
+        QVERIFY(pool.waitForDone(5000));
+    }
+
+    void stopsWhenAsked()
+    {
+        const QSize small(16, 16);
+        for (const QByteArray &file :
+             {PictureBombs::png(small, 8, {}, 1 << 30), PictureBombs::gif(small, small, 5 << 20, 1),
+              PictureBombs::jpeg(PictureBombs::limit, 64)}) {
+            QImage image;
+            QSemaphore started;
+            std::jthread decoder([&](const std::stop_token &stop) {
+                started.release();
+                image = qv_decodedImage(file, stop);
+            });
+            started.acquire();
+            QElapsedTimer timer;
+            timer.start();
+            decoder.request_stop();
+            decoder.join();
+            QVERIFY2(timer.elapsed() < 700, qPrintable(QString::number(timer.elapsed())));
+            QVERIFY(image.isNull());
+        }
     }
 };
 

@@ -1,0 +1,141 @@
+#include "image/QVWebPFrame.h"
+
+#include "image/QVByteReader.h"
+#include "image/QVFirstFrame.h"
+#include "image/QVWebPCodes.h"
+
+#include <QSize>
+
+namespace {
+
+// A decoder keeps up to 20 KiB of tables for each group, and a file can name 65,536 of them in 300 KB.
+// Encoders join the groups of some 2,600 blocks to a few hundred.
+constexpr int mostCodeGroups = 1000;
+
+struct Chunk
+{
+    QByteArrayView type;
+    QByteArrayView content;
+
+    [[nodiscard]] bool is(const char *name) const { return type == name; }
+};
+
+Chunk takeChunk(QVByteReader &reader)
+{
+    Chunk chunk;
+    chunk.type = reader.take(4);
+    const quint32 length = reader.littleEndian(4);
+    chunk.content = reader.take(length);
+    // Chunks begin at even places; the last one's filling may be missing.
+    if (length % 2 == 1 && !reader.isAtEnd())
+        reader.byte();
+    return chunk;
+}
+
+QByteArray chunkOf(QByteArrayView type, QByteArrayView content)
+{
+    QByteArray chunk = type.toByteArray();
+    for (int shift = 0; shift < 32; shift += 8)
+        chunk += char(content.size() >> shift);
+    chunk += content;
+    if (content.size() % 2 == 1)
+        chunk += '\0';
+    return chunk;
+}
+
+bool isSizeAllowed(QSize size)
+{
+    return QVFirstFrame::isSizeAllowed(size.width(), size.height());
+}
+
+/// The size of a picture of which some colours are lost; empty where it is none.
+QSize lossySize(QByteArrayView content)
+{
+    constexpr quint32 startCode = 0x2a019d;
+    constexpr quint32 sizeMask = 0x3fff;
+    QVByteReader reader(content);
+    reader.take(3);
+    if (reader.littleEndian(3) != startCode)
+        return {};
+    const quint32 width = reader.littleEndian(2) & sizeMask;
+    return {int(width), int(reader.littleEndian(2) & sizeMask)};
+}
+
+/// The chunks of one frame's pixels: a picture, and in front of a lossy one its transparency.
+QByteArray pixelChunks(QVByteReader &reader)
+{
+    Chunk alpha;
+    while (!reader.isAtEnd() && !reader.hasFailed()) {
+        const Chunk chunk = takeChunk(reader);
+        if (chunk.is("VP8L")) {
+            const QVWebPCodes codes = QVWebPCodes::ofPicture(chunk.content);
+            return isSizeAllowed(codes.size) && codes.groups <= mostCodeGroups
+                       ? chunkOf(chunk.type, chunk.content)
+                       : QByteArray();
+        }
+        if (chunk.is("ALPH"))
+            alpha = chunk;
+        if (!chunk.is("VP8 "))
+            continue;
+        const QSize size = lossySize(chunk.content);
+        if (!isSizeAllowed(size))
+            return {};
+        const QByteArray picture = chunkOf(chunk.type, chunk.content);
+        if (alpha.type.isEmpty())
+            return picture;
+        return QVWebPCodes::ofAlpha(alpha.content, size).groups <= mostCodeGroups
+                   ? chunkOf(alpha.type, alpha.content) + picture
+                   : QByteArray();
+    }
+    return {};
+}
+
+/// The settings of an animation and its first frame.
+QByteArray animationChunks(QVByteReader &reader)
+{
+    constexpr int headLength = 16;
+    QByteArray settings;
+    while (!reader.isAtEnd() && !reader.hasFailed()) {
+        const Chunk chunk = takeChunk(reader);
+        if (chunk.is("ANIM"))
+            settings = chunkOf(chunk.type, chunk.content);
+        if (!chunk.is("ANMF"))
+            continue;
+        QVByteReader frame(chunk.content);
+        const QByteArrayView head = frame.take(headLength);
+        const QByteArray pixels = pixelChunks(frame);
+        return pixels.isEmpty() ? QByteArray() : settings + chunkOf(chunk.type, head.toByteArray() + pixels);
+    }
+    return {};
+}
+
+/// What follows the head of a file that has more than a picture in it.
+QByteArray extendedChunks(QByteArrayView head, QVByteReader &reader)
+{
+    constexpr quint8 isAnimated = 0x02;
+    constexpr quint8 hasAlpha = 0x10;
+    QVByteReader fields(head);
+    const quint8 flags = fields.byte() & (isAnimated | hasAlpha);
+    fields.take(3);
+    const QByteArrayView canvas = fields.take(6);
+    QVByteReader sides(canvas);
+    const quint32 width = sides.littleEndian(3) + 1;
+    const quint32 height = sides.littleEndian(3) + 1;
+    if (fields.hasFailed() || !QVFirstFrame::isSizeAllowed(width, height))
+        return {};
+    const QByteArray chunks = flags & isAnimated ? animationChunks(reader) : pixelChunks(reader);
+    const QByteArray kept = QByteArray(1, char(flags)) + QByteArray(3, '\0') + canvas.toByteArray();
+    return chunks.isEmpty() ? QByteArray() : chunkOf("VP8X", kept) + chunks;
+}
+
+} // namespace
+
+QByteArray qv_webPFrame(QByteArrayView file)
+{
+    constexpr int containerLength = 12;
+    QVByteReader reader(file.sliced(containerLength));
+    QVByteReader pixels = reader;
+    const Chunk first = takeChunk(reader);
+    const QByteArray chunks = first.is("VP8X") ? extendedChunks(first.content, reader) : pixelChunks(pixels);
+    return chunks.isEmpty() ? QByteArray() : chunkOf("RIFF", "WEBP" + chunks);
+}
