@@ -13,8 +13,16 @@ if(TARGET QuarvoSecrets)
   install(TARGETS QuarvoSecrets LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}/quarvo" COMPONENT runtime)
 endif()
 
+set(QUARVO_LIBRARIES QuarvoCore)
+set(QUARVO_COMPONENTS Core Static)
+set(pkgconfig_modules quarvo-core)
+if(QUARVO_BUILD_WIDGETS)
+  list(APPEND QUARVO_LIBRARIES Quarvo)
+  list(APPEND QUARVO_COMPONENTS Widgets)
+  list(APPEND pkgconfig_modules quarvo)
+endif()
 # Each in a file of its own, so that a host needs only what it asks for.
-foreach(library QuarvoCore Quarvo)
+foreach(library ${QUARVO_LIBRARIES})
   install(TARGETS ${library} EXPORT ${library}SharedTargets
           LIBRARY COMPONENT runtime NAMELINK_COMPONENT development
           INCLUDES DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")
@@ -44,7 +52,7 @@ install(FILES "${PROJECT_BINARY_DIR}/QuarvoConfig.cmake" "${PROJECT_BINARY_DIR}/
 
 # Relative to the file itself, so that an installed tree can be moved.
 file(RELATIVE_PATH prefix_from_pkgconfig "/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/")
-foreach(module quarvo-core quarvo)
+foreach(module ${pkgconfig_modules})
   configure_file("${PROJECT_SOURCE_DIR}/cmake/${module}.pc.in" "${PROJECT_BINARY_DIR}/${module}.pc" @ONLY)
   install(FILES "${PROJECT_BINARY_DIR}/${module}.pc"
           DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig" COMPONENT development)

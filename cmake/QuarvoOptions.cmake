@@ -1,10 +1,13 @@
 include(CMakeDependentOption)
 
 # Choices of a build. A host that adds this folder to its own project gets the library alone.
-option(QUARVO_BUILD_EXAMPLES "Build the demo host" ${PROJECT_IS_TOP_LEVEL})
+option(QUARVO_BUILD_WIDGETS "Build the widgets, not only the core" ON)
 option(QUARVO_BUILD_TESTS "Build the tests" ${PROJECT_IS_TOP_LEVEL})
-option(QUARVO_BUILD_FUZZERS "Build the fuzz targets, which needs Clang" OFF)
-option(QUARVO_BUILD_BENCH "Offer the benchmark: target quarvo-benches" OFF)
+cmake_dependent_option(QUARVO_BUILD_EXAMPLES "Build the demo host" ${PROJECT_IS_TOP_LEVEL} QUARVO_BUILD_WIDGETS OFF)
+cmake_dependent_option(QUARVO_BUILD_DESIGNER "Build the plugin for Qt Designer where its headers are"
+  ${PROJECT_IS_TOP_LEVEL} QUARVO_BUILD_WIDGETS OFF)
+cmake_dependent_option(QUARVO_BUILD_FUZZERS "Build the fuzz targets, which needs Clang" OFF QUARVO_BUILD_WIDGETS OFF)
+cmake_dependent_option(QUARVO_BUILD_BENCH "Offer the benchmark: target quarvo-benches" OFF QUARVO_BUILD_WIDGETS OFF)
 # All of these are served by it.
 cmake_dependent_option(QUARVO_BUILD_SANDBOX "Build the local captcha service" ${PROJECT_IS_TOP_LEVEL}
   "NOT QUARVO_BUILD_EXAMPLES;NOT QUARVO_BUILD_TESTS;NOT QUARVO_BUILD_FUZZERS;NOT QUARVO_BUILD_BENCH" ON)

@@ -51,18 +51,22 @@ function(quarvo_precompile target part)
 endfunction()
 
 # quarvo_tests(ROOM CLASSES...): test classes in files of their own names, linked into one program;
-# each class is a CTest entry with a process to itself.
+# each class is a CTest entry with a process to itself. QUARVO_PART says whether they use widgets.
 function(quarvo_tests room)
   set(target quarvo_tests_${room})
   list(TRANSFORM ARGN APPEND ".cpp" OUTPUT_VARIABLE sources)
   add_executable(${target} ${sources})
   set_target_properties(${target} PROPERTIES AUTOMOC ON)
-  target_link_libraries(${target} PRIVATE quarvo_test_support)
+  set(support quarvo_test_support)
+  if(QUARVO_PART STREQUAL "CORE")
+    set(support quarvo_core_test_support)
+  endif()
+  target_link_libraries(${target} PRIVATE ${support})
   if(CMAKE_UNITY_BUILD AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     # In a batch GCC takes a test's file, and so its unnamed namespace, for a header's.
     target_compile_options(${target} PRIVATE -Wno-subobject-linkage)
   endif()
-  quarvo_precompile(${target} WIDGETS)
+  quarvo_precompile(${target} ${QUARVO_PART})
   foreach(class ${ARGN})
     add_test(NAME ${room}/${class} COMMAND ${target} ${class})
     set_tests_properties(${room}/${class} PROPERTIES TIMEOUT 60)
