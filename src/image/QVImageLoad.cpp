@@ -6,8 +6,6 @@
 #include "service/QVErrorClassification.h"
 #include "settings/QVConfigurationManager.h"
 
-#include <QPromise>
-
 using namespace std::chrono_literals;
 
 namespace {
@@ -29,11 +27,11 @@ QVImageLoad::QVImageLoad(QVImageResources &resources, QString address, Completio
     , m_address(std::move(address))
     , m_completion(std::move(completion))
 {
-    connect(&m_decoding, &QFutureWatcherBase::finished, this, &QVImageLoad::handleDecoded);
 }
 
 QVImageLoad::~QVImageLoad()
 {
+    stopDecoding();
     // What the completion holds may cancel this as it goes.
     m_isFinished = true;
     m_completion = {};
@@ -50,8 +48,7 @@ void QVImageLoad::cancel()
     const bool isCompleting = !m_image.isNull();
     m_image = {};
     m_error = QVErrorClassification::parseError(qv_networkError(QVNetworkError::cancelled));
-    m_decoding.disconnect(this);
-    m_decoding.cancel();
+    stopDecoding();
     if (!isCompleting)
         QMetaObject::invokeMethod(this, &QVImageLoad::complete, Qt::QueuedConnection);
 }
@@ -97,23 +94,33 @@ void QVImageLoad::handleDownload(const QVBoundedDownload::Result &result)
 
 void QVImageLoad::decode(const QByteArray &bytes)
 {
-    const auto promise = std::make_shared<QPromise<QImage>>();
-    m_decoding.setFuture(promise->future());
-    m_resources.decoders().start([promise, bytes] {
-        promise->start();
-        if (!promise->isCanceled())
-            promise->addResult(qv_decodedImage(bytes));
-        promise->finish();
+    const auto image = std::make_shared<QImage>();
+    m_decoding = m_resources.start(
+        [image, bytes](const std::stop_token &stop) { *image = qv_decodedImage(bytes, stop); });
+    connect(m_decoding, &QVBackgroundWork::finished, this, [this, image] { handleDecoded(*image); });
+    m_deadline.start(m_start + limits.deadline - QVScheduler::shared().now(), [this] {
+        stopDecoding();
+        fail(QVNetworkError::timedOut);
     });
 }
 
-void QVImageLoad::handleDecoded()
+void QVImageLoad::handleDecoded(const QImage &image)
 {
-    m_image = m_decoding.result();
+    m_deadline.stop();
+    m_image = image;
     if (m_image.isNull())
         return fail(QVNetworkError::other);
     m_resources.remember(m_address, m_image);
     complete();
+}
+
+void QVImageLoad::stopDecoding()
+{
+    m_deadline.stop();
+    if (!m_decoding)
+        return;
+    m_decoding->disconnect(this);
+    m_decoding->stop();
 }
 
 void QVImageLoad::fail(qint64 code)

@@ -2,10 +2,11 @@
 
 #include "image/QVImageLoader.h"
 #include "net/QVBoundedDownload.h"
+#include "platform/QVTimer.h"
 
-#include <QFutureWatcher>
 #include <QPointer>
 
+class QVBackgroundWork;
 class QVImageResources;
 
 /// One picture on its way: from memory, or by download and decoding.
@@ -29,7 +30,8 @@ private:
     void download();
     void handleDownload(const QVBoundedDownload::Result &result);
     void decode(const QByteArray &bytes);
-    void handleDecoded();
+    void handleDecoded(const QImage &image);
+    void stopDecoding();
     void fail(qint64 code);
     void complete();
 
@@ -37,7 +39,9 @@ private:
     QString m_address;
     Completion m_completion;
     QPointer<QVBoundedDownload> m_download;
-    QFutureWatcher<QImage> m_decoding;
+    QPointer<QVBackgroundWork> m_decoding;
+    const std::chrono::nanoseconds m_start = QVScheduler::shared().now();
+    QVTimer m_deadline;
     QImage m_image;
     std::optional<QVError> m_error;
     bool m_writesToDisk = false;

@@ -21,7 +21,7 @@ void QVImageLoader::prepare()
 {
     qv_assertMainThread();
     if (!m_resources)
-        resources().decoders().start([] { (void)qv_decoderReads(QByteArrayLiteral("jpeg")); });
+        resources().start([](const std::stop_token &) { (void)qv_decoderReads(QByteArrayLiteral("jpeg")); });
 }
 
 std::shared_ptr<QVDataTask> QVImageLoader::load(const QString &address, Completion completion)

@@ -9,7 +9,6 @@ namespace {
 constexpr qint64 bytesOnDisk = 16 << 20;
 // Some ten captcha pictures of double resolution.
 constexpr qsizetype bytesInMemory = 16 << 20;
-constexpr int decoderThreads = 2;
 
 QNetworkDiskCache *makeDiskCache(const QString &folder, QObject *parent)
 {
@@ -24,15 +23,9 @@ QNetworkDiskCache *makeDiskCache(const QString &folder, QObject *parent)
 QVImageResources::QVImageResources()
     : m_memory(bytesInMemory)
 {
-    m_decoders.setMaxThreadCount(decoderThreads);
     const QString folder = QVPictureCacheFolder::shared().path();
     if (!folder.isEmpty())
         m_network.setCache(makeDiskCache(folder, &m_network));
-}
-
-QVImageResources::~QVImageResources()
-{
-    m_decoders.clear();
 }
 
 QImage QVImageResources::remembered(const QString &address) const

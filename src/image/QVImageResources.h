@@ -1,24 +1,29 @@
 #pragma once
 
+#include "platform/QVBackgroundWork.h"
+
 #include <QCache>
 #include <QImage>
 #include <QNetworkAccessManager>
-#include <QThreadPool>
 
 #include <utility>
 
 /// What all picture loads share: the way to the network with its cache on disk, the decoded
-/// pictures last used, and the threads that decode.
+/// pictures last used, and the work on threads of their own.
 class QVImageResources
 {
 public:
     QVImageResources();
     QVImageResources(const QVImageResources &) = delete;
     QVImageResources &operator=(const QVImageResources &) = delete;
-    ~QVImageResources();
 
     [[nodiscard]] QNetworkAccessManager &network() { return m_network; }
-    [[nodiscard]] QThreadPool &decoders() { return m_decoders; }
+    /// Starts work that ends with the resources at the latest.
+    QVBackgroundWork *start(const QVBackgroundWork::Work &work)
+    {
+        return new QVBackgroundWork(work, &m_works);
+    }
+    [[nodiscard]] bool isWorking() const { return !m_works.children().isEmpty(); }
 
     [[nodiscard]] QImage remembered(const QString &address) const;
     void remember(const QString &address, const QImage &image);
@@ -34,6 +39,6 @@ public:
 private:
     QNetworkAccessManager m_network;
     QCache<QString, QImage> m_memory;
-    QThreadPool m_decoders;
     bool m_isDiskOpen = false;
+    QObject m_works;
 };

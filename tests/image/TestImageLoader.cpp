@@ -1,3 +1,4 @@
+#include "image/PictureBombs.h"
 #include "image/QVImageLoad.h"
 #include "image/QVImageLoader.h"
 #include "image/QVImageResources.h"
@@ -7,7 +8,7 @@
 #include "support/QVScriptedServer.h"
 #include "support/QVTestCase.h"
 
-#include <QSemaphore>
+#include <QElapsedTimer>
 
 using namespace std::chrono_literals;
 
@@ -64,10 +65,7 @@ private Q_SLOTS:
         m_server->setResponder([&](const QVReceivedRequest &) { return script; });
         Probe probe;
         load(probe, "/a.png");
-        QVERIFY(waitFor([&] { return probe.isDone(); }));
-        QCOMPARE(probe.fault(), QString());
-        QVERIFY(probe.result().isNull());
-        QCOMPARE(probe.code(), code);
+        expectFailure(probe, code);
         // A failure is not remembered: the next try asks anew.
         m_server->enqueue(picture());
         Probe second;
@@ -84,8 +82,7 @@ private Q_SLOTS:
         advance(15s - 1ms);
         QVERIFY(!probe.isDone());
         advance(1ms);
-        QVERIFY(waitFor([&] { return probe.isDone(); }));
-        QCOMPARE(probe.code(), -1001);
+        expectFailure(probe, -1001);
     }
 
     void overlappingLoadsOfOneAddress()
@@ -116,24 +113,48 @@ private Q_SLOTS:
         QVERIFY(waitFor([&] { return m_server->requests().size() == 1; }));
         task->cancel();
         task->cancel();
-        expectCancelled(probe);
+        expectFailure(probe, -999);
     }
 
-    void cancelledDecoding()
+    void decodingThatTakesLong_data()
     {
-        QVImageResources resources;
-        resources.decoders().setMaxThreadCount(1);
-        QSemaphore blocker;
-        resources.decoders().start([&] { blocker.acquire(); });
-        m_server->enqueue(picture());
+        const auto row = addColumns<QString, qint64>({"end", "code"});
+        row("cancelled", q("cancel"), qint64(-999));
+        row("too late", q("wait"), qint64(-1001));
+        row("application ends", q("destroy"), qint64(0));
+    }
+
+    void decodingThatTakesLong()
+    {
+        QFETCH(const QString, end);
+        QFETCH(const qint64, code);
+        const QByteArray bomb = PictureBombs::gif({16, 16}, {16, 16}, 5 << 20, 1);
+        std::optional<QVImageResources> resources(std::in_place);
+        m_server->enqueue(QVScript::answer(bomb));
         Probe probe;
-        QVImageLoad *const started = load(probe, "/a.png", resources);
-        QVERIFY(waitFor([&] { return m_server->requests().size() == 1 && time().pendingCount() == 0; }));
-        QVERIFY(!probe.isDone());
-        started->cancel();
-        blocker.release();
-        expectCancelled(probe);
-        QVERIFY(resources.decoders().waitForDone(5000));
+        QVImageLoad *const started = load(probe, "/a.gif", *resources);
+        QVERIFY(waitFor([&] { return resources->isWorking(); }));
+        // One that takes long keeps no other waiting.
+        m_server->enqueue(picture());
+        Probe other;
+        load(other, "/b.png", *resources);
+        expectPicture(other, Qt::green);
+        QVERIFY(resources->isWorking() && !probe.isDone());
+
+        QElapsedTimer timer;
+        timer.start();
+        if (end == q("cancel"))
+            started->cancel();
+        else if (end == q("wait"))
+            advance(15s);
+        else
+            resources.reset();
+        QVERIFY(timer.elapsed() < 300);
+        if (code != 0)
+            expectFailure(probe, code);
+        QVERIFY(!resources || waitFor([&] { return !resources->isWorking(); }));
+        QVERIFY(timer.elapsed() < 700);
+        QCOMPARE(time().pendingCount(), 0);
     }
 
 protected:
@@ -167,12 +188,12 @@ private:
         QCOMPARE(probe.result().pixelColor(5, 5), colour);
     }
 
-    void expectCancelled(const Probe &probe) const
+    void expectFailure(const Probe &probe, qint64 code) const
     {
         QVERIFY(waitFor([&] { return probe.isDone(); }));
         QCOMPARE(probe.fault(), QString());
         QVERIFY(probe.result().isNull());
-        QCOMPARE(probe.code(), -999);
+        QCOMPARE(probe.code(), code);
     }
 
     std::unique_ptr<QVScriptedServer> m_server;
