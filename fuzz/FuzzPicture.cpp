@@ -1,19 +1,73 @@
 // Pictures as a hostile server may send them.
 #include "fuzz/FuzzInput.h"
+#include "image/QVFirstFrame.h"
 #include "image/QVImageDecoder.h"
+#include "image/QVPictureDevice.h"
 
-#include <QImage>
+#include <QBuffer>
+#include <QImageReader>
+
+#include <sys/resource.h>
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr qint64 mostMemory = 64 << 20;
+constexpr auto mostTime = 2s;
+
+/// The most memory that this process ever had.
+qint64 peakMemory()
+{
+    rusage usage{};
+    ::getrusage(RUSAGE_SELF, &usage);
+    return qint64(usage.ru_maxrss) << 10;
+}
+
+/// What is left of a file is not reduced any further.
+QVFirstFrame reduced(const QByteArray &file)
+{
+    QVFirstFrame frame = QVFirstFrame::ofFile(file);
+    const QVFirstFrame again = QVFirstFrame::ofFile(frame.bytes);
+    fuzzRequire(frame.format == again.format && frame.bytes == again.bytes);
+    fuzzRequire(frame.bytes.size() <= file.size() + 2);
+    return frame;
+}
+
+/// Whether Qt makes a picture of it without our help.
+bool isPicture(QVFirstFrame frame)
+{
+    QBuffer buffer(&frame.bytes);
+    const QImage image = QImageReader(&buffer, frame.format).read();
+    return !frame.format.isEmpty() && QVFirstFrame::isSizeAllowed(image.width(), image.height());
+}
+
+} // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
     // Broken pictures are told of by Qt's plugins at length.
     static const auto silent =
         qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) {});
+    // What is loaded once is nobody's cost.
+    static const bool isReady = qv_decoderReads("png") && qv_decoderReads("jpeg") && qv_decoderReads("gif") &&
+                                qv_decoderReads("webp");
     Q_UNUSED(silent)
-    const QImage image = qv_decodedImage(FuzzInput(data, size).rest());
-    if (image.isNull())
+    fuzzRequire(isReady);
+
+    const QByteArray file = FuzzInput(data, size).rest();
+    const QVFirstFrame frame = reduced(file);
+    const qint64 memory = peakMemory();
+    const auto start = qv_processorTime();
+    const QImage image = qv_decodedImage(file);
+    const auto time = qv_processorTime() - start;
+    fuzzRequire(time < mostTime);
+    fuzzRequire(peakMemory() - memory <= mostMemory + image.sizeInBytes());
+    if (image.isNull()) {
+        fuzzRequire(time > QVPictureDevice::limit / 2 || !isPicture(frame));
         return 0;
-    fuzzRequire(qint64(image.width()) * image.height() <= (16 << 20));
+    }
+    fuzzRequire(QVFirstFrame::isSizeAllowed(image.width(), image.height()));
     fuzzRequire(image.format() == QImage::Format_RGB32 ||
                 image.format() == QImage::Format_ARGB32_Premultiplied);
     return 0;

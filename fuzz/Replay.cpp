@@ -18,7 +18,7 @@ namespace {
 constexpr quint32 seed = 20;
 constexpr int mostRuns = 2000;
 constexpr qint64 longestMilliseconds = 1500;
-constexpr qsizetype longestInput = 4096;
+constexpr qsizetype longestInput = 1 << 16;
 
 void run(const QByteArray &input)
 {

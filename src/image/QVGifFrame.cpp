@@ -37,7 +37,7 @@ bool takeImage(QVByteReader &reader)
     reader.take(colourTableSize(flags));
     reader.byte();
     skipSubBlocks(reader);
-    return true;
+    return !reader.hasFailed();
 }
 
 } // namespace

@@ -41,36 +41,35 @@ public:
         m_kept += m_reader.take(2);
     }
 
-    /// Empty where a segment is refused.
+    /// Empty where a segment is refused, or the end is missing.
     QByteArray take()
     {
-        while (!m_reader.isAtEnd()) {
-            const qsizetype start = m_reader.position();
-            if (!takeSegment(start))
-                return {};
+        while (takeSegment()) {
         }
-        return m_kept;
+        return m_isComplete ? m_kept : QByteArray();
     }
 
 private:
-    bool takeSegment(qsizetype start)
+    /// False behind the last one.
+    bool takeSegment()
     {
+        const qsizetype start = m_reader.position();
         if (m_reader.byte() != 0xff)
             return false;
         quint8 marker = m_reader.byte();
         while (marker == 0xff)
             marker = m_reader.byte();
         if (marker == EndOfImage) {
-            m_reader.take(m_file.size() - m_reader.position());
             m_kept += "\xff\xd9";
-            return true;
+            m_isComplete = true;
+            return false;
         }
         const quint32 length = m_reader.bigEndian(2);
         if (length < lengthSize)
-            return m_reader.hasFailed();
+            return false;
         const QByteArrayView content = m_reader.take(length - lengthSize);
-        if (!isAllowed(marker, content))
-            return m_reader.hasFailed();
+        if (m_reader.hasFailed() || !isAllowed(marker, content))
+            return false;
         if (marker == StartOfScan)
             skipScan();
         if (isNeeded(marker, content))
@@ -132,6 +131,7 @@ private:
     int m_scans = 0;
     quint32 m_applications = 0;
     bool m_hasFrame = false;
+    bool m_isComplete = false;
 };
 
 } // namespace
