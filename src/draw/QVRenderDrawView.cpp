@@ -48,6 +48,11 @@ void QVRenderDrawView::setDelegate(QVRenderDrawViewDelegate *delegate)
     m_flow->setDelegate(delegate);
 }
 
+void QVRenderDrawView::setIdentity(const QVIdentity &identity)
+{
+    m_flow->setIdentity(identity);
+}
+
 QVVerifyStyle QVRenderDrawView::verifyStyle() const
 {
     return m_flow->verifyStyle();

@@ -16,6 +16,7 @@ class QScreen;
 class QVConfigResponseModel;
 class QVGetRefreshResponseModel;
 class QVKeyPen;
+struct QVIdentity;
 class QVRenderDrawFlow;
 class QVRenderDrawGesture;
 
@@ -33,6 +34,7 @@ public:
     ~QVRenderDrawView() override;
 
     void setDelegate(QVRenderDrawViewDelegate *delegate);
+    void setIdentity(const QVIdentity &identity);
     [[nodiscard]] QVVerifyStyle verifyStyle() const;
     [[nodiscard]] bool outage() const;
     /// Whether there is an answer with a picture, so that a hidden view may be shown again as it is.

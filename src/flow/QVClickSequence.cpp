@@ -5,12 +5,12 @@
 #include "service/QVClickResponseModel.h"
 #include "service/QVConfigResponseModel.h"
 #include "service/QVDownTimeResponseModel.h"
-#include "settings/QVConfigurationManager.h"
 
 #include <utility>
 
-QVClickSequence::QVClickSequence(QString type, Completion completion)
-    : m_type(std::move(type))
+QVClickSequence::QVClickSequence(QVVerifyStyle style, QVIdentity identity, Completion completion)
+    : m_style(style)
+    , m_identity(std::move(identity))
     , m_completion(std::move(completion))
 {
 }
@@ -20,7 +20,14 @@ QVClickSequence::~QVClickSequence()
     cancel();
 }
 
-void QVClickSequence::start()
+void QVClickSequence::setProgress(std::function<void(bool)> switched,
+                                  std::function<void(const Config &)> configured)
+{
+    m_switched = std::move(switched);
+    m_configured = std::move(configured);
+}
+
+void QVClickSequence::requestOutageAction()
 {
     m_task = QVAPIRequestManager::shared().requestOutageComplted(
         [weak = weak_from_this()](const auto &record, const auto &error) {
@@ -39,9 +46,17 @@ void QVClickSequence::cancel()
 void QVClickSequence::handleOutage(const std::shared_ptr<QVDownTimeResponseModel> &record,
                                    const std::optional<QVError> &error)
 {
-    if (error)
+    if (isFinished())
+        return;
+    if (error) {
         finish(Failed{*error});
-    else if (record && record->active()) // An answer that says nothing of the switch has no record.
+        return;
+    }
+    // An answer that says nothing of the switch has no record.
+    const bool isActive = record && record->active();
+    if (m_switched)
+        m_switched(isActive);
+    if (isActive)
         finish(OutageActive{});
     else
         requestConfigFromQuarvoServer();
@@ -51,18 +66,30 @@ void QVClickSequence::requestConfigFromQuarvoServer()
 {
     if (isFinished())
         return;
-    const QVConfigurationManager &settings = QVConfigurationManager::sharedManager();
     m_task = QVAPIRequestManager::shared().requestConfigWithVid(
-        settings.vid(), m_type, settings.scene(),
+        m_identity.vid(), qv_typeStringForVerifyStyle(m_style), m_identity.scene(),
         [weak = weak_from_this()](const Config &config, const auto &error) {
             const auto self = weak.lock();
             if (!self)
                 return;
             if (config)
-                self->requestClickFromQuarvoServer(config);
+                self->handleConfig(config);
             else
                 self->finish(Failed{*error});
         });
+}
+
+void QVClickSequence::handleConfig(const Config &config)
+{
+    if (isFinished())
+        return;
+    if (m_style == QVVerifyStyleEmbed) {
+        finish(Configured{config});
+        return;
+    }
+    if (m_configured)
+        m_configured(config);
+    requestClickFromQuarvoServer(config);
 }
 
 void QVClickSequence::requestClickFromQuarvoServer(const Config &config)
@@ -72,7 +99,7 @@ void QVClickSequence::requestClickFromQuarvoServer(const Config &config)
     // Held strongly: the decision is taken in even when the owner has let go of this sequence, whose
     // completion knows whether the owner is still there.
     m_task = QVAPIRequestManager::shared().requestClickWithApiServer(
-        config->api_server(), QVConfigurationManager::sharedManager().vid(), config->challenge(),
+        config->api_server(), m_identity.vid(), config->challenge(),
         [self = shared_from_this(), config](const Click &click, const auto &error) {
             if (!click)
                 self->finish(Failed{*error});

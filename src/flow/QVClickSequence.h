@@ -1,9 +1,8 @@
 #pragma once
 
+#include "flow/QVIdentity.h"
+#include "flow/QVVerifyStyle.h"
 #include "platform/QVError.h"
-#include "platform/QuarvoCoreExport.h"
-
-#include <QString>
 
 #include <functional>
 #include <memory>
@@ -15,10 +14,10 @@ class QVConfigResponseModel;
 class QVDataTask;
 class QVDownTimeResponseModel;
 
-/// One conversation with the service, up to the decision whether the user has to draw: outage
-/// switch, configuration, click decision. It ends in exactly one outcome, unless it is cancelled or
-/// its owner lets it go before the click decision is asked for.
-class QUARVO_CORE_EXPORT QVClickSequence final : public std::enable_shared_from_this<QVClickSequence>
+/// The questions before a picture, in their order: outage switch, configuration, and, unless the style
+/// is embedded, the click decision. It ends in exactly one outcome, unless it is cancelled or its owner
+/// lets it go before the click decision is asked for.
+class QVClickSequence final : public std::enable_shared_from_this<QVClickSequence>
 {
 public:
     using Config = std::shared_ptr<QVConfigResponseModel>;
@@ -27,6 +26,11 @@ public:
     /// The outage service is in force.
     struct OutageActive
     {
+    };
+    /// An embedded panel asks for a picture next.
+    struct Configured
+    {
+        Config config;
     };
     /// The click was enough; the record carries the token.
     struct Passed
@@ -43,15 +47,17 @@ public:
     {
         QVError error;
     };
-    using Outcome = std::variant<OutageActive, Passed, Draw, Failed>;
+    using Outcome = std::variant<OutageActive, Configured, Passed, Draw, Failed>;
     using Completion = std::function<void(const Outcome &)>;
 
-    /// \a type is what the configuration is asked for: "popup" or "invisible".
-    QVClickSequence(QString type, Completion completion);
+    QVClickSequence(QVVerifyStyle style, QVIdentity identity, Completion completion);
     ~QVClickSequence();
     Q_DISABLE_COPY(QVClickSequence)
 
-    void start();
+    /// Is told the outage switch's answer and, before the click decision is asked for, the configuration.
+    void setProgress(std::function<void(bool isOutage)> switched,
+                     std::function<void(const Config &)> configured);
+    void requestOutageAction();
     /// No outcome is reported any more.
     void cancel();
     /// Whether the outcome is known, or will never be.
@@ -61,10 +67,14 @@ private:
     void handleOutage(const std::shared_ptr<QVDownTimeResponseModel> &record,
                       const std::optional<QVError> &error);
     void requestConfigFromQuarvoServer();
+    void handleConfig(const Config &config);
     void requestClickFromQuarvoServer(const Config &config);
     void finish(const Outcome &outcome);
 
-    QString m_type;
+    const QVVerifyStyle m_style;
+    const QVIdentity m_identity;
     Completion m_completion;
+    std::function<void(bool)> m_switched;
+    std::function<void(const Config &)> m_configured;
     std::shared_ptr<QVDataTask> m_task;
 };

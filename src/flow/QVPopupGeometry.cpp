@@ -5,17 +5,51 @@
 namespace {
 
 constexpr int widestWhole = 480;
-constexpr QSize largestCard(414, 520);
+constexpr int narrowestWhole = 240;
+constexpr int cardWidth = 414;
+/// Above and below the content: the caption, the close button, the support label.
+constexpr int margin = 50;
+/// The taller of the two kinds of content is the one with characters.
+constexpr double contentRatio = 0.675;
+
+/// What a surface of some width needs to show everything.
+int neededHeight(int width)
+{
+    return int(contentRatio * std::min(width, cardWidth)) + 2 * margin;
+}
+
+bool hasRoom(QSize surface)
+{
+    return surface.width() >= narrowestWhole && surface.height() >= neededHeight(surface.width());
+}
 
 } // namespace
 
-QVPopupGeometry::QVPopupGeometry(QSize surface, QVPopupPresentation presentation)
-    : m_card(presentation == QVPopupPresentation::Automatic && surface.width() > widestWhole)
+QSize QVPopupGeometry::cardSize()
+{
+    return {cardWidth, neededHeight(cardWidth)};
+}
+
+QVPopupGeometry::Place QVPopupGeometry::place(const std::optional<Host> &host,
+                                              QVPopupPresentation presentation)
+{
+    if (!host || presentation == QVPopupPresentation::WholeScreen)
+        return Place::Screen;
+    if (host->isUsable && hasRoom(host->size))
+        return Place::Layer;
+    // A screen that the host fills has no more room to offer.
+    const bool offersMore =
+        host->screen.width() > host->size.width() || host->screen.height() > host->size.height();
+    return host->isUsable && !offersMore ? Place::Layer : Place::OwnWindow;
+}
+
+QVPopupGeometry::QVPopupGeometry(QSize surface, bool mayBeCard)
+    : m_card(mayBeCard && surface.width() > widestWhole)
     , m_screen(QPoint(), surface)
 {
     if (!m_card)
         return;
-    const QSize size(largestCard.width(), std::min(largestCard.height(), surface.height()));
+    const QSize size = cardSize().boundedTo(surface);
     m_screen =
         QRect(QPoint((surface.width() - size.width()) / 2, (surface.height() - size.height()) / 2), size);
 }

@@ -5,16 +5,15 @@
 #include "service/QVAPIRequestManager.h"
 #include "service/QVClickResponseModel.h"
 #include "service/QVConfigResponseModel.h"
-#include "service/QVDownTimeResponseModel.h"
 #include "service/QVGetOutageResponseModel.h"
 #include "service/QVVerifyResponseModel.h"
-#include "settings/QVConfigurationManager.h"
 #include "settings/QVLocalization.h"
 #include "settings/QVLocalizationKeys.h"
 
 #include <QImage>
 
 #include <limits>
+#include <utility>
 
 namespace {
 
@@ -26,11 +25,6 @@ constexpr qint64 triesPerPicture = 2;
 QVAPIRequestManager &service()
 {
     return QVAPIRequestManager::shared();
-}
-
-QString vid()
-{
-    return QVConfigurationManager::sharedManager().vid();
 }
 
 // The service may have started the count anywhere, at the end of the range too.
@@ -80,7 +74,7 @@ void QVRenderDrawFlow::handleConfigResponseFromQuarvoServer(
         requestOutageAction();
         return;
     }
-    handleConfigResponseFromQuarvoServer(config, true);
+    handleConfigResponseFromQuarvoServer(config);
     handleGetRefreshResponseFromQuarvoServer(getRefresh, false);
 }
 
@@ -150,36 +144,71 @@ QVCompletion<QVVerifyResponseModel> QVRenderDrawFlow::verifyCompletion()
     };
 }
 
+void QVRenderDrawFlow::beginStep()
+{
+    ++m_now.step;
+    if (const auto sequence = std::exchange(m_sequence, nullptr))
+        sequence->cancel();
+}
+
 void QVRenderDrawFlow::requestOutageAction()
 {
     beginStep();
     surface().showLoadingAnimation();
-    service().requestOutageComplted(ifNotOvertaken(&QVRenderDrawFlow::handleOutageResponse));
+    const auto weak = weak_from_this();
+    const auto onScreen = [weak]() -> std::shared_ptr<QVRenderDrawFlow> {
+        const auto flow = weak.lock();
+        return flow && flow->m_surface ? flow : nullptr;
+    };
+    m_sequence =
+        std::make_shared<QVClickSequence>(m_verifyStyle, m_identity, [onScreen](const auto &outcome) {
+            if (const auto flow = onScreen())
+                flow->handleOutcome(outcome);
+        });
+    m_sequence->setProgress(
+        [onScreen](bool isOutage) {
+            if (const auto flow = onScreen())
+                flow->setOutage(isOutage);
+        },
+        [onScreen](const QVClickSequence::Config &config) {
+            if (const auto flow = onScreen())
+                flow->handleConfigResponseFromQuarvoServer(config);
+        });
+    m_sequence->requestOutageAction();
     // While the answer is on its way.
     QVImageLoader::shared().prepare();
 }
 
-void QVRenderDrawFlow::requestConfigFromQuarvoServer()
+void QVRenderDrawFlow::handleOutcome(const QVClickSequence::Outcome &outcome)
 {
-    beginStep();
-    surface().showLoadingAnimation();
-    service().requestConfigWithVid(vid(), qv_typeStringForVerifyStyle(m_verifyStyle),
-                                   QVConfigurationManager::sharedManager().scene(),
-                                   ifNotOvertaken(&QVRenderDrawFlow::handleConfigResponse));
+    if (const auto *const failed = std::get_if<QVClickSequence::Failed>(&outcome)) {
+        surface().hiddenLoadingAnimation();
+        handleRequestError(failed->error, true);
+    } else if (const auto *const configured = std::get_if<QVClickSequence::Configured>(&outcome)) {
+        handleConfigResponseFromQuarvoServer(configured->config);
+    } else if (const auto *const passed = std::get_if<QVClickSequence::Passed>(&outcome)) {
+        QVVerifyResponseModel verify;
+        verify.setToken(passed->click->token());
+        handleRequestVerifySuccess(verify);
+    } else if (const auto *const draw = std::get_if<QVClickSequence::Draw>(&outcome)) {
+        handleGetRefreshResponseFromQuarvoServer(draw->click, false);
+    } else {
+        enterOutage();
+        surface().outageHasStarted();
+    }
+}
+
+void QVRenderDrawFlow::setOutage(bool outage)
+{
+    m_outage = outage;
+    surface().setOutage(outage);
 }
 
 void QVRenderDrawFlow::requestGetFromQuarvoServer()
 {
     beginStep();
-    service().requestGetWithApiServer(apiServer(), vid(), challenge(),
+    service().requestGetWithApiServer(apiServer(), m_identity.vid(), challenge(),
                                       ifNotOvertaken(&QVRenderDrawFlow::handleGetResponse));
-}
-
-void QVRenderDrawFlow::requestClickFromQuarvoServer()
-{
-    beginStep();
-    service().requestClickWithApiServer(apiServer(), vid(), challenge(),
-                                        ifNotOvertaken(&QVRenderDrawFlow::handleClickResponse));
 }
 
 void QVRenderDrawFlow::requestRefreshFromQuarvoServer()
@@ -190,7 +219,7 @@ void QVRenderDrawFlow::requestRefreshFromQuarvoServer()
     surface().setRefreshButtonEnabled(false);
     surface().clearPicture();
     surface().showLoadingAnimation();
-    service().requestRefreshWithApiServer(apiServer(), vid(), challenge(),
+    service().requestRefreshWithApiServer(apiServer(), m_identity.vid(), challenge(),
                                           ifNotOvertaken(&QVRenderDrawFlow::handleRefreshResponse));
 }
 
@@ -208,7 +237,8 @@ void QVRenderDrawFlow::requestGetFromOutageServer()
 void QVRenderDrawFlow::requestVerifyFromQuarvoServerWithV(const QString &v, const QString &drwatime)
 {
     surface().setRefreshButtonEnabled(false);
-    service().requestVerifyWithApiServer(apiServer(), vid(), challenge(), v, drwatime, verifyCompletion());
+    service().requestVerifyWithApiServer(apiServer(), m_identity.vid(), challenge(), v, drwatime,
+                                         verifyCompletion());
 }
 
 void QVRenderDrawFlow::requestVerifyFromOutageServerWithV(const QString &v, const QString &drwatime)
@@ -216,25 +246,6 @@ void QVRenderDrawFlow::requestVerifyFromOutageServerWithV(const QString &v, cons
     surface().setRefreshButtonEnabled(false);
     const QString outageChallenge = m_getOutageModel ? m_getOutageModel->challenge() : QString();
     service().requestOutageVerifyWithChallenge(outageChallenge, v, drwatime, verifyCompletion());
-}
-
-void QVRenderDrawFlow::handleOutageResponse(const std::shared_ptr<QVDownTimeResponseModel> &record,
-                                            const std::optional<QVError> &error)
-{
-    if (error) {
-        surface().hiddenLoadingAnimation();
-        handleRequestError(*error, true);
-        return;
-    }
-    // An answer that says nothing of the switch has no record.
-    m_outage = record && record->active();
-    surface().setOutage(m_outage);
-    if (!m_outage) {
-        requestConfigFromQuarvoServer();
-        return;
-    }
-    enterOutage();
-    surface().outageHasStarted();
 }
 
 void QVRenderDrawFlow::enterOutage()
@@ -251,19 +262,7 @@ void QVRenderDrawFlow::enterOutage()
         surface().setCaption(qv_localizedStringForKey(QVKey::drawCaptcha));
 }
 
-void QVRenderDrawFlow::handleConfigResponse(const std::shared_ptr<QVConfigResponseModel> &record,
-                                            const std::optional<QVError> &error)
-{
-    if (record) {
-        handleConfigResponseFromQuarvoServer(record, false);
-        return;
-    }
-    surface().hiddenLoadingAnimation();
-    handleRequestError(*error, true);
-}
-
-void QVRenderDrawFlow::handleConfigResponseFromQuarvoServer(
-    const std::shared_ptr<QVConfigResponseModel> &config, bool fromout)
+void QVRenderDrawFlow::handleConfigResponseFromQuarvoServer(const QVClickSequence::Config &config)
 {
     m_quarvoConfig = config;
     const bool isCharacters = config->type() == QLatin1String("character");
@@ -275,8 +274,6 @@ void QVRenderDrawFlow::handleConfigResponseFromQuarvoServer(
     surface().updateContentWidthHeightQVVerifyPercentage(isCharacters);
     if (isEmbedded())
         requestGetFromQuarvoServer();
-    else if (!fromout)
-        requestClickFromQuarvoServer();
 }
 
 void QVRenderDrawFlow::handleGetResponse(const std::shared_ptr<QVGetRefreshResponseModel> &record,
@@ -287,21 +284,6 @@ void QVRenderDrawFlow::handleGetResponse(const std::shared_ptr<QVGetRefreshRespo
         handleGetRefreshResponseFromQuarvoServer(record, false);
     else
         handleRequestError(*error, true);
-}
-
-void QVRenderDrawFlow::handleClickResponse(const std::shared_ptr<QVClickResponseModel> &record,
-                                           const std::optional<QVError> &error)
-{
-    if (!record) {
-        surface().hiddenLoadingAnimation();
-        handleRequestError(*error, true);
-    } else if (record->code() == QLatin1String("0103")) {
-        QVVerifyResponseModel verify;
-        verify.setToken(record->token());
-        handleRequestVerifySuccess(verify);
-    } else {
-        handleGetRefreshResponseFromQuarvoServer(record, false);
-    }
 }
 
 void QVRenderDrawFlow::handleRefreshResponse(const std::shared_ptr<QVGetRefreshResponseModel> &record,

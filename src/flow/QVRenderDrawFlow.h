@@ -1,6 +1,7 @@
 #pragma once
 
 #include "flow/QVAttemptDeadline.h"
+#include "flow/QVClickSequence.h"
 #include "flow/QVRenderDrawSurface.h"
 #include "flow/QVRenderDrawViewDelegate.h"
 #include "flow/QVVerifyStyle.h"
@@ -14,7 +15,6 @@
 
 class QVClickResponseModel;
 class QVConfigResponseModel;
-class QVDownTimeResponseModel;
 class QVGetOutageResponseModel;
 class QVGetRefreshResponseModel;
 class QVVerifyResponseModel;
@@ -34,6 +34,8 @@ public:
     Q_DISABLE_COPY(QVRenderDrawFlow)
 
     void setDelegate(QVRenderDrawViewDelegate *delegate) { m_delegate = delegate; }
+    /// For whom the service is asked from now on.
+    void setIdentity(const QVIdentity &identity) { m_identity = identity; }
     [[nodiscard]] QVVerifyStyle verifyStyle() const { return m_verifyStyle; }
     [[nodiscard]] bool outage() const { return m_outage; }
     [[nodiscard]] bool canDirectlyShow() const { return m_getRefreshModel || m_getOutageModel; }
@@ -66,26 +68,20 @@ private:
 
     void beginAttempt();
     void attemptTimedOut(const QVError &error);
-    void beginStep() { ++m_now.step; }
+    void beginStep();
     template<class Record>
     [[nodiscard]] QVCompletion<Record> ifNotOvertaken(Handler<Record> handler);
     [[nodiscard]] QVCompletion<QVVerifyResponseModel> verifyCompletion();
 
     void requestOutageAction();
-    void requestConfigFromQuarvoServer();
     void requestGetFromQuarvoServer();
-    void requestClickFromQuarvoServer();
     void requestRefreshFromQuarvoServer();
     void requestGetFromOutageServer();
 
-    void handleOutageResponse(const std::shared_ptr<QVDownTimeResponseModel> &record,
-                              const std::optional<QVError> &error);
-    void handleConfigResponse(const std::shared_ptr<QVConfigResponseModel> &record,
-                              const std::optional<QVError> &error);
+    void handleOutcome(const QVClickSequence::Outcome &outcome);
+    void setOutage(bool outage);
     void handleGetResponse(const std::shared_ptr<QVGetRefreshResponseModel> &record,
                            const std::optional<QVError> &error);
-    void handleClickResponse(const std::shared_ptr<QVClickResponseModel> &record,
-                             const std::optional<QVError> &error);
     void handleRefreshResponse(const std::shared_ptr<QVGetRefreshResponseModel> &record,
                                const std::optional<QVError> &error);
     void handleGetOutageResponse(const std::shared_ptr<QVGetOutageResponseModel> &record,
@@ -94,8 +90,7 @@ private:
                               const std::optional<QVError> &error);
 
     void enterOutage();
-    void handleConfigResponseFromQuarvoServer(const std::shared_ptr<QVConfigResponseModel> &config,
-                                              bool fromout);
+    void handleConfigResponseFromQuarvoServer(const QVClickSequence::Config &config);
     void handleGetRefreshResponseFromQuarvoServer(const std::shared_ptr<QVGetRefreshResponseModel> &record,
                                                   bool isRefresh);
     void keepPicture(const std::shared_ptr<QVGetRefreshResponseModel> &record);
@@ -116,6 +111,8 @@ private:
     const QVVerifyStyle m_verifyStyle;
     const QVWeakDelegate<QVRenderDrawSurface> m_surface;
     QVWeakDelegate<QVRenderDrawViewDelegate> m_delegate;
+    QVIdentity m_identity;
+    std::shared_ptr<QVClickSequence> m_sequence;
     bool m_outage = false;
     std::shared_ptr<QVConfigResponseModel> m_quarvoConfig;
     std::shared_ptr<QVGetRefreshResponseModel> m_getRefreshModel;

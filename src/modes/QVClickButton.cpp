@@ -51,7 +51,7 @@ QVClickButton::~QVClickButton()
     // While this is still a button, since the popup may give the focus back to it. Beyond the
     // application object nothing is on screen.
     if (QCoreApplication::instance())
-        d->dismissPopup();
+        d->abandon();
 }
 
 QVClickButtonDelegate *QVClickButton::delegate() const
@@ -62,6 +62,26 @@ QVClickButtonDelegate *QVClickButton::delegate() const
 void QVClickButton::setDelegate(QVClickButtonDelegate *delegate)
 {
     d->delegate = delegate;
+}
+
+QString QVClickButton::vid() const
+{
+    return d->identity.ownVid;
+}
+
+void QVClickButton::setVid(const QString &vid)
+{
+    d->identity.ownVid = vid;
+}
+
+QString QVClickButton::scene() const
+{
+    return d->identity.ownScene;
+}
+
+void QVClickButton::setScene(const QString &scene)
+{
+    d->identity.ownScene = scene;
 }
 
 QVClickStatus QVClickButton::clickStatus() const
@@ -94,10 +114,13 @@ bool QVClickButton::event(QEvent *event)
 {
     switch (event->type()) {
     case QEvent::TouchBegin:
+        if (!isEnabled())
+            return true;
+        [[fallthrough]];
     case QEvent::TouchUpdate:
     case QEvent::TouchEnd:
     case QEvent::TouchCancel:
-        d->takeTouch(*static_cast<QTouchEvent *>(event));
+        d->press.takeTouch(*static_cast<QTouchEvent *>(event));
         return true;
     case QEvent::ToolTip:
         if (!d->clickStatusLabel->isElided())
@@ -106,7 +129,7 @@ bool QVClickButton::event(QEvent *event)
                            Qt::convertFromPlainText(statusText()), this);
         return true;
     case QEvent::WindowDeactivate:
-        d->cancelTracking();
+        d->press.cancel();
         break;
     default:
         break;
@@ -132,31 +155,31 @@ void QVClickButton::resizeEvent(QResizeEvent *)
 void QVClickButton::mousePressEvent(QMouseEvent *event)
 {
     if (event->button() == Qt::LeftButton && d->takesInput())
-        d->beginTracking(event->position());
+        d->press.begin(event->position());
     else
         event->ignore();
 }
 
 void QVClickButton::mouseMoveEvent(QMouseEvent *event)
 {
-    if (d->tracking)
-        d->continueTracking(event->position());
+    if (d->press.isTracking())
+        d->press.move(event->position());
     else
         event->ignore();
 }
 
 void QVClickButton::mouseReleaseEvent(QMouseEvent *event)
 {
-    if (event->button() == Qt::LeftButton && d->tracking)
-        d->endTracking(event->position());
+    if (event->button() == Qt::LeftButton && d->press.isTracking())
+        d->press.end(event->position());
     else
         event->ignore();
 }
 
 void QVClickButton::keyPressEvent(QKeyEvent *event)
 {
-    if (event->key() == Qt::Key_Escape && d->tracking) {
-        d->cancelTracking();
+    if (event->key() == Qt::Key_Escape && d->press.isTracking()) {
+        d->press.cancel();
         return;
     }
     if (!isPressKey(event->key())) {
@@ -167,14 +190,14 @@ void QVClickButton::keyPressEvent(QKeyEvent *event)
     update();
     // Taken even while the button is busy: it would go on to the default button of the host's dialog.
     event->accept();
-    if (event->isAutoRepeat() || d->tracking || !d->takesInput())
+    if (event->isAutoRepeat() || d->press.isTracking() || !d->takesInput())
         return;
     const QPointer<QVClickButton> self(this);
     const QPointF centre = QRectF(rect()).center();
-    d->beginTracking(centre);
+    d->press.begin(centre);
     // The host may have reset or disabled the button in answer.
-    if (self && d->tracking && pressesAtOnce(event->key()))
-        d->endTracking(centre);
+    if (self && d->press.isTracking() && pressesAtOnce(event->key()))
+        d->press.end(centre);
 }
 
 void QVClickButton::keyReleaseEvent(QKeyEvent *event)
@@ -184,8 +207,8 @@ void QVClickButton::keyReleaseEvent(QKeyEvent *event)
         return;
     }
     event->accept();
-    if (d->tracking && !event->isAutoRepeat())
-        d->endTracking(QRectF(rect()).center());
+    if (d->press.isTracking() && !event->isAutoRepeat())
+        d->press.end(QRectF(rect()).center());
 }
 
 void QVClickButton::focusInEvent(QFocusEvent *event)
@@ -207,19 +230,19 @@ void QVClickButton::focusInEvent(QFocusEvent *event)
 
 void QVClickButton::focusOutEvent(QFocusEvent *event)
 {
-    d->cancelTracking();
+    d->press.cancel();
     QAbstractButton::focusOutEvent(event);
 }
 
 void QVClickButton::hideEvent(QHideEvent *event)
 {
-    d->cancelTracking();
+    d->press.cancel();
     QAbstractButton::hideEvent(event);
 }
 
 void QVClickButton::changeEvent(QEvent *event)
 {
     if (event->type() == QEvent::EnabledChange && !isEnabled())
-        d->cancelTracking();
+        d->press.cancel();
     QAbstractButton::changeEvent(event);
 }

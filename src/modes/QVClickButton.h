@@ -1,6 +1,7 @@
 #pragma once
 
 #include <Quarvo/QVClickStatus.h>
+#include <Quarvo/QVCloseReason.h>
 #include <Quarvo/QVError.h>
 #include <Quarvo/QuarvoExport.h>
 
@@ -19,11 +20,14 @@ class QVClickButtonPrivate;
 /// go to what lies below it.
 ///
 /// Each attempt (an activation by mouse, touch, key, accessibility or click()) ends in exactly one
-/// of passed(), failed() and closed(); only the button's own end spares it.
+/// of passed(), failed() and closed(). If the button is destroyed during an attempt, no signal is
+/// emitted.
 class QUARVO_EXPORT QVClickButton : public QAbstractButton
 {
     Q_OBJECT
     Q_PROPERTY(QVClickStatus clickStatus READ clickStatus NOTIFY clickStatusChanged)
+    Q_PROPERTY(QString vid READ vid WRITE setVid)
+    Q_PROPERTY(QString scene READ scene WRITE setScene)
 
 public:
     /// Ready to be clicked.
@@ -35,6 +39,15 @@ public:
     [[nodiscard]] QVClickButtonDelegate *delegate() const;
     /// The delegate stays the host's own and is held weakly.
     void setDelegate(QVClickButtonDelegate *delegate);
+
+    /// The verification id of this button; null, as at first, stands for that of QVSDKManager.
+    [[nodiscard]] QString vid() const;
+    /// Takes effect for the next attempt.
+    void setVid(const QString &vid);
+    /// The scene of this button; null, as at first, stands for that of QVSDKManager.
+    [[nodiscard]] QString scene() const;
+    /// Takes effect for the next attempt.
+    void setScene(const QString &scene);
 
     /// How far the verification has come.
     [[nodiscard]] QVClickStatus clickStatus() const;
@@ -53,9 +66,11 @@ Q_SIGNALS:
     void passed(const QString &token);
     /// The service could not be asked or refused; the button shows the error's domain.
     void failed(const QVError &error);
-    /// The attempt ended without a result: the user closed the popup, the host called reset(), or
-    /// the host's window went away.
-    void closed();
+    /// The attempt ended without a result, for \a reason.
+    void closed(QVCloseReason reason);
+    /// Something failed inside the popup, which shows the error's domain. The attempt goes on: the user
+    /// may try again, or close the popup.
+    void popupFailed(const QVError &error);
     /// The user has to draw.
     void popupOpened();
     /// The service is down or the host said so, and the outage service asks the user instead.

@@ -1,14 +1,14 @@
 #include "modes/QVClickButtonPrivate.h"
 
+#include "flow/QVPopup.h"
 #include "modes/QVClickButton.h"
 #include "modes/QVClickButtonDelegate.h"
 #include "modes/QVClickStatusLabel.h"
 #include "modes/QVClickStatusView.h"
 #include "modes/QVClickWaterRippleView.h"
 #include "platform/QVScheduler.h"
-#include "popup/QVHostWatch.h"
-#include "popup/QVViewController.h"
-#include "service/QVClickResponseModel.h"
+#include "popup/QVHosts.h"
+#include "popup/QVWidgetPresenter.h"
 #include "settings/QVConfigurationManager.h"
 #include "settings/QVLocalization.h"
 #include "settings/QVLocalizationKeys.h"
@@ -16,7 +16,7 @@
 #include "views/QVColors.h"
 #include "views/QVSpokenMessage.h"
 
-#include <QTouchEvent>
+#include <QPointer>
 
 #include <utility>
 
@@ -136,20 +136,23 @@ QColor QVClickButtonPrivate::background() const
     return clickStatus == QVClickStatusFailed ? QVColors::errorBar : QVColors::accent;
 }
 
-void QVClickButtonPrivate::beginTracking(const QPointF &point)
+bool QVClickButtonPrivate::pointInside(QPointF point) const
+{
+    return q->hitButton(point.toPoint());
+}
+
+void QVClickButtonPrivate::pressBegan(QPointF point)
 {
     const QPointer<QVClickButton> button(q);
-    tracking = true;
     q->setDown(true);
     waterRippleView->beganWaterRippleAnimationAtPoint(point);
     clickButtonTouchDownAction();
-    if (button && tracking)
+    if (button && press.isTracking())
         Q_EMIT button->pressed();
 }
 
-void QVClickButtonPrivate::continueTracking(const QPointF &point)
+void QVClickButtonPrivate::pressMoved(bool inside)
 {
-    const bool inside = q->hitButton(point.toPoint());
     q->setDown(inside);
     if (inside)
         clickButtonTouchDragInside();
@@ -157,47 +160,16 @@ void QVClickButtonPrivate::continueTracking(const QPointF &point)
         clickButtonTouchDragOutside();
 }
 
-void QVClickButtonPrivate::endTracking(const QPointF &point)
+void QVClickButtonPrivate::pressEnded(bool inside)
 {
-    if (!q->hitButton(point.toPoint())) {
-        cancelTracking();
-        return;
-    }
-    const QPointer<QVClickButton> button(q);
-    tracking = false;
-    q->setDown(false);
-    Q_EMIT q->released();
-    if (button)
-        Q_EMIT button->clicked();
-}
-
-void QVClickButtonPrivate::takeTouch(QTouchEvent &event)
-{
-    if (event.type() == QEvent::TouchCancel || event.pointCount() == 0) {
-        cancelTracking();
-        return;
-    }
-    const QPointF point = event.points().constFirst().position();
-    if (event.type() == QEvent::TouchBegin) {
-        event.setAccepted(takesInput() && q->hitButton(point.toPoint()));
-        if (event.isAccepted() && q->isEnabled())
-            beginTracking(point);
-    } else if (tracking && event.type() == QEvent::TouchUpdate) {
-        continueTracking(point);
-    } else if (tracking) {
-        endTracking(point);
-    }
-}
-
-void QVClickButtonPrivate::cancelTracking()
-{
-    if (!std::exchange(tracking, false))
-        return;
     const QPointer<QVClickButton> button(q);
     q->setDown(false);
-    clickButtonTouchUpOutside();
+    if (!inside)
+        clickButtonTouchUpOutside();
     if (button)
         Q_EMIT button->released();
+    if (button && inside)
+        Q_EMIT button->clicked();
 }
 
 void QVClickButtonPrivate::clickButtonTouchDownAction()
@@ -228,67 +200,59 @@ void QVClickButtonPrivate::clickButtonTouchUpInside()
 {
     if (!takesInput())
         return;
-    tracking = false;
-    m_deadline.start([this](const QVError &error) { attemptTimedOut(error); });
-    const auto controller = m_qv_controller.lock();
-    if (!controller || !controller->canDirectlyShow()) {
-        dismissPopup();
-        requestOutageAction();
-        return;
-    }
-    controller->displayWindow();
-    popupShown(QVClickStatusDrawing);
+    press.forget();
+    m_attempt = std::make_shared<QVAttempt>(QVVerifyStylePopup, identity, QVWidgetPresenter::shared(),
+                                            qv_hostOf(q), this);
+    m_attempt->start(m_qv_controller.lock());
 }
 
-void QVClickButtonPrivate::requestOutageAction()
+void QVClickButtonPrivate::attemptAsks(QVAttempt & /*attempt*/)
 {
-    m_hostWatch = std::make_unique<QVHostWatch>(q->window());
-    QObject::connect(m_hostWatch.get(), &QVHostWatch::ended, q, [this] { close(); });
-    // The click answer may come after the button has gone.
-    m_sequence = std::make_shared<QVClickSequence>(
-        QStringLiteral("popup"), [button = QPointer(q)](const QVClickSequence::Outcome &outcome) {
-            if (button)
-                button->d->handleOutcome(outcome);
-        });
-    m_sequence->start();
     setClickStatus(QVClickStatusVerifying);
 }
 
-void QVClickButtonPrivate::handleOutcome(const QVClickSequence::Outcome &outcome)
+void QVClickButtonPrivate::attemptDraws(QVAttempt & /*attempt*/)
 {
-    dropSequence();
-    if (const auto *const passed = std::get_if<QVClickSequence::Passed>(&outcome)) {
-        handleSuccess(passed->click->token());
-    } else if (const auto *const failed = std::get_if<QVClickSequence::Failed>(&outcome)) {
-        handleError(failed->error);
-    } else if (const auto *const draw = std::get_if<QVClickSequence::Draw>(&outcome)) {
-        // With its picture already chosen, the popup is still part of verifying.
-        showVerifyControllerWithConfig(draw->config, draw->click);
-        popupShown(QVClickStatusVerifying);
-    } else {
-        showVerifyControllerWithConfig(nullptr, nullptr);
-        popupShown(QVClickStatusDrawing);
-    }
+    setClickStatus(QVClickStatusDrawing);
 }
 
-void QVClickButtonPrivate::showVerifyControllerWithConfig(const QVClickSequence::Config &config,
-                                                          const QVClickSequence::Click &click)
+void QVClickButtonPrivate::attemptShowsPopup(QVAttempt &attempt)
 {
-    m_qv_controller = QVViewController::showQvWithVerifyStyle(QVVerifyStylePopup, config, click, this, q);
+    // With its picture already chosen, the popup is still part of verifying, so the status stays.
+    m_qv_controller = attempt.popup();
+    Q_EMIT q->popupOpened();
 }
 
-void QVClickButtonPrivate::popupShown(QVClickStatus status)
+void QVClickButtonPrivate::attemptEntersOutage(QVAttempt & /*attempt*/)
+{
+    Q_EMIT q->outageStarted();
+}
+
+void QVClickButtonPrivate::attemptFailsInPopup(QVAttempt & /*attempt*/, const QVError &error)
+{
+    Q_EMIT q->popupFailed(error);
+}
+
+void QVClickButtonPrivate::attemptHasPassed(QVAttempt & /*attempt*/, const QString &token)
+{
+    handleSuccess(token);
+}
+
+void QVClickButtonPrivate::attemptHasFailed(QVAttempt & /*attempt*/, const QVError &error)
+{
+    handleError(error);
+}
+
+void QVClickButtonPrivate::attemptHasClosed(QVAttempt & /*attempt*/, QVCloseReason reason)
 {
     const QPointer<QVClickButton> button(q);
-    if (status != clickStatus)
-        setClickStatus(status);
+    setClickStatus(QVClickStatusNormal);
     if (button)
-        Q_EMIT button->popupOpened();
+        Q_EMIT button->closed(reason);
 }
 
 void QVClickButtonPrivate::handleSuccess(const QString &token)
 {
-    m_deadline.stop();
     // Not a timer of the button's: the user has passed, so neither reset() nor the button's end
     // takes the token from the host.
     QVScheduler::shared().schedule(successDelay, [button = QPointer(q), last = delegate, token] {
@@ -303,71 +267,35 @@ void QVClickButtonPrivate::handleSuccess(const QString &token)
 void QVClickButtonPrivate::handleError(const QVError &error)
 {
     const QPointer<QVClickButton> button(q);
-    m_deadline.stop();
     setStatusText(error.domain());
     setClickStatus(QVClickStatusFailed);
     if (button)
         Q_EMIT button->failed(error);
 }
 
-void QVClickButtonPrivate::qv_controllerPassedAction()
-{
-    // The token has been earned in time.
-    m_deadline.stop();
-}
-
-void QVClickButtonPrivate::quarvoControllerVerifySuccessWithToken(const QString &token)
-{
-    // An answer that was on its way when the user closed the popup comes too late.
-    if (isUnderWay())
-        handleSuccess(token);
-}
-
-void QVClickButtonPrivate::qv_controllerCloseAction()
-{
-    close();
-}
-
-void QVClickButtonPrivate::qv_controllerOutageAction()
-{
-    Q_EMIT q->outageStarted();
-}
-
-void QVClickButtonPrivate::attemptTimedOut(const QVError &error)
-{
-    dropSequence();
-    dismissPopup();
-    handleError(error);
-}
-
 void QVClickButtonPrivate::reset()
 {
+    const QPointer<QVClickButton> button(q);
+    press.forget();
+    q->setDown(false);
+    const auto attempt = m_attempt;
+    // Gives the focus back to the host, which may destroy the button in answer.
     dismissPopup();
-    close();
+    if (attempt && !attempt->hasEnded())
+        attempt->close(QVCloseReason::HostReset);
+    else if (button)
+        setClickStatus(QVClickStatusNormal);
 }
 
-void QVClickButtonPrivate::close()
+void QVClickButtonPrivate::abandon()
 {
-    const QPointer<QVClickButton> button(q);
-    const bool ended = isUnderWay();
-    m_deadline.stop();
-    dropSequence();
-    tracking = false;
-    q->setDown(false);
-    setClickStatus(QVClickStatusNormal);
-    if (button && ended)
-        Q_EMIT button->closed();
+    if (m_attempt)
+        m_attempt->abandon();
+    dismissPopup();
 }
 
 void QVClickButtonPrivate::dismissPopup()
 {
-    if (const auto controller = std::exchange(m_qv_controller, {}).lock())
-        controller->dismissWindow();
-}
-
-void QVClickButtonPrivate::dropSequence()
-{
-    if (const auto sequence = std::exchange(m_sequence, nullptr))
-        sequence->cancel();
-    m_hostWatch.reset();
+    if (const auto popup = std::exchange(m_qv_controller, {}).lock())
+        popup->dismissWindow();
 }

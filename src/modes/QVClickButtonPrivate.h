@@ -1,47 +1,41 @@
 #pragma once
 
-#include "flow/QVAttemptDeadline.h"
-#include "flow/QVClickSequence.h"
+#include "flow/QVAttempt.h"
 #include "modes/QVClickStatus.h"
-#include "popup/QVViewControllerDelegate.h"
+#include "modes/QVPressTracker.h"
 
-#include <QPointer>
+#include <QColor>
 
 #include <memory>
 
-class QTouchEvent;
 class QVClickButton;
 class QVClickButtonDelegate;
 class QVClickStatusLabel;
 class QVClickStatusView;
 class QVClickWaterRippleView;
-class QVHostWatch;
 class QVSpokenMessage;
-class QVViewController;
 
-/// What the click button does, apart from being a widget: its states, its conversation with the
-/// service and its popup.
+/// What the click button does, apart from being a widget: its states and looks, its presses, and what
+/// becomes of the attempts that it starts.
 ///
 /// A status change tells the host, which may then destroy the button: whatever a step does, it does
 /// before, and looks at the button again afterwards.
-class QVClickButtonPrivate final : public QVViewControllerDelegate
+class QVClickButtonPrivate final : public QVAttemptObserver, public QVPressTracker::Button
 {
 public:
     explicit QVClickButtonPrivate(QVClickButton *button);
     ~QVClickButtonPrivate() override;
 
     void setClickStatus(QVClickStatus status);
-    /// Whether touches and keys are heard.
-    [[nodiscard]] bool takesInput() const;
     [[nodiscard]] QColor background() const;
     void layoutSubviews() const;
 
-    void beginTracking(const QPointF &point);
-    void continueTracking(const QPointF &point);
-    void endTracking(const QPointF &point);
-    void takeTouch(QTouchEvent &event);
-    /// A touch that will never be lifted counts as lifted outside.
-    void cancelTracking();
+    /// Whether touches and keys are heard.
+    [[nodiscard]] bool takesInput() const override;
+    [[nodiscard]] bool pointInside(QPointF point) const override;
+    void pressBegan(QPointF point) override;
+    void pressMoved(bool inside) override;
+    void pressEnded(bool inside) override;
     void clickButtonTouchDownAction();
     void clickButtonTouchDragInside();
     void clickButtonTouchDragOutside();
@@ -49,19 +43,26 @@ public:
     void clickButtonTouchUpInside();
 
     void reset();
-    void dismissPopup();
-    void qv_controllerPassedAction() override;
-    void quarvoControllerVerifySuccessWithToken(const QString &token) override;
-    void qv_controllerCloseAction() override;
-    void qv_controllerOutageAction() override;
+    /// Ends the attempt without a word, and the popup with it.
+    void abandon();
+
+    void attemptAsks(QVAttempt &attempt) override;
+    void attemptDraws(QVAttempt &attempt) override;
+    void attemptShowsPopup(QVAttempt &attempt) override;
+    void attemptEntersOutage(QVAttempt &attempt) override;
+    void attemptFailsInPopup(QVAttempt &attempt, const QVError &error) override;
+    void attemptHasPassed(QVAttempt &attempt, const QString &token) override;
+    void attemptHasFailed(QVAttempt &attempt, const QVError &error) override;
+    void attemptHasClosed(QVAttempt &attempt, QVCloseReason reason) override;
 
     QVClickButton *const q;
     QVWeakDelegate<QVClickButtonDelegate> delegate;
+    QVIdentity identity;
     QVClickWaterRippleView *waterRippleView = nullptr;
     QVClickStatusView *clickStatusView = nullptr;
     QVClickStatusLabel *clickStatusLabel = nullptr;
     QVClickStatus clickStatus = QVClickStatusNormal;
-    bool tracking = false;
+    QVPressTracker press{*this};
     bool showsFocus = false;
 
 private:
@@ -72,22 +73,12 @@ private:
     /// Offers screen readers the text where its end is not shown.
     void describe() const;
     [[nodiscard]] bool isUnderWay() const;
-
-    void requestOutageAction();
-    void handleOutcome(const QVClickSequence::Outcome &outcome);
-    void showVerifyControllerWithConfig(const QVClickSequence::Config &config,
-                                        const QVClickSequence::Click &click);
-    void popupShown(QVClickStatus status);
     void handleSuccess(const QString &token);
     void handleError(const QVError &error);
-    void close();
-    void attemptTimedOut(const QVError &error);
-    void dropSequence();
+    void dismissPopup();
 
     QVSpokenMessage *m_spokenMessage = nullptr;
-    std::weak_ptr<QVViewController> m_qv_controller;
-    std::shared_ptr<QVClickSequence> m_sequence;
-    QVAttemptDeadline m_deadline;
-    /// The window around the button while the service is asked; later the popup watches for itself.
-    std::unique_ptr<QVHostWatch> m_hostWatch;
+    /// The popup of the last attempt, shown or hidden.
+    std::weak_ptr<QVPopup> m_qv_controller;
+    std::shared_ptr<QVAttempt> m_attempt;
 };

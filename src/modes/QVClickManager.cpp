@@ -1,5 +1,6 @@
 #include "modes/QVClickManager.h"
 
+#include "flow/QVIdentity.h"
 #include "modes/QVClickButton.h"
 #include "modes/QVClickManagerDelegate.h"
 #include "platform/QVDelegate.h"
@@ -23,12 +24,15 @@ public:
     QVWeakDelegate<QVClickManagerDelegate> delegate;
     QPointer<QVClickButton> button;
     QVClickStatus lastStatus = QVClickStatusNormal;
+    QVIdentity identity;
 };
 
 void QVClickManager::Private::createButton()
 {
     button = new QVClickButton;
     button->setDelegate(q);
+    button->setVid(identity.ownVid);
+    button->setScene(identity.ownScene);
     lastStatus = button->clickStatus();
     connect(button, &QVClickButton::clickStatusChanged, q,
             [this](QVClickStatus status) { lastStatus = status; });
@@ -36,6 +40,7 @@ void QVClickManager::Private::createButton()
     connect(button, &QVClickButton::outageStarted, q, &QVClickManager::outageStarted);
     connect(button, &QVClickButton::failed, q, &QVClickManager::failed);
     connect(button, &QVClickButton::closed, q, &QVClickManager::closed);
+    connect(button, &QVClickButton::popupFailed, q, &QVClickManager::popupFailed);
     connect(button, &QObject::destroyed, q, [this] { buttonDestroyed(); });
 }
 
@@ -47,7 +52,7 @@ void QVClickManager::Private::buttonDestroyed() const
     // be called any more.
     QVScheduler::shared().schedule({}, [manager = QPointer(q)] {
         if (manager)
-            Q_EMIT manager->closed();
+            Q_EMIT manager->closed(QVCloseReason::WindowGone);
     });
 }
 
@@ -75,6 +80,30 @@ QVClickManagerDelegate *QVClickManager::delegate() const
 void QVClickManager::setDelegate(QVClickManagerDelegate *delegate)
 {
     d->delegate = delegate;
+}
+
+QString QVClickManager::vid() const
+{
+    return d->identity.ownVid;
+}
+
+void QVClickManager::setVid(const QString &vid)
+{
+    d->identity.ownVid = vid;
+    if (d->button)
+        d->button->setVid(vid);
+}
+
+QString QVClickManager::scene() const
+{
+    return d->identity.ownScene;
+}
+
+void QVClickManager::setScene(const QString &scene)
+{
+    d->identity.ownScene = scene;
+    if (d->button)
+        d->button->setScene(scene);
 }
 
 QVClickButton *QVClickManager::button()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <Quarvo/QVClickButtonDelegate.h>
+#include <Quarvo/QVCloseReason.h>
 #include <Quarvo/QVError.h>
 #include <Quarvo/QuarvoExport.h>
 
@@ -19,6 +20,8 @@ class QVClickManagerDelegate;
 class QUARVO_EXPORT QVClickManager : public QObject, public QVClickButtonDelegate
 {
     Q_OBJECT
+    Q_PROPERTY(QString vid READ vid WRITE setVid)
+    Q_PROPERTY(QString scene READ scene WRITE setScene)
 
 public:
     /// Makes no button yet.
@@ -29,6 +32,15 @@ public:
     [[nodiscard]] QVClickManagerDelegate *delegate() const;
     /// The delegate stays the host's own and is held weakly.
     void setDelegate(QVClickManagerDelegate *delegate);
+
+    /// The verification id of the button; null, as at first, stands for that of QVSDKManager.
+    [[nodiscard]] QString vid() const;
+    /// Takes effect for the next attempt.
+    void setVid(const QString &vid);
+    /// The scene of the button; null, as at first, stands for that of QVSDKManager.
+    [[nodiscard]] QString scene() const;
+    /// Takes effect for the next attempt.
+    void setScene(const QString &scene);
 
     /// The button, created by the first call. It belongs to the manager until it is given a parent.
     [[nodiscard]] QVClickButton *button();
@@ -46,9 +58,11 @@ Q_SIGNALS:
     void passed(const QString &token);
     /// The service could not be asked or refused; the button shows the error's domain.
     void failed(const QVError &error);
-    /// The attempt ended without a result: the user closed the popup, the host called reset(), or
-    /// the host's window went away.
-    void closed();
+    /// The attempt ended without a result, for \a reason.
+    void closed(QVCloseReason reason);
+    /// Something failed inside the popup, which shows the error's domain. The attempt goes on: the user
+    /// may try again, or close the popup.
+    void popupFailed(const QVError &error);
     /// The user has to draw.
     void popupOpened();
     /// The service is down or the host said so, and the outage service asks the user instead.

@@ -1,6 +1,7 @@
 #include "modes/QVEmbedManager.h"
 
 #include "draw/QVRenderDrawView.h"
+#include "flow/QVIdentity.h"
 #include "modes/QVEmbedManagerDelegate.h"
 #include "platform/QVMainThread.h"
 
@@ -24,12 +25,23 @@ public:
     [[nodiscard]] QVRenderDrawView *renderView();
     void renderDrawViewVerifySuccess(const QString &token) override;
 
+    void setIdentity(const QVIdentity &identity);
+    [[nodiscard]] QVIdentity identity() const { return m_identity; }
+
     QVWeakDelegate<QVEmbedManagerDelegate> delegate;
 
 private:
     QVEmbedManager &m_manager;
     QPointer<QVRenderDrawView> m_renderView;
+    QVIdentity m_identity;
 };
+
+void QVEmbedManager::Private::setIdentity(const QVIdentity &identity)
+{
+    m_identity = identity;
+    if (m_renderView)
+        m_renderView->setIdentity(identity);
+}
 
 QVRenderDrawView *QVEmbedManager::Private::renderView()
 {
@@ -37,6 +49,7 @@ QVRenderDrawView *QVEmbedManager::Private::renderView()
         return m_renderView;
     m_renderView = new QVRenderDrawView(QVVerifyStyleEmbed);
     m_renderView->setDelegate(this);
+    m_renderView->setIdentity(m_identity);
     connect(m_renderView, &QVRenderDrawView::ready, &m_manager, &QVEmbedManager::ready);
     connect(m_renderView, &QVRenderDrawView::wrongAnswer, &m_manager, &QVEmbedManager::wrongAnswer);
     connect(m_renderView, &QVRenderDrawView::outageStarted, &m_manager, &QVEmbedManager::outageStarted);
@@ -72,6 +85,26 @@ void QVEmbedManager::setDelegate(QVEmbedManagerDelegate *delegate)
 {
     qv_assertMainThread();
     d->delegate = delegate;
+}
+
+QString QVEmbedManager::vid() const
+{
+    return d->identity().ownVid;
+}
+
+void QVEmbedManager::setVid(const QString &vid)
+{
+    d->setIdentity({vid, scene()});
+}
+
+QString QVEmbedManager::scene() const
+{
+    return d->identity().ownScene;
+}
+
+void QVEmbedManager::setScene(const QString &scene)
+{
+    d->setIdentity({vid(), scene});
 }
 
 QWidget *QVEmbedManager::embedView()

@@ -18,6 +18,8 @@ class QWidget;
 class QUARVO_EXPORT QVEmbedManager : public QObject
 {
     Q_OBJECT
+    Q_PROPERTY(QString vid READ vid WRITE setVid)
+    Q_PROPERTY(QString scene READ scene WRITE setScene)
 
 public:
     /// Makes no view yet.
@@ -30,6 +32,15 @@ public:
     [[nodiscard]] QVEmbedManagerDelegate *delegate() const;
     /// The delegate stays the host's own and is held weakly.
     void setDelegate(QVEmbedManagerDelegate *delegate);
+
+    /// The verification id of this manager; null, as at first, stands for that of QVSDKManager.
+    [[nodiscard]] QString vid() const;
+    /// Takes effect for the next request.
+    void setVid(const QString &vid);
+    /// The scene of this manager; null, as at first, stands for that of QVSDKManager.
+    [[nodiscard]] QString scene() const;
+    /// Takes effect for the next request.
+    void setScene(const QString &scene);
 
     /// The view to place, made on first use. It belongs to the manager until it gets a parent, and to
     /// that parent from then on; if the parent destroys it, the next call makes another.

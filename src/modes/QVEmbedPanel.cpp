@@ -17,3 +17,23 @@ QVEmbedManager *QVEmbedPanel::manager() const
 {
     return m_manager;
 }
+
+QString QVEmbedPanel::vid() const
+{
+    return m_manager->vid();
+}
+
+void QVEmbedPanel::setVid(const QString &vid)
+{
+    m_manager->setVid(vid);
+}
+
+QString QVEmbedPanel::scene() const
+{
+    return m_manager->scene();
+}
+
+void QVEmbedPanel::setScene(const QString &scene)
+{
+    m_manager->setScene(scene);
+}

@@ -11,12 +11,23 @@ class QVEmbedManager;
 class QUARVO_EXPORT QVEmbedPanel : public QWidget
 {
     Q_OBJECT
+    Q_PROPERTY(QString vid READ vid WRITE setVid)
+    Q_PROPERTY(QString scene READ scene WRITE setScene)
 
 public:
     /// Starts by itself a tenth of a second later; the verification id has to be set by then.
     explicit QVEmbedPanel(QWidget *parent = nullptr);
 
-    /// What tells of the verification; it lives as long as the panel.
+    /// The verification id of this panel; null, as at first, stands for that of QVSDKManager.
+    [[nodiscard]] QString vid() const;
+    /// Takes effect for the next request.
+    void setVid(const QString &vid);
+    /// The scene of this panel; null, as at first, stands for that of QVSDKManager.
+    [[nodiscard]] QString scene() const;
+    /// Takes effect for the next request.
+    void setScene(const QString &scene);
+
+    /// The manager that emits the signals of this panel; owned by the panel.
     [[nodiscard]] QVEmbedManager *manager() const;
 
 private:

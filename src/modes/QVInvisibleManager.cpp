@@ -23,6 +23,26 @@ void QVInvisibleManager::setDelegate(QVInvisibleDelegate *delegate)
     d->delegate = delegate;
 }
 
+QString QVInvisibleManager::vid() const
+{
+    return d->identity.ownVid;
+}
+
+void QVInvisibleManager::setVid(const QString &vid)
+{
+    d->identity.ownVid = vid;
+}
+
+QString QVInvisibleManager::scene() const
+{
+    return d->identity.ownScene;
+}
+
+void QVInvisibleManager::setScene(const QString &scene)
+{
+    d->identity.ownScene = scene;
+}
+
 bool QVInvisibleManager::animation() const
 {
     return d->animation;

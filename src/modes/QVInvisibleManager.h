@@ -1,5 +1,6 @@
 #pragma once
 
+#include <Quarvo/QVCloseReason.h>
 #include <Quarvo/QVError.h>
 #include <Quarvo/QuarvoExport.h>
 
@@ -14,12 +15,14 @@ class QVInvisibleManagerPrivate;
 /// badge turns in the middle of the active window meanwhile, and where the service wants more, a
 /// popup opens in which the user draws.
 ///
-/// Each attempt ends in exactly one of passed(), failed() and closed(); only the manager's own end
-/// spares it.
+/// Each attempt ends in exactly one of passed(), failed() and closed(). If the manager is destroyed
+/// during an attempt, no signal is emitted.
 class QUARVO_EXPORT QVInvisibleManager : public QObject
 {
     Q_OBJECT
     Q_PROPERTY(bool animation READ animation WRITE setAnimation)
+    Q_PROPERTY(QString vid READ vid WRITE setVid)
+    Q_PROPERTY(QString scene READ scene WRITE setScene)
 
 public:
     /// Asks nothing until startInsivible().
@@ -31,6 +34,15 @@ public:
     [[nodiscard]] QVInvisibleDelegate *delegate() const;
     /// The delegate stays the host's own and is held weakly.
     void setDelegate(QVInvisibleDelegate *delegate);
+
+    /// The verification id of this manager; null, as at first, stands for that of QVSDKManager.
+    [[nodiscard]] QString vid() const;
+    /// Takes effect for the next attempt.
+    void setVid(const QString &vid);
+    /// The scene of this manager; null, as at first, stands for that of QVSDKManager.
+    [[nodiscard]] QString scene() const;
+    /// Takes effect for the next attempt.
+    void setScene(const QString &scene);
 
     /// Whether the badge is shown; true at first. Set it before a start.
     [[nodiscard]] bool animation() const;
@@ -50,9 +62,11 @@ Q_SIGNALS:
     void passed(const QString &token);
     /// The service could not be asked or refused; the error's domain is the message to show.
     void failed(const QVError &error);
-    /// The attempt ended without a result: the user closed the popup, the host called reset(),
-    /// another attempt took the popup's place, or the host's window went away.
-    void closed();
+    /// The attempt ended without a result, for \a reason.
+    void closed(QVCloseReason reason);
+    /// Something failed inside the popup, which shows the error's domain. The attempt goes on: the user
+    /// may try again, or close the popup.
+    void popupFailed(const QVError &error);
     /// The user has to draw.
     void popupOpened();
     /// The service is down or the host said so, and the outage service asks the user instead.

@@ -1,22 +1,33 @@
 #include "modes/QVInvisibleManagerPrivate.h"
 
+#include "flow/QVPopup.h"
 #include "modes/QVInvisibleDelegate.h"
 #include "modes/QVInvisibleManager.h"
 #include "popup/QVHostWatch.h"
-#include "popup/QVViewController.h"
-#include "service/QVClickResponseModel.h"
+#include "popup/QVHosts.h"
+#include "popup/QVWidgetPresenter.h"
 #include "views/QVInvisibleAnimationView.h"
 
 #include <QGuiApplication>
 #include <QScreen>
 #include <QWindow>
 
+#include <algorithm>
 #include <utility>
 
 namespace {
 
 constexpr Qt::WindowFlags badgeWindowFlags = Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
                                              Qt::WindowTransparentForInput | Qt::WindowDoesNotAcceptFocus;
+
+QRect placeOf(const QObject *host)
+{
+    if (const auto *const widget = qobject_cast<const QWidget *>(host))
+        return widget->rect();
+    if (const auto *const window = qobject_cast<const QWindow *>(host))
+        return window->geometry();
+    return QGuiApplication::primaryScreen()->geometry();
+}
 
 } // namespace
 
@@ -28,33 +39,41 @@ QVInvisibleManagerPrivate::QVInvisibleManagerPrivate(QVInvisibleManager *manager
 QVInvisibleManagerPrivate::~QVInvisibleManagerPrivate()
 {
     // Beyond the application object nothing is on screen, and widgets cannot even be hidden.
-    if (QCoreApplication::instance())
-        removeAnimationView();
+    if (!QCoreApplication::instance())
+        return;
+    for (const Attempt &attempt : std::exchange(m_attempts, {}))
+        attempt->abandon();
+    removeAnimationView();
+    dismissPopup();
 }
 
-QVInvisibleAnimationView *QVInvisibleManagerPrivate::animationView()
+QVInvisibleAnimationView *QVInvisibleManagerPrivate::animationView(QObject *host)
 {
-    if (!animation) {
+    if (!animation || !QVWidgetPresenter::shared().canShowOver(host)) {
         removeAnimationView();
         return nullptr;
     }
     if (!m_animationView)
-        createAnimationView();
+        createAnimationView(host);
     return m_animationView;
 }
 
-void QVInvisibleManagerPrivate::createAnimationView()
+void QVInvisibleManagerPrivate::createAnimationView(QObject *host)
 {
-    QWidget *const host = QVHostWatch::hostWindow();
     // Deleted by removeAnimationView(), or with the host's window.
     m_animationView = new QVInvisibleAnimationView;
-    if (host) {
-        QVHostWatch::adopt(host, m_animationView);
+    m_badgeHost = host;
+    if (auto *const window = qobject_cast<QWidget *>(host)) {
+        QVHostWatch::adopt(window, m_animationView);
     } else {
         m_animationView->setWindowFlags(badgeWindowFlags);
         m_animationView->setAttribute(Qt::WA_TranslucentBackground);
         m_animationView->setAttribute(Qt::WA_ShowWithoutActivating);
         m_animationView->setAttribute(Qt::WA_QuitOnClose, false);
+    }
+    if (host) {
+        m_badgeWatch = std::make_unique<QVHostWatch>(host);
+        QObject::connect(m_badgeWatch.get(), &QVHostWatch::resized, q, [this] { centreAnimationView(); });
     }
     centreAnimationView();
     m_animationView->show();
@@ -64,123 +83,81 @@ void QVInvisibleManagerPrivate::centreAnimationView() const
 {
     if (!m_animationView)
         return;
-    const QWidget *const host = m_animationView->parentWidget();
-    const QWindow *const foreign = host ? nullptr : QVHostWatch::foreignWindow();
-    const QRect elsewhere = foreign ? foreign->geometry() : QGuiApplication::primaryScreen()->geometry();
-    const QRect around = host ? host->rect() : elsewhere;
+    const QRect around = placeOf(m_badgeHost);
     m_animationView->setCenter(around.topLeft() + QPoint(around.width() / 2, around.height() / 2));
 }
 
 void QVInvisibleManagerPrivate::removeAnimationView()
 {
-    if (m_animationView) {
-        m_animationView->clearLayers();
-        m_animationView->hide();
-        m_animationView->deleteLater();
-        m_animationView = nullptr;
-    }
-    if (const auto controller = std::exchange(m_qv_controller, {}).lock())
-        controller->dismissWindow();
-    m_closedUnreported += std::exchange(m_drawing, false) ? 1 : 0;
+    m_badgeWatch.reset();
+    if (!m_animationView)
+        return;
+    m_animationView->clearLayers();
+    m_animationView->hide();
+    m_animationView->deleteLater();
+    m_animationView = nullptr;
+}
+
+void QVInvisibleManagerPrivate::dismissPopup()
+{
+    if (const auto popup = std::exchange(m_qv_controller, {}).lock())
+        popup->dismissWindow();
 }
 
 void QVInvisibleManagerPrivate::startInsivible()
 {
-    const auto controller = m_qv_controller.lock();
-    if (!controller || !controller->canDirectlyShow()) {
-        requestOutageAction();
+    const auto popup = m_qv_controller.lock();
+    const bool isReady = popup && popup->canDirectlyShow();
+    const auto shows = [popup](const Attempt &attempt) {
+        return attempt->popup() == popup;
+    };
+    if (isReady && std::ranges::any_of(m_attempts, shows)) {
+        // It is on screen, and so its attempt goes on.
+        popup->displayWindow();
         return;
     }
-    controller->displayWindow();
-    if (std::exchange(m_drawing, true))
-        return;
-    startDeadline();
-    Q_EMIT q->popupOpened();
+    const auto attempt = std::make_shared<QVAttempt>(QVVerifyStyleInvisible, identity,
+                                                     QVWidgetPresenter::shared(), qv_activeHost(), this);
+    m_attempts.push_back(attempt);
+    attempt->start(isReady ? popup : nullptr);
 }
 
-void QVInvisibleManagerPrivate::startDeadline()
+void QVInvisibleManagerPrivate::attemptAsks(QVAttempt &attempt)
 {
-    m_deadline.start([this](const QVError &error) { attemptsTimedOut(error); });
-}
-
-void QVInvisibleManagerPrivate::stopDeadlineWhenIdle()
-{
-    if (m_sequences.empty() && !m_drawing)
-        m_deadline.stop();
-}
-
-void QVInvisibleManagerPrivate::attemptsTimedOut(const QVError &error)
-{
-    auto count = m_sequences.size() + (std::exchange(m_drawing, false) ? 1 : 0);
-    for (const Sequence &sequence : std::exchange(m_sequences, {}))
-        sequence->cancel();
-    m_hostWatch.reset();
-    removeAnimationView();
-    const QPointer<QVInvisibleManager> manager(q);
-    for (; count > 0 && manager; --count)
-        handleError(error);
-}
-
-void QVInvisibleManagerPrivate::requestOutageAction()
-{
-    startDeadline();
-    if (auto *const view = animationView())
+    if (auto *const view = animationView(attempt.qv_controllerHost()))
         view->startLoadingAnimation();
-    watchHost();
-    // The click answer may come after the manager has gone.
-    m_sequences.push_back(std::make_shared<QVClickSequence>(
-        QStringLiteral("invisible"), [manager = QPointer(q)](const QVClickSequence::Outcome &outcome) {
-            if (manager)
-                manager->d->handleOutcome(outcome);
-        }));
-    m_sequences.back()->start();
-    reportClosed();
 }
 
-void QVInvisibleManagerPrivate::watchHost()
+void QVInvisibleManagerPrivate::attemptIsAnswered(QVAttempt &attempt)
 {
-    if (QWidget *const host = QVHostWatch::hostWindow())
-        m_hostWatch = std::make_unique<QVHostWatch>(host);
-    else if (QWindow *const foreign = QVHostWatch::foreignWindow())
-        m_hostWatch = std::make_unique<QVHostWatch>(foreign);
-    else
-        return;
-    QObject::connect(m_hostWatch.get(), &QVHostWatch::ended, q, [this] { reset(); });
-    QObject::connect(m_hostWatch.get(), &QVHostWatch::resized, q, [this] { centreAnimationView(); });
-}
-
-void QVInvisibleManagerPrivate::handleOutcome(const QVClickSequence::Outcome &outcome)
-{
-    std::erase_if(m_sequences, [](const Sequence &sequence) { return sequence->isFinished(); });
-    if (m_sequences.empty())
-        m_hostWatch.reset();
     removeAnimationView();
-    const QPointer<QVInvisibleManager> manager(q);
-    if (const auto *const passed = std::get_if<QVClickSequence::Passed>(&outcome))
-        handleSuccess(passed->click->token());
-    else if (const auto *const failed = std::get_if<QVClickSequence::Failed>(&outcome))
-        handleError(failed->error);
-    else if (const auto *const draw = std::get_if<QVClickSequence::Draw>(&outcome))
-        showVerifyControllerWithConfig(draw->config, draw->click);
-    else
-        showVerifyControllerWithConfig(nullptr, nullptr);
-    if (!manager)
-        return;
-    stopDeadlineWhenIdle();
-    reportClosed();
+    replaceAttempts(&attempt);
 }
 
-void QVInvisibleManagerPrivate::showVerifyControllerWithConfig(const QVClickSequence::Config &config,
-                                                               const QVClickSequence::Click &click)
+void QVInvisibleManagerPrivate::attemptDraws(QVAttempt & /*attempt*/)
 {
-    m_qv_controller = QVViewController::showQvWithVerifyStyle(QVVerifyStyleInvisible, config, click, this);
-    m_drawing = true;
+}
+
+void QVInvisibleManagerPrivate::attemptShowsPopup(QVAttempt &attempt)
+{
+    m_qv_controller = attempt.popup();
     Q_EMIT q->popupOpened();
 }
 
-void QVInvisibleManagerPrivate::handleSuccess(const QString &token)
+void QVInvisibleManagerPrivate::attemptEntersOutage(QVAttempt & /*attempt*/)
 {
-    auto *const view = animationView();
+    Q_EMIT q->outageStarted();
+}
+
+void QVInvisibleManagerPrivate::attemptFailsInPopup(QVAttempt & /*attempt*/, const QVError &error)
+{
+    Q_EMIT q->popupFailed(error);
+}
+
+void QVInvisibleManagerPrivate::attemptHasPassed(QVAttempt &attempt, const QString &token)
+{
+    attemptHasEnded(attempt);
+    auto *const view = attempt.popup() ? nullptr : animationView(attempt.qv_controllerHost());
     if (!view) {
         report(q, delegate, token);
         return;
@@ -189,14 +166,15 @@ void QVInvisibleManagerPrivate::handleSuccess(const QString &token)
     view->passAnimationComplete([manager = QPointer(q), last = delegate, token] {
         if (manager)
             manager->d->removeAnimationView();
-        report(manager, last, token);
         if (manager)
-            manager->d->reportClosed();
+            manager->d->replaceAttempts(nullptr);
+        report(manager, last, token);
     });
 }
 
-void QVInvisibleManagerPrivate::handleError(const QVError &error)
+void QVInvisibleManagerPrivate::attemptHasFailed(QVAttempt &attempt, const QVError &error)
 {
+    attemptHasEnded(attempt);
     const QPointer<QVInvisibleManager> manager(q);
     if (auto *const receiver = delegate.get())
         receiver->invisibleVerifyFailedWithError(error);
@@ -204,20 +182,30 @@ void QVInvisibleManagerPrivate::handleError(const QVError &error)
         Q_EMIT manager->failed(error);
 }
 
-void QVInvisibleManagerPrivate::qv_controllerPassedAction()
+void QVInvisibleManagerPrivate::attemptHasClosed(QVAttempt &attempt, QVCloseReason reason)
 {
-    // The popup's token has been earned in time.
-    if (m_sequences.empty())
-        m_deadline.stop();
+    attemptHasEnded(attempt);
+    // The delegate is not told, on purpose: it hears results only.
+    Q_EMIT q->closed(reason);
 }
 
-void QVInvisibleManagerPrivate::quarvoControllerVerifySuccessWithToken(const QString &token)
+void QVInvisibleManagerPrivate::attemptHasEnded(const QVAttempt &attempt)
 {
-    // An answer that was on its way when the user closed the popup comes too late.
-    if (!std::exchange(m_drawing, false))
-        return;
-    stopDeadlineWhenIdle();
-    report(q, delegate, token);
+    std::erase_if(m_attempts, [&attempt](const Attempt &one) { return one.get() == &attempt; });
+    // All attempts share the badge.
+    if (std::ranges::none_of(m_attempts, &QVAttempt::isAsking))
+        removeAnimationView();
+}
+
+void QVInvisibleManagerPrivate::replaceAttempts(const QVAttempt *by)
+{
+    const QPointer<QVInvisibleManager> manager(q);
+    for (const Attempt &attempt : std::vector(m_attempts)) {
+        if (attempt.get() != by && attempt->popup())
+            attempt->close(QVCloseReason::Replaced);
+    }
+    if (manager)
+        dismissPopup();
 }
 
 void QVInvisibleManagerPrivate::report(const QPointer<QVInvisibleManager> &manager,
@@ -229,34 +217,12 @@ void QVInvisibleManagerPrivate::report(const QPointer<QVInvisibleManager> &manag
         Q_EMIT manager->passed(token);
 }
 
-void QVInvisibleManagerPrivate::qv_controllerCloseAction()
-{
-    // The delegate is not told, on purpose: it hears results only.
-    m_closedUnreported += std::exchange(m_drawing, false) ? 1 : 0;
-    stopDeadlineWhenIdle();
-    reportClosed();
-}
-
-void QVInvisibleManagerPrivate::qv_controllerOutageAction()
-{
-    Q_EMIT q->outageStarted();
-}
-
 void QVInvisibleManagerPrivate::reset()
 {
-    removeAnimationView();
-    m_hostWatch.reset();
-    for (const Sequence &sequence : std::exchange(m_sequences, {})) {
-        sequence->cancel();
-        ++m_closedUnreported;
-    }
-    m_deadline.stop();
-    reportClosed();
-}
-
-void QVInvisibleManagerPrivate::reportClosed()
-{
     const QPointer<QVInvisibleManager> manager(q);
-    for (int count = std::exchange(m_closedUnreported, 0); count > 0 && manager; --count)
-        Q_EMIT manager->closed();
+    removeAnimationView();
+    for (const Attempt &attempt : std::vector(m_attempts))
+        attempt->close(QVCloseReason::HostReset);
+    if (manager)
+        dismissPopup();
 }

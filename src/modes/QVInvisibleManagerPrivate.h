@@ -1,8 +1,6 @@
 #pragma once
 
-#include "flow/QVAttemptDeadline.h"
-#include "flow/QVClickSequence.h"
-#include "popup/QVViewControllerDelegate.h"
+#include "flow/QVAttempt.h"
 
 #include <QPointer>
 
@@ -13,13 +11,11 @@ class QVHostWatch;
 class QVInvisibleAnimationView;
 class QVInvisibleDelegate;
 class QVInvisibleManager;
-class QVViewController;
-class QWidget;
 
-/// What the invisible manager does: its conversations with the service, its badge and its popup.
+/// What the invisible manager does: its badge, and what becomes of the attempts that it starts.
 ///
 /// The host may destroy the manager in any callback: whatever a step does, it does before.
-class QVInvisibleManagerPrivate final : public QVViewControllerDelegate
+class QVInvisibleManagerPrivate final : public QVAttemptObserver
 {
 public:
     explicit QVInvisibleManagerPrivate(QVInvisibleManager *manager);
@@ -27,48 +23,44 @@ public:
 
     void startInsivible();
     void reset();
-    void qv_controllerPassedAction() override;
-    void quarvoControllerVerifySuccessWithToken(const QString &token) override;
-    void qv_controllerCloseAction() override;
-    void qv_controllerOutageAction() override;
+
+    void attemptAsks(QVAttempt &attempt) override;
+    void attemptIsAnswered(QVAttempt &attempt) override;
+    void attemptDraws(QVAttempt &attempt) override;
+    void attemptShowsPopup(QVAttempt &attempt) override;
+    void attemptEntersOutage(QVAttempt &attempt) override;
+    void attemptFailsInPopup(QVAttempt &attempt, const QVError &error) override;
+    void attemptHasPassed(QVAttempt &attempt, const QString &token) override;
+    void attemptHasFailed(QVAttempt &attempt, const QVError &error) override;
+    void attemptHasClosed(QVAttempt &attempt, QVCloseReason reason) override;
 
     QVInvisibleManager *const q;
     QVWeakDelegate<QVInvisibleDelegate> delegate;
+    QVIdentity identity;
     bool animation = true;
 
 private:
-    using Sequence = std::shared_ptr<QVClickSequence>;
+    using Attempt = std::shared_ptr<QVAttempt>;
 
-    /// The badge, created where there is none; null while it is switched off.
-    QVInvisibleAnimationView *animationView();
-    /// Also dismisses the popup.
-    void removeAnimationView();
-    void createAnimationView();
+    /// The badge, created over \a host where there is none; null while it is switched off.
+    QVInvisibleAnimationView *animationView(QObject *host);
+    void createAnimationView(QObject *host);
     void centreAnimationView() const;
+    void removeAnimationView();
+    void dismissPopup();
+    /// What all ends have in common.
+    void attemptHasEnded(const QVAttempt &attempt);
+    /// Dismisses a popup, shown or hidden, and ends its attempt, unless that is \a by.
+    void replaceAttempts(const QVAttempt *by);
 
-    void startDeadline();
-    void stopDeadlineWhenIdle();
-    void attemptsTimedOut(const QVError &error);
-    void requestOutageAction();
-    void watchHost();
-    void handleOutcome(const QVClickSequence::Outcome &outcome);
-    void showVerifyControllerWithConfig(const QVClickSequence::Config &config,
-                                        const QVClickSequence::Click &click);
-    void handleSuccess(const QString &token);
-    void handleError(const QVError &error);
     static void report(const QPointer<QVInvisibleManager> &manager,
                        const QVWeakDelegate<QVInvisibleDelegate> &last, const QString &token);
-    /// Tells of attempts that removeAnimationView() or reset() ended.
-    void reportClosed();
 
     QPointer<QVInvisibleAnimationView> m_animationView;
-    std::weak_ptr<QVViewController> m_qv_controller;
-    std::vector<Sequence> m_sequences;
-    /// The window that the last attempt was started on, while it is being decided.
-    std::unique_ptr<QVHostWatch> m_hostWatch;
-    /// Whether the popup's attempt has not ended yet.
-    bool m_drawing = false;
-    int m_closedUnreported = 0;
-    /// Counted from the last start.
-    QVAttemptDeadline m_deadline;
+    /// What the badge is centred on.
+    QPointer<QObject> m_badgeHost;
+    std::unique_ptr<QVHostWatch> m_badgeWatch;
+    /// The popup of the last attempt that had one, shown or hidden.
+    std::weak_ptr<QVPopup> m_qv_controller;
+    std::vector<Attempt> m_attempts;
 };

@@ -7,6 +7,7 @@
 #include <Quarvo/QVClickButtonDelegate.h>
 #include <Quarvo/QVClickManager.h>
 #include <Quarvo/QVClickManagerDelegate.h>
+#include <Quarvo/QVCloseReason.h>
 #include <Quarvo/QVEmbedManager.h>
 #include <Quarvo/QVEmbedManagerDelegate.h>
 #include <Quarvo/QVEmbedPanel.h>

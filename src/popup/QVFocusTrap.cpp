@@ -1,7 +1,5 @@
 #include "popup/QVFocusTrap.h"
 
-#include "popup/QVWindow.h"
-
 #include <QApplication>
 #include <QWidget>
 
@@ -29,6 +27,12 @@ void QVFocusTrap::activate()
     m_before = m_root->isWindow() ? QApplication::focusWidget() : m_root->window()->focusWidget();
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *now) { followFocus(now); });
     focusInside();
+}
+
+void QVFocusTrap::moveInside()
+{
+    if (m_active)
+        focusInside();
 }
 
 void QVFocusTrap::release()
@@ -67,7 +71,16 @@ bool QVFocusTrap::holds(const QWidget *widget) const
 
 bool QVFocusTrap::isOnTop() const
 {
-    return m_root->isWindow() || QVWindow::topmostIn(m_root->window()) == m_root;
+    if (m_root->isWindow())
+        return true;
+    const QWidget *topmost = nullptr;
+    for (const QObject *sibling : m_root->parentWidget()->children()) {
+        const auto *const widget = qobject_cast<const QWidget *>(sibling);
+        const bool isLayer = widget && widget->metaObject() == m_root->metaObject();
+        if (isLayer && widget->isVisible() && !widget->isWindow())
+            topmost = widget;
+    }
+    return topmost == m_root;
 }
 
 void QVFocusTrap::followFocus(QWidget *now)

@@ -15,15 +15,19 @@ public:
 
     [[nodiscard]] bool isActive() const { return m_active; }
     void activate();
+    /// Takes the focus again, after the root has moved to another window.
+    void moveInside();
     /// Lets go; whoever had the focus before gets it back if it can still take it.
     void release();
+
+    /// Whether no other widget of the root's class lies above it in the same window.
+    [[nodiscard]] bool isOnTop() const;
 
     /// Tab and Backtab: the next or previous element inside, round and round.
     void moveFocus(bool next);
 
 private:
     [[nodiscard]] bool holds(const QWidget *widget) const;
-    [[nodiscard]] bool isOnTop() const;
     void followFocus(QWidget *now);
     /// Where it was inside before, if that can still take it.
     void focusInside();

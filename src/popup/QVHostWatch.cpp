@@ -1,29 +1,12 @@
 #include "popup/QVHostWatch.h"
 
 #include "platform/QVScheduler.h"
-#include "popup/QVWindow.h"
 
-#include <QApplication>
 #include <QChildEvent>
+#include <QWidget>
 #include <QWindow>
 
-#include <algorithm>
-
 namespace {
-
-bool canHost(const QWidget *window)
-{
-    if (!window || !window->isVisible() || qobject_cast<const QVWindow *>(window))
-        return false;
-    const Qt::WindowType type = window->windowType();
-    return type == Qt::Window || type == Qt::Dialog || type == Qt::Sheet;
-}
-
-bool isForeign(const QWindow *window)
-{
-    return window && window->isTopLevel() && window->isVisible() && !window->inherits("QWidgetWindow") &&
-           (window->type() == Qt::Window || window->type() == Qt::Dialog);
-}
 
 /// Keeps a window from hearing of its new children.
 class ChildSilence : public QObject
@@ -33,7 +16,7 @@ class ChildSilence : public QObject
 
 } // namespace
 
-QVHostWatch::QVHostWatch(QWidget *host, QObject *parent)
+QVHostWatch::QVHostWatch(QObject *host, QObject *parent)
     : QObject(parent)
     , m_host(host)
 {
@@ -43,71 +26,60 @@ QVHostWatch::QVHostWatch(QWidget *host, QObject *parent)
         watchChild(child);
 }
 
-QVHostWatch::QVHostWatch(QWindow *host, QObject *parent)
-    : QObject(parent)
-    , m_foreignHost(host)
+bool QVHostWatch::isShown(const QObject *host)
 {
-    host->installEventFilter(this);
-    connect(host, &QObject::destroyed, this, &QVHostWatch::endLater);
-}
-
-QWidget *QVHostWatch::hostWindow(QWidget *preferred)
-{
-    if (preferred)
-        return preferred->window();
-    if (QWidget *const active = QApplication::activeWindow(); canHost(active))
-        return active;
-    if (isForeign(QGuiApplication::focusWindow()))
-        return nullptr;
-    for (QWidget *window : QApplication::topLevelWidgets()) {
-        if (canHost(window))
-            return window;
-    }
-    return nullptr;
-}
-
-QWindow *QVHostWatch::foreignWindow()
-{
-    if (QWindow *const focused = QGuiApplication::focusWindow(); isForeign(focused))
-        return focused;
-    const QWindowList windows = QGuiApplication::topLevelWindows();
-    const auto found = std::ranges::find_if(windows, isForeign);
-    return found == windows.end() ? nullptr : *found;
+    if (const auto *const widget = qobject_cast<const QWidget *>(host))
+        return widget->isVisible();
+    const auto *const window = qobject_cast<const QWindow *>(host);
+    return window && window->isVisible();
 }
 
 void QVHostWatch::adopt(QWidget *host, QWidget *child)
 {
     ChildSilence silence;
     host->installEventFilter(&silence);
-    child->setParent(host);
+    child->setParent(host, child->windowFlags() & ~Qt::WindowType_Mask);
 }
 
 bool QVHostWatch::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched == m_foreignHost) {
-        watchWindow(*event);
-        return false;
-    }
     if (watched != m_host) {
         if (event->type() == QEvent::ZOrderChange)
             Q_EMIT restacked();
-        return false;
-    }
-    if (event->type() == QEvent::Resize) {
-        Q_EMIT resized();
-    } else if (event->type() == QEvent::Close) {
-        endLater();
-    } else if (event->type() == QEvent::ChildAdded) {
-        watchChild(static_cast<QChildEvent *>(event)->child());
-        Q_EMIT restacked();
+    } else if (watched->isWidgetType()) {
+        watchWidget(*event);
+    } else {
+        watchWindow(*event);
     }
     return false;
 }
 
-void QVHostWatch::watchChild(QObject *child)
+void QVHostWatch::watchWidget(const QEvent &event)
 {
-    if (child->isWidgetType())
-        child->installEventFilter(this);
+    switch (event.type()) {
+    case QEvent::Resize:
+        Q_EMIT resized();
+        break;
+    case QEvent::EnabledChange:
+    case QEvent::WindowBlocked:
+    case QEvent::WindowUnblocked:
+        Q_EMIT usabilityChanged();
+        break;
+    case QEvent::Close:
+        endLater();
+        break;
+    case QEvent::Hide:
+        endLater();
+        if (!event.spontaneous())
+            Q_EMIT hiding();
+        break;
+    case QEvent::ChildAdded:
+        watchChild(static_cast<const QChildEvent &>(event).child());
+        Q_EMIT restacked();
+        break;
+    default:
+        break;
+    }
 }
 
 void QVHostWatch::watchWindow(const QEvent &event)
@@ -118,16 +90,17 @@ void QVHostWatch::watchWindow(const QEvent &event)
         endLater();
 }
 
-bool QVHostWatch::hostIsVisible() const
+void QVHostWatch::watchChild(QObject *child)
 {
-    return m_host ? m_host->isVisible() : m_foreignHost && m_foreignHost->isVisible();
+    if (child->isWidgetType())
+        child->installEventFilter(this);
 }
 
 void QVHostWatch::endLater()
 {
     // The host may still refuse to close, which shows only once its handler has run.
     QVScheduler::shared().schedule({}, [self = QPointer(this)] {
-        if (self && !self->hostIsVisible())
+        if (self && !isShown(self->m_host))
             Q_EMIT self->ended();
     });
 }

@@ -4,25 +4,17 @@
 #include <QPointer>
 
 class QWidget;
-class QWindow;
 
-/// Tells what happens to a window of the host that something of ours lies on.
+/// Tells what happens to a window of the host: a widget, or a window of another toolkit.
 class QVHostWatch final : public QObject
 {
     Q_OBJECT
 
 public:
-    explicit QVHostWatch(QWidget *host, QObject *parent = nullptr);
-    /// A window that is no widget; nothing can be laid into it, so it is never restacked().
-    explicit QVHostWatch(QWindow *host, QObject *parent = nullptr);
+    explicit QVHostWatch(QObject *host, QObject *parent = nullptr);
 
-    /// The window to show something on: \a preferred if there is one, else the active window, else
-    /// any visible one, else none.
-    [[nodiscard]] static QWidget *hostWindow(QWidget *preferred = nullptr);
-    /// Where hostWindow() finds none: the window of another toolkit (Qt Quick's) that has the focus,
-    /// else any visible one, else none.
-    [[nodiscard]] static QWindow *foreignWindow();
-
+    /// Whether \a host is a window on screen, minimised or not.
+    [[nodiscard]] static bool isShown(const QObject *host);
     /// Makes \a host the parent of \a child without its noticing: a window that takes each new child
     /// into a layout of its own (a splitter does) leaves this one alone.
     static void adopt(QWidget *host, QWidget *child);
@@ -32,17 +24,20 @@ Q_SIGNALS:
     void resized();
     /// The host added or raised a child, which may cover ours.
     void restacked();
-    /// The window was closed or destroyed. Comes from the event loop, never out of the window's own
+    /// It was enabled or disabled, or a modal window blocks it or no longer does.
+    void usabilityChanged();
+    /// It is being hidden or closed, at this moment. Its owner may be in a destructor.
+    void hiding();
+    /// It was hidden, closed or destroyed. Comes from the event loop, never out of the window's own
     /// destructor, where its owner's slots must not be called any more.
     void ended();
 
 private:
     bool eventFilter(QObject *watched, QEvent *event) override;
-    void watchChild(QObject *child);
+    void watchWidget(const QEvent &event);
     void watchWindow(const QEvent &event);
+    void watchChild(QObject *child);
     void endLater();
-    [[nodiscard]] bool hostIsVisible() const;
 
-    QPointer<QWidget> m_host;
-    QPointer<QWindow> m_foreignHost;
+    QPointer<QObject> m_host;
 };

@@ -4,7 +4,6 @@
 #include "layers/QVValueAnimation.h"
 #include "platform/QVScheduler.h"
 #include "popup/QVCloseButton.h"
-#include "popup/QVHostWatch.h"
 #include "popup/QVSupportLabel.h"
 #include "popup/QVUnfoldEffect.h"
 #include "popup/QVWindow.h"
@@ -20,17 +19,18 @@ constexpr QPoint supportOffset(10, 5);
 
 } // namespace
 
-std::shared_ptr<QVViewController>
-QVViewController::showQvWithVerifyStyle(QVVerifyStyle style, const Config &config, const Click &click,
-                                        QVViewControllerDelegate *delegate, QWidget *host)
+std::shared_ptr<QVViewController> QVViewController::showQvWithVerifyStyle(QVVerifyStyle style,
+                                                                          const Config &config,
+                                                                          const Click &click,
+                                                                          QVViewControllerDelegate *delegate)
 {
     const std::shared_ptr<QVViewController> controller(new QVViewController);
     controller->m_verifyStyle = style;
     controller->m_config = config;
     controller->m_clickResp = click;
     controller->m_delegate = delegate;
-    // Its host's, or its own until dismissWindow() deletes it.
-    controller->showIn(new QVWindow(QVHostWatch::hostWindow(host)));
+    // Its own until dismissWindow() deletes it, or that of a window which it lies in.
+    controller->showIn(new QVWindow);
     return controller;
 }
 
@@ -43,7 +43,7 @@ void QVViewController::showIn(QVWindow *window)
     QObject::connect(window, &QVWindow::popupScreenChanged, &m_context, [this] { layoutSubviews(); });
     QObject::connect(window, &QVWindow::closeRequested, &m_context,
                      [this] { closeButtonDidClickedAction(); });
-    QObject::connect(window, &QVWindow::hostEnded, &m_context, [this] { hostEnded(); });
+    QObject::connect(window, &QVWindow::destroyedWithHost, &m_context, [this] { windowDestroyed(); });
     setupSubviews();
     displayWindow();
 }
@@ -52,9 +52,15 @@ void QVViewController::setupSubviews()
 {
     m_renderView = new QVRenderDrawView(m_verifyStyle, m_showWindow);
     m_renderView->setDelegate(this);
+    if (const auto *const delegate = m_delegate.get())
+        m_renderView->setIdentity(delegate->qv_controllerIdentity());
     QObject::connect(m_renderView, &QVRenderDrawView::outageStarted, &m_context, [this] {
         if (auto *const delegate = m_delegate.get())
             delegate->qv_controllerOutageAction();
+    });
+    QObject::connect(m_renderView, &QVRenderDrawView::failed, &m_context, [this](const QVError &error) {
+        if (auto *const delegate = m_delegate.get())
+            delegate->qv_controllerFailedAction(error);
     });
     m_closeButton = new QVCloseButton(m_showWindow);
     QObject::connect(m_closeButton, &QVCloseButton::clicked, &m_context,
@@ -80,9 +86,12 @@ void QVViewController::layoutSubviews()
 
 void QVViewController::displayWindow()
 {
+    const auto self = shared_from_this();
     ++m_displays;
-    if (m_showWindow)
-        m_showWindow->makeKeyAndVisible();
+    if (m_showWindow) {
+        const auto *const delegate = m_delegate.get();
+        m_showWindow->makeKeyAndVisible(delegate ? delegate->qv_controllerHost() : nullptr);
+    }
     showRenderViewAnimation();
 }
 
@@ -161,24 +170,15 @@ void QVViewController::renderDrawViewVerifySuccess(const QString &token)
     dismissWindow();
 }
 
-void QVViewController::hostEnded()
-{
-    const auto self = shared_from_this();
-    auto *const delegate = m_delegate.get();
-    if (delegate && m_showWindow && !m_showWindow->isHidden())
-        delegate->qv_controllerCloseAction();
-    dismissWindow();
-}
-
 void QVViewController::windowDestroyed()
 {
     const bool shown = m_showWindow && !m_showWindow->isHidden();
     m_showWindow = nullptr;
     if (!shown)
         return;
-    // Not at once: the host's window is in its destructor, where its slots must not be called any more.
+    // Not at once: a window of the host is in its destructor, where its slots must not be called any more.
     QVScheduler::shared().schedule({}, [delegate = m_delegate] {
         if (auto *const opener = delegate.get())
-            opener->qv_controllerCloseAction();
+            opener->qv_controllerDestroyedAction();
     });
 }

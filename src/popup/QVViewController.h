@@ -1,8 +1,9 @@
 #pragma once
 
+#include "flow/QVPopup.h"
 #include "flow/QVRenderDrawViewDelegate.h"
 #include "flow/QVVerifyStyle.h"
-#include "popup/QVViewControllerDelegate.h"
+#include "flow/QVViewControllerDelegate.h"
 
 #include <QObject>
 #include <QPointer>
@@ -17,45 +18,35 @@ class QVSupportLabel;
 class QVUnfoldEffect;
 class QVValueAnimation;
 class QVWindow;
-class QWidget;
 
 /// The popup: a draw view with a close button on a window of its own.
 ///
 /// The window keeps the controller alive and the controller points to its window, shown or hidden,
-/// with no owner outside; only dismissWindow(), or the end of the host's window, parts the two.
-/// Openers hold the controller weakly.
-class QVViewController final : public QVRenderDrawViewDelegate,
+/// with no owner outside; only dismissWindow(), or the end of a window that it lies in, parts the two.
+class QVViewController final : public QVPopup,
+                               public QVRenderDrawViewDelegate,
                                public std::enable_shared_from_this<QVViewController>
 {
 public:
     using Config = std::shared_ptr<QVConfigResponseModel>;
     using Click = std::shared_ptr<QVClickResponseModel>;
 
-    /// Creates and shows a popup. \a host is a widget in the window to cover; without one it is the
-    /// active window.
+    /// Creates and shows a popup over the host of \a delegate.
     static std::shared_ptr<QVViewController> showQvWithVerifyStyle(QVVerifyStyle style, const Config &config,
                                                                    const Click &click,
-                                                                   QVViewControllerDelegate *delegate,
-                                                                   QWidget *host = nullptr);
+                                                                   QVViewControllerDelegate *delegate);
     ~QVViewController() override;
 
-    void displayWindow();
-    /// The picture stays, for the next displayWindow().
-    void hiddenWindow();
-    /// Ends the popup; it is never shown again.
-    void dismissWindow();
-    /// Whether there is a picture to be shown again without asking the service.
-    [[nodiscard]] bool canDirectlyShow() const;
+    void setDelegate(QVViewControllerDelegate *delegate) override { m_delegate = delegate; }
+    void displayWindow() override;
+    void hiddenWindow() override;
+    void dismissWindow() override;
+    [[nodiscard]] bool canDirectlyShow() const override;
 
     void showRenderViewAnimation();
     void closeButtonDidClickedAction();
     void renderDrawViewHasPassed() override;
     void renderDrawViewVerifySuccess(const QString &token) override;
-
-    /// The host's window was closed or destroyed.
-    void hostEnded();
-    /// The window is being destroyed with the host's.
-    void windowDestroyed();
 
 private:
     QVViewController() = default;
@@ -63,6 +54,7 @@ private:
     void showIn(QVWindow *window);
     void setupSubviews();
     void layoutSubviews();
+    void windowDestroyed();
 
     QVWeakDelegate<QVViewControllerDelegate> m_delegate;
     Config m_config;

@@ -1,15 +1,15 @@
 #include "popup/QVWindow.h"
 
+#include "platform/QVScheduler.h"
 #include "popup/QVFocusTrap.h"
 #include "popup/QVHostWatch.h"
-#include "popup/QVViewController.h"
 #include "settings/QVConfigurationManager.h"
 #include "settings/QVLocalization.h"
 #include "settings/QVLocalizationKeys.h"
 #include "views/QVAccessibleRole.h"
 
+#include <QApplication>
 #include <QCloseEvent>
-#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -17,89 +17,238 @@
 #include <QScreen>
 #include <QWindow>
 
+#include <algorithm>
 #include <utility>
 
 namespace {
 
 constexpr QColor cardColor(255, 255, 255, 242);
 constexpr QColor dimColor(0, 0, 0, 102);
+/// What a card in a window of its own is set off by, since not every platform draws a shadow.
+constexpr QColor edgeColor(0, 0, 0, 60);
 // That of the close button's disc, which nests in the top right corner.
 constexpr qreal cardRadius = 16;
+
+constexpr Qt::WindowFlags cardFlags = Qt::Dialog | Qt::FramelessWindowHint;
+constexpr Qt::WindowFlags screenFlags = Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint;
+
+QVPopupPresentation chosenPresentation()
+{
+    return QVConfigurationManager::sharedManager().popupPresentation();
+}
+
+/// Whether \a modal keeps input from \a window.
+bool blocks(const QWidget *modal, const QWidget *window)
+{
+    if (modal == window || modal->isAncestorOf(window))
+        return false;
+    if (modal->windowModality() == Qt::ApplicationModal)
+        return true;
+    const QWidget *opener = modal->parentWidget();
+    while (opener && opener != window)
+        opener = opener->parentWidget();
+    return opener == window;
+}
+
 } // namespace
 
-QVWindow::QVWindow(QWidget *host)
+QVWindow::QVWindow()
     : m_focusTrap(std::make_unique<QVFocusTrap>(this))
-    , m_presentation(QVConfigurationManager::sharedManager().popupPresentation())
-    , m_geometry(size(), m_presentation)
+    , m_presentation(chosenPresentation())
+    , m_geometry(size(), true)
 {
     qv_setAccessibleRole(this, QAccessible::Dialog);
     setAttribute(Qt::WA_NoMousePropagation);
     setAttribute(Qt::WA_QuitOnClose, false);
+    setAttribute(Qt::WA_TranslucentBackground);
     setAcceptDrops(true);
     setCursor(Qt::ArrowCursor);
     setFocusPolicy(Qt::StrongFocus);
     setAccessibleName(qv_localizedStringForKey(QVKey::accessibleDialog));
     setLayoutDirection(Qt::LeftToRight);
-    QWindow *const foreign = host ? nullptr : QVHostWatch::foreignWindow();
-    if (m_presentation == QVPopupPresentation::WholeScreen || (!host && !foreign))
-        coverScreen(host);
-    else if (host)
-        coverHost(host);
-    if (foreign)
-        coverWindow(foreign);
-    if (!host)
-        return;
-    auto *const watch = new QVHostWatch(host, this);
-    connect(watch, &QVHostWatch::ended, this, &QVWindow::hostEnded);
-    if (isWindow())
-        return;
-    connect(watch, &QVHostWatch::resized, this, [this, host] { setGeometry(host->rect()); });
-    connect(watch, &QVHostWatch::restacked, this, &QVWindow::stayOnTop);
 }
 
 QVWindow::~QVWindow()
 {
     // Still there when the host was destroyed and took its children along.
     if (const auto controller = takeRootController())
-        controller->windowDestroyed();
+        Q_EMIT destroyedWithHost();
 }
 
-const QWidget *QVWindow::topmostIn(const QWidget *host)
-{
-    const QWidget *topmost = nullptr;
-    for (const QObject *child : host->children()) {
-        const auto *const window = qobject_cast<const QVWindow *>(child);
-        if (window && window->isVisible() && !window->isWindow())
-            topmost = window;
-    }
-    return topmost;
-}
-
-void QVWindow::setRootController(std::shared_ptr<QVViewController> controller)
+void QVWindow::setRootController(std::shared_ptr<void> controller)
 {
     m_rootController = std::move(controller);
 }
 
-std::shared_ptr<QVViewController> QVWindow::takeRootController()
+std::shared_ptr<void> QVWindow::takeRootController()
 {
     return std::exchange(m_rootController, nullptr);
 }
 
-void QVWindow::makeKeyAndVisible()
+void QVWindow::makeKeyAndVisible(QObject *host)
 {
-    show();
-    if (isWindow())
-        activateWindow();
-    else
-        raise();
+    m_host = host;
+    m_presentation = chosenPresentation();
+    watchHost();
+    place();
+    // Moving the focus comes last: what the host does in answer may destroy this.
     m_focusTrap->activate();
 }
 
 void QVWindow::resignKeyAndHide()
 {
+    m_hostWatch.reset();
+    m_containerWatch.reset();
+    const QPointer<QVWindow> self(this);
     // First, so that Qt does not look for a new place for the focus by itself.
     m_focusTrap->release();
-    hide();
+    if (self)
+        hide();
+}
+
+void QVWindow::watchHost()
+{
+    m_hostWatch.reset();
+    if (!m_host)
+        return;
+    m_hostWatch = std::make_unique<QVHostWatch>(m_host);
+    connect(m_hostWatch.get(), &QVHostWatch::resized, this, &QVWindow::fitToHost);
+    connect(m_hostWatch.get(), &QVHostWatch::usabilityChanged, this, &QVWindow::placeSoon);
+    connect(m_hostWatch.get(), &QVHostWatch::restacked, this, &QVWindow::stayOnTop);
+}
+
+void QVWindow::place()
+{
+    m_container = container();
+    m_containerWatch.reset();
+    if (m_container && m_container != m_host) {
+        m_containerWatch = std::make_unique<QVHostWatch>(m_container);
+        connect(m_containerWatch.get(), &QVHostWatch::resized, this, &QVWindow::fitToHost);
+        connect(m_containerWatch.get(), &QVHostWatch::usabilityChanged, this, &QVWindow::placeSoon);
+        connect(m_containerWatch.get(), &QVHostWatch::restacked, this, &QVWindow::stayOnTop);
+        connect(m_containerWatch.get(), &QVHostWatch::hiding, this, &QVWindow::containerHides);
+    }
+    m_place = QVPopupGeometry::place(surroundings(m_container), m_presentation);
+    if (!m_container && m_host)
+        standAlone(m_place, m_host);
+    else if (m_place == Place::Layer)
+        lieIn(m_container);
+    else
+        standAlone(m_place, m_container);
+    layOutScreen();
+    show();
+    raise();
+    if (isWindow())
+        activateWindow();
+}
+
+void QVWindow::placeSoon()
+{
+    // Not at once: Qt tells that a modal window blocks others while it goes through the list of windows.
+    QVScheduler::shared().schedule({}, [self = QPointer(this)] {
+        if (self)
+            self->placeAgain();
+    });
+}
+
+void QVWindow::placeAgain()
+{
+    if (isHidden())
+        return;
+    QWidget *const now = container();
+    // It stays where it is as long as it can be used there.
+    if (now == m_container &&
+        (m_place != Place::Layer || QVPopupGeometry::place(surroundings(now), m_presentation) == m_place))
+        return;
+    place();
+    m_focusTrap->moveInside();
+}
+
+void QVWindow::lieIn(QWidget *container)
+{
+    if (parentWidget() != container || isWindow()) {
+        hide();
+        setWindowState(Qt::WindowNoState);
+        setWindowModality(Qt::NonModal);
+        QVHostWatch::adopt(container, this);
+    }
+    setGeometry(container->rect());
+}
+
+void QVWindow::standAlone(Place place, QObject *over)
+{
+    const Qt::WindowFlags flags = place == Place::Screen ? screenFlags : cardFlags;
+    // No parent: a disabled one would disable this, too, and a style sheet of its reach it.
+    if (parentWidget() || windowFlags() != flags) {
+        hide();
+        setParent(nullptr, flags);
+    }
+    setWindowModality(Qt::WindowModal);
+    setWindowState(place == Place::Screen ? Qt::WindowFullScreen : Qt::WindowNoState);
+    setGeometry(ownFrame());
+    create();
+    auto *const widget = qobject_cast<QWidget *>(over);
+    windowHandle()->setTransientParent(widget ? widget->windowHandle() : qobject_cast<QWindow *>(over));
+}
+
+QRect QVWindow::ownFrame() const
+{
+    const auto *const foreign = qobject_cast<const QWindow *>(m_host);
+    if (foreign && m_place != Place::Screen)
+        return foreign->geometry();
+    const QScreen *const screen = m_container ? m_container->screen() : QGuiApplication::primaryScreen();
+    if (m_place == Place::Screen)
+        return screen->geometry();
+    const QRect around(m_container->mapToGlobal(QPoint()), m_container->size());
+    QRect frame(QPoint(), QVPopupGeometry::cardSize().boundedTo(screen->availableSize()));
+    frame.moveCenter(around.center());
+    // Wholly on the screen, wherever the host's window reaches.
+    const QRect room = screen->availableGeometry();
+    frame.moveLeft(std::clamp(frame.left(), room.left(), room.right() + 1 - frame.width()));
+    frame.moveTop(std::clamp(frame.top(), room.top(), room.bottom() + 1 - frame.height()));
+    return frame;
+}
+
+void QVWindow::fitToHost()
+{
+    if (isHidden())
+        return;
+    if (m_place != Place::Layer || !m_container)
+        setGeometry(ownFrame());
+    else if (QVPopupGeometry::place(surroundings(m_container), m_presentation) == m_place)
+        setGeometry(m_container->rect());
+    else
+        placeSoon();
+}
+
+void QVWindow::containerHides()
+{
+    if (isHidden())
+        return;
+    // It must not go with a window that came over its host's.
+    place();
+    m_focusTrap->moveInside();
+}
+
+QWidget *QVWindow::container() const
+{
+    auto *const host = qobject_cast<QWidget *>(m_host);
+    QWidget *const modal = QApplication::activeModalWidget();
+    if (!host || !modal)
+        return host;
+    if (modal == this)
+        return m_container && m_container->isVisible() ? m_container.data() : host;
+    return modal->isVisible() && !qobject_cast<QVWindow *>(modal) && blocks(modal, host) ? modal : host;
+}
+
+std::optional<QVPopupGeometry::Host> QVWindow::surroundings(const QWidget *container) const
+{
+    if (!m_host)
+        return std::nullopt;
+    if (!container)
+        return QVPopupGeometry::Host{qobject_cast<const QWindow *>(m_host)->size(), false, {}};
+    return QVPopupGeometry::Host{container->size(), container->isVisible() && container->isEnabled(),
+                                 container->screen()->availableSize()};
 }
 
 bool QVWindow::event(QEvent *event)
@@ -114,6 +263,13 @@ bool QVWindow::event(QEvent *event)
 void QVWindow::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
+    if (!m_geometry.isCard() && m_place == Place::OwnWindow && m_container) {
+        painter.fillRect(rect(), Qt::white);
+        painter.setPen(edgeColor);
+        painter.drawRect(rect().adjusted(0, 0, -1, -1));
+        return;
+    }
+    painter.fillRect(rect(), dimColor);
     if (!m_geometry.isCard()) {
         painter.fillRect(rect(), cardColor);
         return;
@@ -121,15 +277,17 @@ void QVWindow::paintEvent(QPaintEvent *)
     painter.setRenderHint(QPainter::Antialiasing);
     QPainterPath card;
     card.addRoundedRect(popupScreen(), cardRadius, cardRadius);
-    QPainterPath surroundings = card;
-    surroundings.addRect(rect());
-    painter.fillPath(surroundings, dimColor);
     painter.fillPath(card, cardColor);
 }
 
 void QVWindow::resizeEvent(QResizeEvent *)
 {
-    m_geometry = QVPopupGeometry(size(), m_presentation);
+    layOutScreen();
+}
+
+void QVWindow::layOutScreen()
+{
+    m_geometry = QVPopupGeometry(size(), m_presentation != QVPopupPresentation::WholeWindow);
     Q_EMIT popupScreenChanged();
 }
 
@@ -178,41 +336,8 @@ bool QVWindow::focusNextPrevChild(bool next)
     return true;
 }
 
-void QVWindow::coverHost(QWidget *host)
-{
-    QVHostWatch::adopt(host, this);
-    setGeometry(host->rect());
-}
-
-void QVWindow::coverWindow(QWindow *host)
-{
-    auto *const watch = new QVHostWatch(host, this);
-    connect(watch, &QVHostWatch::ended, this, &QVWindow::hostEnded);
-    if (m_presentation != QVPopupPresentation::WholeScreen) {
-        setWindowFlags(Qt::Dialog | Qt::FramelessWindowHint);
-        setWindowModality(Qt::WindowModal);
-        setAttribute(Qt::WA_TranslucentBackground);
-        setGeometry(host->geometry());
-        connect(watch, &QVHostWatch::resized, this, [this, host] { setGeometry(host->geometry()); });
-    }
-    create();
-    windowHandle()->setTransientParent(host);
-}
-
-void QVWindow::coverScreen(QWidget *host)
-{
-    const QScreen *const screen = host ? host->screen() : QGuiApplication::primaryScreen();
-    setParent(host, Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
-    setWindowModality(Qt::WindowModal);
-    setWindowState(Qt::WindowFullScreen);
-    setAttribute(Qt::WA_TranslucentBackground);
-    setGeometry(screen->geometry());
-    connect(screen, &QScreen::geometryChanged, this,
-            [this](const QRect &geometry) { setGeometry(geometry); });
-}
-
 void QVWindow::stayOnTop()
 {
-    if (topmostIn(parentWidget()) == this)
+    if (m_place == Place::Layer && m_focusTrap->isOnTop())
         raise();
 }

@@ -2,35 +2,36 @@
 
 #include "flow/QVPopupGeometry.h"
 
+#include <QPointer>
 #include <QWidget>
 
 #include <memory>
+#include <optional>
 
 class QVFocusTrap;
-class QVViewController;
+class QVHostWatch;
 
-/// The surface that a popup lives on: it covers the host's whole window, or a screen where there is
-/// none, and keeps all input from what lies below. It is a part of the host's window where that is a
-/// widget, else a window of its own.
+/// The surface that a popup lives on, which keeps all input from what lies below it. Where it lies is
+/// decided anew at each display, and when its host is disabled, blocked, hidden or too small meanwhile:
+/// as a layer in the host's window, or in a window of its own.
 class QVWindow final : public QWidget
 {
     Q_OBJECT
 
 public:
-    explicit QVWindow(QWidget *host);
+    QVWindow();
     ~QVWindow() override;
 
-    /// The topmost visible window of this kind on \a host.
-    [[nodiscard]] static const QWidget *topmostIn(const QWidget *host);
-
     /// Keeps \a controller alive until it is taken out again or this window ends.
-    void setRootController(std::shared_ptr<QVViewController> controller);
-    [[nodiscard]] std::shared_ptr<QVViewController> takeRootController();
+    void setRootController(std::shared_ptr<void> controller);
+    [[nodiscard]] std::shared_ptr<void> takeRootController();
 
     /// Where the popup's elements go, in this window's coordinates.
     [[nodiscard]] QRect popupScreen() const { return m_geometry.screen(); }
 
-    void makeKeyAndVisible();
+    /// Shows it over \a host, a QWidget or a QWindow; over the main screen where that is null. Moves the
+    /// focus, in answer to which this may be destroyed.
+    void makeKeyAndVisible(QObject *host);
     void resignKeyAndHide();
 
 Q_SIGNALS:
@@ -38,7 +39,8 @@ Q_SIGNALS:
     /// Escape or Back, the platform's own way of closing a window, or a click beside the card where
     /// the host wants that.
     void closeRequested();
-    void hostEnded();
+    /// It is being destroyed by somebody else: together with a window that it lay in.
+    void destroyedWithHost();
 
 protected:
     bool event(QEvent *event) override;
@@ -52,16 +54,33 @@ protected:
     bool focusNextPrevChild(bool next) override;
 
 private:
-    void coverHost(QWidget *host);
-    void coverWindow(QWindow *host);
-    void coverScreen(QWidget *host);
+    using Place = QVPopupGeometry::Place;
+
+    void watchHost();
+    void place();
+    void placeSoon();
+    void placeAgain();
+    void lieIn(QWidget *container);
+    void standAlone(Place place, QObject *over);
+    void fitToHost();
+    void layOutScreen();
+    void containerHides();
+    [[nodiscard]] QWidget *container() const;
+    [[nodiscard]] std::optional<QVPopupGeometry::Host> surroundings(const QWidget *container) const;
+    [[nodiscard]] QRect ownFrame() const;
     void stayOnTop();
     [[nodiscard]] bool isBesideCard(const QMouseEvent &event) const;
 
     // Ends before the children, whose focus goes with them.
     std::unique_ptr<QVFocusTrap> m_focusTrap;
-    std::shared_ptr<QVViewController> m_rootController;
-    const QVPopupPresentation m_presentation;
+    std::shared_ptr<void> m_rootController;
+    QPointer<QObject> m_host;
+    /// The window that this one lies in or stands over: the host, or a modal one over it.
+    QPointer<QWidget> m_container;
+    std::unique_ptr<QVHostWatch> m_hostWatch;
+    std::unique_ptr<QVHostWatch> m_containerWatch;
+    Place m_place = Place::Layer;
+    QVPopupPresentation m_presentation;
     QVPopupGeometry m_geometry;
     bool m_pressedBesideCard = false;
 };

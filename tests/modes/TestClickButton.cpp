@@ -298,7 +298,7 @@ private Q_SLOTS:
         row("pressed", QByteArray(SIGNAL(pressed())), -1);
         row("clicked", QByteArray(SIGNAL(clicked())), -1);
         row("popupOpened", QByteArray(SIGNAL(popupOpened())), -1);
-        row("closed", QByteArray(SIGNAL(closed())), -1);
+        row("closed", QByteArray(SIGNAL(closed(QVCloseReason))), -1);
         row("failed", QByteArray(SIGNAL(failed(QVError))), 5);
         row("passed", QByteArray(SIGNAL(passed(QString))), 4);
         for (int status = 0; status <= 5; ++status)

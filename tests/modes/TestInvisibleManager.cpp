@@ -109,7 +109,7 @@ private Q_SLOTS:
         QCOMPARE(badges().size(), 1);
         pass(1100ms);
         QCOMPARE(service().count(click), 2);
-        QCOMPARE(m_outcomes->said(), words("popup, popup, closed"));
+        QCOMPARE(m_outcomes->said(), words("popup, closed, popup"));
         QCOMPARE(popupCount(), 1);
     }
 

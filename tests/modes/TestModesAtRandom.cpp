@@ -164,9 +164,10 @@ private:
 
     [[nodiscard]] bool invisiblePopupIsShown() const
     {
-        const auto views = host().findChildren<QVRenderDrawView *>();
-        return std::ranges::any_of(views, [](const QVRenderDrawView *view) {
-            return view->isVisible() && view->verifyStyle() == QVVerifyStyleInvisible &&
+        // Also in a window of its own, where the host's is small.
+        return std::ranges::any_of(QApplication::allWidgets(), [](const QWidget *widget) {
+            const auto *const view = qobject_cast<const QVRenderDrawView *>(widget);
+            return view && view->isVisible() && view->verifyStyle() == QVVerifyStyleInvisible &&
                    view->canDirectlyShow();
         });
     }

@@ -1,5 +1,6 @@
 #include "draw/QVRenderDrawView.h"
 #include "modes/ModesTestCase.h"
+#include "modes/Opener.h"
 #include "popup/QVCloseButton.h"
 #include "popup/QVSupportLabel.h"
 #include "popup/QVViewController.h"
@@ -11,26 +12,6 @@
 #include <QScreen>
 
 using namespace std::chrono_literals;
-
-namespace {
-
-/// An opener that writes down what it hears.
-class Opener : public QVViewControllerDelegate
-{
-public:
-    void quarvoControllerVerifySuccessWithToken(const QString &token) override
-    {
-        heard.append(token);
-        windowWasThere = windowWasThere || !controller.expired();
-    }
-    void qv_controllerCloseAction() override { heard.append(q("close")); }
-
-    QStringList heard;
-    std::weak_ptr<QVViewController> controller;
-    bool windowWasThere = false;
-};
-
-} // namespace
 
 class TestPopup : public ModesTestCase
 {
@@ -112,9 +93,8 @@ private Q_SLOTS:
     {
         const auto row = addColumns<QSize, QRect>({"host", "screen"});
         row("phone", QSize(320, 480), QRect(0, 0, 320, 480));
-        row("narrowest card", QSize(481, 600), QRect(33, 40, 414, 520));
-        row("low", QSize(1280, 300), QRect(433, 0, 414, 300));
-        row("desktop", QSize(1280, 720), QRect(433, 100, 414, 520));
+        row("narrowest card", QSize(481, 600), QRect(33, 110, 414, 379));
+        row("desktop", QSize(1280, 720), QRect(433, 170, 414, 379));
     }
 
     void placesItsParts()
@@ -143,7 +123,7 @@ private Q_SLOTS:
         const auto row = addColumns<QVPopupPresentation, bool, bool>({"presentation", "isWindow", "isCard"});
         row("automatic", QVPopupPresentation::Automatic, false, true);
         row("window", QVPopupPresentation::WholeWindow, false, false);
-        row("screen", QVPopupPresentation::WholeScreen, true, false);
+        row("screen", QVPopupPresentation::WholeScreen, true, true);
     }
 
     void takesTheRoomThatTheHostChose()
@@ -170,9 +150,9 @@ private Q_SLOTS:
         late.raise();
         QCOMPARE(host().children().constLast(), window);
         // Of two popups the later one stays on top, and neither fights for it.
-        Opener other;
+        Opener other(&host());
         const auto second =
-            QVViewController::showQvWithVerifyStyle(QVVerifyStylePopup, m_config, m_click, &other, &host());
+            QVViewController::showQvWithVerifyStyle(QVVerifyStylePopup, m_config, m_click, &other);
         late.raise();
         QVERIFY(host().children().constLast() != window);
         QVERIFY(host().children().constLast() != &late);
@@ -199,7 +179,7 @@ private:
     void prepare() override
     {
         ModesTestCase::prepare();
-        m_opener = std::make_unique<Opener>();
+        m_opener = std::make_unique<Opener>(&host());
         m_config = std::make_shared<QVConfigResponseModel>();
         const QString address = service().addresses().apiHost();
         m_config->setApi_server(address + q("/api"));
@@ -219,8 +199,8 @@ private:
 
     void open()
     {
-        m_controller = QVViewController::showQvWithVerifyStyle(QVVerifyStylePopup, m_config, m_click,
-                                                               m_opener.get(), &host());
+        m_controller =
+            QVViewController::showQvWithVerifyStyle(QVVerifyStylePopup, m_config, m_click, m_opener.get());
         m_opener->controller = m_controller;
     }
 

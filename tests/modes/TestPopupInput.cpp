@@ -1,4 +1,5 @@
 #include "modes/ModesTestCase.h"
+#include "modes/Opener.h"
 #include "popup/QVCloseButton.h"
 #include "popup/QVViewController.h"
 #include "popup/QVWindow.h"
@@ -116,7 +117,7 @@ private Q_SLOTS:
         QCOMPARE(QApplication::focusWidget(), popup());
         // Two popups on one window: only the upper one insists.
         const auto second =
-            QVViewController::showQvWithVerifyStyle(QVVerifyStylePopup, nullptr, nullptr, nullptr, m_edit);
+            QVViewController::showQvWithVerifyStyle(QVVerifyStylePopup, nullptr, nullptr, m_opener.get());
         m_edit->setFocus();
         const QWidget *const upper = QApplication::focusWidget();
         QCOMPARE(upper, host().children().constLast());
@@ -173,17 +174,19 @@ private:
         m_edit->setGeometry(10, 10, 200, 30);
         replaceHost(std::move(counting));
         m_edit->setFocus();
+        m_opener = std::make_unique<Opener>(m_counting);
         delay(outageSwitch, 1h);
     }
 
     void open()
     {
         m_controller =
-            QVViewController::showQvWithVerifyStyle(QVVerifyStylePopup, nullptr, nullptr, nullptr, m_edit);
+            QVViewController::showQvWithVerifyStyle(QVVerifyStylePopup, nullptr, nullptr, m_opener.get());
     }
 
     CountingHost *m_counting = nullptr;
     QPointer<QLineEdit> m_edit;
+    std::unique_ptr<Opener> m_opener;
     std::weak_ptr<QVViewController> m_controller;
 };
 

@@ -1,0 +1,207 @@
+#include "flow/QVAttempt.h"
+
+#include "flow/QVPopup.h"
+#include "flow/QVPopupPresenter.h"
+#include "service/QVClickResponseModel.h"
+#include "service/QVErrorClassification.h"
+
+#include <utility>
+
+namespace {
+
+/// The code of the error where the user has to draw and no popup can be shown.
+constexpr qint64 popupCannotBeShown = 10001;
+
+} // namespace
+
+QVAttempt::QVAttempt(QVVerifyStyle style, QVIdentity identity, const QVPopupPresenter &presenter,
+                     QObject *host, QVAttemptObserver *observer)
+    : m_style(style)
+    , m_identity(std::move(identity))
+    , m_presenter(presenter)
+    , m_hasHost(host)
+    , m_host(host)
+    , m_observer(observer)
+{
+}
+
+QVAttempt::~QVAttempt()
+{
+    abandon();
+}
+
+void QVAttempt::start(const std::shared_ptr<QVPopup> &hidden)
+{
+    m_deadline.start([this](const QVError &error) { handleError(error); });
+    if (m_host)
+        m_hostWatch = m_presenter.watch(m_host, [this] { close(QVCloseReason::WindowGone); });
+    if (hidden && hidden->canDirectlyShow()) {
+        displayAgain(hidden);
+        return;
+    }
+    if (hidden)
+        hidden->dismissWindow();
+    requestOutageAction();
+}
+
+void QVAttempt::close(QVCloseReason reason)
+{
+    const auto self = shared_from_this();
+    auto *const told = observer();
+    if (!end())
+        return;
+    if (reason != QVCloseReason::User)
+        dismissPopup();
+    if (told)
+        told->attemptHasClosed(*this, reason);
+}
+
+void QVAttempt::abandon()
+{
+    if (end())
+        dismissPopup();
+}
+
+void QVAttempt::displayAgain(const std::shared_ptr<QVPopup> &popup)
+{
+    const auto self = shared_from_this();
+    m_popup = popup;
+    popup->setDelegate(this);
+    if (auto *const told = observer())
+        told->attemptDraws(*this);
+    if (m_hasEnded)
+        return;
+    popup->displayWindow();
+    popupIsShown();
+}
+
+void QVAttempt::requestOutageAction()
+{
+    const auto self = shared_from_this();
+    m_sequence = std::make_shared<QVClickSequence>(m_style, m_identity,
+                                                   [weak = weak_from_this()](const auto &outcome) {
+                                                       // The click answer may come after the attempt.
+                                                       if (const auto attempt = weak.lock())
+                                                           attempt->handleOutcome(outcome);
+                                                   });
+    if (auto *const told = observer())
+        told->attemptAsks(*this);
+    if (!m_hasEnded)
+        m_sequence->requestOutageAction();
+}
+
+void QVAttempt::handleOutcome(const QVClickSequence::Outcome &outcome)
+{
+    const auto self = shared_from_this();
+    m_sequence.reset();
+    if (auto *const told = observer())
+        told->attemptIsAnswered(*this);
+    if (const auto *const passed = std::get_if<QVClickSequence::Passed>(&outcome)) {
+        handleSuccess(passed->click->token());
+    } else if (const auto *const failed = std::get_if<QVClickSequence::Failed>(&outcome)) {
+        handleError(failed->error);
+    } else if (const auto *const draw = std::get_if<QVClickSequence::Draw>(&outcome)) {
+        showVerifyControllerWithConfig(draw->config, draw->click);
+    } else {
+        if (auto *const told = observer())
+            told->attemptDraws(*this);
+        showVerifyControllerWithConfig(nullptr, nullptr);
+    }
+}
+
+void QVAttempt::showVerifyControllerWithConfig(const QVClickSequence::Config &config,
+                                               const QVClickSequence::Click &click)
+{
+    if (m_hasEnded)
+        return;
+    // A host that was hidden before the start is found out only now.
+    if (m_hasHost && !m_presenter.isShown(m_host)) {
+        close(QVCloseReason::WindowGone);
+        return;
+    }
+    if (!m_presenter.canShowOver(m_host)) {
+        handleError(QVErrorClassification::parseError(QVError({}, popupCannotBeShown)));
+        return;
+    }
+    const auto popup = m_presenter.open(m_style, config, click, this);
+    m_popup = popup;
+    if (m_hasEnded)
+        dismissPopup();
+    else
+        popupIsShown();
+}
+
+void QVAttempt::popupIsShown()
+{
+    if (auto *const told = observer())
+        told->attemptShowsPopup(*this);
+}
+
+void QVAttempt::handleSuccess(const QString &token)
+{
+    const auto self = shared_from_this();
+    auto *const told = observer();
+    if (end() && told)
+        told->attemptHasPassed(*this, token);
+}
+
+void QVAttempt::handleError(const QVError &error)
+{
+    const auto self = shared_from_this();
+    auto *const told = observer();
+    if (!end())
+        return;
+    dismissPopup();
+    if (told)
+        told->attemptHasFailed(*this, error);
+}
+
+void QVAttempt::qv_controllerPassedAction()
+{
+    // The token has been earned in time.
+    m_deadline.stop();
+}
+
+void QVAttempt::quarvoControllerVerifySuccessWithToken(const QString &token)
+{
+    handleSuccess(token);
+}
+
+void QVAttempt::qv_controllerCloseAction()
+{
+    close(QVCloseReason::User);
+}
+
+void QVAttempt::qv_controllerDestroyedAction()
+{
+    close(QVCloseReason::WindowGone);
+}
+
+void QVAttempt::qv_controllerOutageAction()
+{
+    if (auto *const told = observer())
+        told->attemptEntersOutage(*this);
+}
+
+void QVAttempt::qv_controllerFailedAction(const QVError &error)
+{
+    if (auto *const told = observer())
+        told->attemptFailsInPopup(*this, error);
+}
+
+bool QVAttempt::end()
+{
+    if (std::exchange(m_hasEnded, true))
+        return false;
+    m_deadline.stop();
+    if (const auto sequence = std::exchange(m_sequence, nullptr))
+        sequence->cancel();
+    m_hostWatch.reset();
+    return true;
+}
+
+void QVAttempt::dismissPopup()
+{
+    if (const auto popup = std::exchange(m_popup, {}).lock())
+        popup->dismissWindow();
+}

@@ -1,0 +1,101 @@
+#pragma once
+
+#include "flow/QVAttemptDeadline.h"
+#include "flow/QVClickSequence.h"
+#include "flow/QVCloseReason.h"
+#include "flow/QVViewControllerDelegate.h"
+#include "platform/QuarvoCoreExport.h"
+
+#include <QPointer>
+
+#include <memory>
+
+class QVAttempt;
+class QVPopup;
+class QVPopupPresenter;
+
+/// What an attempt tells the front-end that started it. In answer anything may happen: the front-end
+/// may be destroyed, the attempt closed, another one started.
+class QVAttemptObserver : public QVDelegate
+{
+public:
+    /// The service is about to be asked.
+    virtual void attemptAsks(QVAttempt &attempt) = 0;
+    /// The service has answered; what it said comes next.
+    virtual void attemptIsAnswered(QVAttempt &attempt) { Q_UNUSED(attempt) }
+    /// A popup is about to be shown in which the user draws, other than by a click answer.
+    virtual void attemptDraws(QVAttempt &attempt) = 0;
+    /// The popup is on screen.
+    virtual void attemptShowsPopup(QVAttempt &attempt) = 0;
+    virtual void attemptEntersOutage(QVAttempt &attempt) = 0;
+    /// Something failed inside the popup, where the user may try again.
+    virtual void attemptFailsInPopup(QVAttempt &attempt, const QVError &error) = 0;
+
+    // The ends, of which each attempt comes to exactly one.
+    virtual void attemptHasPassed(QVAttempt &attempt, const QString &token) = 0;
+    virtual void attemptHasFailed(QVAttempt &attempt, const QVError &error) = 0;
+    virtual void attemptHasClosed(QVAttempt &attempt, QVCloseReason reason) = 0;
+};
+
+/// One verification by click or in invisible mode, from its start to its one end. Owns the questions to
+/// the service and the deadline, and holds the popup while the user draws.
+///
+/// It ends exactly once, as passed, failed or closed, in whatever order things happen. When its owner
+/// lets it go, it ends silently.
+class QUARVO_CORE_EXPORT QVAttempt final : public QVViewControllerDelegate, public std::enable_shared_from_this<QVAttempt>
+{
+public:
+    QVAttempt(QVVerifyStyle style, QVIdentity identity, const QVPopupPresenter &presenter, QObject *host,
+              QVAttemptObserver *observer);
+    ~QVAttempt() override;
+    Q_DISABLE_COPY(QVAttempt)
+
+    /// Shows \a hidden again if it has a picture, else asks the service.
+    void start(const std::shared_ptr<QVPopup> &hidden);
+    /// Ends the attempt. A popup that the user closed may be shown again by the next attempt; in other
+    /// cases it is dismissed.
+    void close(QVCloseReason reason);
+    /// Ends the attempt without a word.
+    void abandon();
+
+    [[nodiscard]] bool hasEnded() const { return m_hasEnded; }
+    /// Whether the service is being asked.
+    [[nodiscard]] bool isAsking() const { return m_sequence != nullptr; }
+    [[nodiscard]] std::shared_ptr<QVPopup> popup() const { return m_popup.lock(); }
+
+    [[nodiscard]] QObject *qv_controllerHost() const override { return m_host; }
+    [[nodiscard]] QVIdentity qv_controllerIdentity() const override { return m_identity; }
+    void qv_controllerPassedAction() override;
+    void quarvoControllerVerifySuccessWithToken(const QString &token) override;
+    void qv_controllerCloseAction() override;
+    void qv_controllerDestroyedAction() override;
+    void qv_controllerOutageAction() override;
+    void qv_controllerFailedAction(const QVError &error) override;
+
+private:
+    void displayAgain(const std::shared_ptr<QVPopup> &popup);
+    void requestOutageAction();
+    void handleOutcome(const QVClickSequence::Outcome &outcome);
+    void showVerifyControllerWithConfig(const QVClickSequence::Config &config,
+                                        const QVClickSequence::Click &click);
+    void popupIsShown();
+    void handleSuccess(const QString &token);
+    void handleError(const QVError &error);
+    /// Leaves nothing under way. False where the attempt had ended before.
+    [[nodiscard]] bool end();
+    void dismissPopup();
+    /// Null once the front-end has gone, or the attempt has ended.
+    [[nodiscard]] QVAttemptObserver *observer() const { return m_hasEnded ? nullptr : m_observer.get(); }
+
+    const QVVerifyStyle m_style;
+    const QVIdentity m_identity;
+    const QVPopupPresenter &m_presenter;
+    const bool m_hasHost;
+    const QPointer<QObject> m_host;
+    const QVWeakDelegate<QVAttemptObserver> m_observer;
+    QVAttemptDeadline m_deadline;
+    std::shared_ptr<QVClickSequence> m_sequence;
+    std::weak_ptr<QVPopup> m_popup;
+    std::unique_ptr<QObject> m_hostWatch;
+    bool m_hasEnded = false;
+};

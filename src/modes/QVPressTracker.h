@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QPointF>
+#include <QPointer>
+
+class QPointingDevice;
+class QTouchEvent;
+
+/// Follows one press of a button, by mouse, by one finger or by a key, and tells where it goes. While
+/// one finger is followed, all others are ignored.
+class QVPressTracker
+{
+public:
+    /// The button that is pressed. Each call may destroy it, and the tracker with it.
+    class Button
+    {
+    public:
+        [[nodiscard]] virtual bool takesInput() const = 0;
+        [[nodiscard]] virtual bool pointInside(QPointF point) const = 0;
+        virtual void pressBegan(QPointF point) = 0;
+        virtual void pressMoved(bool inside) = 0;
+        virtual void pressEnded(bool inside) = 0;
+
+    protected:
+        ~Button() = default;
+    };
+
+    explicit QVPressTracker(Button &button);
+
+    [[nodiscard]] bool isTracking() const { return m_tracking; }
+    void begin(QPointF point);
+    void move(QPointF point);
+    void end(QPointF point);
+    /// Ends a press that will never be lifted like one that is lifted outside.
+    void cancel();
+    /// Forgets the press without a word.
+    void forget() { m_tracking = false; }
+    void takeTouch(QTouchEvent &event);
+
+private:
+    void beginTouch(QTouchEvent &event);
+    void followTouch(const QTouchEvent &event);
+
+    Button &m_button;
+    bool m_tracking = false;
+    QPointer<const QPointingDevice> m_device;
+    int m_finger = 0;
+};

@@ -1,0 +1,47 @@
+#include "popup/QVWidgetPresenter.h"
+
+#include "flow/QVViewControllerDelegate.h"
+#include "popup/QVHostWatch.h"
+#include "popup/QVViewController.h"
+
+#include <QApplication>
+
+namespace {
+
+/// On this platform a Quick window takes the whole screen, and a widget's window over it is never
+/// painted.
+bool isCoveredForGood(const QObject *host)
+{
+    return host && !host->isWidgetType() && QGuiApplication::platformName() == QLatin1String("eglfs");
+}
+
+} // namespace
+
+const QVPopupPresenter &QVWidgetPresenter::shared()
+{
+    static const QVWidgetPresenter presenter;
+    return presenter;
+}
+
+bool QVWidgetPresenter::canShowOver(const QObject *host) const
+{
+    return qobject_cast<QApplication *>(QCoreApplication::instance()) && !isCoveredForGood(host);
+}
+
+bool QVWidgetPresenter::isShown(const QObject *host) const
+{
+    return QVHostWatch::isShown(host);
+}
+
+std::shared_ptr<QVPopup> QVWidgetPresenter::open(QVVerifyStyle style, const Config &config,
+                                                 const Click &click, QVViewControllerDelegate *delegate) const
+{
+    return QVViewController::showQvWithVerifyStyle(style, config, click, delegate);
+}
+
+std::unique_ptr<QObject> QVWidgetPresenter::watch(QObject *host, const std::function<void()> &gone) const
+{
+    auto watch = std::make_unique<QVHostWatch>(host);
+    QObject::connect(watch.get(), &QVHostWatch::ended, watch.get(), gone);
+    return watch;
+}
