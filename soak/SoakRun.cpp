@@ -15,8 +15,16 @@ using namespace std::chrono_literals;
 namespace {
 
 /// How the user goes about it.
-enum class Course { Right, WrongThenRight, TwiceWrongThenRight, RefreshThenRight, Characters, Outage };
-constexpr int courseCount = 6;
+enum class Course {
+    Right,
+    WrongThenRight,
+    TwiceWrongThenRight,
+    RefreshThenRight,
+    BadPictureThenRight,
+    Characters,
+    Outage
+};
+constexpr int courseCount = 7;
 constexpr int styleCount = 3;
 
 QVSandboxOptions sandboxOptions()
@@ -68,11 +76,12 @@ bool SoakRun::verify(int number, QString &problem)
     m_wrongCount = 0;
     m_sandbox.clearLog();
     m_sandbox.setOutageActive(course == Course::Outage);
-    QVSDKManager::setQuarvoSDKVid(course == Course::Characters ? QStringLiteral("test-character")
-                                                               : QStringLiteral("test-draw"),
-                                  QStringLiteral("soak"));
+    m_failureCount = 0;
+    setId(course == Course::Characters            ? "test-character"
+          : course == Course::BadPictureThenRight ? "test-broken-picture"
+                                                  : "test-draw");
     open(style);
-    bool isFine = waitForReady();
+    bool isFine = course == Course::BadPictureThenRight ? retryAfterFailure() : waitForReady();
     const int wrongs = course == Course::WrongThenRight ? 1 : course == Course::TwiceWrongThenRight ? 2 : 0;
     for (int wrong = 0; isFine && wrong < wrongs; ++wrong) {
         drawWrong();
@@ -99,6 +108,21 @@ bool SoakRun::verify(int number, QString &problem)
     return isPassed;
 }
 
+void SoakRun::setId(const char *id)
+{
+    QVSDKManager::setQuarvoSDKVid(QLatin1String(id), QStringLiteral("soak"));
+}
+
+bool SoakRun::retryAfterFailure()
+{
+    if (!qv_waitFor([this] { return m_failureCount > 0; }))
+        return false;
+    setId("test-draw");
+    m_time.advance(500ms);
+    QVPointerInput::click(*part("errorOverlayView"), part("errorOverlayView")->rect().center());
+    return waitForReady();
+}
+
 void SoakRun::open(QVVerifyStyle style)
 {
     m_host = std::make_unique<QWidget>();
@@ -108,6 +132,7 @@ void SoakRun::open(QVVerifyStyle style)
     qv_waitFor([this] { return m_host->isActiveWindow(); });
     const auto watch = [this] {
         QObject::connect(panel(), &QVRenderDrawView::ready, m_host.get(), [this] { ++m_readyCount; });
+        QObject::connect(panel(), &QVRenderDrawView::failed, m_host.get(), [this] { ++m_failureCount; });
         QObject::connect(panel(), &QVRenderDrawView::wrongAnswer, m_host.get(), [this] { ++m_wrongCount; });
     };
     if (style == QVVerifyStyleEmbed) {

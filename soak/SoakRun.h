@@ -24,12 +24,14 @@ public:
 
 private:
     void configure();
+    static void setId(const char *id);
     void open(QVVerifyStyle style);
     void solve();
     void drawWrong();
     void drawThrough(const std::vector<QPoint> &points);
     void typeCharacters(const QString &characters);
     void refresh();
+    [[nodiscard]] bool retryAfterFailure();
     [[nodiscard]] bool waitForReady();
     [[nodiscard]] bool waitForAnswer();
     [[nodiscard]] static QVRenderDrawView *panel();
@@ -42,4 +44,5 @@ private:
     QStringList m_tokens;
     int m_readyCount = 0;
     int m_wrongCount = 0;
+    int m_failureCount = 0;
 };
