@@ -3,6 +3,7 @@
 #include "image/QVImageDecoder.h"
 #include "image/QVImageResources.h"
 #include "net/QVNetworkError.h"
+#include "net/QVNetworkSession.h"
 #include "service/QVErrorClassification.h"
 #include "settings/QVConfigurationManager.h"
 
@@ -22,7 +23,7 @@ QVImageLoad *QVImageLoad::start(QVImageResources &resources, const QString &addr
 }
 
 QVImageLoad::QVImageLoad(QVImageResources &resources, QString address, Completion completion)
-    : QVTransfer(&resources.network())
+    : QVTransfer(&resources)
     , m_resources(resources)
     , m_address(std::move(address))
     , m_completion(std::move(completion))
@@ -35,6 +36,7 @@ QVImageLoad::~QVImageLoad()
     // What the completion holds may cancel this as it goes.
     m_isFinished = true;
     m_completion = {};
+    delete m_download;
 }
 
 void QVImageLoad::cancel()
@@ -56,27 +58,34 @@ void QVImageLoad::cancel()
 void QVImageLoad::begin()
 {
     m_image = m_resources.remembered(m_address);
-    if (m_image.isNull())
-        download();
-    else
+    if (!m_image.isNull())
         QMetaObject::invokeMethod(this, &QVImageLoad::complete, Qt::QueuedConnection);
+    else if (m_resources.disk().holds(m_address))
+        readFromDisk();
+    else
+        download();
+}
+
+void QVImageLoad::readFromDisk()
+{
+    connect(&m_resources.disk(), &QVPictureDisk::wasRead, this,
+            [this](const QString &address, const QByteArray &bytes) {
+                if (address != m_address || m_error)
+                    return;
+                m_resources.disk().disconnect(this);
+                bytes.isEmpty() ? download() : decode(bytes);
+            });
+    m_resources.disk().read(m_address);
+    startDeadline();
 }
 
 void QVImageLoad::download()
 {
-    QNetworkRequest request{QUrl(m_address)};
-    m_writesToDisk = m_resources.tryOpenDisk();
-    request.setAttribute(QNetworkRequest::CacheSaveControlAttribute, m_writesToDisk);
-    // A picture never changes under its address, so how long it stays fresh does not matter. What a
-    // host's own way to the network keeps is the host's business.
     auto *const host = QVConfigurationManager::sharedManager().networkAccessManager();
-    if (!host)
-        request.setAttribute(QNetworkRequest::CacheLoadControlAttribute,
-                             m_resources.isOnDisk(m_address) ? QNetworkRequest::AlwaysCache
-                                                             : QNetworkRequest::AlwaysNetwork);
-    // The load lives as long as the download: both go with the network, or one after the other.
-    m_download = QVBoundedDownload::start(m_resources.network(), host, request, limits,
-                                          [this](const QVBoundedDownload::Result &result) {
+    // What a host's own manager keeps is the host's business.
+    m_isForDisk = !host;
+    m_download = QVBoundedDownload::start(QVNetworkSession::shared(), host, QNetworkRequest(QUrl(m_address)),
+                                          limits, [this](const QVBoundedDownload::Result &result) {
                                               m_download.clear();
                                               handleDownload(result);
                                           });
@@ -85,11 +94,11 @@ void QVImageLoad::download()
 void QVImageLoad::handleDownload(const QVBoundedDownload::Result &result)
 {
     if (result.error)
-        fail(result.error->code());
-    else if (result.httpStatus >= QVNetworkError::firstErrorStatus)
-        fail(QVNetworkError::other);
-    else
-        decode(result.body);
+        return fail(result.error->code());
+    if (result.httpStatus >= QVNetworkError::firstErrorStatus)
+        return fail(QVNetworkError::other);
+    m_bytes = result.body;
+    decode(m_bytes);
 }
 
 void QVImageLoad::decode(const QByteArray &bytes)
@@ -98,10 +107,7 @@ void QVImageLoad::decode(const QByteArray &bytes)
     m_decoding = m_resources.start(
         [image, bytes](const std::stop_token &stop) { *image = qv_decodedImage(bytes, stop); });
     connect(m_decoding, &QVBackgroundWork::finished, this, [this, image] { handleDecoded(*image); });
-    m_deadline.start(m_start + limits.deadline - QVScheduler::shared().now(), [this] {
-        stopDecoding();
-        fail(QVNetworkError::timedOut);
-    });
+    startDeadline();
 }
 
 void QVImageLoad::handleDecoded(const QImage &image)
@@ -111,7 +117,17 @@ void QVImageLoad::handleDecoded(const QImage &image)
     if (m_image.isNull())
         return fail(QVNetworkError::other);
     m_resources.remember(m_address, m_image);
+    if (m_isForDisk)
+        m_resources.disk().write(m_address, m_bytes);
     complete();
+}
+
+void QVImageLoad::startDeadline()
+{
+    m_deadline.start(m_start + limits.deadline - QVScheduler::shared().now(), [this] {
+        stopDecoding();
+        fail(QVNetworkError::timedOut);
+    });
 }
 
 void QVImageLoad::stopDecoding()
@@ -125,8 +141,6 @@ void QVImageLoad::stopDecoding()
 
 void QVImageLoad::fail(qint64 code)
 {
-    if (m_writesToDisk)
-        m_resources.forgetOnDisk(m_address);
     m_error = QVErrorClassification::parseError(qv_networkError(code));
     complete();
 }
@@ -134,8 +148,6 @@ void QVImageLoad::fail(qint64 code)
 void QVImageLoad::complete()
 {
     m_isFinished = true;
-    if (std::exchange(m_writesToDisk, false))
-        m_resources.closeDisk();
     deleteLater();
     const Completion completion = std::exchange(m_completion, {});
     if (completion)

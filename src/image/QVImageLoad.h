@@ -9,7 +9,7 @@
 class QVBackgroundWork;
 class QVImageResources;
 
-/// One picture on its way: from memory, or by download and decoding.
+/// One picture on its way: from memory, or from disk or the network by decoding. Owned by its resources.
 class QVImageLoad final : public QVTransfer
 {
     Q_OBJECT
@@ -29,8 +29,11 @@ private:
     void begin();
     void download();
     void handleDownload(const QVBoundedDownload::Result &result);
+    void readFromDisk();
     void decode(const QByteArray &bytes);
     void handleDecoded(const QImage &image);
+    /// For what is not bounded by itself: the disk and the decoder.
+    void startDeadline();
     void stopDecoding();
     void fail(qint64 code);
     void complete();
@@ -44,6 +47,8 @@ private:
     QVTimer m_deadline;
     QImage m_image;
     std::optional<QVError> m_error;
-    bool m_writesToDisk = false;
+    QByteArray m_bytes;
+    /// Whether it is written to disk once it has turned out to be a picture.
+    bool m_isForDisk = false;
     bool m_isFinished = false;
 };

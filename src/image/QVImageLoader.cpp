@@ -20,8 +20,10 @@ QVImageLoader::QVImageLoader() = default;
 void QVImageLoader::prepare()
 {
     qv_assertMainThread();
-    if (!m_resources)
-        resources().start([](const std::stop_token &) { (void)qv_decoderReads(QByteArrayLiteral("jpeg")); });
+    if (m_resources)
+        return;
+    resources().disk().prepare();
+    resources().start([](const std::stop_token &) { (void)qv_decoderReads(QByteArrayLiteral("jpeg")); });
 }
 
 std::shared_ptr<QVDataTask> QVImageLoader::load(const QString &address, Completion completion)

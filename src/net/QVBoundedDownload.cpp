@@ -1,14 +1,13 @@
 #include "net/QVBoundedDownload.h"
 
+#include "net/QVManagerExchange.h"
 #include "net/QVNetworkError.h"
-
-#include <QNetworkAccessManager>
-#include <QNetworkReply>
+#include "net/QVNetworkSession.h"
+#include "net/QVVerifyingTls.h"
 
 namespace {
 
 constexpr int maximumRedirects = 5;
-constexpr qint64 readAtOnce = 1 << 14;
 
 std::optional<qint64> faultOf(const QUrl &address)
 {
@@ -21,26 +20,43 @@ std::optional<qint64> faultOf(const QUrl &address)
     return std::nullopt;
 }
 
+bool isRedirect(const QVExchange::Result &answer)
+{
+    constexpr int statuses[] = {301, 302, 303, 307, 308};
+    return std::ranges::find(statuses, answer.httpStatus) != std::end(statuses) && !answer.location.isEmpty();
+}
+
+// What went over an encrypted line does not go over an open one.
+bool isLessSafe(const QUrl &from, const QUrl &to)
+{
+    return from.scheme() == QLatin1String("https") && to.scheme() != QLatin1String("https");
+}
+
 } // namespace
 
-QVBoundedDownload *QVBoundedDownload::start(QNetworkAccessManager &own, QNetworkAccessManager *host,
+QVBoundedDownload *QVBoundedDownload::start(QVNetworkSession &own, QNetworkAccessManager *host,
                                             const QNetworkRequest &request, Limits limits,
                                             Completion completion)
 {
-    auto *download = new QVBoundedDownload(own, limits, std::move(completion));
-    QNetworkAccessManager &network = host ? *host : own;
+    auto *download = new QVBoundedDownload(own, host, request, limits, std::move(completion));
     if (const std::optional<qint64> fault = faultOf(request.url()))
         download->failLater(*fault);
     else
-        download->send(network, request);
+        download->ask();
     return download;
 }
 
-QVBoundedDownload::QVBoundedDownload(QNetworkAccessManager &own, Limits limits, Completion completion)
+QVBoundedDownload::QVBoundedDownload(QVNetworkSession &own, QNetworkAccessManager *host,
+                                     const QNetworkRequest &request, Limits limits, Completion completion)
     : QVTransfer(&own)
+    , m_own(own)
+    , m_host(host)
+    , m_request(request)
     , m_limits(limits)
     , m_completion(std::move(completion))
 {
+    m_request.setSslConfiguration(qv_verifyingTls());
+    m_deadline.start(m_limits.deadline, [this] { failLater(QVNetworkError::timedOut); });
 }
 
 QVBoundedDownload::~QVBoundedDownload()
@@ -48,8 +64,7 @@ QVBoundedDownload::~QVBoundedDownload()
     // What the completion holds may cancel this as it goes.
     m_isFinished = true;
     m_completion = {};
-    if (m_reply)
-        m_reply->deleteLater();
+    endExchange();
 }
 
 void QVBoundedDownload::cancel()
@@ -57,53 +72,33 @@ void QVBoundedDownload::cancel()
     failLater(QVNetworkError::cancelled);
 }
 
-void QVBoundedDownload::send(QNetworkAccessManager &network, QNetworkRequest request)
+void QVBoundedDownload::ask()
 {
-    request.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
-    request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
-    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::NoLessSafeRedirectPolicy);
-    request.setMaximumRedirectsAllowed(maximumRedirects);
-
-    m_reply = network.get(request);
-    // A busy event loop must not let the answer pile up unread.
-    m_reply->setReadBufferSize(m_limits.bytes + 1);
-    // A host may read what its manager says has finished, before this hears of it.
-    const bool isHosts = &network != parent();
-    connect(m_reply, &QNetworkReply::readyRead, this,
-            isHosts ? &QVBoundedDownload::read : &QVBoundedDownload::readIfLarge);
-    connect(m_reply, &QNetworkReply::finished, this, &QVBoundedDownload::finish);
-    // Another's way to the network may go at any time.
-    connect(&network, &QObject::destroyed, this, [this] { failLater(QVNetworkError::connectionLost); });
-    m_deadline.start(m_limits.deadline, [this] { failLater(QVNetworkError::timedOut); });
+    if (m_host)
+        m_exchange = new QVManagerExchange(*m_host, m_request, m_limits.bytes);
+    else
+        m_exchange = m_own.newExchange(m_request, m_limits.bytes);
+    connect(m_exchange, &QVExchange::finished, this, &QVBoundedDownload::takeAnswer);
+    m_exchange->start();
 }
 
-void QVBoundedDownload::readIfLarge()
+void QVBoundedDownload::takeAnswer()
 {
-    // A usual answer is read once, at the end: each read wakes Qt's network thread to tell it of the room
-    // made.
-    const qint64 unread = m_reply->bytesAvailable();
-    if (unread >= readAtOnce || m_result.body.size() + unread > m_limits.bytes)
-        read();
-}
-
-void QVBoundedDownload::read()
-{
-    const qint64 room = m_limits.bytes - m_result.body.size();
-    m_result.body += m_reply->read(room + 1);
-    if (m_result.body.size() > m_limits.bytes)
-        failLater(QVNetworkError::other);
-}
-
-void QVBoundedDownload::finish()
-{
-    // One that its host gave up is closed.
-    if (m_reply->isOpen())
-        read();
-    if (m_result.error)
-        return;
-    m_result.httpStatus = m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
-    m_result.error = qv_networkErrorOfReply(*m_reply);
+    const QVExchange::Result answer = m_exchange->result();
+    endExchange();
+    if (answer.error == QNetworkReply::NoError && isRedirect(answer))
+        return follow(answer.location);
+    m_result = {answer.body, answer.httpStatus, qv_networkErrorOf(answer.error)};
     complete();
+}
+
+void QVBoundedDownload::follow(const QByteArray &location)
+{
+    const QUrl target = m_request.url().resolved(QUrl::fromEncoded(location));
+    if (++m_redirects > maximumRedirects || faultOf(target) || isLessSafe(m_request.url(), target))
+        return failLater(QVNetworkError::other);
+    m_request.setUrl(target);
+    ask();
 }
 
 void QVBoundedDownload::failLater(qint64 code)
@@ -112,17 +107,8 @@ void QVBoundedDownload::failLater(qint64 code)
         return;
     m_result.error = qv_networkError(code);
     m_deadline.stop();
-    if (m_reply)
-        m_reply->disconnect(this);
-    QMetaObject::invokeMethod(this, &QVBoundedDownload::abandon, Qt::QueuedConnection);
-}
-
-void QVBoundedDownload::abandon()
-{
-    // Deleted, not aborted: an HTTP error status that is still on its way to an aborted reply makes
-    // Qt warn about a second error.
-    delete m_reply;
-    complete();
+    endExchange();
+    QMetaObject::invokeMethod(this, &QVBoundedDownload::complete, Qt::QueuedConnection);
 }
 
 void QVBoundedDownload::complete()
@@ -133,4 +119,12 @@ void QVBoundedDownload::complete()
     const Result result = std::exchange(m_result, {});
     const Completion completion = std::exchange(m_completion, {});
     completion(result);
+}
+
+void QVBoundedDownload::endExchange()
+{
+    if (!m_exchange)
+        return;
+    m_exchange->disconnect(this);
+    std::exchange(m_exchange, nullptr)->deleteLater();
 }

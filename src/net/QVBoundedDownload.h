@@ -11,9 +11,13 @@
 #include <optional>
 
 class QNetworkAccessManager;
-class QNetworkReply;
+class QVExchange;
+class QVNetworkSession;
 
-/// A GET that ends: within its deadline, reading no more than its limit.
+/// A GET that ends: within its deadline, taking no more than its limit, after a few redirects.
+///
+/// Certificates are verified whatever the host has set for the process. An answer is one whatever its HTTP
+/// status.
 class QVBoundedDownload final : public QVTransfer
 {
     Q_OBJECT
@@ -36,7 +40,7 @@ public:
     /// Starts at once and completes exactly once, never before this call has returned. Only web
     /// addresses are fetched. They go through \a host, the host's own manager, if there is one, else
     /// through \a own, which owns the download in any case.
-    static QVBoundedDownload *start(QNetworkAccessManager &own, QNetworkAccessManager *host,
+    static QVBoundedDownload *start(QVNetworkSession &own, QNetworkAccessManager *host,
                                     const QNetworkRequest &request, Limits limits, Completion completion);
 
     ~QVBoundedDownload() override;
@@ -44,21 +48,24 @@ public:
     [[nodiscard]] bool isFinished() const override { return m_isFinished; }
 
 private:
-    QVBoundedDownload(QNetworkAccessManager &own, Limits limits, Completion completion);
+    QVBoundedDownload(QVNetworkSession &own, QNetworkAccessManager *host, const QNetworkRequest &request,
+                      Limits limits, Completion completion);
 
-    void send(QNetworkAccessManager &network, QNetworkRequest request);
-    void readIfLarge();
-    void read();
-    void finish();
+    void ask();
+    void takeAnswer();
+    void follow(const QByteArray &location);
     void failLater(qint64 code);
-    void abandon();
     void complete();
+    void endExchange();
 
-    /// Its manager's, which may take it along.
-    QPointer<QNetworkReply> m_reply;
-    QVTimer m_deadline;
+    QVNetworkSession &m_own;
+    QPointer<QNetworkAccessManager> m_host;
+    QNetworkRequest m_request;
     Limits m_limits;
     Completion m_completion;
+    QVTimer m_deadline;
+    QVExchange *m_exchange = nullptr;
     Result m_result;
+    int m_redirects = 0;
     bool m_isFinished = false;
 };

@@ -2,7 +2,6 @@
 
 #include <QNetworkInformation>
 #include <QNetworkInterface>
-#include <QNetworkReply>
 
 #include <algorithm>
 
@@ -37,7 +36,7 @@ qint64 codeOf(QNetworkReply::NetworkError error)
     case QNetworkReply::HostNotFoundError:
         return codeOfUnreachable(QVNetworkError::hostNotFound);
     case QNetworkReply::TimeoutError:
-    // Not ours, whose replies are let go of: the time-out of a host's own way to the network.
+    // The time-out of a host's own manager.
     case QNetworkReply::OperationCanceledError:
         return QVNetworkError::timedOut;
     case QNetworkReply::SslHandshakeFailedError:
@@ -52,15 +51,6 @@ qint64 codeOf(QNetworkReply::NetworkError error)
     }
 }
 
-// An HTTP error status makes the reply fail although it has been read whole.
-bool isErrorStatus(const QNetworkReply &reply)
-{
-    const int status = reply.attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
-    return status >= QVNetworkError::firstErrorStatus && reply.error() > QNetworkReply::UnknownProxyError &&
-           reply.error() <= QNetworkReply::UnknownServerError &&
-           reply.error() != QNetworkReply::ProtocolFailure;
-}
-
 } // namespace
 
 QVError qv_networkError(qint64 code)
@@ -68,9 +58,9 @@ QVError qv_networkError(qint64 code)
     return QVError(QString(), code);
 }
 
-std::optional<QVError> qv_networkErrorOfReply(const QNetworkReply &reply)
+std::optional<QVError> qv_networkErrorOf(QNetworkReply::NetworkError error)
 {
-    if (reply.error() == QNetworkReply::NoError || isErrorStatus(reply))
+    if (error == QNetworkReply::NoError)
         return std::nullopt;
-    return qv_networkError(codeOf(reply.error()));
+    return qv_networkError(codeOf(error));
 }

@@ -2,9 +2,9 @@
 
 #include "platform/QVError.h"
 
-#include <optional>
+#include <QNetworkReply>
 
-class QNetworkReply;
+#include <optional>
 
 /// The codes of failures that are not the service's own. Their numbers are part of what hosts see.
 namespace QVNetworkError {
@@ -28,6 +28,6 @@ inline constexpr int firstErrorStatus = 400;
 
 /// An error of the platform, whose message is still to be chosen by its code.
 [[nodiscard]] QVError qv_networkError(qint64 code);
-/// What kept a finished \a reply from being an answer; nothing where it is one, whatever its HTTP
-/// status.
-[[nodiscard]] std::optional<QVError> qv_networkErrorOfReply(const QNetworkReply &reply);
+/// What kept a request from being answered; nothing where it was. Tells whether the machine is offline, for
+/// which it is called on the user-interface thread.
+[[nodiscard]] std::optional<QVError> qv_networkErrorOf(QNetworkReply::NetworkError error);

@@ -3,6 +3,7 @@
 #include "model/QVModelMapper.h"
 #include "net/QVBoundedDownload.h"
 #include "net/QVDataTask.h"
+#include "net/QVNetworkSession.h"
 #include "platform/QVMainThread.h"
 #include "service/QVClickResponseModel.h"
 #include "service/QVConfigResponseModel.h"
@@ -12,9 +13,6 @@
 #include "service/QVJsonAnswer.h"
 #include "service/QVVerifyResponseModel.h"
 #include "settings/QVConfigurationManager.h"
-
-#include <QCoreApplication>
-#include <QNetworkAccessManager>
 
 using namespace std::chrono_literals;
 
@@ -231,14 +229,9 @@ QVAPIRequestManager::Task QVAPIRequestManager::startPlain(const QString &address
     return std::make_shared<QVDataTask>(download);
 }
 
-QNetworkAccessManager &QVAPIRequestManager::requestSession()
+QVNetworkSession &QVAPIRequestManager::requestSession()
 {
-    if (!m_requestSession) {
-        m_requestSession = std::make_unique<QNetworkAccessManager>();
-        // Its thread and its sockets must be gone before the application object is.
-        qAddPostRoutine([] { shared().m_requestSession.reset(); });
-    }
-    return *m_requestSession;
+    return QVNetworkSession::shared();
 }
 
 const QMap<QByteArray, QByteArray> &QVAPIRequestManager::requestHTTPHeaderFields()

@@ -5,13 +5,13 @@
 #include <QMap>
 #include <QString>
 
-class QNetworkAccessManager;
 class QVClickResponseModel;
 class QVConfigResponseModel;
 class QVDataTask;
 class QVDownTimeResponseModel;
 class QVGetOutageResponseModel;
 class QVGetRefreshResponseModel;
+class QVNetworkSession;
 class QVVerifyResponseModel;
 struct QVJsonAnswer;
 
@@ -62,9 +62,8 @@ private:
                std::function<void(const QVJsonAnswer &)> answered);
     Task startPlain(const QString &address, std::chrono::seconds deadline,
                     std::function<void(const QVJsonAnswer &)> answered);
-    QNetworkAccessManager &requestSession();
+    static QVNetworkSession &requestSession();
     const QMap<QByteArray, QByteArray> &requestHTTPHeaderFields();
 
-    std::unique_ptr<QNetworkAccessManager> m_requestSession;
     QMap<QByteArray, QByteArray> m_requestHTTPHeaderFields;
 };

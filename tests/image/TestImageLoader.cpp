@@ -85,26 +85,6 @@ private Q_SLOTS:
         expectFailure(probe, -1001);
     }
 
-    void overlappingLoadsOfOneAddress()
-    {
-        const QByteArray bytes = qv_testPicture({40, 23}, Qt::green, "png");
-        const QByteArray length = "Content-Length: " + QByteArray::number(bytes.size() + 1) + "\r\n\r\n";
-        QVImageResources resources;
-        Probe stalled;
-        m_server->enqueue(QVScript().send("HTTP/1.1 200 OK\r\n" + length + bytes));
-        load(stalled, "/a.png", resources);
-        QVERIFY(waitFor([&] { return m_server->requests().size() == 1; }));
-        Probe second;
-        m_server->enqueue(picture());
-        load(second, "/a.png", resources);
-        expectPicture(second, Qt::green);
-        // The first is still writing there.
-        QVERIFY(!resources.isOnDisk(address("/a.png")));
-        advance(15s);
-        QVERIFY(waitFor([&] { return stalled.isDone(); }));
-        QCOMPARE(stalled.code(), -1001);
-    }
-
     void cancelledDownload()
     {
         m_server->enqueue(QVScript());

@@ -74,7 +74,7 @@ private Q_SLOTS:
         row("too large and endless", QVScript().send(chunkedHead() + chunked(paddedTo(answerLimit + 1))),
             qint64(-1));
         row("compressed bomb", compressedBomb(), qint64(-1));
-        row("broken compression", QVScript::answer("xxxx", 200, "Content-Encoding: gzip\r\n"), qint64(3840));
+        row("broken compression", QVScript::answer("xxxx", 200, "Content-Encoding: gzip\r\n"), qint64(-1));
         row("redirect to a file", redirectTo("file:///etc/hostname"), qint64(-1));
         row("redirect in a circle", redirectTo("/again"), qint64(-1));
     }

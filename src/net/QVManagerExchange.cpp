@@ -1,0 +1,77 @@
+#include "net/QVManagerExchange.h"
+
+#include <QNetworkAccessManager>
+
+namespace {
+
+// An HTTP error status makes the reply fail although it has been read whole.
+QNetworkReply::NetworkError errorOf(const QNetworkReply &reply)
+{
+    const QNetworkReply::NetworkError error = reply.error();
+    const bool hasStatus = reply.attribute(QNetworkRequest::HttpStatusCodeAttribute).isValid();
+    const bool isOfStatus =
+        error == QNetworkReply::ProxyAuthenticationRequiredError ||
+        (error > QNetworkReply::UnknownProxyError && error <= QNetworkReply::UnknownServerError &&
+         error != QNetworkReply::ProtocolFailure);
+    return hasStatus && isOfStatus ? QNetworkReply::NoError : error;
+}
+
+} // namespace
+
+QVManagerExchange::QVManagerExchange(QNetworkAccessManager &manager, const QNetworkRequest &request,
+                                     qint64 bodyLimit)
+    : m_manager(manager)
+    , m_request(request)
+    , m_bodyLimit(bodyLimit)
+{
+    m_request.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
+    m_request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
+    m_request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
+}
+
+QVManagerExchange::~QVManagerExchange()
+{
+    // Deleted, not aborted: an HTTP error status that is still on its way to an aborted reply makes
+    // Qt warn about a second error.
+    delete m_reply;
+}
+
+void QVManagerExchange::start()
+{
+    m_reply = m_manager.get(m_request);
+    // A busy event loop must not let the answer pile up unread.
+    m_reply->setReadBufferSize(m_bodyLimit + 1);
+    // Read as it comes: a host may read what its manager says has finished, before this hears of it.
+    connect(m_reply, &QNetworkReply::readyRead, this, &QVManagerExchange::read);
+    connect(m_reply, &QNetworkReply::finished, this, &QVManagerExchange::finish);
+    connect(&m_manager, &QObject::destroyed, this,
+            [this] { finishWith(QNetworkReply::RemoteHostClosedError); });
+}
+
+void QVManagerExchange::read()
+{
+    const qint64 room = m_bodyLimit - m_result.body.size();
+    m_result.body += m_reply->read(room + 1);
+    if (m_result.body.size() > m_bodyLimit)
+        finishWith(QNetworkReply::ProtocolFailure);
+}
+
+void QVManagerExchange::finish()
+{
+    // One that its host gave up is closed.
+    if (m_reply->isOpen())
+        read();
+    m_result.httpStatus = m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+    m_result.location = m_reply->rawHeader("Location");
+    finishWith(errorOf(*m_reply));
+}
+
+void QVManagerExchange::finishWith(QNetworkReply::NetworkError error)
+{
+    if (std::exchange(m_isFinished, true))
+        return;
+    if (m_reply)
+        m_reply->disconnect(this);
+    m_result.error = error;
+    Q_EMIT finished();
+}
