@@ -112,12 +112,21 @@ void FaultService::addWireFaults()
 void FaultService::addBodyFaults()
 {
     // Made once, since they are large.
-    static const QVScript huge =
-        QVScript::answer(R"({"code":"0103","x":")" + QByteArray(10 << 20, 'x') + "\"}");
     static const QVScript giant = QVScript::answer(qv_giantClaim(), 200, "Content-Type: image/jpeg\r\n");
     addFault("garbage", QVScript::answer(QByteArray::fromHex("00ff10feedfacecafe0d0a0d0a80")));
     addFault("no HTTP", QVScript().send("SSH-2.0-OpenSSH_9.2\r\n\r\n").close());
-    addFault("10 MiB", huge);
+    const QByteArray ok = "HTTP/1.1 200 OK\r\n";
+    const QByteArray chunked = ok + "Transfer-Encoding: chunked\r\n\r\n";
+    constexpr int beyondAnyHead = 4000;
+    addFault("chunk beyond any", QVScript().send(chunked + "7fffffffffffffff\r\n{"));
+    addFault("breaks off its chunks", QVScript().send(chunked + "2\r\n{}\r\n").close());
+    addFault("garbage for gzip", QVScript::answer("{}", 200, "Content-Encoding: gzip\r\n"));
+    addFault("bomb", QVScript::answer(qCompress(QByteArray(9 << 20, ' ')).mid(4), 200,
+                                      "Content-Encoding: deflate\r\n"));
+    addFault("interim answers for ever",
+             QVScript().send(QByteArray("HTTP/1.1 100 Continue\r\n\r\n").repeated(beyondAnyHead)));
+    addFault("head for ever",
+             QVScript().send(ok + QByteArray("X-Filler: aaaaaaaa\r\n").repeated(beyondAnyHead)));
     addFault("10,000 deep", QVScript::answer(QByteArray(10000, '[') + QByteArray(10000, ']')));
     addFault("giant picture", giant);
     addFault("web page", QVScript::answer("<html><body>Log in to use this network</body></html>", 200,

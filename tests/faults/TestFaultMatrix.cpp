@@ -1,7 +1,6 @@
 #include "faults/FaultsTestCase.h"
+#include "support/QVMemory.h"
 #include "support/QVStillStyle.h"
-
-#include <QFile>
 
 namespace {
 
@@ -31,24 +30,6 @@ constexpr Operation operations[] = {
     {"outage picture", "/outage-pictures/", Step::Start, true},
     {"outage verify", "/outage?action=verify", Step::Verify, true},
 };
-
-qint64 bytesOfStatus(const QByteArray &name)
-{
-    QFile file(QStringLiteral("/proc/self/status"));
-    if (!file.open(QIODevice::ReadOnly))
-        return 0;
-    const QByteArray text = file.readAll();
-    const qsizetype at = text.indexOf(name + ':') + name.size() + 1;
-    return text.mid(at, text.indexOf("kB", at) - at).trimmed().toLongLong() * 1024;
-}
-
-/// Starts measuring the most memory that is in use from now on.
-void forgetPeak()
-{
-    QFile file(QStringLiteral("/proc/self/clear_refs"));
-    if (file.open(QIODevice::WriteOnly))
-        file.write("5");
-}
 
 } // namespace
 
@@ -118,14 +99,14 @@ private:
 
     void meet(const FaultService::Fault &fault)
     {
-        forgetPeak();
-        const qint64 memory = bytesOfStatus("VmRSS");
+        qv_forgetPeakOfMemory();
+        const qint64 memory = qv_memory("VmRSS");
         const qsizetype failuresBefore = panelFailures();
         reach(fault);
         QVERIFY(waitFor([this] { return faults().hits() > 0; }));
         QVERIFY(passUntil([this] { return !message().isEmpty(); }));
         settle();
-        QVERIFY2(bytesOfStatus("VmHWM") - memory < memoryLimit, "memory has grown");
+        QVERIFY2(qv_memory("VmHWM") - memory < memoryLimit, "memory has grown");
         if (failsBeforeItsPanel())
             QCOMPARE(ended(), begun());
         else

@@ -1,0 +1,106 @@
+#include "net/FloodServer.h"
+#include "net/QVBoundedDownload.h"
+#include "net/QVNetworkSession.h"
+#include "support/QVMemory.h"
+#include "support/QVTestCase.h"
+
+#include <QElapsedTimer>
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr qint64 answerLimit = 1 << 20;
+constexpr qint64 pictureLimit = 8 << 20;
+constexpr qint64 memoryLimit = 32 << 20;
+
+// 16 MiB of nothing, in a few kilobytes.
+QByteArray bomb()
+{
+    constexpr qsizetype lengthBeforeData = 4;
+    static const QByteArray packed = qCompress(QByteArray(16 << 20, ' ')).mid(lengthBeforeData);
+    return packed;
+}
+
+} // namespace
+
+/// What a server sends without end ends the request at once, in a message, with little memory; nothing of it
+/// stays.
+class TestHostileServers : public QVTestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void floods_data()
+    {
+        const auto row = addColumns<QByteArray, QByteArray>({"head", "flood"});
+        const QByteArray ok = "HTTP/1.1 200 OK\r\n";
+        const QByteArray chunked = ok + "Transfer-Encoding: chunked\r\n\r\n";
+        const QByteArray packed = ok + "Content-Encoding: deflate\r\n\r\n" + bomb();
+        row("status line", QByteArray("HTTP/1.1 200 "), QByteArray("a"));
+        row("no line at all", QByteArray(), QByteArray("a"));
+        row("lines of the head", ok, QByteArray("X-Filler: aaaaaaaaaaaaaaaaaaaaa\r\n"));
+        row("one line of the head", ok + "X-Filler: ", QByteArray("a"));
+        row("interim answers", QByteArray(), QByteArray("HTTP/1.1 100 Continue\r\n\r\n"));
+        row("body without a length", ok + "\r\n", QByteArray("a"));
+        row("length beyond any", ok + "Content-Length: 9223372036854775807\r\n\r\n", QByteArray("a"));
+        row("chunk beyond any", chunked + "7fffffffffffffff\r\n", QByteArray("a"));
+        row("size of a chunk", chunked, QByteArray("0"));
+        row("extension of a chunk", chunked + "5;", QByteArray("a"));
+        row("chunks of one byte", chunked, QByteArray("1;an=extension\r\na\r\n"));
+        row("trailers", chunked + "0\r\n", QByteArray("X-Filler: aaaaaaaaaaaaaaaaaaaaa\r\n"));
+        row("compressed", packed, QByteArray("a"));
+    }
+
+    void floods()
+    {
+        QFETCH(const QByteArray, head);
+        QFETCH(const QByteArray, flood);
+        FloodServer server;
+        QVNetworkSession session;
+        for (const qint64 limit : {answerLimit, pictureLimit}) {
+            server.answer(head, flood);
+            qv_forgetPeakOfMemory();
+            const qint64 before = qv_memory("VmRSS");
+            QCOMPARE(codeOf(session, server, limit), -1);
+            QVERIFY2(qv_memory("VmHWM") - before < memoryLimit, "memory has grown");
+            QVERIFY(waitFor([&server] { return server.openCount() == 0; }));
+            server.answer("HTTP/1.1 200 OK\r\nContent-Length: 2\r\nConnection: close\r\n\r\n{}", {});
+            QCOMPARE(codeOf(session, server, limit), 0);
+        }
+        QCOMPARE(server.requestCount(), 4);
+    }
+
+    void endsDuringAFlood()
+    {
+        FloodServer server;
+        server.answer("HTTP/1.1 200 OK\r\n\r\n", "a");
+        auto session = std::make_unique<QVNetworkSession>();
+        const qint64 endless = std::numeric_limits<qint64>::max() / 2;
+        QVBoundedDownload::start(*session, nullptr, QNetworkRequest(QUrl(server.address())), {5s, endless},
+                                 [](const auto &) { QFAIL("completed without its session"); });
+        QVERIFY(waitFor([&server] { return server.requestCount() == 1; }));
+        QTest::qSleep(20);
+        QElapsedTimer time;
+        time.start();
+        session.reset();
+        QVERIFY(time.elapsed() < 500);
+        QVERIFY(waitFor([&server] { return server.openCount() == 0; }));
+    }
+
+private:
+    /// What a download ends with; -2 where it does not end.
+    static qint64 codeOf(QVNetworkSession &session, const FloodServer &server, qint64 limit)
+    {
+        std::optional<qint64> code;
+        QVBoundedDownload::start(session, nullptr, QNetworkRequest(QUrl(server.address())), {5s, limit},
+                                 [&code](const QVBoundedDownload::Result &result) {
+                                     code = result.error ? result.error->code() : 0;
+                                 });
+        (void)waitFor([&code] { return code.has_value(); });
+        return code.value_or(-2);
+    }
+};
+
+QV_TEST(TestHostileServers)
+#include "TestHostileServers.moc"
