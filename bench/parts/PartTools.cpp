@@ -1,7 +1,7 @@
 #include "parts/PartTools.h"
 
+#include "secrets/QVDesktopStore.h"
 #include "settings/QVConfigurationManager.h"
-#include "settings/QVSecureStore.h"
 
 #include <QEventLoop>
 #include <QJsonDocument>
@@ -40,7 +40,7 @@ void tellRow(const BenchRow &row)
 void configureService(const PartOptions &options, const QString &vid)
 {
     static ReadyStore store;
-    QVSecureStore::setShared(&store);
+    QVDesktopStore::setShared(&store);
     QVServiceAddresses addresses;
     addresses.setApiHost(options.addresses.value(QStringLiteral("apiHost")).toString());
     addresses.setDownloadHost(options.addresses.value(QStringLiteral("downloadHost")).toString());

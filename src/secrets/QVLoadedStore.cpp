@@ -1,4 +1,5 @@
 #include "platform/QVScheduler.h"
+#include "secrets/QVDesktopStore.h"
 #include "secrets/QVSecretStoreEntry.h"
 #include "secrets/QVSessionBus.h"
 
@@ -24,7 +25,7 @@ QVSecretStoreEntry findEntry()
 
 } // namespace
 
-std::unique_ptr<QVSecureStore> QVSecureStore::ofDesktop(std::chrono::milliseconds limit)
+std::unique_ptr<QVSecureStore> QVDesktopStore::open(std::chrono::milliseconds limit)
 {
     if (qv_sessionBusAddress().isEmpty())
         return nullptr;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "secrets/QVGlibPointer.h"
-#include "settings/QVSecureItem.h"
+#include "secrets/QVSecureItem.h"
 
 /// What an item of ours is found by in the Secret Service: names and values in a table.
 class QVSecretAttributes

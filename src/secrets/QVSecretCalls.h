@@ -1,7 +1,7 @@
 #pragma once
 
 #include "secrets/QVGlibLoop.h"
-#include "settings/QVSecureItem.h"
+#include "secrets/QVSecureItem.h"
 
 #include <libsecret/secret.h>
 #include <string>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "secrets/QVGlibPointer.h"
-#include "settings/QVSecureItem.h"
+#include "secrets/QVSecureItem.h"
 
 class QVGlibLoop;
 typedef struct _SecretService SecretService;

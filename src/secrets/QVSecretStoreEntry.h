@@ -1,7 +1,8 @@
 #pragma once
 
-#include "settings/QVSecureStore.h"
+#include "secrets/QVSecureStore.h"
 
+#include <chrono>
 #include <functional>
 
 /// Told rather than asked for, since a module reaches nothing inside the library that loads it.

@@ -1,11 +1,11 @@
 #include "settings/QVConfigurationManager.h"
 
 #include "platform/QVPictureCacheFolder.h"
+#include "secrets/QVDesktopStore.h"
 #include "settings/QVBundle.h"
 #include "settings/QVBundleImage.h"
 #include "settings/QVDeviceIdentifier.h"
 #include "settings/QVLanguage.h"
-#include "settings/QVSecureStore.h"
 
 #include <QNetworkAccessManager>
 
@@ -36,5 +36,5 @@ QString QVConfigurationManager::deviceId() const
 
 void QVConfigurationManager::prepareDeviceId()
 {
-    QVSecureStore::shared().prepare();
+    QVDesktopStore::shared().prepare();
 }

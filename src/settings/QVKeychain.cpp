@@ -4,12 +4,6 @@
 
 namespace {
 
-QString &accessibility()
-{
-    static QString type;
-    return type;
-}
-
 QVKeychainQuery queryFor(const QString &service, const QString &account)
 {
     QVKeychainQuery query;
@@ -65,10 +59,10 @@ std::optional<QList<QVSecureItem>> QVKeychain::accountsForService(const QString 
 
 QString QVKeychain::accessibilityType()
 {
-    return accessibility();
+    return QVKeychainQuery::accessibilityType();
 }
 
 void QVKeychain::setAccessibilityType(const QString &type)
 {
-    accessibility() = type;
+    QVKeychainQuery::setAccessibilityType(type);
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "settings/QVSecureItem.h"
+#include "secrets/QVSecureItem.h"
 
 #include <optional>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/QVError.h"
-#include "settings/QVSecureItem.h"
+#include "secrets/QVSecureItem.h"
 
 #include <optional>
 

@@ -1,13 +1,18 @@
 #include "settings/QVKeychainQuery.h"
 
-#include "settings/QVKeychain.h"
+#include "secrets/QVDesktopStore.h"
 #include "settings/QVKeychainError.h"
-#include "settings/QVSecureStore.h"
 
 #include <QCborValue>
 #include <QStringDecoder>
 
 namespace {
+
+QString &accessibility()
+{
+    static QString type;
+    return type;
+}
 
 bool report(QVSecureStatus status, QVError *error)
 {
@@ -17,6 +22,16 @@ bool report(QVSecureStatus status, QVError *error)
 }
 
 } // namespace
+
+QString QVKeychainQuery::accessibilityType()
+{
+    return accessibility();
+}
+
+void QVKeychainQuery::setAccessibilityType(const QString &type)
+{
+    accessibility() = type;
+}
 
 QString QVKeychainQuery::password() const
 {
@@ -50,10 +65,10 @@ bool QVKeychainQuery::save(QVError *error) const
 
 QVSecureStatus QVKeychainQuery::store() const
 {
-    QVSecureStore &store = QVSecureStore::shared();
+    QVSecureStore &store = QVDesktopStore::shared();
     const QVSecureStatus found = store.copyMatching(query(), QVSecureStore::Return::Nothing).status;
     if (found == QVSecureStatus::Success)
-        return store.update(query(), m_passwordData, QVKeychain::accessibilityType());
+        return store.update(query(), m_passwordData, accessibilityType());
     return found == QVSecureStatus::ItemNotFound ? store.add(newItem()) : found;
 }
 
@@ -61,7 +76,7 @@ bool QVKeychainQuery::fetch(QVError *error)
 {
     if (!namesAnItem())
         return report(QVSecureStatus::BadArguments, error);
-    const auto answer = QVSecureStore::shared().copyMatching(query(), QVSecureStore::Return::Data);
+    const auto answer = QVDesktopStore::shared().copyMatching(query(), QVSecureStore::Return::Data);
     if (answer.status == QVSecureStatus::Success)
         m_passwordData = answer.items.value(0).data;
     return report(answer.status, error);
@@ -70,13 +85,13 @@ bool QVKeychainQuery::fetch(QVError *error)
 bool QVKeychainQuery::deleteItem(QVError *error) const
 {
     const auto status =
-        namesAnItem() ? QVSecureStore::shared().deleteMatching(query()) : QVSecureStatus::BadArguments;
+        namesAnItem() ? QVDesktopStore::shared().deleteMatching(query()) : QVSecureStatus::BadArguments;
     return report(status, error);
 }
 
 std::optional<QList<QVSecureItem>> QVKeychainQuery::fetchAll(QVError *error) const
 {
-    auto answer = QVSecureStore::shared().copyMatching(query(), QVSecureStore::Return::Attributes);
+    auto answer = QVDesktopStore::shared().copyMatching(query(), QVSecureStore::Return::Attributes);
     if (!report(answer.status, error))
         return std::nullopt;
     return std::move(answer.items);
@@ -89,5 +104,5 @@ QVSecureQuery QVKeychainQuery::query() const
 
 QVSecureItem QVKeychainQuery::newItem() const
 {
-    return {m_service, m_account, m_accessGroup, m_label, QVKeychain::accessibilityType(), m_passwordData};
+    return {m_service, m_account, m_accessGroup, m_label, accessibilityType(), m_passwordData};
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "settings/QVSecureItem.h"
+#include "secrets/QVSecureItem.h"
 
 #include <QVariant>
 
@@ -13,6 +13,10 @@ class QVError;
 class QVKeychainQuery
 {
 public:
+    /// QVKeychain's, for every item that is stored.
+    [[nodiscard]] static QString accessibilityType();
+    static void setAccessibilityType(const QString &type);
+
     [[nodiscard]] QString service() const { return m_service; }
     void setService(const QString &service) { m_service = service; }
 

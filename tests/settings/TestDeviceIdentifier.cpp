@@ -1,8 +1,8 @@
+#include "secrets/QVDesktopStore.h"
 #include "settings/QVConfigurationManager.h"
 #include "settings/QVDeviceIdentifier.h"
 #include "settings/QVKeychain.h"
 #include "settings/QVPrivateDesktop.h"
-#include "settings/QVSecureStore.h"
 #include "support/QVTestCase.h"
 
 #include <QRegularExpression>
@@ -21,7 +21,7 @@ protected:
 
     void finish() override
     {
-        QVSecureStore::setShared(nullptr);
+        QVDesktopStore::setShared(nullptr);
         m_store.reset();
         m_desktop.reset();
     }
@@ -70,8 +70,8 @@ private:
 
     void renewStore()
     {
-        m_store = QVSecureStore::create(QVPrivateDesktop::generousLimit);
-        QVSecureStore::setShared(m_store.get());
+        m_store = QVDesktopStore::create(QVPrivateDesktop::generousLimit);
+        QVDesktopStore::setShared(m_store.get());
     }
 
     const QString m_service = q("com.quarvo.qv");

@@ -1,9 +1,9 @@
+#include "secrets/QVDesktopStore.h"
 #include "settings/QVKeychain.h"
 #include "settings/QVKeychainError.h"
 #include "settings/QVKeychainQuery.h"
 #include "settings/QVLanguage.h"
 #include "settings/QVMainBundle.h"
-#include "settings/QVSecureStore.h"
 #include "settings/QVStringsTable.h"
 #include "support/QVTestCase.h"
 
@@ -38,11 +38,11 @@ protected:
     void prepare() override
     {
         m_store = std::make_unique<QVScriptedStore>();
-        QVSecureStore::setShared(m_store.get());
+        QVDesktopStore::setShared(m_store.get());
     }
     void finish() override
     {
-        QVSecureStore::setShared(nullptr);
+        QVDesktopStore::setShared(nullptr);
         QVMainBundle::shared().setPlaces(QVMainBundle::defaultPlaces());
     }
 

@@ -1,8 +1,8 @@
 #include "platform/QVScheduler.h"
+#include "secrets/QVDesktopStore.h"
 #include "secrets/QVSecretStoreEntry.h"
 #include "settings/QVFakeSecretService.h"
 #include "settings/QVPrivateDesktop.h"
-#include "settings/QVSecureStore.h"
 #include "support/QVTestCase.h"
 
 #include <QElapsedTimer>
@@ -18,7 +18,7 @@ protected:
     {
         m_desktop = std::make_unique<QVPrivateDesktop>();
         QVERIFY(m_desktop->startBus());
-        m_store = QVSecureStore::create(QVPrivateDesktop::generousLimit);
+        m_store = QVDesktopStore::create(QVPrivateDesktop::generousLimit);
     }
 
     void finish() override
@@ -86,7 +86,7 @@ private Q_SLOTS:
         QCOMPARE(m_store->add(item("one", "a")), QVSecureStatus::Success);
         m_desktop->stopKeyring();
         QVERIFY(m_desktop->startKeyring(false));
-        m_store = QVSecureStore::create(QVPrivateDesktop::generousLimit);
+        m_store = QVDesktopStore::create(QVPrivateDesktop::generousLimit);
         verifyEveryCallGives(QVSecureStatus::InteractionNotAllowed);
         QCOMPARE(m_store->add(item("one", "new")), QVSecureStatus::InteractionNotAllowed);
     }
@@ -121,7 +121,7 @@ private Q_SLOTS:
         {
             QVFakeSecretService service(m_desktop->address(), QVFakeSecretService::Manner::Silent);
             QVERIFY(service.isRegistered());
-            m_store = QVSecureStore::create();
+            m_store = QVDesktopStore::create();
             QElapsedTimer timer;
             timer.start();
             const auto answer = m_store->copyMatching(query("one", "a"), QVSecureStore::Return::Data);
@@ -145,7 +145,7 @@ private Q_SLOTS:
     {
         QVFakeSecretService service(m_desktop->address(), QVFakeSecretService::Manner::Silent);
         QVERIFY(service.isRegistered());
-        m_store = QVSecureStore::create();
+        m_store = QVDesktopStore::create();
         m_store->prepare();
         QVERIFY(waitFor([&service] { return service.messageCount() > 0; }));
         const int asked = service.messageCount();

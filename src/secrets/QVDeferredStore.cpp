@@ -1,4 +1,4 @@
-#include "settings/QVDeferredStore.h"
+#include "secrets/QVDeferredStore.h"
 
 #include <system_error>
 #include <utility>

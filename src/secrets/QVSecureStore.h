@@ -1,9 +1,6 @@
 #pragma once
 
-#include "settings/QVSecureItem.h"
-
-#include <chrono>
-#include <memory>
+#include "secrets/QVSecureItem.h"
 
 /// Where the user's secrets are kept, item by item. A call is done when it returns and never asks the
 /// user for anything.
@@ -31,19 +28,4 @@ public:
     [[nodiscard]] virtual QVSecureStatus deleteMatching(const QVSecureQuery &query) = 0;
     /// Says that a lookup will follow, so that whatever only the first one needs can be done meanwhile.
     virtual void prepare() {}
-
-    /// What a user hardly notices, and hundreds of times what a lookup takes.
-    static constexpr std::chrono::milliseconds usualLimit{1000};
-
-    /// The store of this desktop, none of whose calls takes longer than \a limit. It costs nothing
-    /// until it is used.
-    [[nodiscard]] static std::unique_ptr<QVSecureStore> create(std::chrono::milliseconds limit = usualLimit);
-
-    [[nodiscard]] static QVSecureStore &shared();
-    /// Replaces the shared store, which must outlive its use; null brings back the desktop's.
-    static void setShared(QVSecureStore *store);
-
-private:
-    /// Null where there is none. The shared library finds it in a module, others have it linked in.
-    [[nodiscard]] static std::unique_ptr<QVSecureStore> ofDesktop(std::chrono::milliseconds limit);
 };

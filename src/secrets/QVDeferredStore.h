@@ -1,8 +1,10 @@
 #pragma once
 
-#include "settings/QVSecureStore.h"
+#include "secrets/QVSecureStore.h"
 
+#include <chrono>
 #include <functional>
+#include <memory>
 #include <mutex>
 #include <thread>
 
