@@ -3,7 +3,7 @@
 #include "modes/QVClickManager.h"
 #include "modes/QVEmbedManager.h"
 #include "parts/PartTools.h"
-#include "platform/QVQtScheduler.h"
+#include "platform/QVScheduler.h"
 #include "popup/QVCloseButton.h"
 
 #include <QCoreApplication>
@@ -22,22 +22,21 @@ public:
     ~CountingScheduler() override { setShared(nullptr); }
     Q_DISABLE_COPY(CountingScheduler)
 
-    [[nodiscard]] std::chrono::nanoseconds now() const override { return real().now(); }
-    [[nodiscard]] double secondsSince1970() const override { return real().secondsSince1970(); }
+    [[nodiscard]] std::chrono::nanoseconds now() const override { return m_real.now(); }
+    [[nodiscard]] double secondsSince1970() const override { return m_real.secondsSince1970(); }
     TaskId schedule(std::chrono::nanoseconds delay, Action action) override
     {
-        return real().schedule(delay, [this, action = std::move(action)] {
+        return m_real.schedule(delay, [this, action = std::move(action)] {
             ++m_runs;
             action();
         });
     }
-    void cancel(TaskId id) override { real().cancel(id); }
-    [[nodiscard]] qsizetype pendingCount() const override { return real().pendingCount(); }
+    void cancel(TaskId id) override { m_real.cancel(id); }
+    [[nodiscard]] qsizetype pendingCount() const override { return m_real.pendingCount(); }
     [[nodiscard]] int runs() const { return m_runs; }
 
 private:
-    [[nodiscard]] static QVQtScheduler &real() { return QVQtScheduler::instance(); }
-
+    QVScheduler &m_real = QVScheduler::shared();
     int m_runs = 0;
 };
 

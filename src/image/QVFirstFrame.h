@@ -18,7 +18,4 @@ struct QVFirstFrame
     /// Knows PNG, JPEG, GIF and WebP by their first bytes. Qt would load and ask every image plugin it
     /// finds, and some of them read formats that can do much more than show a picture.
     [[nodiscard]] static QVFirstFrame ofFile(QByteArrayView file);
-
-    /// Whether a picture of so many pixels is decoded. No captcha has more, at any ratio of a screen.
-    [[nodiscard]] static bool isSizeAllowed(qint64 width, qint64 height);
 };

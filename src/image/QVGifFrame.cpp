@@ -1,7 +1,7 @@
 #include "image/QVGifFrame.h"
 
 #include "image/QVByteReader.h"
-#include "image/QVFirstFrame.h"
+#include "image/QVPictureSize.h"
 
 namespace {
 
@@ -24,7 +24,7 @@ void skipSubBlocks(QVByteReader &reader)
 bool takeSize(QVByteReader &reader)
 {
     const quint32 width = reader.littleEndian(2);
-    return QVFirstFrame::isSizeAllowed(width, reader.littleEndian(2));
+    return qv_isPictureSizeAllowed(width, reader.littleEndian(2));
 }
 
 /// Behind its first byte, up to the end of its pixels.

@@ -2,6 +2,7 @@
 
 #include "image/QVFirstFrame.h"
 #include "image/QVPictureDevice.h"
+#include "image/QVPictureSize.h"
 
 #include <QBuffer>
 #include <QImageIOHandler>
@@ -49,7 +50,7 @@ QImage qv_decodedImage(const QByteArray &bytes, const std::stop_token &stop)
         const QVFirstFrame frame = QVFirstFrame::ofFile(bytes);
         const QImage image = frame.format.isEmpty() ? QImage() : read(frame, stop);
         // A decoder may make another size of a broken file than it tells.
-        return QVFirstFrame::isSizeAllowed(image.width(), image.height()) ? paintable(image) : QImage();
+        return qv_isPictureSizeAllowed(image.width(), image.height()) ? paintable(image) : QImage();
     } catch (const std::bad_alloc &) {
         return {};
     }

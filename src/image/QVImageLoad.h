@@ -1,10 +1,14 @@
 #pragma once
 
-#include "image/QVImageLoader.h"
 #include "net/QVBoundedDownload.h"
+#include "platform/QVError.h"
 #include "platform/QVTimer.h"
 
+#include <QImage>
 #include <QPointer>
+
+#include <functional>
+#include <optional>
 
 class QVBackgroundWork;
 class QVImageResources;
@@ -15,7 +19,7 @@ class QVImageLoad final : public QVTransfer
     Q_OBJECT
 
 public:
-    using Completion = QVImageLoader::Completion;
+    using Completion = std::function<void(QImage, std::optional<QVError>)>;
 
     static QVImageLoad *start(QVImageResources &resources, const QString &address, Completion completion);
 

@@ -1,7 +1,7 @@
 #include "image/QVJpegFrame.h"
 
 #include "image/QVByteReader.h"
-#include "image/QVFirstFrame.h"
+#include "image/QVPictureSize.h"
 
 #include <utility>
 
@@ -93,7 +93,7 @@ private:
         frame.byte();
         const quint32 height = frame.bigEndian(2);
         const quint32 width = frame.bigEndian(2);
-        return !std::exchange(m_hasFrame, true) && QVFirstFrame::isSizeAllowed(width, height) &&
+        return !std::exchange(m_hasFrame, true) && qv_isPictureSizeAllowed(width, height) &&
                frame.byte() <= mostComponents;
     }
 

@@ -1,7 +1,7 @@
 #include "image/QVPngFrame.h"
 
 #include "image/QVByteReader.h"
-#include "image/QVFirstFrame.h"
+#include "image/QVPictureSize.h"
 
 #include <algorithm>
 #include <array>
@@ -25,7 +25,7 @@ bool isHeaderAllowed(QByteArrayView content)
 {
     QVByteReader reader(content);
     const quint32 width = reader.bigEndian(4);
-    return QVFirstFrame::isSizeAllowed(width, reader.bigEndian(4));
+    return qv_isPictureSizeAllowed(width, reader.bigEndian(4));
 }
 
 } // namespace

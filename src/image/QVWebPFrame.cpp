@@ -1,7 +1,7 @@
 #include "image/QVWebPFrame.h"
 
 #include "image/QVByteReader.h"
-#include "image/QVFirstFrame.h"
+#include "image/QVPictureSize.h"
 #include "image/QVWebPCodes.h"
 
 #include <QSize>
@@ -45,7 +45,7 @@ QByteArray chunkOf(QByteArrayView type, QByteArrayView content)
 
 bool isSizeAllowed(QSize size)
 {
-    return QVFirstFrame::isSizeAllowed(size.width(), size.height());
+    return qv_isPictureSizeAllowed(size.width(), size.height());
 }
 
 /// The size of a picture of which some colours are lost; empty where it is none.
@@ -121,7 +121,7 @@ QByteArray extendedChunks(QByteArrayView head, QVByteReader &reader)
     QVByteReader sides(canvas);
     const quint32 width = sides.littleEndian(3) + 1;
     const quint32 height = sides.littleEndian(3) + 1;
-    if (fields.hasFailed() || !QVFirstFrame::isSizeAllowed(width, height))
+    if (fields.hasFailed() || !qv_isPictureSizeAllowed(width, height))
         return {};
     const QByteArray chunks = flags & isAnimated ? animationChunks(reader) : pixelChunks(reader);
     const QByteArray kept = QByteArray(1, char(flags)) + QByteArray(3, '\0') + canvas.toByteArray();

@@ -1,11 +1,45 @@
 #include "layers/QVLayer.h"
 
-#include "layers/QVLayerPainter.h"
 #include "layers/QVPathGeometry.h"
 #include "layers/QVTicker.h"
 
 #include <algorithm>
 #include <utility>
+
+namespace {
+
+/// How far a stroke reaches beyond its path: square caps and mitred corners, which the pen cuts at
+/// twice its width, reach further than half the pen.
+qreal strokeMargin(const QVLayer &layer)
+{
+    return layer.lineJoin() == Qt::RoundJoin && layer.lineCap() != Qt::SquareCap ? layer.lineWidth() / 2
+                                                                                 : layer.lineWidth() * 2;
+}
+
+QRectF ownRect(const QVLayer &layer)
+{
+    QRectF rect;
+    if (layer.backgroundColor().isValid() || !layer.contents().isNull())
+        rect = layer.presentedBounds();
+    if (layer.fillColor().isValid())
+        rect |= layer.presented().path.controlPointRect();
+    if (layer.strokeColor().isValid() && !layer.strokePath().isEmpty()) {
+        const qreal margin = strokeMargin(layer);
+        rect |= layer.strokePath().controlPointRect().adjusted(-margin, -margin, margin, margin);
+    }
+    return rect;
+}
+
+/// In the superlayer's coordinates.
+QRectF treeRect(const QVLayer &layer)
+{
+    QRectF rect = ownRect(layer);
+    for (const auto &sublayer : layer.sublayers())
+        rect |= treeRect(*sublayer);
+    return layer.presented().transform().mapRect(rect);
+}
+
+} // namespace
 
 QVLayer::~QVLayer()
 {
@@ -115,10 +149,18 @@ bool QVLayer::update()
     return true;
 }
 
+QRectF QVLayer::rectInRoot() const
+{
+    QRectF rect = treeRect(*this);
+    for (const QVLayer *above = m_superlayer; above; above = above->m_superlayer)
+        rect = above->m_presented.transform().mapRect(rect);
+    return rect;
+}
+
 void QVLayer::invalidate() const
 {
     if (QVLayerContext *shownIn = context())
-        shownIn->invalidate(QVLayerPainter::rectInRoot(*this));
+        shownIn->invalidate(rectInRoot());
 }
 
 void QVLayer::animationsChanged(const QVAnimationStack::StoppedList &stopped)

@@ -96,6 +96,10 @@ public:
     [[nodiscard]] const QVLayerProperties &presented() const { return m_presented; }
     /// The presented part of the path that is stroked.
     [[nodiscard]] const QPainterPath &strokePath() const { return m_strokePath; }
+    [[nodiscard]] QRectF presentedBounds() const { return {QPointF(), m_presented.frame.size()}; }
+    /// What the layer and its sublayers cover as presented, pen width included, in the root layer's
+    /// coordinates.
+    [[nodiscard]] QRectF rectInRoot() const;
     /// Moves the layer on and ends what is over; tells whether it looks different.
     bool present(Time time, QVAnimationStack::StoppedList &ended);
 

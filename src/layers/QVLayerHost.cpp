@@ -23,7 +23,7 @@ struct Outlook
             nextEnd = std::min(*end, nextEnd.value_or(*end));
         // An endless animation of a layer that draws nothing must not keep the ticker up.
         const bool endless = !end && layer.animations().isRunning();
-        running = running || end || (endless && !QVLayerPainter::rectInRoot(layer).isEmpty());
+        running = running || end || (endless && !layer.rectInRoot().isEmpty());
         for (const auto &sublayer : layer.sublayers())
             add(*sublayer);
     }
@@ -88,9 +88,9 @@ void QVLayerHost::appear(QVTickerClient::Time time)
 void QVLayerHost::presentTree(QVLayer &layer, QVTickerClient::Time time)
 {
     if (layer.animations().isRunning()) {
-        const QRectF before = QVLayerPainter::rectInRoot(layer);
+        const QRectF before = layer.rectInRoot();
         if (layer.present(time, m_ended))
-            invalidate(before | QVLayerPainter::rectInRoot(layer));
+            invalidate(before | layer.rectInRoot());
     }
     for (const auto &sublayer : layer.sublayers())
         presentTree(*sublayer, time);

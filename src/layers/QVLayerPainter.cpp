@@ -5,46 +5,6 @@
 #include <QPainter>
 #include <QPen>
 
-namespace {
-
-QRectF presentedBounds(const QVLayer &layer)
-{
-    return {QPointF(), layer.presented().frame.size()};
-}
-
-/// How far a stroke reaches beyond its path: square caps and mitred corners, which the pen cuts at
-/// twice its width, reach further than half the pen.
-qreal strokeMargin(const QVLayer &layer)
-{
-    return layer.lineJoin() == Qt::RoundJoin && layer.lineCap() != Qt::SquareCap ? layer.lineWidth() / 2
-                                                                                 : layer.lineWidth() * 2;
-}
-
-QRectF ownRect(const QVLayer &layer)
-{
-    QRectF rect;
-    if (layer.backgroundColor().isValid() || !layer.contents().isNull())
-        rect = presentedBounds(layer);
-    if (layer.fillColor().isValid())
-        rect |= layer.presented().path.controlPointRect();
-    if (layer.strokeColor().isValid() && !layer.strokePath().isEmpty()) {
-        const qreal margin = strokeMargin(layer);
-        rect |= layer.strokePath().controlPointRect().adjusted(-margin, -margin, margin, margin);
-    }
-    return rect;
-}
-
-/// In the superlayer's coordinates.
-QRectF treeRect(const QVLayer &layer)
-{
-    QRectF rect = ownRect(layer);
-    for (const auto &sublayer : layer.sublayers())
-        rect |= treeRect(*sublayer);
-    return layer.presented().transform().mapRect(rect);
-}
-
-} // namespace
-
 QVLayerPainter::QVLayerPainter(QPainter &painter)
     : m_painter(painter)
 {
@@ -56,14 +16,6 @@ void QVLayerPainter::paint(const QVLayer &root)
     m_painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
     paintTree(root, m_painter.worldTransform(), m_painter.opacity());
     m_painter.restore();
-}
-
-QRectF QVLayerPainter::rectInRoot(const QVLayer &layer)
-{
-    QRectF rect = treeRect(layer);
-    for (const QVLayer *above = layer.superlayer(); above; above = above->superlayer())
-        rect = above->presented().transform().mapRect(rect);
-    return rect;
 }
 
 void QVLayerPainter::paintTree(const QVLayer &layer, const QTransform &outer, qreal outerOpacity)
@@ -88,7 +40,7 @@ void QVLayerPainter::paintTree(const QVLayer &layer, const QTransform &outer, qr
 
 void QVLayerPainter::paintOwn(const QVLayer &layer)
 {
-    const QRectF bounds = presentedBounds(layer);
+    const QRectF bounds = layer.presentedBounds();
     if (layer.backgroundColor().isValid()) {
         m_painter.setPen(Qt::NoPen);
         m_painter.setBrush(layer.backgroundColor());

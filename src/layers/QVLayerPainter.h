@@ -5,16 +5,13 @@
 class QPainter;
 class QVLayer;
 
-/// Draws a tree of layers as it is presented, and knows what that covers.
+/// Draws a tree of layers as it is presented.
 class QVLayerPainter
 {
 public:
     explicit QVLayerPainter(QPainter &painter);
 
     void paint(const QVLayer &root);
-
-    /// What the layer and its sublayers cover, pen width included, in the root layer's coordinates.
-    [[nodiscard]] static QRectF rectInRoot(const QVLayer &layer);
 
 private:
     void paintTree(const QVLayer &layer, const QTransform &outer, qreal outerOpacity);

@@ -1,8 +1,115 @@
 #include "platform/QVScheduler.h"
 
-#include "platform/QVQtScheduler.h"
+#include <QCoreApplication>
+#include <QObject>
+#include <QTimerEvent>
+
+#include <algorithm>
+#include <limits>
+#include <unordered_map>
 
 namespace {
+
+// Below this a coarse timer, which may be 5 % late, would show as uneven motion.
+constexpr auto preciseBelow = std::chrono::seconds(2);
+// What Qt's timers can count, some 24 days.
+constexpr std::chrono::milliseconds longestWait{std::numeric_limits<int>::max()};
+
+/// Real time, on Qt's event loop. Holds a timer only for what is waiting.
+class QtScheduler final : public QObject, public QVScheduler
+{
+public:
+    [[nodiscard]] static QtScheduler &instance();
+
+    [[nodiscard]] std::chrono::nanoseconds now() const override;
+    [[nodiscard]] double secondsSince1970() const override;
+    TaskId schedule(std::chrono::nanoseconds delay, Action action) override;
+    void cancel(TaskId id) override;
+    [[nodiscard]] qsizetype pendingCount() const override;
+
+protected:
+    void timerEvent(QTimerEvent *event) override;
+
+private:
+    struct Task
+    {
+        int timer = 0;
+        Action action;
+    };
+
+    static void dropAll();
+
+    std::unordered_map<TaskId, Task> m_tasks;
+    TaskId m_lastId = 0;
+    bool m_dropsAtExit = false;
+};
+
+QtScheduler &QtScheduler::instance()
+{
+    // Never destroyed: a host may end its own statics, managers among them, after ours.
+    static auto *const scheduler = new QtScheduler;
+    return *scheduler;
+}
+
+std::chrono::nanoseconds QtScheduler::now() const
+{
+    return std::chrono::steady_clock::now().time_since_epoch();
+}
+
+double QtScheduler::secondsSince1970() const
+{
+    // Not in whole milliseconds: those are no doubles of seconds, so that a difference of two of them, cut
+    // off at the millisecond, would often come out one short.
+    return std::chrono::duration<double>(std::chrono::system_clock::now().time_since_epoch()).count();
+}
+
+QVScheduler::TaskId QtScheduler::schedule(std::chrono::nanoseconds delay, Action action)
+{
+    if (!m_dropsAtExit) {
+        // What waits may hold widgets, which must not outlive the application object.
+        qAddPostRoutine(dropAll);
+        m_dropsAtExit = true;
+    }
+    const auto wait = std::clamp(std::chrono::ceil<std::chrono::milliseconds>(delay),
+                                 std::chrono::milliseconds::zero(), longestWait);
+    const int timer = startTimer(wait, wait < preciseBelow ? Qt::PreciseTimer : Qt::CoarseTimer);
+    m_tasks.emplace(++m_lastId, Task{timer, std::move(action)});
+    return m_lastId;
+}
+
+void QtScheduler::cancel(TaskId id)
+{
+    const auto found = m_tasks.find(id);
+    if (found == m_tasks.end())
+        return;
+    killTimer(found->second.timer);
+    // Taken out first: destroying the action may cancel others in turn.
+    const auto node = m_tasks.extract(found);
+}
+
+qsizetype QtScheduler::pendingCount() const
+{
+    return static_cast<qsizetype>(m_tasks.size());
+}
+
+void QtScheduler::timerEvent(QTimerEvent *event)
+{
+    killTimer(event->timerId());
+    const auto found = std::ranges::find_if(
+        m_tasks, [&](const auto &entry) { return entry.second.timer == event->timerId(); });
+    if (found == m_tasks.end())
+        return;
+    const auto node = m_tasks.extract(found);
+    node.mapped().action();
+}
+
+void QtScheduler::dropAll()
+{
+    QtScheduler &scheduler = instance();
+    scheduler.m_dropsAtExit = false;
+    while (!scheduler.m_tasks.empty())
+        scheduler.cancel(scheduler.m_tasks.begin()->first);
+}
 
 QVScheduler *replacement = nullptr;
 
@@ -12,7 +119,7 @@ QVScheduler::~QVScheduler() = default;
 
 QVScheduler &QVScheduler::shared()
 {
-    return replacement ? *replacement : QVQtScheduler::instance();
+    return replacement ? *replacement : QtScheduler::instance();
 }
 
 void QVScheduler::setShared(QVScheduler *scheduler)

@@ -7,8 +7,7 @@
 #include <memory>
 
 /// A picture of the captcha service. It is good for three minutes, which a countdown watches over.
-class QVGetRefreshResponseModel : public QVResponseModel,
-                                  public std::enable_shared_from_this<QVGetRefreshResponseModel>
+class QVGetRefreshResponseModel : public QVResponseModel, public QVGetRefreshResponseTimeDownDelegate
 {
     Q_GADGET
     Q_PROPERTY(QString img READ img WRITE setImg)
@@ -49,7 +48,7 @@ public:
     void startTimeDown();
     void endTimeDown();
     /// What the countdown tells when the time is up.
-    void getRefreshResponseTimeDownHandle();
+    void getRefreshResponseTimeDownHandle() override;
     [[nodiscard]] const QVGetRefreshResponseTimeDownManager &handler() const { return m_handler; }
 
 protected:

@@ -1,7 +1,5 @@
 #include "service/QVGetRefreshResponseTimeDownManager.h"
 
-#include "service/QVGetRefreshResponseModel.h"
-
 namespace {
 
 // One second less than the three minutes for which the service keeps a picture.

@@ -2,20 +2,30 @@
 
 #include "platform/QVTimer.h"
 
-class QVGetRefreshResponseModel;
+#include <memory>
+
+/// What a countdown is a part of. Only a running countdown keeps it alive.
+class QVGetRefreshResponseTimeDownDelegate
+    : public std::enable_shared_from_this<QVGetRefreshResponseTimeDownDelegate>
+{
+public:
+    virtual void getRefreshResponseTimeDownHandle() = 0;
+
+protected:
+    ~QVGetRefreshResponseTimeDownDelegate() = default;
+};
 
 /// The countdown of one picture.
 class QVGetRefreshResponseTimeDownManager
 {
 public:
     /// \a delegate is the picture's record, which this is a part of.
-    explicit QVGetRefreshResponseTimeDownManager(QVGetRefreshResponseModel *delegate)
+    explicit QVGetRefreshResponseTimeDownManager(QVGetRefreshResponseTimeDownDelegate *delegate)
         : m_delegate(delegate)
     {
     }
 
-    /// Never owned; only a running countdown keeps it alive.
-    [[nodiscard]] QVGetRefreshResponseModel *delegate() const { return m_delegate; }
+    [[nodiscard]] QVGetRefreshResponseTimeDownDelegate *delegate() const { return m_delegate; }
     [[nodiscard]] const QVTimer &timer() const { return m_timer; }
 
     /// Tells the delegate when the picture's time is up, unless it is started anew or ended before.
@@ -23,6 +33,6 @@ public:
     void end() { m_timer.stop(); }
 
 private:
-    QVGetRefreshResponseModel *const m_delegate;
+    QVGetRefreshResponseTimeDownDelegate *const m_delegate;
     QVTimer m_timer;
 };

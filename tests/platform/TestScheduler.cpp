@@ -1,4 +1,3 @@
-#include "platform/QVQtScheduler.h"
 #include "platform/QVTimer.h"
 #include "support/QVTestCase.h"
 
@@ -12,7 +11,8 @@ private Q_SLOTS:
 
     void realTimeRunsAfterTheCallAndForgetsTheTask()
     {
-        QVQtScheduler &real = QVQtScheduler::instance();
+        QVScheduler::setShared(nullptr);
+        QVScheduler &real = QVScheduler::shared();
         int runs = 0;
         real.schedule(0ms, [&] { ++runs; });
         real.cancel(real.schedule(0ms, [&] { runs += 100; }));
