@@ -4,7 +4,8 @@ include(CMakePackageConfigHelpers)
 include(GNUInstallDirs)
 
 set(config_folder "${CMAKE_INSTALL_LIBDIR}/cmake/Quarvo")
-get_property(public_headers GLOBAL PROPERTY QUARVO_PUBLIC_HEADERS)
+get_property(core_headers GLOBAL PROPERTY QUARVO_CORE_PUBLIC_HEADERS)
+get_property(widgets_headers GLOBAL PROPERTY QUARVO_WIDGETS_PUBLIC_HEADERS)
 set(QUARVO_USES_LIBSECRET OFF)
 if(TARGET QuarvoSecrets)
   set(QUARVO_USES_LIBSECRET ON)
@@ -37,7 +38,8 @@ install(DIRECTORY "${PROJECT_SOURCE_DIR}/resources/QVKeychain.bundle"
                   "${PROJECT_SOURCE_DIR}/resources/QVResource.bundle"
         DESTINATION "${CMAKE_INSTALL_DATADIR}/quarvo" COMPONENT runtime)
 
-install(FILES ${public_headers} DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/Quarvo" COMPONENT development)
+install(FILES ${core_headers} ${widgets_headers} "${PROJECT_BINARY_DIR}/include/Quarvo/QuarvoVersion.h"
+        DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/Quarvo" COMPONENT development)
 
 configure_package_config_file("${PROJECT_SOURCE_DIR}/cmake/QuarvoConfig.cmake.in"
                               "${PROJECT_BINARY_DIR}/QuarvoConfig.cmake" INSTALL_DESTINATION "${config_folder}")

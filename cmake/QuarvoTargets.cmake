@@ -24,7 +24,7 @@ function(quarvo_public_headers)
   foreach(header ${ARGN})
     set(source "${CMAKE_CURRENT_SOURCE_DIR}/${header}")
     file(GENERATE OUTPUT "${PROJECT_BINARY_DIR}/include/Quarvo/${header}" CONTENT "#include \"${source}\"\n")
-    set_property(GLOBAL APPEND PROPERTY QUARVO_PUBLIC_HEADERS "${source}")
+    set_property(GLOBAL APPEND PROPERTY QUARVO_${QUARVO_PART}_PUBLIC_HEADERS "${source}")
   endforeach()
 endfunction()
 
