@@ -10,8 +10,6 @@
 
 namespace {
 
-// Below this a coarse timer, which may be 5 % late, would show as uneven motion.
-constexpr auto preciseBelow = std::chrono::seconds(2);
 // What Qt's timers can count, some 24 days.
 constexpr std::chrono::milliseconds longestWait{std::numeric_limits<int>::max()};
 
@@ -34,9 +32,11 @@ private:
     struct Task
     {
         int timer = 0;
+        std::chrono::nanoseconds due;
         Action action;
     };
 
+    [[nodiscard]] int startTimerUntil(std::chrono::nanoseconds due);
     static void dropAll();
 
     std::unordered_map<TaskId, Task> m_tasks;
@@ -70,11 +70,16 @@ QVScheduler::TaskId QtScheduler::schedule(std::chrono::nanoseconds delay, Action
         qAddPostRoutine(dropAll);
         m_dropsAtExit = true;
     }
-    const auto wait = std::clamp(std::chrono::ceil<std::chrono::milliseconds>(delay),
-                                 std::chrono::milliseconds::zero(), longestWait);
-    const int timer = startTimer(wait, wait < preciseBelow ? Qt::PreciseTimer : Qt::CoarseTimer);
-    m_tasks.emplace(++m_lastId, Task{timer, std::move(action)});
+    const auto due = now() + std::max(delay, std::chrono::nanoseconds::zero());
+    m_tasks.emplace(++m_lastId, Task{startTimerUntil(due), due, std::move(action)});
     return m_lastId;
+}
+
+// Precise however long: a coarse timer may be early or late by a twentieth.
+int QtScheduler::startTimerUntil(std::chrono::nanoseconds due)
+{
+    const auto wait = std::chrono::ceil<std::chrono::milliseconds>(due - now());
+    return startTimer(std::clamp(wait, std::chrono::milliseconds::zero(), longestWait), Qt::PreciseTimer);
 }
 
 void QtScheduler::cancel(TaskId id)
@@ -99,6 +104,11 @@ void QtScheduler::timerEvent(QTimerEvent *event)
         m_tasks, [&](const auto &entry) { return entry.second.timer == event->timerId(); });
     if (found == m_tasks.end())
         return;
+    // A timer counts whole milliseconds of a clock of its own, and no more than some days.
+    if (now() < found->second.due) {
+        found->second.timer = startTimerUntil(found->second.due);
+        return;
+    }
     const auto node = m_tasks.extract(found);
     node.mapped().action();
 }

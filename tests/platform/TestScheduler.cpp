@@ -1,6 +1,8 @@
 #include "platform/QVTimer.h"
 #include "support/QVTestCase.h"
 
+#include <QAbstractEventDispatcher>
+
 using namespace std::chrono_literals;
 
 class TestScheduler : public QVTestCase
@@ -20,6 +22,31 @@ private Q_SLOTS:
         QCOMPARE(real.pendingCount(), 1);
         QVERIFY(waitFor([&] { return runs == 1; }));
         QCOMPARE(real.pendingCount(), 0);
+    }
+
+    void realTimeIsNeverEarlyAndHardlyLate()
+    {
+        QVScheduler::setShared(nullptr);
+        QVScheduler &real = QVScheduler::shared();
+        // A coarse timer shows after seconds only; Qt says which are.
+        const auto kinds = [timers = dynamic_cast<QObject *>(&real)] {
+            QList<Qt::TimerType> result;
+            for (const auto &timer : QAbstractEventDispatcher::instance()->registeredTimers(timers))
+                result.append(timer.timerType);
+            return result;
+        };
+        for (const auto delay : {std::chrono::nanoseconds(8s), std::chrono::nanoseconds(179s)}) {
+            const QVScheduler::TaskId task = real.schedule(delay, [] {});
+            QCOMPARE(kinds(), {Qt::PreciseTimer});
+            real.cancel(task);
+        }
+        for (const auto delay : {1400us, 3999us, 20100us}) {
+            const auto start = real.now();
+            std::chrono::nanoseconds waited{0};
+            real.schedule(delay, [&] { waited = real.now() - start; });
+            QVERIFY(waitFor([&] { return waited.count() > 0; }));
+            QVERIFY(waited >= delay);
+        }
     }
 
     void timerEndsWithItsOwner()
