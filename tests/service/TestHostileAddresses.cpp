@@ -38,6 +38,8 @@ private Q_SLOTS:
         row("second request", q("a HTTP/1.1\r\nEvil: 1\r\n\r\nGET /"),
             "id=a%20HTTP/1.1%0D%0AEvil:%201%0D%0A%0D%0AGET%20/");
         row("another pair", q("a&b=c"), "b=c");
+        row("encoded already", q("a%26b"), "id=a%26b");
+        row("rest cut off", q("a#b"), "id=a");
     }
 
     void pastedText()

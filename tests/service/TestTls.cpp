@@ -1,6 +1,9 @@
 #include "service/QVServiceTestCase.h"
 #include "support/QVTestCertificate.h"
 
+#include <QNetworkAccessManager>
+#include <QSslSocket>
+
 namespace {
 
 using Validity = QVTestCertificate::Validity;
@@ -49,12 +52,42 @@ private Q_SLOTS:
         QVERIFY(certificate.isMade());
         const TrustedCertificate trust(isTrusted ? certificate.certificate() : QSslCertificate());
         server().useTls(certificate.serverConfiguration());
-        server().enqueue(QVScript::answer(R"({"code":"0103"})"));
-        Probe<Picture> probe;
-        requestFrom(host, probe);
-        await(probe);
-        QTEST(probe.code(), "code");
-        QCOMPARE(server().requests().isEmpty(), probe.code() != 0);
+        server().setResponder(
+            [](const QVReceivedRequest &) { return QVScript::answer(R"({"code":"0103"})"); });
+        QNetworkAccessManager hosts;
+        for (const bool isVerifiedByDefault : {true, false}) {
+            // A host may have switched it off for itself.
+            QSslConfiguration tls = QSslConfiguration::defaultConfiguration();
+            tls.setPeerVerifyMode(isVerifiedByDefault ? QSslSocket::AutoVerifyPeer : QSslSocket::VerifyNone);
+            QSslConfiguration::setDefaultConfiguration(tls);
+            for (QNetworkAccessManager *const manager :
+                 {static_cast<QNetworkAccessManager *>(nullptr), &hosts}) {
+                settings().setNetworkAccessManager(manager);
+                Probe<Picture> probe;
+                requestFrom(host, probe);
+                await(probe);
+                QTEST(probe.code(), "code");
+            }
+        }
+        settings().setNetworkAccessManager(nullptr);
+        QCOMPARE(server().requests().size(), isTrusted && !isExpired && host != q("localhost") ? 4 : 0);
+    }
+
+    void usesAConnectionAgain()
+    {
+        const QVTestCertificate certificate(Validity::Current);
+        server().useTls(certificate.serverConfiguration());
+        server().setResponder(
+            [](const QVReceivedRequest &) { return QVScript::answer(R"({"code":"0103"})"); });
+        for (const bool isTrusted : {true, true, false}) {
+            const TrustedCertificate trust(isTrusted ? certificate.certificate() : QSslCertificate());
+            Probe<Picture> probe;
+            requestFrom(q("127.0.0.1"), probe);
+            await(probe);
+            // What was trusted before is not trusted for ever.
+            QCOMPARE(probe.code(), isTrusted ? 0 : -1200);
+        }
+        QCOMPARE(server().connectionCount(), 2);
     }
 
     void plainServer()
