@@ -4,6 +4,7 @@
 #include "net/QVBoundedDownload.h"
 #include "net/QVDataTask.h"
 #include "net/QVNetworkSession.h"
+#include "net/QVPlainAddress.h"
 #include "platform/QVMainThread.h"
 #include "service/QVClickResponseModel.h"
 #include "service/QVConfigResponseModel.h"
@@ -11,6 +12,7 @@
 #include "service/QVErrorClassification.h"
 #include "service/QVGetOutageResponseModel.h"
 #include "service/QVJsonAnswer.h"
+#include "service/QVServiceLog.h"
 #include "service/QVVerifyResponseModel.h"
 #include "settings/QVConfigurationManager.h"
 
@@ -77,6 +79,15 @@ QString apiBase(const QString &apiServer, const QString &vid)
     return QVConfigurationManager::sharedManager().serviceAddresses().apiHost() + QLatin1String("/app");
 }
 
+void warnOfPlainServers(const QString &host, const QVConfigResponseModel &config)
+{
+    const bool isPlain = qv_isOpenOnTheWay(config.api_server()) || qv_isOpenOnTheWay(config.source_server());
+    if (isPlain && host.startsWith(QLatin1String("https:")))
+        qCWarning(qv_serviceLog,
+                  "The captcha service names a server without encryption: what is sent to it can be "
+                  "read and changed on the way");
+}
+
 QVAPIRequestManager::Parameters challengeParameters(const QString &vid, const QString &challenge)
 {
     return {{QStringLiteral("id"), presentText(vid)}, {QStringLiteral("challenge"), presentText(challenge)}};
@@ -102,7 +113,8 @@ QVAPIRequestManager::requestConfigWithVid(const QString &vid, const QString &typ
                  {{QStringLiteral("id"), presentText(vid)},
                   {QStringLiteral("type"), presentText(type)},
                   {QStringLiteral("scene"), presentText(scene)}},
-                 startDeadline, judged(std::move(completed), [](QVConfigResponseModel &config) {
+                 startDeadline, judged(std::move(completed), [host](QVConfigResponseModel &config) {
+                     warnOfPlainServers(host, config);
                      // An answer that says nothing of pictures' servers gets the default one.
                      if (config.source_server().isNull())
                          config.setCdn_servers({});

@@ -1,16 +1,29 @@
 #include "settings/QVSDKManager.h"
 
+#include "net/QVPlainAddress.h"
 #include "platform/QVMainThread.h"
 #include "settings/QVConfigurationManager.h"
+
+#include <QLoggingCategory>
 
 #include <algorithm>
 
 namespace {
 
+Q_LOGGING_CATEGORY(settingsLog, "quarvo.settings", QtInfoMsg)
+
 QVConfigurationManager &settings()
 {
     qv_assertMainThread();
     return QVConfigurationManager::sharedManager();
+}
+
+void warnOfPlain(const QStringList &addresses)
+{
+    if (std::ranges::any_of(addresses, qv_isOpenOnTheWay))
+        qCWarning(settingsLog,
+                  "A server of the verification is given without encryption: what is sent to it can be "
+                  "read and changed on the way");
 }
 
 } // namespace
@@ -28,6 +41,7 @@ void QVSDKManager::setPreferredLanguage(const QString &language)
 
 void QVSDKManager::setOutageServer(const QString &address)
 {
+    warnOfPlain({address});
     settings().setOutage(address);
 }
 
@@ -38,6 +52,7 @@ void QVSDKManager::setOutageOpen(bool open)
 
 void QVSDKManager::setServiceAddresses(const QVServiceAddresses &addresses)
 {
+    warnOfPlain({addresses.apiHost(), addresses.downloadHost(), addresses.imageHost(), addresses.cdn()});
     settings().setServiceAddresses(addresses);
 }
 

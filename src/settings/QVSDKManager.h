@@ -29,13 +29,15 @@ public:
     /// Chinese, every other one English. Null or empty follows the user's language.
     static void setPreferredLanguage(const QString &language);
 
-    /// Sets the address of the host's own outage server, which takes over when the service is down.
+    /// Sets the address of the host's own outage server, which takes over when the service is down. Plain
+    /// HTTP to another machine works, and is warned of in the log.
     static void setOutageServer(const QString &address);
 
     /// Goes to the outage server whatever the service's own outage switch says.
     static void setOutageOpen(bool open);
 
-    /// Names another place where the service lives than the one chosen when the library was built.
+    /// Names another place where the service lives than the one chosen when the library was built. Plain
+    /// HTTP to another machine works, and is warned of in the log.
     static void setServiceAddresses(const QVServiceAddresses &addresses);
 
     /// Chooses how much room the next popup takes; QVPopupPresentation::Automatic at first.

@@ -2,6 +2,7 @@
 #include "support/QVTestCertificate.h"
 
 #include <QNetworkAccessManager>
+#include <QRegularExpression>
 #include <QSslSocket>
 
 namespace {
@@ -99,6 +100,33 @@ private Q_SLOTS:
         advance(std::chrono::seconds(8));
         await(probe);
         QCOMPARE(probe.code(), -1001);
+    }
+
+    void warnsOfAnAnswerThatNamesAPlainServer()
+    {
+        const QVTestCertificate certificate(Validity::Current);
+        const TrustedCertificate trust(certificate.certificate());
+        server().useTls(certificate.serverConfiguration());
+        QVServiceAddresses addresses;
+        addresses.setApiHost(server().address());
+        settings().setServiceAddresses(addresses);
+        const QVCases<QString, bool> cases{
+            {q("'api_server': 'http://a.example'"), true},
+            {q("'cdn_servers': ['http://a.example']"), true},
+            {q("'api_server': 'a.example', 'cdn_servers': ['http://127.0.0.1']"), false}};
+        for (const auto &[named, isWarnedOf] : cases) {
+            const QString body = q("{'code': '0103', %1}").arg(named).replace(u'\'', u'"');
+            server().enqueue(QVScript::answer(body.toUtf8()));
+            if (isWarnedOf)
+                QTest::ignoreMessage(QtWarningMsg,
+                                     QRegularExpression(q("names a server without encryption")));
+            Probe<QVConfigResponseModel> probe;
+            probe.run([](QVCompletion<QVConfigResponseModel> completed) {
+                return manager().requestConfigWithVid({}, {}, {}, std::move(completed));
+            });
+            await(probe);
+            QVERIFY(probe.result());
+        }
     }
 
     void isNotRedirectedToPlain()

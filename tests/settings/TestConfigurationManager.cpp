@@ -5,6 +5,7 @@
 #include "support/QVTestCase.h"
 
 #include <QDir>
+#include <QRegularExpression>
 #include <QStandardPaths>
 #include <QThreadPool>
 
@@ -69,6 +70,26 @@ private Q_SLOTS:
             QVSDKManager::setAttemptTimeout(asked);
             QCOMPARE(QVConfigurationManager::sharedManager().attemptTimeout().count(), kept.count());
         }
+    }
+
+    void warnsOfOpenLines()
+    {
+        const QVCases<QString, bool> cases{{q("http://api.quarvo.example"), true},
+                                           {q("http://10.0.0.1:80"), true},
+                                           {q("https://api.quarvo.example"), false},
+                                           {q("http://localhost:1"), false},
+                                           {q("http://127.0.0.9"), false},
+                                           {q("http://[::1]:1"), false},
+                                           {q(""), false}};
+        for (const auto &[address, isWarnedOf] : cases) {
+            QVServiceAddresses addresses;
+            addresses.setCdn(address);
+            for (int setter = 0; isWarnedOf && setter < 2; ++setter)
+                QTest::ignoreMessage(QtWarningMsg, QRegularExpression(q("^A server .* without encryption")));
+            QVSDKManager::setServiceAddresses(addresses);
+            QVSDKManager::setOutageServer(address);
+        }
+        QVSDKManager::setServiceAddresses({});
     }
 
     void aDeviceLanguageNamesItsScript()
