@@ -1,6 +1,6 @@
 #include "secrets/QVDesktopStore.h"
 
-#include "secrets/QVDeferredStore.h"
+#include "secrets/QVBoundedStore.h"
 
 namespace {
 
@@ -10,7 +10,7 @@ QVSecureStore *replacement = nullptr;
 
 std::unique_ptr<QVSecureStore> QVDesktopStore::create(std::chrono::milliseconds limit)
 {
-    return std::make_unique<QVDeferredStore>([limit] { return open(limit); }, limit);
+    return std::make_unique<QVBoundedStore>(&QVDesktopStore::open, limit);
 }
 
 QVSecureStore &QVDesktopStore::shared()

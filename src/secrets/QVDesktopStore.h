@@ -11,10 +11,10 @@ class QVDesktopStore
 public:
     QVDesktopStore() = delete;
 
-    /// What a user hardly notices, and hundreds of times what a lookup takes.
-    static constexpr std::chrono::milliseconds usualLimit{1000};
+    /// What a user hardly notices, and a hundred times what a lookup takes.
+    static constexpr std::chrono::milliseconds usualLimit{250};
 
-    /// A store none of whose calls takes longer than \a limit. It costs nothing until it is used.
+    /// A store none of whose calls is waited for longer than \a limit. It costs nothing until it is used.
     [[nodiscard]] static std::unique_ptr<QVSecureStore> create(std::chrono::milliseconds limit = usualLimit);
 
     [[nodiscard]] static QVSecureStore &shared();
@@ -22,6 +22,7 @@ public:
     static void setShared(QVSecureStore *store);
 
 private:
-    /// Null where there is none. The shared library finds it in a module, others have it linked in.
-    [[nodiscard]] static std::unique_ptr<QVSecureStore> open(std::chrono::milliseconds limit);
+    /// A store whose calls take as long as the desktop likes; null where there is none. The shared library
+    /// finds it in a module, others have it linked in.
+    [[nodiscard]] static std::unique_ptr<QVSecureStore> open();
 };

@@ -1,9 +1,7 @@
-#include "platform/QVScheduler.h"
 #include "secrets/QVDesktopStore.h"
 #include "secrets/QVSecretStoreEntry.h"
 
-std::unique_ptr<QVSecureStore> QVDesktopStore::open(std::chrono::milliseconds limit)
+std::unique_ptr<QVSecureStore> QVDesktopStore::open()
 {
-    return std::unique_ptr<QVSecureStore>(
-        quarvoSecretStore(limit, [] { return QVScheduler::shared().now(); }));
+    return std::unique_ptr<QVSecureStore>(quarvoSecretStore());
 }

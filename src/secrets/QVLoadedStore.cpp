@@ -1,4 +1,3 @@
-#include "platform/QVScheduler.h"
 #include "secrets/QVDesktopStore.h"
 #include "secrets/QVSecretStoreEntry.h"
 #include "secrets/QVSessionBus.h"
@@ -25,11 +24,10 @@ QVSecretStoreEntry findEntry()
 
 } // namespace
 
-std::unique_ptr<QVSecureStore> QVDesktopStore::open(std::chrono::milliseconds limit)
+std::unique_ptr<QVSecureStore> QVDesktopStore::open()
 {
     if (qv_sessionBusAddress().isEmpty())
         return nullptr;
     static const QVSecretStoreEntry make = findEntry();
-    return std::unique_ptr<QVSecureStore>(make ? make(limit, [] { return QVScheduler::shared().now(); })
-                                               : nullptr);
+    return std::unique_ptr<QVSecureStore>(make ? make() : nullptr);
 }

@@ -1,24 +1,22 @@
 #pragma once
 
-#include "secrets/QVSecretConnection.h"
-#include "secrets/QVSecretStoreEntry.h"
+#include "secrets/QVGlibPointer.h"
+#include "secrets/QVSecureStore.h"
 
-#include <chrono>
 #include <functional>
-#include <optional>
-#include <string>
 
-class QVSecretCalls;
+typedef struct _SecretService SecretService;
+typedef struct _SecretItem SecretItem;
 
-/// The store of a freedesktop.org desktop, its Secret Service.
+/// The store of a freedesktop.org desktop, its Secret Service. A call waits for the service, however long
+/// that takes. Used on one thread, but for cancel().
 ///
-/// The connection is kept from one call to the next. A service that did not answer in time, or took
-/// long to fail, is then left alone for a while, so that it delays its host once and not at every
-/// request. Used by one thread at a time; the clock only in calls, not in preparation.
+/// The connection to the session bus is kept from one call to the next. It is our own and not the one
+/// that a process shares: that one ends the process when the bus goes away.
 class QVSecretServiceStore final : public QVSecureStore
 {
 public:
-    QVSecretServiceStore(std::chrono::milliseconds limit, QVSecretClock clock);
+    QVSecretServiceStore();
     ~QVSecretServiceStore() override;
 
     [[nodiscard]] Answer copyMatching(const QVSecureQuery &query, Return what) override;
@@ -26,27 +24,26 @@ public:
     [[nodiscard]] QVSecureStatus update(const QVSecureQuery &query, const QByteArray &data,
                                         const QString &accessibility) override;
     [[nodiscard]] QVSecureStatus deleteMatching(const QVSecureQuery &query) override;
+    /// Connects, and agrees on a key for what is read later.
     void prepare() override;
+    void cancel() override { g_cancellable_cancel(m_cancellable.get()); }
 
 private:
-    using Operation = std::function<QVSecureStatus(QVSecretCalls &)>;
-    struct Found
-    {
-        QVSecureQuery query;
-        std::string path;
-    };
+    using Operation = std::function<QVSecureStatus()>;
 
-    [[nodiscard]] QVSecureStatus read(QVSecretCalls &calls, const QVSecureQuery &query, QByteArray &data);
     [[nodiscard]] QVSecureStatus perform(const Operation &operation);
-    [[nodiscard]] QVSecureStatus attempt(QVGlibLoop &loop, const Operation &operation);
+    [[nodiscard]] QVSecureStatus attempt(const Operation &operation);
+    [[nodiscard]] QVSecureStatus connect();
+    void disconnect();
 
-    void leaveAlone();
+    [[nodiscard]] QVSecureStatus search(const QVSecureQuery &query, QList<QByteArray> &paths);
+    [[nodiscard]] QVSecureStatus readData(const QByteArray &path, QByteArray &data);
+    [[nodiscard]] QVSecureStatus readAttributes(const QByteArray &path, QVSecureItem &item);
+    [[nodiscard]] QVSecureStatus open(const QByteArray &path, QVGlibPointer<SecretItem> &item);
+    [[nodiscard]] QVSecureStatus setAccessibility(SecretItem *item, const QString &accessibility);
 
-    const std::chrono::milliseconds m_limit;
-    const QVSecretClock m_now;
     std::unique_ptr<GMainContext, QVGlibRelease<g_main_context_unref>> m_context;
-    std::unique_ptr<QVSecretConnection> m_connection;
-    std::chrono::nanoseconds m_leftAloneUntil{0};
-    bool m_hungInPreparation = false;
-    std::optional<Found> m_lastFound;
+    QVGlibPointer<GCancellable> m_cancellable;
+    QVGlibPointer<GDBusConnection> m_connection;
+    QVGlibPointer<SecretService> m_service;
 };

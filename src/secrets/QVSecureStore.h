@@ -28,4 +28,6 @@ public:
     [[nodiscard]] virtual QVSecureStatus deleteMatching(const QVSecureQuery &query) = 0;
     /// Says that a lookup will follow, so that whatever only the first one needs can be done meanwhile.
     virtual void prepare() {}
+    /// Makes the call under way end soon, and each later one at once. May be called from any thread.
+    virtual void cancel() {}
 };

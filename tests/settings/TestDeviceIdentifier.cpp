@@ -5,7 +5,9 @@
 #include "settings/QVPrivateDesktop.h"
 #include "support/QVTestCase.h"
 
+#include <QDir>
 #include <QRegularExpression>
+#include <QTemporaryDir>
 
 /// The identifier in a real keyring. A new store is what a new process would have.
 class TestDeviceIdentifier : public QVTestCase
@@ -50,6 +52,27 @@ private Q_SLOTS:
         QCOMPARE(made.size(), 32);
         QCOMPARE(QVKeychain::passwordForService(m_service, m_till), made);
         QCOMPARE(m_desktop->countItems(m_service, m_till), 1);
+    }
+
+    void withoutAKeyringNothingStandsInForIt()
+    {
+        const QTemporaryDir home;
+        m_desktop = std::make_unique<QVPrivateDesktop>();
+        QVERIFY(m_desktop->startBus());
+        renewStore();
+        QStringList usual;
+        for (const char *name :
+             {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "XDG_RUNTIME_DIR"}) {
+            usual.append(QString::fromLocal8Bit(qgetenv(name)));
+            qputenv(name, QFile::encodeName(home.path()));
+        }
+        const QString made = QVDeviceIdentifier::getDeviceId();
+        QCOMPARE(made.size(), 32);
+        QCOMPARE(QVDeviceIdentifier::getDeviceId(), made);
+        QVERIFY(QDir(home.path()).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot));
+        for (const char *name :
+             {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "XDG_RUNTIME_DIR"})
+            qputenv(name, usual.takeFirst().toLocal8Bit());
     }
 
     void hostsAreNamedInReverse()

@@ -1,4 +1,3 @@
-#include "platform/QVScheduler.h"
 #include "secrets/QVDesktopStore.h"
 #include "secrets/QVSecretStoreEntry.h"
 #include "settings/QVFakeSecretService.h"
@@ -7,6 +6,8 @@
 
 #include <QElapsedTimer>
 #include <QLibrary>
+
+using namespace std::chrono_literals;
 
 /// The desktop's store, asked directly: what it holds, and how it behaves where there is none.
 class TestSecureStore : public QVTestCase
@@ -65,7 +66,7 @@ private Q_SLOTS:
         const auto make = reinterpret_cast<QVSecretStoreEntry>(
             QLibrary::resolve(q(QUARVO_SECRETS_FILE), "quarvoSecretStore"));
         QVERIFY(make);
-        m_store.reset(make(QVPrivateDesktop::generousLimit, [] { return QVScheduler::shared().now(); }));
+        m_store.reset(make());
         QCOMPARE(read("one", "a"), QByteArray("one/a"));
     }
 
@@ -116,40 +117,69 @@ private Q_SLOTS:
     void aSilentServiceHoldsItsHostUpOnceAndBriefly()
     {
         bool delivered = false;
-        QMetaObject::invokeMethod(
-            this, [&delivered] { delivered = true; }, Qt::QueuedConnection);
-        {
-            QVFakeSecretService service(m_desktop->address(), QVFakeSecretService::Manner::Silent);
-            QVERIFY(service.isRegistered());
-            m_store = QVDesktopStore::create();
+        std::optional<QVFakeSecretService> service(std::in_place, m_desktop->address(),
+                                                   QVFakeSecretService::Manner::Silent);
+        QVERIFY(service->isRegistered());
+        m_store = QVDesktopStore::create();
+        for (const auto pause : {5min, 10min, 20min}) {
+            QMetaObject::invokeMethod(
+                this, [&delivered] { delivered = true; }, Qt::QueuedConnection);
             QElapsedTimer timer;
             timer.start();
             const auto answer = m_store->copyMatching(query("one", "a"), QVSecureStore::Return::Data);
             QCOMPARE(answer.status, QVSecureStatus::NotAvailable);
-            QVERIFY2(timer.elapsed() > 900 && timer.elapsed() < 5000,
+            QVERIFY2(timer.elapsed() >= 250 && timer.elapsed() < 2000,
                      qPrintable(QString::number(timer.elapsed())));
             QVERIFY2(!delivered, "no event of the host may be delivered meanwhile");
+            QVERIFY(waitFor([&delivered] { return std::exchange(delivered, false); }));
+            const int asked = service->messageCount();
             verifyEveryCallGives(QVSecureStatus::NotAvailable);
-            service.answerLate();
+            advance(pause - 1ms);
+            verifyEveryCallGives(QVSecureStatus::NotAvailable);
+            QCOMPARE(service->messageCount(), asked);
+            advance(1ms);
         }
+        service->answerLate();
+        service.reset();
         QVERIFY(m_desktop->startKeyring());
-        QCOMPARE(m_store->add(item("one", "a")), QVSecureStatus::NotAvailable);
-        // More than once only where the machine is so busy that a keyring needs a second, too.
+        // More than once only where the machine is so busy that a keyring is slow, too.
         QVERIFY(waitFor([this] {
-            advance(std::chrono::seconds(31));
+            advance(24h);
             return m_store->add(item("one", "a")) == QVSecureStatus::Success;
         }));
+        // From then on it starts over.
+        m_desktop->stopKeyring();
+        service.emplace(m_desktop->address(), QVFakeSecretService::Manner::Silent);
+        QCOMPARE(m_store->add(item("one", "a")), QVSecureStatus::NotAvailable);
+        const int asked = service->messageCount();
+        advance(5min);
+        verifyEveryCallGives(QVSecureStatus::NotAvailable);
+        QVERIFY(service->messageCount() > asked);
     }
 
-    void aServiceThatWasSilentInPreparationIsNotAskedAgain()
+    void aServiceThatIsSilentInPreparation_data()
     {
+        const auto row = addColumns<bool>({"isAsked"});
+        row("is not asked again", true);
+        row("keeps no application from its end", false);
+    }
+
+    void aServiceThatIsSilentInPreparation()
+    {
+        QFETCH(const bool, isAsked);
         QVFakeSecretService service(m_desktop->address(), QVFakeSecretService::Manner::Silent);
         QVERIFY(service.isRegistered());
-        m_store = QVDesktopStore::create();
+        m_store =
+            QVDesktopStore::create(isAsked ? QVDesktopStore::usualLimit : QVPrivateDesktop::generousLimit);
         m_store->prepare();
         QVERIFY(waitFor([&service] { return service.messageCount() > 0; }));
         const int asked = service.messageCount();
-        verifyEveryCallGives(QVSecureStatus::NotAvailable);
+        QElapsedTimer timer;
+        timer.start();
+        if (isAsked)
+            verifyEveryCallGives(QVSecureStatus::NotAvailable);
+        m_store.reset();
+        QVERIFY2(timer.elapsed() < 2000, qPrintable(QString::number(timer.elapsed())));
         QCOMPARE(service.messageCount(), asked);
     }
 
