@@ -75,7 +75,7 @@ double lookUp()
 
 void tellHanging(const PartOptions &options)
 {
-    constexpr double bound = 1200;
+    constexpr double bound = 300;
     kill(pid_t(options.keyring), SIGSTOP);
     const double first = lookUp();
     const double second = lookUp();

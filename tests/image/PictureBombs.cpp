@@ -69,8 +69,17 @@ private:
     int m_free = 0;
 };
 
-/// At least \a count zeros: one in full, and in each 13 bits the command to repeat it 258 times.
-QByteArray packedZeros(qsizetype count)
+quint32 reversed(quint32 byte)
+{
+    quint32 result = 0;
+    for (int bit = 0; bit < 8; ++bit)
+        result |= (byte >> bit & 1) << (7 - bit);
+    return result;
+}
+
+/// At least \a count times the same \a byte: once in full, and in each 13 bits the command to repeat it 258
+/// times.
+QByteArray packed(quint8 byte, qsizetype count)
 {
     constexpr qsizetype longestRepetition = 258;
     constexpr int repetitionsInPeriod = 8;
@@ -78,15 +87,18 @@ QByteArray packedZeros(qsizetype count)
     constexpr qsizetype head = 5;
     constexpr int repetitions = 2 * repetitionsInPeriod;
     Bits bits;
-    bits.put(0x178, 16).put(0b011, 3).put(0b00001100, 8);
+    bits.put(0x178, 16).put(0b011, 3).put(reversed(0b00110000U + byte), 8);
     for (int repetition = 0; repetition < repetitions; ++repetition)
-        bits.put(0b10100011, 8).put(0, 5);
+        bits.put(reversed(0b11000101), 8).put(0, 5);
     bits.put(0, 7);
     const QByteArray once = bits.bytes();
     const qsizetype periods = 1 + count / longestRepetition / repetitionsInPeriod;
-    const qsizetype zeros = 1 + longestRepetition * (repetitions + repetitionsInPeriod * (periods - 1));
+    const auto bytes = quint64(1 + longestRepetition * (repetitions + repetitionsInPeriod * (periods - 1)));
+    constexpr quint64 modulus = 65521;
+    const quint64 sum = (1 + bytes * byte) % modulus;
+    const quint64 sumOfSums = (bytes + byte * (bytes * (bytes + 1) / 2 % modulus)) % modulus;
     return once.left(head) + once.mid(head, period).repeated(periods) + once.mid(head + period) +
-           bigEndian(quint32(zeros % 65521) << 16 | 1);
+           bigEndian(quint32(sumOfSums << 16 | sum));
 }
 
 /// A code of eight bits for each of the first 256 symbols.
@@ -105,14 +117,6 @@ void putEvenCode(Bits &bits, int symbols)
 void putShortCode(Bits &bits)
 {
     bits.put(1, 4);
-}
-
-quint32 reversed(quint32 byte)
-{
-    quint32 result = 0;
-    for (int bit = 0; bit < 8; ++bit)
-        result |= (byte >> bit & 1) << (7 - bit);
-    return result;
 }
 
 /// Behind the size: a group for each block of four by four pixels, in turn.
@@ -149,13 +153,13 @@ QByteArray PictureBombs::png(QSize size, int depth, const QByteArray &chunks, qs
     const qsizetype rowBytes = 1 + qsizetype(4) * depth / 8 * size.width();
     const QByteArray head = bigEndian(size.width()) + bigEndian(size.height()) + char(depth) + '\6';
     return "\x89PNG\r\n\x1a\n" + pngChunk("IHDR", head + QByteArray(3, '\0')) + chunks +
-           pngChunk("IDAT", packedZeros(size.height() * rowBytes + surplus)) + pngChunk("IEND", {});
+           pngChunk("IDAT", packed(0, size.height() * rowBytes + surplus)) + pngChunk("IEND", {});
 }
 
-QByteArray PictureBombs::packedChunks(const char *type, qsizetype bytes, int count)
+QByteArray PictureBombs::packedTexts(qsizetype bytes, int count)
 {
-    const QByteArray content = QByteArray("name\0\0", 6) + packedZeros(bytes);
-    return pngChunk(type, content).repeated(count);
+    const QByteArray content = QByteArray("name\0\0", 6) + packed('x', bytes);
+    return pngChunk("zTXt", content).repeated(count);
 }
 
 QByteArray PictureBombs::jpeg(QSize size, int scans)

@@ -12,8 +12,8 @@ inline constexpr QSize limit{2048, 2048};
 /// A PNG file of \a size and \a depth bits a channel, with \a chunks in front of its pixels. The pixels go
 /// on for \a surplus bytes behind the last row.
 [[nodiscard]] QByteArray png(QSize size, int depth, const QByteArray &chunks = {}, qsizetype surplus = 0);
-/// Chunks that unpack to \a bytes each.
-[[nodiscard]] QByteArray packedChunks(const char *type, qsizetype bytes, int count);
+/// Texts that unpack to \a bytes each.
+[[nodiscard]] QByteArray packedTexts(qsizetype bytes, int count);
 
 /// A progressive JPEG file whose last scan is repeated, so that it has \a scans.
 [[nodiscard]] QByteArray jpeg(QSize size, int scans);
