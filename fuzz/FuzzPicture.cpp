@@ -3,6 +3,7 @@
 #include "image/QVFirstFrame.h"
 #include "image/QVImageDecoder.h"
 #include "image/QVPictureDevice.h"
+#include "image/QVPictureSize.h"
 
 #include <QBuffer>
 #include <QImageReader>
@@ -39,7 +40,7 @@ bool isPicture(QVFirstFrame frame)
 {
     QBuffer buffer(&frame.bytes);
     const QImage image = QImageReader(&buffer, frame.format).read();
-    return !frame.format.isEmpty() && QVFirstFrame::isSizeAllowed(image.width(), image.height());
+    return !frame.format.isEmpty() && qv_isPictureSizeAllowed(image.width(), image.height());
 }
 
 } // namespace
@@ -67,7 +68,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
         fuzzRequire(time > QVPictureDevice::limit / 2 || !isPicture(frame));
         return 0;
     }
-    fuzzRequire(QVFirstFrame::isSizeAllowed(image.width(), image.height()));
+    fuzzRequire(qv_isPictureSizeAllowed(image.width(), image.height()));
     fuzzRequire(image.format() == QImage::Format_RGB32 ||
                 image.format() == QImage::Format_ARGB32_Premultiplied);
     return 0;
