@@ -2,6 +2,10 @@
 #include "support/QVTestCase.h"
 
 #include <QAbstractEventDispatcher>
+#include <QDateTime>
+
+#include <algorithm>
+#include <cmath>
 
 using namespace std::chrono_literals;
 
@@ -10,6 +14,23 @@ class TestScheduler : public QVTestCase
     Q_OBJECT
 
 private Q_SLOTS:
+    void theWallClockTellsFractionsOfAMillisecond()
+    {
+        QVScheduler::setShared(nullptr);
+        const auto reading = [] {
+            return QVScheduler::shared().secondsSince1970();
+        };
+        QVERIFY(std::abs(reading() * 1000 - double(QDateTime::currentMSecsSinceEpoch())) < 1000);
+        double finest = 1;
+        for (int count = 0; count < 100; ++count) {
+            const double start = reading();
+            double next = start;
+            while (next == start)
+                next = reading();
+            finest = std::min(finest, next - start);
+        }
+        QVERIFY(finest < 0.0005);
+    }
 
     void realTimeRunsAfterTheCallAndForgetsTheTask()
     {
