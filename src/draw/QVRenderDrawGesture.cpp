@@ -25,9 +25,16 @@ void QVRenderDrawGesture::layoutSubviews()
     m_renderLayer->raise();
 }
 
+bool QVRenderDrawGesture::mayBeAt(QPointF location) const
+{
+    const QRectF frame = m_imageFrame();
+    return !m_staysInPicture ||
+           (frame.contains(location) && location.x() < frame.right() && location.y() < frame.bottom());
+}
+
 bool QVRenderDrawGesture::gestureRecognizerShouldBegin(QPointF location) const
 {
-    return !m_staysInPicture || m_imageFrame().contains(location);
+    return mayBeAt(location);
 }
 
 void QVRenderDrawGesture::panGestureRecognizerAction(QVPanGestureRecognizer::State state)
@@ -57,7 +64,7 @@ void QVRenderDrawGesture::panGestureRecognizerStateBegan()
 
 void QVRenderDrawGesture::panGestureRecognizerStateChanged()
 {
-    if (m_staysInPicture && !m_imageFrame().contains(m_panGestureRecognizer.location())) {
+    if (!mayBeAt(m_panGestureRecognizer.location())) {
         // Cancels: the recogniser reports it, and the rest of the drag goes unheard.
         m_panGestureRecognizer.setEnabled(false);
         m_panGestureRecognizer.setEnabled(true);

@@ -41,6 +41,9 @@ Q_SIGNALS:
     void discarded();
 
 private:
+    /// Whether a stroke may be at \a location. The first row below the picture and the first column right of
+    /// it are no part of it.
+    [[nodiscard]] bool mayBeAt(QPointF location) const;
     [[nodiscard]] bool gestureRecognizerShouldBegin(QPointF location) const;
     void panGestureRecognizerAction(QVPanGestureRecognizer::State state);
     void panGestureRecognizerStateBegan();

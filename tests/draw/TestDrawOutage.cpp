@@ -69,11 +69,13 @@ private Q_SLOTS:
         QVERIFY(area.top() > 20);
         // From outside: starts nothing.
         QVPointerInput::Points points = QVPointerInput::wave(area.topLeft() + QPoint(30, 60), 20, 8);
-        points.front().setY(area.top() - 8);
-        QVPointerInput::strokeWithMouse(view(), points);
+        for (const int y : {area.top() - 8, area.bottom() + 1}) {
+            points.front().setY(y);
+            QVPointerInput::strokeWithMouse(view(), points);
+        }
         // Out of it and back: comes to nothing.
         points = QVPointerInput::wave(area.topLeft() + QPoint(30, 60), 20, 8);
-        points[15].setY(area.bottom() + 9);
+        points[15].setY(area.bottom() + 1);
         QVPointerInput::strokeWithMouse(view(), points);
         QCOMPARE(bar(), q("promptOverlayView"));
         QTest::qWait(20);
