@@ -136,11 +136,11 @@ QVCompletion<Record> QVRenderDrawFlow::ifNotOvertaken(Handler<Record> handler)
 
 QVCompletion<QVVerifyResponseModel> QVRenderDrawFlow::verifyCompletion()
 {
-    return [weak = weak_from_this(), asked = m_now](const std::shared_ptr<QVVerifyResponseModel> &record,
-                                                    const std::optional<QVError> &error) {
+    return [weak = weak_from_this(), attempt = m_now.attempt, picture = heldPicture()](const auto &record,
+                                                                                       const auto &error) {
         const auto flow = weak.lock();
-        if (flow && flow->m_surface && flow->m_now.attempt == asked.attempt)
-            flow->handleVerifyResponse(asked, record, error);
+        if (flow && flow->m_surface && flow->m_now.attempt == attempt)
+            flow->handleVerifyResponse(picture, record, error);
     };
 }
 
@@ -214,7 +214,6 @@ void QVRenderDrawFlow::requestGetFromQuarvoServer()
 void QVRenderDrawFlow::requestRefreshFromQuarvoServer()
 {
     beginStep();
-    surface().setDrawingEnabled(false);
     surface().setAdLinkword(nullptr);
     surface().setRefreshButtonEnabled(false);
     surface().clearPicture();
@@ -226,7 +225,6 @@ void QVRenderDrawFlow::requestRefreshFromQuarvoServer()
 void QVRenderDrawFlow::requestGetFromOutageServer()
 {
     beginStep();
-    surface().setDrawingEnabled(false);
     surface().setRefreshButtonShown(false);
     surface().setRefreshButtonEnabled(false);
     surface().clearPicture();
@@ -305,11 +303,18 @@ void QVRenderDrawFlow::handleGetOutageResponse(const std::shared_ptr<QVGetOutage
         return;
     }
     surface().setRefreshButtonShown(true);
+    handleGetResponseFromOutageServer(record);
+}
+
+void QVRenderDrawFlow::handleGetResponseFromOutageServer(
+    const std::shared_ptr<QVGetOutageResponseModel> &record)
+{
     m_getOutageModel = record;
     loadVerifyImageFromURLString(record->imgUrlString(), false);
 }
 
-void QVRenderDrawFlow::handleVerifyResponse(Stamp asked, const std::shared_ptr<QVVerifyResponseModel> &record,
+void QVRenderDrawFlow::handleVerifyResponse(const Picture &picture,
+                                            const std::shared_ptr<QVVerifyResponseModel> &record,
                                             const std::optional<QVError> &error)
 {
     surface().setCharInputBusy(false);
@@ -317,7 +322,8 @@ void QVRenderDrawFlow::handleVerifyResponse(Stamp asked, const std::shared_ptr<Q
         handleRequestVerifySuccess(*record);
         return;
     }
-    if (m_now != asked)
+    // Several may be under way about one picture, and each counts as long as that is not replaced.
+    if (picture != heldPicture())
         return;
     if (error->code() == wrongAnswerCode)
         handleWrongAnswer(*error);
@@ -328,12 +334,13 @@ void QVRenderDrawFlow::handleVerifyResponse(Stamp asked, const std::shared_ptr<Q
 void QVRenderDrawFlow::handleGetRefreshResponseFromQuarvoServer(
     const std::shared_ptr<QVGetRefreshResponseModel> &record, bool isRefresh)
 {
-    keepPicture(record);
+    handleGetRefreshResponseFromQuarvoServer(record);
     const QString path = record ? record->img() : QString();
     loadVerifyImageFromURLString(m_quarvoConfig->source_server() + u'/' + path, isRefresh);
 }
 
-void QVRenderDrawFlow::keepPicture(const std::shared_ptr<QVGetRefreshResponseModel> &record)
+void QVRenderDrawFlow::handleGetRefreshResponseFromQuarvoServer(
+    const std::shared_ptr<QVGetRefreshResponseModel> &record)
 {
     if (m_getRefreshModel)
         m_getRefreshModel->endTimeDown();
@@ -444,6 +451,11 @@ void QVRenderDrawFlow::clearGetRefreshModel()
         m_getRefreshModel->endTimeDown();
     m_getRefreshModel.reset();
     m_getOutageModel.reset();
+}
+
+QVRenderDrawFlow::Picture QVRenderDrawFlow::heldPicture() const
+{
+    return m_outage ? Picture(m_getOutageModel) : Picture(m_getRefreshModel);
 }
 
 bool QVRenderDrawFlow::isCharVerify() const

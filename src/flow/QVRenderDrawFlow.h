@@ -17,6 +17,7 @@ class QVClickResponseModel;
 class QVConfigResponseModel;
 class QVGetOutageResponseModel;
 class QVGetRefreshResponseModel;
+class QVResponseModel;
 class QVVerifyResponseModel;
 
 /// The conversation with the services about one captcha after another, from the outage switch to the
@@ -24,8 +25,8 @@ class QVVerifyResponseModel;
 ///
 /// Requests may overlap: the user draws again before the last stroke is judged, the countdown replaces
 /// a picture, the host resets. Whatever was started last decides what is shown; an answer that has been
-/// overtaken is dropped. Only a passed answer counts as long as no new attempt was started, since the
-/// user has earned it.
+/// overtaken is dropped. A judgement counts as long as there is no other picture, and a passed one as long
+/// as no new attempt was started, since the user has earned it.
 class QUARVO_CORE_EXPORT QVRenderDrawFlow final : public std::enable_shared_from_this<QVRenderDrawFlow>
 {
 public:
@@ -57,6 +58,8 @@ private:
     template<class Record>
     using Handler = void (QVRenderDrawFlow::*)(const std::shared_ptr<Record> &record,
                                                const std::optional<QVError> &error);
+    /// The answer that a picture came with.
+    using Picture = std::shared_ptr<const QVResponseModel>;
     /// When something was started.
     struct Stamp
     {
@@ -86,14 +89,15 @@ private:
                                const std::optional<QVError> &error);
     void handleGetOutageResponse(const std::shared_ptr<QVGetOutageResponseModel> &record,
                                  const std::optional<QVError> &error);
-    void handleVerifyResponse(Stamp asked, const std::shared_ptr<QVVerifyResponseModel> &record,
+    void handleVerifyResponse(const Picture &picture, const std::shared_ptr<QVVerifyResponseModel> &record,
                               const std::optional<QVError> &error);
 
     void enterOutage();
     void handleConfigResponseFromQuarvoServer(const QVClickSequence::Config &config);
     void handleGetRefreshResponseFromQuarvoServer(const std::shared_ptr<QVGetRefreshResponseModel> &record,
                                                   bool isRefresh);
-    void keepPicture(const std::shared_ptr<QVGetRefreshResponseModel> &record);
+    void handleGetRefreshResponseFromQuarvoServer(const std::shared_ptr<QVGetRefreshResponseModel> &record);
+    void handleGetResponseFromOutageServer(const std::shared_ptr<QVGetOutageResponseModel> &record);
     void loadVerifyImageFromURLString(const QString &address, bool isRefresh);
     void handlePicture(const QImage &picture, bool failed);
     void handleRequestVerifySuccess(const QVVerifyResponseModel &verify);
@@ -101,6 +105,7 @@ private:
     [[nodiscard]] qint64 countWrongAnswer();
     void handleRequestError(const QVError &error, bool canClickRefresh);
     void clearGetRefreshModel();
+    [[nodiscard]] Picture heldPicture() const;
 
     [[nodiscard]] QVRenderDrawSurface &surface() const { return *m_surface.get(); }
     [[nodiscard]] bool isEmbedded() const { return m_verifyStyle == QVVerifyStyleEmbed; }

@@ -166,7 +166,6 @@ private Q_SLOTS:
         click("refreshButton");
         QVERIFY(!picture().hasImage());
         QVERIFY(!part("refreshButton")->isEnabled());
-        draw();
         QVERIFY(waitForReady(2));
         QVERIFY(picture().image() != first);
         QVERIFY(part("refreshButton")->isEnabled());

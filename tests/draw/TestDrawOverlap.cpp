@@ -58,33 +58,37 @@ private Q_SLOTS:
         QCOMPARE(listener.tokens, QStringList{q("main-token")});
     }
 
-    void twoStrokesBeforeTheJudgement_data()
+    void severalStrokesBeforeTheJudgement_data()
     {
-        addColumns<bool, int, int>({"isRight", "wrongCounts", "tokens"});
-        QTest::newRow("count twice") << false << 2 << 0;
-        QTest::newRow("earn one token") << true << 0 << 1;
+        const auto row = addColumns<int, QString, int, int>({"strokes", "code", "wrongCounts", "tokens"});
+        row("two, wrong", 2, "0104", 2, 0);
+        row("three, wrong", 3, "0104", 3, 0);
+        row("two, right", 2, "0103", 0, 1);
     }
 
-    void twoStrokesBeforeTheJudgement()
+    void severalStrokesBeforeTheJudgement()
     {
-        QFETCH(bool, isRight);
-        if (!isRight)
-            service().answerCode(q("verify"), q("0104"));
+        QFETCH(int, strokes);
+        QFETCH(QString, code);
+        service().extend(q("verify"), {{q("code"), code}});
         service().delay(q("verify"), 1s);
+        // The last judgement comes while the second one's new picture is still on its way.
+        service().delay(q("refresh"), 3s);
         start(QVVerifyStyleEmbed);
-        draw();
-        draw();
-        QVERIFY(waitFor([this] { return service().count(q("verify")) == 2; }));
-        pass(3s);
+        for (int count = 1; count <= strokes; ++count) {
+            draw();
+            QVERIFY(waitFor([&] { return service().count(q("verify")) == count; }));
+        }
+        pass(2500ms);
         QTEST(wrongCount, "wrongCounts");
         QTEST(int(listener.tokens.size()), "tokens");
-        QCOMPARE(service().count(q("refresh")), isRight ? 0 : 1);
+        QCOMPARE(service().count(q("refresh")), code == q("0104") ? 1 : 0);
     }
 
     void aWrongAnswerAboutAReplacedPictureIsForgotten()
     {
         service().answerCode(q("verify"), q("0104"));
-        service().delay(q("verify"), 3s);
+        service().delay(q("verify"), 4s);
         start(QVVerifyStylePopup);
         advance(176s);
         draw();
@@ -96,6 +100,42 @@ private Q_SLOTS:
         QCOMPARE(bar(), QString());
         // So the new picture has its two tries yet.
         QCOMPARE(service().count(q("refresh")), 1);
+    }
+
+    void drawingGoesOnUntilTheNewPictureIsThere_data()
+    {
+        const auto row = addColumns<bool>({"isBefore"});
+        row("begun before it is asked for", true);
+        row("begun after", false);
+    }
+
+    void drawingGoesOnUntilTheNewPictureIsThere()
+    {
+        QFETCH(bool, isBefore);
+        service().answerCode(q("verify"), q("0104"));
+        service().delay(q("refresh"), 3s);
+        start(QVVerifyStyleEmbed);
+        advance(178s);
+        const auto points = QVPointerInput::wave(frame("imageView").center() - QPoint(80, 0), 20, 8);
+        if (!isBefore)
+            advance(1s);
+        QVPointerInput::press(view(), points.front());
+        for (const QPoint point : points) {
+            QVPointerInput::move(view(), point);
+            advance(40ms);
+        }
+        QCOMPARE(service().count(q("refresh")), 1);
+        QVERIFY(!picture().hasImage());
+        QVPointerInput::release(view(), points.back());
+        QVERIFY(waitFor([this] { return service().count(q("verify")) == 1; }));
+        // The new picture ends a stroke, as before.
+        QVPointerInput::press(view(), points.front());
+        QVPointerInput::move(view(), points.back());
+        pass(3s);
+        QVERIFY(waitForReady(2));
+        QVPointerInput::release(view(), points.front());
+        QTest::qWait(20);
+        QCOMPARE(service().count(q("verify")), 1);
     }
 
     void aPassedAnswerAboutAReplacedPictureCounts()
