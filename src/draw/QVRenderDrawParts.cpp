@@ -2,6 +2,7 @@
 
 #include "draw/QVAdButton.h"
 #include "draw/QVContentView.h"
+#include "draw/QVOutageBadge.h"
 #include "draw/QVRenderDrawLayout.h"
 #include "draw/QVTextLabel.h"
 #include "service/QVGetRefreshResponseModel.h"
@@ -23,8 +24,6 @@ namespace {
 constexpr int captionFontSize = 17;
 constexpr int buttonInset = 5;
 constexpr double spinSeconds = 0.3;
-constexpr int badgeFontSize = 12;
-constexpr QSize badgePadding(10, 5);
 
 QVCustomActionButton *makeButton(QWidget *parent, const char *name, const char *picture,
                                  QLatin1String accessibleKey)
@@ -94,17 +93,11 @@ QRectF QVRenderDrawParts::imageFrame() const
     return QRectF(m_imageView->mapTo(m_view, QPoint(0, 0)), m_imageView->size());
 }
 
-QVTextLabel &QVRenderDrawParts::outageLabel()
+QVOutageBadge &QVRenderDrawParts::outageLabel()
 {
     if (!m_outageLabel) {
-        QFont badgeFont = qv_systemFont(badgeFontSize);
-        badgeFont.setItalic(true);
-        m_outageLabel = new QVTextLabel(badgeFont, Qt::white, m_imageView);
+        m_outageLabel = new QVOutageBadge(m_imageView);
         m_outageLabel->setObjectName(QStringLiteral("outageLabel"));
-        m_outageLabel->setGround(QVColors::badge);
-        m_outageLabel->setPadding(badgePadding);
-        m_outageLabel->setText(qv_localizedStringForKey(QVKey::outage));
-        m_outageLabel->resize(m_outageLabel->sizeHint());
     }
     return *m_outageLabel;
 }
@@ -219,9 +212,9 @@ void QVRenderDrawParts::setCharInputBusy(bool busy)
 
 void QVRenderDrawParts::setOutage(bool outage)
 {
-    // Not made before it is needed: its slanted font alone is a file to load.
-    if (outage || m_outageLabel)
-        outageLabel().setVisible(outage);
+    if (outage)
+        outageLabel().setText(qv_localizedStringForKey(QVKey::outage));
+    outageLabel().setVisible(outage);
 }
 
 void QVRenderDrawParts::spinRefreshButton()

@@ -8,6 +8,7 @@
 class QVAdButton;
 class QVCharVerifyInputView;
 class QVCustomActionButton;
+class QVOutageBadge;
 class QVRenderDrawImageView;
 class QVRenderDrawLayout;
 class QVTextLabel;
@@ -64,7 +65,7 @@ protected:
 private:
     void initContent();
     void initControls();
-    QVTextLabel &outageLabel();
+    QVOutageBadge &outageLabel();
     QVAdButton &adButton();
 
     QWidget *m_view;
@@ -74,7 +75,7 @@ private:
     QVTextLabel *m_captchaLabel = nullptr;
     QVCustomActionButton *m_helpButton = nullptr;
     QVCustomActionButton *m_refreshButton = nullptr;
-    QVTextLabel *m_outageLabel = nullptr;
+    QVOutageBadge *m_outageLabel = nullptr;
     // Once taken out of the picture it stays out, with no parent to own it.
     std::unique_ptr<QVAdButton> m_adButton;
     std::unique_ptr<QVRenderDrawLayout> m_layout;

@@ -31,31 +31,25 @@ void QVTextLabel::setText(const QString &text)
     update();
 }
 
-int QVTextLabel::roomForText() const
-{
-    return parentWidget()->width() - m_padding.width();
-}
-
 QFont QVTextLabel::fittingFont() const
 {
     // Of the usual size, so that text which the platform enlarges is not elided earlier than that.
     const int smallest = qRound(m_font.pixelSize() / qv_textScale() * smallestShare);
-    return qv_fittingFont(m_font, m_text, QSizeF(roomForText(), QWIDGETSIZE_MAX), smallest);
+    return qv_fittingFont(m_font, m_text, QSizeF(parentWidget()->width(), QWIDGETSIZE_MAX), smallest);
 }
 
 QSize QVTextLabel::sizeHint() const
 {
     const QSize text = QFontMetrics(fittingFont()).size(Qt::TextSingleLine, m_text);
-    return QSize(std::min(text.width(), roomForText()), text.height()) + m_padding;
+    return {std::min(text.width(), parentWidget()->width()), text.height()};
 }
 
 void QVTextLabel::paintEvent(QPaintEvent * /*event*/)
 {
     QPainter painter(this);
-    painter.fillRect(rect(), m_ground);
     painter.setFont(fittingFont());
     painter.setPen(m_color);
     painter.setLayoutDirection(Qt::LayoutDirectionAuto);
-    const QString line = painter.fontMetrics().elidedText(m_text, Qt::ElideRight, roomForText());
+    const QString line = painter.fontMetrics().elidedText(m_text, Qt::ElideRight, parentWidget()->width());
     painter.drawText(rect(), Qt::AlignCenter | Qt::TextSingleLine, line);
 }

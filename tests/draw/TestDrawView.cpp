@@ -92,6 +92,23 @@ private Q_SLOTS:
         QCOMPARE(label->mapTo(&view(), QPoint(0, label->height())).y(), frame("charInputView").top());
     }
 
+    void theBadgeIsAsLargeAsItsText()
+    {
+        start(QVVerifyStyleEmbed, QSize(414, 400));
+        QVERIFY(part("outageLabel") && part("outageLabel")->isHidden());
+        service().answer(q("switch"), {{q("active"), true}});
+        QFont font = qv_systemFont(12);
+        font.setItalic(true);
+        // Made in a narrow panel as well, which becomes wide.
+        for (const int width : {414, 60}) {
+            start(QVVerifyStyleEmbed, QSize(width, 400));
+            view().resize(414, 400);
+            QCOMPARE(part("outageLabel")->geometry(),
+                     QRect({0, 0},
+                           QFontMetrics(font).size(Qt::TextSingleLine, q("Backup service")) + QSize(10, 5)));
+        }
+    }
+
     void showsAnAdvertisement()
     {
         const QFontMetricsF metrics(qv_systemFont(12));
