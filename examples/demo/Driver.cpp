@@ -7,6 +7,7 @@
 #include <QPixmap>
 
 #include <cstdio>
+#include <utility>
 
 namespace {
 
@@ -111,7 +112,7 @@ void Driver::performPointing(const DriveAction &action)
         press(m_stage.probe.part(QStringLiteral("refreshButton")), "refresh button");
         break;
     case Kind::Retry:
-        press(m_stage.probe.part(QStringLiteral("errorOverlayView")), "error bar");
+        pressErrorBar();
         break;
     case Kind::Close:
         press(PanelProbe::closeButton(), "close button");
@@ -140,6 +141,20 @@ void Driver::press(QWidget *target, const char *what)
     }
     m_input.click(target);
     continueSoon();
+}
+
+void Driver::pressErrorBar()
+{
+    QWidget *const bar = m_stage.probe.part(QStringLiteral("errorOverlayView"));
+    const QRect place = bar ? bar->geometry() : QRect();
+    const bool hasMoved = std::exchange(m_errorBarPlace, place) != place;
+    if (bar && (hasMoved || !bar->parentWidget()->rect().contains(place))) {
+        // It is still sliding in, so that a tap would miss it: the same action again.
+        --m_next;
+        continueSoon();
+        return;
+    }
+    press(bar, "error bar");
 }
 
 void Driver::stroke(const QVector<QPointF> &points, int milliseconds, bool isHeld)

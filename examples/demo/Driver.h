@@ -6,6 +6,7 @@
 
 #include <QDir>
 #include <QObject>
+#include <QRect>
 #include <QTimer>
 
 class DemoWindow;
@@ -41,6 +42,7 @@ private:
     void perform(const DriveAction &action);
     void performPointing(const DriveAction &action);
     void press(QWidget *target, const char *what);
+    void pressErrorBar();
     void stroke(const QVector<QPointF> &points, int milliseconds, bool isHeld = false);
     void solveCurve(const QVector<QPointF> &curve);
     void solveCharacters(const QString &text);
@@ -55,6 +57,8 @@ private:
     InputPlayer m_input;
     QDir m_screenshots;
     QTimer m_pause;
+    /// Where the error bar was a moment ago.
+    QRect m_errorBarPlace;
     qsizetype m_next = 0;
     /// Events up to here have been waited for.
     qsizetype m_seen = 0;

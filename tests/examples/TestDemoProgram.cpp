@@ -2,6 +2,7 @@
 
 #include <QProcess>
 #include <QTemporaryDir>
+#include <QTemporaryFile>
 
 /// Runs the demo as its users do, in a process of its own and in real time.
 class TestDemoProgram : public QVTestCase
@@ -29,6 +30,17 @@ private Q_SLOTS:
         QVERIFY2(QRegularExpression(q("^ready\\n(.*\\n)*token \\S+\\n")).match(outcome.output).hasMatch(),
                  qPrintable(outcome.output));
         QVERIFY(QImage(folder.filePath(q("1-ready.png"))).width() >= 320);
+    }
+
+    void triesAgainOnceTheErrorBarRests()
+    {
+        QTemporaryFile file;
+        QVERIFY(file.open());
+        file.write("wait error\nretry\nwait error\nend\n");
+        file.close();
+        const Outcome outcome =
+            run({q("--vid"), q("test-denied"), q("--timeout"), q("5"), q("--drive"), file.fileName()});
+        QVERIFY2(outcome.exitCode == 0, outcome.errors);
     }
 
     void badInputEndsWithOneLine()
