@@ -21,6 +21,7 @@ constexpr qreal smallCircleRadius = 8;
 constexpr qreal smallCircleAnimationRadius = 4;
 constexpr qreal ringLineWidth = 2;
 constexpr qreal arcLength = 0.15;
+constexpr double endSeconds = 0.5;
 constexpr QColor stripColor(0, 0, 0, 77);
 constexpr QColor ringColor(255, 255, 255);
 constexpr QColor paleColor(255, 255, 255, 128);
@@ -39,6 +40,11 @@ QVAnimation reveal(double seconds)
     QVAnimation animation = QVAnimation::basic(QVLayerProperty::StrokeEnd, 0.0, 1.0);
     animation.setDuration(seconds);
     return animation;
+}
+
+QPainterPath circlePath(QPointF centre, qreal radius)
+{
+    return qv_arcPath(centre, radius, -pi / 2, 3 * pi / 2);
 }
 
 void restart(QVLayer &layer, const QVAnimation &animation)
@@ -71,9 +77,11 @@ void QVClickStatusView::setClickStatus(QVClickStatus status)
     case QVClickStatusDrawing:
         return showDrawing();
     case QVClickStatusPassed:
-        return showEnd(successTickAnimationPath());
+        showEnd(successTickAnimationPath());
+        return successAnimation();
     case QVClickStatusFailed:
-        return showEnd(errorAnimationPath());
+        showEnd(errorAnimationPath());
+        return errorAnimation();
     }
 }
 
@@ -118,7 +126,7 @@ void QVClickStatusView::showNormal()
 
 void QVClickStatusView::showTouching()
 {
-    statusCricleLayer().setPath(circlePath(circleRadius));
+    statusCricleLayer().setPath(statusCirclePath());
     statusCircleLayerScaleAnimation();
 }
 
@@ -126,10 +134,10 @@ void QVClickStatusView::showVerifying()
 {
     constexpr quint32 starts = 8;
     constexpr qreal startStep = 10;
-    statusCricleLayer().setPath(circlePath(circleRadius));
+    statusCricleLayer().setPath(statusCirclePath());
     statusCricleLayer().setStrokeColor(paleColor);
     QVLayer &arc = statusLoadingLayer();
-    arc.setPath(circlePath(circleRadius));
+    arc.setPath(statusCirclePath());
     arc.setStrokeStart(m_random() % starts / startStep);
     arc.setStrokeEnd(arc.strokeStart() + arcLength);
     statusLoadingLayerAnimation();
@@ -138,27 +146,26 @@ void QVClickStatusView::showVerifying()
 void QVClickStatusView::showDrawing()
 {
     constexpr qreal dotLineWidth = 8;
-    statusCricleLayer().setPath(circlePath(circleRadius));
+    statusCricleLayer().setPath(statusCirclePath());
     statusCricleLayer().setStrokeColor(paleColor);
-    statusLoadingLayer().setPath(circlePath(circleRadius));
-    statusSmallCircleLayer().setPath(circlePath(smallCircleRadius));
+    statusLoadingLayer().setPath(statusCirclePath());
+    statusSmallCircleLayer().setPath(statusSmallCirclePath());
     statusAnimationLayer().setLineWidth(dotLineWidth);
-    statusAnimationLayer().setPath(circlePath(smallCircleAnimationRadius));
+    statusAnimationLayer().setPath(statusSmallCircleAnimationPath());
     statusWaitingAnimation();
 }
 
 void QVClickStatusView::showEnd(const QPainterPath &mark)
 {
-    statusCricleLayer().setPath(circlePath(circleRadius));
+    statusCricleLayer().setPath(statusCirclePath());
     statusCricleLayer().setStrokeColor(paleColor);
-    statusLoadingLayer().setPath(circlePath(circleRadius));
+    statusLoadingLayer().setPath(statusCirclePath());
     QVLayer &layer = statusAnimationLayer();
     layer.setLineWidth(ringLineWidth);
     layer.setLineJoin(Qt::RoundJoin);
     layer.setLineCap(Qt::RoundCap);
     layer.setPath(mark);
     layer.setRotation(-pi / 4);
-    strokeRevealAnimation();
 }
 
 QVLayer &QVClickStatusView::statusCricleLayer()
@@ -231,10 +238,14 @@ void QVClickStatusView::statusWaitingSecondStep()
     restart(statusAnimationLayer(), pulse());
 }
 
-void QVClickStatusView::strokeRevealAnimation()
+void QVClickStatusView::successAnimation()
 {
-    constexpr double seconds = 0.5;
-    restart(statusAnimationLayer(), reveal(seconds));
+    restart(statusAnimationLayer(), reveal(endSeconds));
+}
+
+void QVClickStatusView::errorAnimation()
+{
+    restart(statusAnimationLayer(), reveal(endSeconds));
 }
 
 QPointF QVClickStatusView::centre() const
@@ -242,9 +253,19 @@ QPointF QVClickStatusView::centre() const
     return {width() / 2.0, height() / 2.0};
 }
 
-QPainterPath QVClickStatusView::circlePath(qreal radius) const
+QPainterPath QVClickStatusView::statusCirclePath() const
 {
-    return qv_arcPath(centre(), radius, -pi / 2, 3 * pi / 2);
+    return circlePath(centre(), circleRadius);
+}
+
+QPainterPath QVClickStatusView::statusSmallCirclePath() const
+{
+    return circlePath(centre(), smallCircleRadius);
+}
+
+QPainterPath QVClickStatusView::statusSmallCircleAnimationPath() const
+{
+    return circlePath(centre(), smallCircleAnimationRadius);
 }
 
 QPainterPath QVClickStatusView::successTickAnimationPath() const

@@ -49,10 +49,13 @@ private:
     void statusLoadingLayerAnimation();
     void statusWaitingAnimation();
     void statusWaitingSecondStep();
-    void strokeRevealAnimation();
+    void successAnimation();
+    void errorAnimation();
 
     [[nodiscard]] QPointF centre() const;
-    [[nodiscard]] QPainterPath circlePath(qreal radius) const;
+    [[nodiscard]] QPainterPath statusCirclePath() const;
+    [[nodiscard]] QPainterPath statusSmallCirclePath() const;
+    [[nodiscard]] QPainterPath statusSmallCircleAnimationPath() const;
     [[nodiscard]] QPainterPath successTickAnimationPath() const;
     [[nodiscard]] QPainterPath errorAnimationPath() const;
 
