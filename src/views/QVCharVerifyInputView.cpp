@@ -37,6 +37,7 @@ QVCharVerifyInputView::QVCharVerifyInputView(QWidget *parent)
     nameElements();
     placeElements();
     m_inputTF->setShouldBeginEditing([this] { return textFieldShouldBeginEditing(); });
+    m_inputTF->setShouldReturn([this] { return textFieldShouldReturn(); });
     connect(m_doneButton, &QAbstractButton::clicked, this,
             &QVCharVerifyInputView::doneButtonDidClickedAction);
 }
@@ -80,6 +81,13 @@ bool QVCharVerifyInputView::textFieldShouldBeginEditing() const
         return false;
     QVCharVerifyInputViewDelegate *delegate = m_delegate.get();
     return !delegate || delegate->canInput().value_or(true);
+}
+
+bool QVCharVerifyInputView::textFieldShouldReturn()
+{
+    // The key only ends typing; it never sends.
+    m_inputTF->clearFocus();
+    return false;
 }
 
 void QVCharVerifyInputView::doneButtonDidClickedAction()

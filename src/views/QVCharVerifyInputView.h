@@ -31,6 +31,7 @@ private:
     void nameElements();
     void placeElements();
     [[nodiscard]] bool textFieldShouldBeginEditing() const;
+    bool textFieldShouldReturn();
     void doneButtonDidClickedAction();
 
     QVWeakDelegate<QVCharVerifyInputViewDelegate> m_delegate;

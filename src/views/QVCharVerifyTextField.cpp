@@ -149,13 +149,12 @@ void QVCharVerifyTextField::refuseFocus(Qt::FocusReason reason)
 
 void QVCharVerifyTextField::keyPressEvent(QKeyEvent *event)
 {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        // Taken, or a host's dialog would press its default button.
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (!isReturn || !m_shouldReturn || m_shouldReturn())
+        QLineEdit::keyPressEvent(event);
+    // Taken, or a host's dialog would press its default button.
+    if (isReturn)
         event->accept();
-        clearFocus();
-        return;
-    }
-    QLineEdit::keyPressEvent(event);
 }
 
 void QVCharVerifyTextField::inputMethodEvent(QInputMethodEvent *event)

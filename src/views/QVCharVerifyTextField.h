@@ -4,8 +4,8 @@
 
 #include <functional>
 
-/// The field of the answer. It asks before it lets the user begin to type, the return key only ends
-/// that, and a host's style sheet does not reach it.
+/// The field of the answer. It asks before it lets the user begin to type and what the return key does, and
+/// a host's style sheet does not reach it.
 class QVCharVerifyTextField final : public QLineEdit
 {
     Q_OBJECT
@@ -17,6 +17,8 @@ public:
 
     /// Asked whenever editing is about to begin.
     void setShouldBeginEditing(Question question) { m_shouldBeginEditing = std::move(question); }
+    /// Asked whether the return key has its usual effect.
+    void setShouldReturn(Question question) { m_shouldReturn = std::move(question); }
     /// Shown while the field is empty. Not the base's own one, which has the text's font.
     [[nodiscard]] QString placeholder() const { return m_placeholder; }
     void setPlaceholder(const QString &text);
@@ -39,6 +41,7 @@ private:
     void refuseFocus(Qt::FocusReason reason);
 
     Question m_shouldBeginEditing;
+    Question m_shouldReturn;
     QString m_placeholder;
     bool m_isComposing = false;
     bool m_hasAsked = false;
