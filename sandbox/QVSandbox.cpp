@@ -3,15 +3,15 @@
 #include "sandbox/SandboxAnswer.h"
 #include "sandbox/SandboxBehaviour.h"
 #include "sandbox/SandboxConnectionGuard.h"
+#include "sandbox/SandboxHttpServer.h"
 #include "sandbox/SandboxMainService.h"
 #include "sandbox/SandboxOutageService.h"
-#include "sandbox/SandboxReply.h"
 #include "sandbox/SandboxShared.h"
 
 #include <QFile>
 #include <QFutureWatcher>
 #include <QHash>
-#include <QHttpServer>
+#include <QHttpServerRequest>
 #include <QJsonArray>
 #include <QSslCertificate>
 #include <QSslConfiguration>
@@ -80,10 +80,11 @@ using Handler = std::function<SandboxAnswer(const SandboxQuery &)>;
 
 struct QVSandbox::Parts
 {
-    explicit Parts(QVSandboxOptions &&given)
+    Parts(QVSandboxOptions &&given, SandboxHttpServer::Handler handler)
         : options(std::move(given))
         , shared{SandboxSecret(options.seed), options.clock ? options.clock : steadyTime, {}, {}, {}, {}}
         , outageActive(options.outageActive)
+        , server(std::move(handler))
     {
     }
 
@@ -107,18 +108,14 @@ struct QVSandbox::Parts
     QString errorString;
     quint16 port = 0;
     // Last, so that its connections end before what answers them.
-    QHttpServer server;
+    SandboxHttpServer server;
 };
 
 QVSandbox::QVSandbox(QVSandboxOptions options, QObject *parent)
     : QObject(parent)
-    , m_parts(std::make_unique<Parts>(std::move(options)))
+    , m_parts(std::make_unique<Parts>(std::move(options), std::bind_front(&QVSandbox::handle, this)))
 {
     addRoutes();
-    m_parts->server.setMissingHandler(
-        [this](const QHttpServerRequest &request, QHttpServerResponder &&responder) {
-            handle(request, std::move(responder));
-        });
 }
 
 QVSandbox::~QVSandbox() = default;
@@ -151,8 +148,7 @@ bool QVSandbox::listen()
         QStringLiteral("%1://127.0.0.1:%2")
             .arg(options.certificateFile.isEmpty() ? QStringLiteral("http") : QStringLiteral("https"))
             .arg(m_parts->port);
-    m_parts->server.bind(tcpServer.release());
-    return true;
+    return m_parts->server.serve(std::move(tcpServer));
 }
 
 QString QVSandbox::errorString() const
@@ -267,9 +263,8 @@ void QVSandbox::addRoutes()
     };
 }
 
-void QVSandbox::handle(const QHttpServerRequest &request, QHttpServerResponder &&responder)
+void QVSandbox::handle(const QHttpServerRequest &request, const Reply &reply)
 {
-    const SandboxReply reply(std::move(responder));
     const QString path = request.url().path();
     const QString encoded = request.url().query(QUrl::FullyEncoded);
     const SandboxQuery query(encoded.left(maximumQuery));
@@ -293,8 +288,7 @@ void QVSandbox::handle(const QHttpServerRequest &request, QHttpServerResponder &
          behaviour.isSlow ? m_parts->options.slowDelay : std::chrono::milliseconds::zero());
 }
 
-void QVSandbox::sendPicture(const QFuture<QByteArray> &picture, const SandboxReply &reply,
-                            QVSandboxLogEntry entry)
+void QVSandbox::sendPicture(const QFuture<QByteArray> &picture, const Reply &reply, QVSandboxLogEntry entry)
 {
     // Watched, since a future has but one continuation and several may ask for a picture.
     auto *const drawing = new QFutureWatcher<QByteArray>(this);
@@ -305,7 +299,7 @@ void QVSandbox::sendPicture(const QFuture<QByteArray> &picture, const SandboxRep
     drawing->setFuture(picture);
 }
 
-void QVSandbox::send(const SandboxAnswer &answer, const SandboxReply &reply, QVSandboxLogEntry entry,
+void QVSandbox::send(const SandboxAnswer &answer, const Reply &reply, QVSandboxLogEntry entry,
                      std::chrono::milliseconds delay)
 {
     if (!entry.path.startsWith(toolPath)) {
@@ -316,8 +310,8 @@ void QVSandbox::send(const SandboxAnswer &answer, const SandboxReply &reply, QVS
             m_parts->log.removeFirst();
     }
     if (delay == std::chrono::milliseconds::zero())
-        return reply.send(answer);
-    QTimer::singleShot(delay, this, [reply, answer] { reply.send(answer); });
+        return reply(answer);
+    QTimer::singleShot(delay, this, [reply, answer] { reply(answer); });
 }
 
 SandboxAnswer QVSandbox::answer(const QString &path, const SandboxQuery &query,

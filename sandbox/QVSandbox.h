@@ -13,9 +13,7 @@
 #include <optional>
 
 class QHttpServerRequest;
-class QHttpServerResponder;
 class SandboxQuery;
-class SandboxReply;
 struct SandboxAnswer;
 struct SandboxBehaviour;
 
@@ -115,11 +113,12 @@ public:
 
 private:
     struct Parts;
+    using Reply = std::function<void(const SandboxAnswer &)>;
 
     void addRoutes();
-    void handle(const QHttpServerRequest &request, QHttpServerResponder &&responder);
-    void sendPicture(const QFuture<QByteArray> &picture, const SandboxReply &reply, QVSandboxLogEntry entry);
-    void send(const SandboxAnswer &answer, const SandboxReply &reply, QVSandboxLogEntry entry,
+    void handle(const QHttpServerRequest &request, const Reply &reply);
+    void sendPicture(const QFuture<QByteArray> &picture, const Reply &reply, QVSandboxLogEntry entry);
+    void send(const SandboxAnswer &answer, const Reply &reply, QVSandboxLogEntry entry,
               std::chrono::milliseconds delay = {});
     [[nodiscard]] SandboxAnswer answer(const QString &path, const SandboxQuery &query,
                                        const SandboxBehaviour &behaviour) const;

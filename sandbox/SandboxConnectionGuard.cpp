@@ -40,6 +40,6 @@ void SandboxConnectionGuard::forgetReceived()
 
 void SandboxConnectionGuard::end()
 {
+    // The HTTP server deletes it then.
     m_socket->abort();
-    m_socket->deleteLater();
 }

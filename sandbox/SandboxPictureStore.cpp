@@ -23,8 +23,11 @@ void SandboxPictureStore::add(const QString &stem, const SandboxPuzzle &puzzle)
 
 void SandboxPictureStore::addBroken(const QString &stem)
 {
-    const auto garbage = QtFuture::makeReadyFuture(QByteArrayLiteral("not a picture"));
-    keep(stem, {{}, garbage, garbage});
+    QPromise<QByteArray> garbage;
+    garbage.start();
+    garbage.addResult(QByteArrayLiteral("not a picture"));
+    garbage.finish();
+    keep(stem, {{}, garbage.future(), garbage.future()});
 }
 
 std::optional<QFuture<QByteArray>> SandboxPictureStore::file(const QString &path)

@@ -49,13 +49,24 @@ private Q_SLOTS:
 
     void survivesClientsThatDoNotWait()
     {
-        QTcpSocket socket;
-        socket.connectToHost(QHostAddress::LocalHost, sandbox().port());
-        socket.write("GET /app/config/v1?id=test-slow HTTP/1.1\r\nHost: x\r\n\r\n");
-        QVERIFY(waitFor([&] { return !sandbox().log().isEmpty(); }));
-        socket.abort();
-        // Answered after the one who went away.
+        const auto askSlowly = [this](QTcpSocket &socket) {
+            sandbox().clearLog();
+            socket.connectToHost(QHostAddress::LocalHost, sandbox().port());
+            socket.write("GET /app/config/v1?id=test-slow HTTP/1.1\r\nHost: x\r\n\r\n");
+            return waitFor([this] { return !sandbox().log().isEmpty(); });
+        };
+        QTcpSocket leaving;
+        QVERIFY(askSlowly(leaving));
+        leaving.abort();
+        QTcpSocket flooding;
+        QVERIFY(askSlowly(flooding));
+        flooding.write(QByteArray(200000, 'a'));
+        QVERIFY(waitFor([&flooding] { return flooding.state() == QAbstractSocket::UnconnectedState; }));
+        // Answered after those.
         QCOMPARE(service(q("config"), q("test-slow"), {}).code(), q("0103"));
+        // The sandbox goes before it has answered.
+        QTcpSocket waiting;
+        QVERIFY(askSlowly(waiting));
     }
 
     void logsWhatItReceived()
