@@ -48,6 +48,8 @@ function(quarvo_precompile target part)
       <chrono> <functional> <memory> <optional> <vector>)
   endif()
   target_precompile_headers(${target} REUSE_FROM ${precompiled})
+  # As the headers themselves: CMake gives a program -fPIE, with which they are not usable.
+  target_compile_options(${target} PRIVATE -fPIC)
 endfunction()
 
 # quarvo_tests(ROOM CLASSES...): test classes in files of their own names, linked into one program;
