@@ -2,6 +2,7 @@
 
 #include "image/QVTestPictures.h"
 #include "settings/QVSDKManager.h"
+#include "support/QVTestTls.h"
 
 #include <QJsonArray>
 
@@ -138,13 +139,12 @@ void FaultService::addRedirects()
     m_faults.append({QStringLiteral("redirects in a circle"), [this](const QVReceivedRequest &) {
                          return redirectTo(m_front.address() + QString::fromLatin1(m_target));
                      }});
-    static const QVTestCertificate trusted(QVTestCertificate::Validity::Current);
-    static const QVTestCertificate untrusted(QVTestCertificate::Validity::Current);
+    const QSslConfiguration trusted = qv_serverTls(q("local"));
     QSslConfiguration trusting = m_usualTls;
-    trusting.addCaCertificate(trusted.certificate());
+    trusting.addCaCertificate(trusted.localCertificate());
     QSslConfiguration::setDefaultConfiguration(trusting);
-    m_trusted.useTls(trusted.serverConfiguration());
-    m_untrusted.useTls(untrusted.serverConfiguration());
+    m_trusted.useTls(trusted);
+    m_untrusted.useTls(qv_serverTls(q("stranger")));
     m_trusted.setResponder([plain = m_front.address() + QStringLiteral("/plain")](const QVReceivedRequest &) {
         return redirectTo(plain);
     });

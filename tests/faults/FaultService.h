@@ -1,7 +1,6 @@
 #pragma once
 
 #include "draw/DrawService.h"
-#include "support/QVTestCertificate.h"
 
 #include <optional>
 

@@ -7,9 +7,8 @@
 
 namespace {
 
-const QString dataFolder = q(QUARVO_SANDBOX_TEST_DATA);
-const QString certificateFile = dataFolder + q("/local.crt");
-const QString keyFile = dataFolder + q("/local.key");
+const QString certificateFile = q(QUARVO_TEST_CERTIFICATES "/local.crt");
+const QString keyFile = q(QUARVO_TEST_CERTIFICATES "/local.key");
 
 } // namespace
 
