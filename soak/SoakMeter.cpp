@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QTest>
 
 #include <algorithm>
 #include <malloc.h>
@@ -13,6 +14,13 @@
 namespace {
 
 constexpr qint64 growthAllowedKib = 1024;
+
+constexpr std::pair<qsizetype SoakSample::*, const char *> counts[] = {
+    {&SoakSample::files, "open files"},
+    {&SoakSample::threads, "threads"},
+    {&SoakSample::timers, "timers"},
+    {&SoakSample::widgets, "widgets"},
+};
 
 qsizetype entriesOf(const QString &folder)
 {
@@ -33,6 +41,19 @@ qint64 residentKib()
     return kib;
 }
 
+SoakSample sampleNow()
+{
+    // What was given back counts as given back, though the heap would keep it for later.
+    ::malloc_trim(0);
+    SoakSample sample;
+    sample.residentKib = residentKib();
+    sample.files = entriesOf(QStringLiteral("/proc/self/fd"));
+    sample.threads = entriesOf(QStringLiteral("/proc/self/task"));
+    sample.timers = QVScheduler::shared().pendingCount();
+    sample.widgets = QApplication::allWidgets().size();
+    return sample;
+}
+
 template<class Number>
 Number largest(std::span<const SoakSample> samples, Number SoakSample::*field)
 {
@@ -41,17 +62,19 @@ Number largest(std::span<const SoakSample> samples, Number SoakSample::*field)
 
 } // namespace
 
-SoakSample SoakSample::now()
+SoakSample SoakSample::settled()
 {
-    // What was given back counts as given back, though the heap would keep it for later.
-    ::malloc_trim(0);
-    SoakSample sample;
-    sample.residentKib = ::residentKib();
-    sample.files = entriesOf(QStringLiteral("/proc/self/fd"));
-    sample.threads = entriesOf(QStringLiteral("/proc/self/task"));
-    sample.timers = QVScheduler::shared().pendingCount();
-    sample.widgets = QApplication::allWidgets().size();
-    return sample;
+    constexpr int looks = 10;
+    constexpr int betweenMilliseconds = 50;
+    SoakSample least = sampleNow();
+    for (int look = 1; look < looks; ++look) {
+        QTest::qWait(betweenMilliseconds);
+        const SoakSample sample = sampleNow();
+        least.residentKib = std::min(least.residentKib, sample.residentKib);
+        for (const auto &[count, name] : counts)
+            least.*count = std::min(least.*count, sample.*count);
+    }
+    return least;
 }
 
 QString SoakSample::text() const
@@ -64,7 +87,7 @@ QString SoakSample::text() const
         .arg(widgets);
 }
 
-QString SoakMeter::fault() const
+QString SoakMeter::growth() const
 {
     const auto middle = m_samples.begin() + static_cast<std::ptrdiff_t>(m_samples.size() / 2);
     const std::span firstHalf(m_samples.begin(), middle);
@@ -74,12 +97,6 @@ QString SoakMeter::fault() const
     const qint64 growth = largest(lastHalf, &SoakSample::residentKib) - lastHalf.front().residentKib;
     if (growth > growthAllowedKib)
         return QStringLiteral("memory has grown by %1 KiB").arg(growth);
-    const std::pair<qsizetype SoakSample::*, const char *> counts[] = {
-        {&SoakSample::files, "open files"},
-        {&SoakSample::threads, "threads"},
-        {&SoakSample::timers, "timers"},
-        {&SoakSample::widgets, "widgets"},
-    };
     for (const auto &[count, name] : counts) {
         if (largest(lastHalf, count) > largest(firstHalf, count))
             return QLatin1String(name) + QStringLiteral(" have grown");

@@ -13,18 +13,19 @@ struct SoakSample
     qsizetype timers = 0;
     qsizetype widgets = 0;
 
-    [[nodiscard]] static SoakSample now();
+    /// The least of each within half a second, since connections and threads end a little late.
+    [[nodiscard]] static SoakSample settled();
     [[nodiscard]] QString text() const;
 };
 
-/// Judges whether a process has stopped growing.
+/// Compares the first half of what it was given with the last.
 class SoakMeter
 {
 public:
     void add(const SoakSample &sample) { m_samples.push_back(sample); }
-    /// Why the curve is not flat, null where it is: within the last half memory has grown by more than
-    /// 1 MiB, or anything else beyond what the first half had seen.
-    [[nodiscard]] QString fault() const;
+    /// What has grown, null where nothing has: memory by more than 1 MiB within the last half, anything else
+    /// beyond the most of the first half.
+    [[nodiscard]] QString growth() const;
 
 private:
     std::vector<SoakSample> m_samples;

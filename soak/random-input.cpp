@@ -1,3 +1,4 @@
+#include "QuietPlatform.h"
 #include "demo/DemoServices.h"
 #include "demo/DemoWindow.h"
 #include "demo/EventLog.h"
@@ -233,6 +234,7 @@ int main(int argc, char *argv[])
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");
+    quietPlatform();
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     QStandardPaths::setTestModeEnabled(true);
