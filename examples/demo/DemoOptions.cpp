@@ -162,5 +162,6 @@ QString DemoOptions::usage()
 {
     QCommandLineParser parser;
     describe(parser);
-    return parser.helpText();
+    // There is no application object yet, of which the parser would take the program's name.
+    return parser.helpText().replace(QLatin1String("<executable_name>"), QLatin1String("quarvo-demo"));
 }

@@ -1,3 +1,4 @@
+#include "QuietPlatform.h"
 #include "demo/DemoOptions.h"
 #include "demo/DemoServices.h"
 #include "demo/DemoWindow.h"
@@ -108,6 +109,7 @@ int main(int argc, char *argv[])
         !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
     if (!hasDisplay && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
+    quietPlatform();
     QApplication application(argc, argv);
     QApplication::setOrganizationDomain(QStringLiteral("quarvo.example"));
     QApplication::setApplicationName(QStringLiteral("quarvo-demo"));
