@@ -81,7 +81,11 @@ private:
 
     static std::unique_ptr<QWidget> load(const QByteArray &source)
     {
+        // A loader looks for all plugins there are as it is made, and others' are none of ours.
+        const QStringList paths = QCoreApplication::libraryPaths();
+        QCoreApplication::setLibraryPaths({});
         QUiLoader loader;
+        QCoreApplication::setLibraryPaths(paths);
         loader.addPluginPath(QFileInfo(QStringLiteral(QUARVO_DESIGNER_PLUGIN)).path());
         QBuffer buffer;
         buffer.setData(source);
