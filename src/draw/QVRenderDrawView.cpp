@@ -17,6 +17,7 @@
 #include <QScreen>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -113,6 +114,9 @@ bool QVRenderDrawView::event(QEvent *event)
         didMoveToSuperview();
     else if (event->type() == QEvent::Show)
         watchScreen();
+    // A graphics scene is a parent, too.
+    if (event->type() == QEvent::Show && graphicsProxyWidget() && !std::exchange(m_isInScene, true))
+        didMoveToSuperview();
     return handled;
 }
 
@@ -168,7 +172,7 @@ void QVRenderDrawView::didMoveToSuperview()
     QMetaObject::invokeMethod(
         this, [] { QVImageLoader::shared().prepare(); }, Qt::QueuedConnection);
     QVScheduler::shared().schedule(embedStartDelay, [view = QPointer(this)] {
-        if (view && view->parentWidget())
+        if (view && (view->parentWidget() || view->graphicsProxyWidget()))
             view->requestQuarvoConfigAction();
     });
 }

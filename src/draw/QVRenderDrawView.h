@@ -98,6 +98,7 @@ private:
 
     std::shared_ptr<QVRenderDrawFlow> m_flow;
     std::optional<double> m_screenWidth;
+    bool m_isInScene = false;
     QPointer<QScreen> m_screen;
     // Not a child: a drag that the view's end cancels has nobody to be reported to.
     std::unique_ptr<QVRenderDrawGesture> m_gesture;

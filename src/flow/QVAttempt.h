@@ -42,7 +42,8 @@ public:
 ///
 /// It ends exactly once, as passed, failed or closed, in whatever order things happen. When its owner
 /// lets it go, it ends silently.
-class QUARVO_CORE_EXPORT QVAttempt final : public QVViewControllerDelegate, public std::enable_shared_from_this<QVAttempt>
+class QUARVO_CORE_EXPORT QVAttempt final : public QVViewControllerDelegate,
+                                           public std::enable_shared_from_this<QVAttempt>
 {
 public:
     QVAttempt(QVVerifyStyle style, QVIdentity identity, const QVPopupPresenter &presenter, QObject *host,

@@ -3,6 +3,7 @@
 #include "flow/QVIdentity.h"
 #include "modes/QVClickButton.h"
 #include "modes/QVClickManagerDelegate.h"
+#include "modes/QVLostManager.h"
 #include "platform/QVDelegate.h"
 #include "platform/QVMainThread.h"
 #include "platform/QVScheduler.h"
@@ -68,7 +69,9 @@ QVClickManager::~QVClickManager()
     if (!d->button)
         return;
     disconnect(d->button, nullptr, this, nullptr);
-    if (!d->button->parent())
+    if (d->button->parent())
+        qv_warnOfLostManager("QVClickManager", "button", d->button);
+    else
         delete d->button;
 }
 

@@ -3,6 +3,7 @@
 #include "draw/QVRenderDrawView.h"
 #include "flow/QVIdentity.h"
 #include "modes/QVEmbedManagerDelegate.h"
+#include "modes/QVLostManager.h"
 #include "platform/QVMainThread.h"
 
 #include <QPointer>
@@ -18,7 +19,9 @@ public:
 
     ~Private() override
     {
-        if (m_renderView && !m_renderView->parentWidget())
+        if (m_renderView && m_renderView->parentWidget())
+            qv_warnOfLostManager("QVEmbedManager", "panel", m_renderView);
+        else
             delete m_renderView;
     }
 

@@ -170,6 +170,9 @@ void QVWindow::lieIn(QWidget *container)
         hide();
         setWindowState(Qt::WindowNoState);
         setWindowModality(Qt::NonModal);
+        // Not every platform can make its window a part of another one.
+        if (windowHandle())
+            destroy();
         QVHostWatch::adopt(container, this);
     }
     setGeometry(container->rect());
@@ -182,6 +185,8 @@ void QVWindow::standAlone(Place place, QObject *over)
     if (parentWidget() || windowFlags() != flags) {
         hide();
         setParent(nullptr, flags);
+        // It was disabled with a host that it lay in.
+        setEnabled(true);
     }
     setWindowModality(Qt::WindowModal);
     setWindowState(place == Place::Screen ? Qt::WindowFullScreen : Qt::WindowNoState);

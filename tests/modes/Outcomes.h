@@ -1,10 +1,12 @@
 #pragma once
 
+#include "flow/QVCloseReason.h"
 #include "modes/QVClickButtonDelegate.h"
 #include "modes/QVClickManagerDelegate.h"
 #include "modes/QVInvisibleDelegate.h"
 #include "support/QVText.h"
 
+#include <QMetaEnum>
 #include <QObject>
 #include <QStringList>
 
@@ -20,14 +22,26 @@ public:
                          [this](const QString &token) { add(q("passed ") + token); });
         QObject::connect(sender, &Sender::failed, &m_context,
                          [this](const QVError &error) { add(q("failed %1").arg(error.code())); });
-        QObject::connect(sender, &Sender::closed, &m_context, [this] { add(q("closed")); });
+        QObject::connect(sender, &Sender::closed, &m_context, [this](QVCloseReason reason) {
+            add(q("closed ") +
+                QString::fromLatin1(QMetaEnum::fromType<QVCloseReason>().valueToKey(int(reason))));
+        });
+        QObject::connect(sender, &Sender::popupFailed, &m_context,
+                         [this](const QVError &error) { add(q("in popup %1").arg(error.code())); });
         QObject::connect(sender, &Sender::popupOpened, &m_context, [this] { add(q("popup")); });
     }
 
     /// The signals, in order.
     [[nodiscard]] const QStringList &said() const { return m_said; }
-    /// How many of them end an attempt.
-    [[nodiscard]] qsizetype ended() const { return m_said.size() - m_said.count(q("popup")); }
+    /// Those of them that end an attempt.
+    [[nodiscard]] QStringList ends() const
+    {
+        QStringList ends = m_said;
+        ends.removeIf(
+            [](const QString &said) { return said.startsWith(q("popup")) || said.startsWith(q("in ")); });
+        return ends;
+    }
+    void clear() { m_said.clear(); }
     /// What the delegate was told.
     [[nodiscard]] const QStringList &told() const { return m_told; }
 

@@ -241,7 +241,7 @@ private Q_SLOTS:
         settle();
         QCOMPARE(asked(), QStringList());
         pressClose();
-        QCOMPARE(m_outcomes->said(), words("popup, closed, popup, closed"));
+        QCOMPARE(m_outcomes->said(), words("popup, closed User, popup, closed User"));
     }
 
     void endsOnceInEachPhase_data()
@@ -249,14 +249,14 @@ private Q_SLOTS:
         const auto row = addColumns<QString, QString, QStringList>({"held", "end", "said"});
         for (const QString &what : {outageSwitch, config, click}) {
             const QByteArray name = what.toLatin1();
-            row("reset, " + name, what, q("reset"), words("closed"));
+            row("reset, " + name, what, q("reset"), words("closed HostReset"));
             row("destroyed, " + name, what, q("destroy"), QStringList());
-            row("window closed, " + name, what, q("close"), words("closed"));
+            row("window closed, " + name, what, q("close"), words("closed WindowGone"));
         }
         row("window refuses", config, q("refuse"), words("popup"));
-        row("reset, popup", picture, q("reset"), words("popup, closed"));
+        row("reset, popup", picture, q("reset"), words("popup, closed HostReset"));
         row("destroyed, popup", picture, q("destroy"), words("popup"));
-        row("window closed, popup", picture, q("close"), words("popup, closed"));
+        row("window closed, popup", picture, q("close"), words("popup, closed WindowGone"));
         row("reset, token", QString(), q("reset"), words("passed click-token"));
         row("destroyed, token", QString(), q("destroy"), QStringList());
     }

@@ -26,7 +26,7 @@ private Q_SLOTS:
     void hearsTheButtonsEnd_data()
     {
         const auto row = addColumns<QString, QStringList>({"held", "said"});
-        row("asking", config, words("closed"));
+        row("asking", config, words("closed WindowGone"));
         row("token on its way", QString(), words("passed click-token"));
     }
 

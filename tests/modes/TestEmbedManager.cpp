@@ -3,6 +3,7 @@
 #include "modes/QVEmbedManagerDelegate.h"
 
 #include <QPointer>
+#include <QRegularExpression>
 #include <QSignalSpy>
 
 using namespace std::chrono_literals;
@@ -72,6 +73,7 @@ private Q_SLOTS:
         QWidget window;
         view = manager->embedView();
         view->setParent(&window);
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(q("QVEmbedManager was destroyed")));
         manager.reset();
         QVERIFY(view);
         advance(100ms);

@@ -69,15 +69,15 @@ private Q_SLOTS:
         invisible.watch(&manager);
         manager.startInsivible();
         pass(2900ms);
-        QCOMPARE(clicked.ended() + invisible.ended(), 0);
+        QCOMPARE(clicked.ends().size() + invisible.ends().size(), 0);
         pass(200ms);
         QTEST(clicked.said(), "said");
         QTEST(invisible.said(), "said");
         QCOMPARE(clicker.button()->clickStatus(), QVClickStatusFailed);
         QVERIFY(!popup());
         pass(5s);
-        QCOMPARE(clicked.ended(), 1);
-        QCOMPARE(invisible.ended(), 1);
+        QCOMPARE(clicked.ends().size(), 1);
+        QCOMPARE(invisible.ends().size(), 1);
     }
 
     void aPanelStartsAnewAfterItsTime()
@@ -162,7 +162,7 @@ private Q_SLOTS:
         const QRect card = popup()->popupScreen();
         QVPointerInput::click(*popup(), isBeside ? QPoint(10, 10) : card.topLeft() + QPoint(20, 20));
         QCOMPARE(!popup(), closes && isBeside);
-        QCOMPARE(outcomes.ended(), closes && isBeside ? 1 : 0);
+        QCOMPARE(outcomes.ends().size(), closes && isBeside ? 1 : 0);
     }
 
     void outageIsTold()

@@ -96,7 +96,7 @@ private Q_SLOTS:
         settle();
         QCOMPARE(asked(), QStringList());
         QCOMPARE(popupCount(), 0);
-        QCOMPARE(m_outcomes->said(), words("popup, closed, popup, closed"));
+        QCOMPARE(m_outcomes->said(), words("popup, closed User, popup, closed HostReset"));
         QCOMPARE(m_outcomes->told(), QStringList());
     }
 
@@ -109,7 +109,7 @@ private Q_SLOTS:
         QCOMPARE(badges().size(), 1);
         pass(1100ms);
         QCOMPARE(service().count(click), 2);
-        QCOMPARE(m_outcomes->said(), words("popup, closed, popup"));
+        QCOMPARE(m_outcomes->said(), words("popup, closed Replaced, popup"));
         QCOMPARE(popupCount(), 1);
     }
 
@@ -121,7 +121,8 @@ private Q_SLOTS:
             QTest::addRow("destroyed, %s", qPrintable(what)) << what << q("destroy") << before;
             for (const char *end : {"reset", "close", "destroy window"})
                 QTest::addRow("%s, %s", end, qPrintable(what))
-                    << what << QString::fromLatin1(end) << before + words("closed");
+                    << what << QString::fromLatin1(end)
+                    << before + words(end == QByteArray("reset") ? "closed HostReset" : "closed WindowGone");
         }
         for (const char *end : {"reset", "destroy window"})
             QTest::addRow("%s, token", end)

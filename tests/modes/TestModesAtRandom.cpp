@@ -40,8 +40,8 @@ private Q_SLOTS:
         m_invisible->reset();
         pass(1100ms);
         QVERIFY(m_clickAttempts > 0 && m_invisibleAttempts > 0);
-        QCOMPARE(m_clicked->ended(), m_clickAttempts);
-        QCOMPARE(m_unseen->ended(), m_invisibleAttempts);
+        QCOMPARE(m_clicked->ends().size(), m_clickAttempts);
+        QCOMPARE(m_unseen->ends().size(), m_invisibleAttempts);
         QCOMPARE(popupCount(), 0);
 
         m_click->button()->click();
