@@ -154,7 +154,7 @@ void QVClickButton::resizeEvent(QResizeEvent *)
 
 void QVClickButton::mousePressEvent(QMouseEvent *event)
 {
-    if (event->button() == Qt::LeftButton && d->takesInput())
+    if (event->button() == Qt::LeftButton && d->pointInside(event->position()))
         d->press.begin(event->position());
     else
         event->ignore();

@@ -51,11 +51,16 @@ QString textKey(QVClickStatus status)
 QVClickButtonPrivate::QVClickButtonPrivate(QVClickButton *button)
     : q(button)
 {
-    setupSubviews();
-    setClickStatus(QVClickStatusNormal);
+    initAction();
 }
 
 QVClickButtonPrivate::~QVClickButtonPrivate() = default;
+
+void QVClickButtonPrivate::initAction()
+{
+    setupSubviews();
+    setClickStatus(QVClickStatusNormal);
+}
 
 void QVClickButtonPrivate::setupSubviews()
 {
@@ -138,10 +143,10 @@ QColor QVClickButtonPrivate::background() const
 
 bool QVClickButtonPrivate::pointInside(QPointF point) const
 {
-    return q->hitButton(point.toPoint());
+    return takesInput() && q->hitButton(point.toPoint());
 }
 
-void QVClickButtonPrivate::pressBegan(QPointF point)
+void QVClickButtonPrivate::beginTrackingWithTouch(QPointF point)
 {
     const QPointer<QVClickButton> button(q);
     q->setDown(true);

@@ -31,9 +31,9 @@ public:
     void layoutSubviews() const;
 
     /// Whether touches and keys are heard.
-    [[nodiscard]] bool takesInput() const override;
+    [[nodiscard]] bool takesInput() const;
     [[nodiscard]] bool pointInside(QPointF point) const override;
-    void pressBegan(QPointF point) override;
+    void beginTrackingWithTouch(QPointF point) override;
     void pressMoved(bool inside) override;
     void pressEnded(bool inside) override;
     void clickButtonTouchDownAction();
@@ -66,6 +66,7 @@ public:
     bool showsFocus = false;
 
 private:
+    void initAction();
     void setupSubviews();
     void setStatusText(const QString &text);
     /// Tells screen readers of what happened, which nothing else does when it happens by itself.

@@ -14,7 +14,7 @@ QVPressTracker::QVPressTracker(Button &button)
 void QVPressTracker::begin(QPointF point)
 {
     m_tracking = true;
-    m_button.pressBegan(point);
+    m_button.beginTrackingWithTouch(point);
 }
 
 void QVPressTracker::move(QPointF point)
@@ -48,7 +48,7 @@ void QVPressTracker::takeTouch(QTouchEvent &event)
 void QVPressTracker::beginTouch(QTouchEvent &event)
 {
     const QEventPoint &finger = event.points().constFirst();
-    event.setAccepted(m_button.takesInput() && m_button.pointInside(finger.position()));
+    event.setAccepted(m_button.pointInside(finger.position()));
     if (!event.isAccepted() || m_tracking)
         return;
     m_device = event.pointingDevice();

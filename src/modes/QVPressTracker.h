@@ -15,9 +15,9 @@ public:
     class Button
     {
     public:
-        [[nodiscard]] virtual bool takesInput() const = 0;
+        /// Whether a press at \a point is the button's, which no point is while it takes no input.
         [[nodiscard]] virtual bool pointInside(QPointF point) const = 0;
-        virtual void pressBegan(QPointF point) = 0;
+        virtual void beginTrackingWithTouch(QPointF point) = 0;
         virtual void pressMoved(bool inside) = 0;
         virtual void pressEnded(bool inside) = 0;
 
