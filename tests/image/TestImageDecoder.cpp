@@ -118,6 +118,10 @@ private Q_SLOTS:
                                   "\0\x06\0\0\0\0\0\0")),
             green);
         row("first of 9 gif frames", PictureBombs::gif(size, size, 500, 9), QColor(64, 64, 64));
+        constexpr qsizetype gifHead = 13 + 768;
+        row("gif with transparency",
+            PictureBombs::gif(size, size, 500, 1).insert(gifHead, QByteArrayLiteral("!\xf9\4\1\0\0\0\0")),
+            QColor(Qt::transparent));
         row("webp", qv_testPicture(size, green, "webp"), green);
         row("webp with transparency", qv_testPicture(size, glass, "webp"), glass);
         row("first of 3 webp frames",
@@ -172,6 +176,7 @@ private Q_SLOTS:
         row("jpeg: limit", jpeg(limit, 64), true);
         row("jpeg: above", qv_testPicture(above, Qt::red, "jpeg"), false);
         row("jpeg: claim", qv_giantClaim(), false);
+        row("jpeg: a scan more", jpeg(small, 65), false);
         row("jpeg: scans", jpeg(limit, 6000), false);
         row("jpeg: comments", withSegment(jpeg(small, 10), '\xfe', QByteArray(65000, 'x')), true);
         row("gif: limit", gif(limit, limit, 4000, 1), true);
