@@ -57,6 +57,10 @@ private Q_SLOTS:
         QCOMPARE(m_store->deleteMatching(query("three", "c")), QVSecureStatus::Success);
         QCOMPARE(list(QVSecureQuery{}).size(), 2);
         QCOMPARE(read("two", "a"), QByteArray("two/a"));
+        // A service that was started anew knows nothing of what was agreed on before.
+        m_desktop->stopKeyring();
+        QVERIFY(m_desktop->startKeyring());
+        QCOMPARE(read("two", "a"), QByteArray("two/a"));
     }
 
     void theModuleHoldsTheSameStore()
