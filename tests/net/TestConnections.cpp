@@ -1,0 +1,161 @@
+#include "net/QVBoundedDownload.h"
+#include "net/QVNetworkSession.h"
+#include "support/QVScriptedServer.h"
+#include "support/QVTestCase.h"
+
+#include <QElapsedTimer>
+#include <QNetworkProxy>
+
+#include <arpa/inet.h>
+#include <dlfcn.h>
+#include <netdb.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+using namespace std::chrono_literals;
+
+namespace {
+
+const char *const twoAddresses = "two.quarvo.example";
+const char *const deafAddress = "127.0.0.2";
+const char *const goodAddress = "127.0.0.1";
+
+/// Listens where nobody will answer: its queue is full, so that the system ignores who comes.
+class DeafServer
+{
+public:
+    explicit DeafServer(quint16 port)
+    {
+        sockaddr_in address{};
+        address.sin_family = AF_INET;
+        address.sin_port = htons(port);
+        address.sin_addr.s_addr = inet_addr(deafAddress);
+        auto *const bare = reinterpret_cast<sockaddr *>(&address);
+        m_isDeaf = ::bind(m_listener, bare, sizeof address) == 0 && ::listen(m_listener, 0) == 0 &&
+                   ::connect(m_guest, bare, sizeof address) == 0;
+    }
+    ~DeafServer()
+    {
+        ::close(m_guest);
+        ::close(m_listener);
+    }
+    Q_DISABLE_COPY(DeafServer)
+
+    [[nodiscard]] bool isDeaf() const { return m_isDeaf; }
+
+private:
+    int m_listener = ::socket(AF_INET, SOCK_STREAM, 0);
+    int m_guest = ::socket(AF_INET, SOCK_STREAM, 0);
+    bool m_isDeaf = false;
+};
+
+} // namespace
+
+// The program's own in place of the system's: the name above has two addresses, of which the first is deaf.
+extern "C" Q_DECL_EXPORT int getaddrinfo(const char *node, const char *service, const addrinfo *hints,
+                                         addrinfo **result)
+{
+    static const auto usual = reinterpret_cast<decltype(&getaddrinfo)>(::dlsym(RTLD_NEXT, "getaddrinfo"));
+    if (qstrcmp(node, twoAddresses) != 0)
+        return usual(node, service, hints, result);
+    const int failure = usual(deafAddress, service, hints, result);
+    addrinfo *last = *result;
+    while (last->ai_next)
+        last = last->ai_next;
+    return failure ? failure : usual(goodAddress, service, hints, &last->ai_next);
+}
+
+class TestConnections : public QVTestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void aDeafAddressCostsAMoment()
+    {
+        const DeafServer deaf(m_server->serverPort());
+        QVERIFY(deaf.isDeaf());
+        QElapsedTimer time;
+        time.start();
+        QCOMPARE(codeOf(q("http://%1:%2/").arg(q(twoAddresses)).arg(m_server->serverPort())), 0);
+        QVERIFY(time.elapsed() < 900);
+    }
+
+    void anIdleConnectionIsClosedBeforeItsServerDoesThat()
+    {
+        m_server->enqueue(QVScript::answer({}, 200, "Keep-Alive: timeout=2\r\n"));
+        QElapsedTimer time;
+        time.start();
+        QCOMPARE(codeOf(m_server->address()), 0);
+        QVERIFY(waitFor([this] { return m_server->closedCount() == 1; }));
+        QVERIFY(time.elapsed() < 2000);
+    }
+
+    void proxies_data()
+    {
+        const auto row = addColumns<QString, QByteArray>({"address", "line"});
+        row("whole address", q("http://u:p@nobody.invalid:81/a?b=c#d"),
+            QByteArray("GET http://nobody.invalid:81/a?b=c"));
+        row("no path", q("http://nobody.invalid"), QByteArray("GET http://nobody.invalid/"));
+        row("tunnel", q("https://nobody.invalid/a"), QByteArray("CONNECT nobody.invalid:443"));
+    }
+
+    void proxies()
+    {
+        QFETCH(const QString, address);
+        QFETCH(const QByteArray, line);
+        m_server->setResponder([](const QVReceivedRequest &request) {
+            return QVScript::answer({}, request.method == "GET" ? 200 : 403);
+        });
+        QNetworkProxy::setApplicationProxy({QNetworkProxy::HttpProxy, QString::fromLatin1(goodAddress),
+                                            m_server->serverPort(), q("us"), q("er")});
+        QCOMPARE(codeOf(address), line.startsWith("GET") ? 0 : -1);
+        const QVReceivedRequest request = m_server->requests().constFirst();
+        QCOMPARE(request.head.left(request.head.indexOf(" HTTP/1.1\r\n")), line);
+        if (line.startsWith("GET"))
+            QCOMPARE(request.header("Proxy-Authorization"), "Basic " + QByteArray("us:er").toBase64());
+        QCOMPARE(request.header("Authorization").isEmpty(), !address.contains(u'@'));
+    }
+
+    void sendsWhatTheGuideSays()
+    {
+        QCOMPARE(codeOf(m_server->address() + q("/a b?c=ä")), 0);
+        QByteArrayList names;
+        for (const QByteArray &line : m_server->requests().constFirst().head.trimmed().split('\n').sliced(1))
+            names.append(line.left(line.indexOf(':')));
+        QCOMPARE(names, QByteArrayList({"Host", "Accept-Encoding", "Accept-Language", "User-Agent"}));
+        QCOMPARE(m_server->requests().constFirst().target, QByteArray("/a%20b?c=%C3%A4"));
+    }
+
+protected:
+    void prepare() override
+    {
+        m_server = std::make_unique<QVScriptedServer>();
+        m_server->setResponder([](const QVReceivedRequest &) { return QVScript::answer({}); });
+        m_session = std::make_unique<QVNetworkSession>();
+    }
+    void finish() override
+    {
+        QNetworkProxy::setApplicationProxy(QNetworkProxy::NoProxy);
+        m_session.reset();
+        m_server.reset();
+    }
+
+private:
+    /// What a download ends with; -2 where it does not end.
+    [[nodiscard]] qint64 codeOf(const QString &address) const
+    {
+        std::optional<qint64> code;
+        QVBoundedDownload::start(*m_session, nullptr, QNetworkRequest(QUrl(address)), {5s, 100},
+                                 [&code](const QVBoundedDownload::Result &result) {
+                                     code = result.error ? result.error->code() : 0;
+                                 });
+        (void)waitFor([&code] { return code.has_value(); });
+        return code.value_or(-2);
+    }
+
+    std::unique_ptr<QVScriptedServer> m_server;
+    std::unique_ptr<QVNetworkSession> m_session;
+};
+
+QV_TEST(TestConnections)
+#include "TestConnections.moc"
