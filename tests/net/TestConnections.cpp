@@ -120,8 +120,8 @@ private Q_SLOTS:
     {
         QCOMPARE(codeOf(m_server->address() + q("/a b?c=ä")), 0);
         QByteArrayList names;
-        for (const QByteArray &line : m_server->requests().constFirst().head.trimmed().split('\n').sliced(1))
-            names.append(line.left(line.indexOf(':')));
+        for (const QByteArray &field : m_server->requests().constFirst().fields())
+            names.append(field.left(field.indexOf(':')));
         QCOMPARE(names, QByteArrayList({"Host", "Accept-Encoding", "Accept-Language", "User-Agent"}));
         QCOMPARE(m_server->requests().constFirst().target, QByteArray("/a%20b?c=%C3%A4"));
     }

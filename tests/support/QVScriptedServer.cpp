@@ -27,12 +27,20 @@ void run(const QPointer<QSslSocket> &socket, QList<QVScript::Step> steps)
 
 } // namespace
 
+QByteArrayList QVReceivedRequest::fields() const
+{
+    QByteArrayList result;
+    for (const QByteArray &line : head.trimmed().split('\n').sliced(1))
+        result.append(line.trimmed());
+    return result;
+}
+
 QByteArray QVReceivedRequest::header(const QByteArray &name) const
 {
-    for (const QByteArray &line : head.split('\n')) {
-        const qsizetype colon = line.indexOf(':');
-        if (colon > 0 && line.left(colon).compare(name, Qt::CaseInsensitive) == 0)
-            return line.mid(colon + 1).trimmed();
+    for (const QByteArray &field : fields()) {
+        const qsizetype colon = field.indexOf(':');
+        if (colon > 0 && field.left(colon).compare(name, Qt::CaseInsensitive) == 0)
+            return field.mid(colon + 1).trimmed();
     }
     return {};
 }

@@ -20,6 +20,8 @@ struct QVReceivedRequest
     /// Everything up to the empty line.
     QByteArray head;
 
+    /// The lines of the head after the first, without their ends.
+    [[nodiscard]] QByteArrayList fields() const;
     [[nodiscard]] QByteArray header(const QByteArray &name) const;
     [[nodiscard]] QByteArray path() const { return target.split('?').constFirst(); }
     /// The query's pairs as they came, sorted.
