@@ -124,7 +124,7 @@ void QVHttpExchange::finishWith(QNetworkReply::NetworkError error)
     if (m_socket) {
         m_socket->disconnect(this);
         const bool isSent = m_socket->bytesToWrite() == 0;
-        if (error == QNetworkReply::NoError && isSent && m_reader.keepAlive().count() > 0)
+        if (isSent && m_reader.keepAlive().count() > 0)
             m_pool.give(m_route, std::move(m_socket), m_reader.keepAlive());
         else
             qv_endLater(std::move(m_socket));

@@ -138,6 +138,13 @@ private Q_SLOTS:
                 await(probe);
                 QVERIFY2(probe.result(), qPrintable(QString::number(status)));
             }
+            // That there is one does not make an answer whole.
+            server().enqueue(
+                QVScript().send("HTTP/1.1 200 OK\r\nContent-Length: 99\r\n\r\n" + goodBody()).close());
+            Probe<Picture> probe;
+            requestPicture(probe);
+            await(probe);
+            QCOMPARE(probe.code(), -1005);
         }
         settings().setNetworkAccessManager(nullptr);
     }

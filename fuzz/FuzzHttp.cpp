@@ -1,0 +1,38 @@
+// Answers as they come over a connection: bounded, and the same however the bytes are parcelled out.
+#include "fuzz/FuzzInput.h"
+#include "net/QVHttpReader.h"
+
+namespace {
+
+constexpr qint64 limit = 4096;
+
+QVHttpReader readerOf(QByteArrayView bytes, qsizetype atOnce)
+{
+    QVHttpReader reader(limit);
+    while (!bytes.isEmpty()) {
+        const qsizetype length = std::min(atOnce, bytes.size());
+        reader.read(bytes.first(length));
+        bytes = bytes.sliced(length);
+        fuzzRequire(reader.body().size() <= limit);
+    }
+    reader.end();
+    return reader;
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
+{
+    FuzzInput input(data, size);
+    const qsizetype atOnce = 1 + input.take<std::uint8_t>();
+    const QByteArray bytes = input.rest();
+    const QVHttpReader whole = readerOf(bytes, std::max<qsizetype>(bytes.size(), 1));
+    const QVHttpReader parcelled = readerOf(bytes, atOnce);
+    fuzzRequire(whole.state() != QVHttpReader::State::Reading);
+    fuzzRequire(whole.state() == parcelled.state());
+    if (whole.state() != QVHttpReader::State::Complete)
+        return 0;
+    fuzzRequire(whole.body() == parcelled.body());
+    fuzzRequire(whole.head().status() >= 200);
+    return 0;
+}
