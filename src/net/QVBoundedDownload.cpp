@@ -84,6 +84,9 @@ void QVBoundedDownload::ask()
 
 void QVBoundedDownload::takeAnswer()
 {
+    // A call that was queued before the exchange was let go is still delivered.
+    if (!m_exchange)
+        return;
     const QVExchange::Result answer = m_exchange->result();
     endExchange();
     if (answer.error == QNetworkReply::NoError && isRedirect(answer))
