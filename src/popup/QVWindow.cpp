@@ -88,6 +88,7 @@ std::shared_ptr<void> QVWindow::takeRootController()
 void QVWindow::makeKeyAndVisible(QObject *host)
 {
     m_host = host;
+    m_isWanted = true;
     m_presentation = chosenPresentation();
     watchHost();
     place();
@@ -100,9 +101,11 @@ void QVWindow::resignKeyAndHide()
     m_hostWatch.reset();
     m_containerWatch.reset();
     const QPointer<QVWindow> self(this);
-    // First, so that Qt does not look for a new place for the focus by itself.
+    m_isWanted = false;
+    // First, so that Qt does not look for a new place for the focus by itself. The host may answer by
+    // destroying this, or by showing it again.
     m_focusTrap->release();
-    if (self)
+    if (self && !m_isWanted)
         hide();
 }
 

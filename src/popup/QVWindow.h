@@ -82,5 +82,6 @@ private:
     Place m_place = Place::Layer;
     QVPopupPresentation m_presentation;
     QVPopupGeometry m_geometry;
+    bool m_isWanted = false;
     bool m_pressedBesideCard = false;
 };
