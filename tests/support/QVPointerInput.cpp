@@ -3,6 +3,7 @@
 #include "support/QVText.h"
 
 #include <QCoreApplication>
+#include <QPointer>
 #include <QTabletEvent>
 #include <QTest>
 #include <QWidget>
@@ -24,16 +25,24 @@ QPoint inWindow(const QWidget &widget, QPoint point)
     return widget.mapTo(widget.window(), point);
 }
 
-void stroke(const Points &points, const Pause &pause, const std::function<void(QPoint)> &first,
-            const std::function<void(QPoint)> &next, const std::function<void(QPoint)> &last)
+void stroke(QWidget &widget, const Points &points, const Pause &pause,
+            const std::function<void(QPoint)> &first, const std::function<void(QPoint)> &next,
+            const std::function<void(QPoint)> &last)
 {
+    // What is drawn on may go in the middle.
+    const auto isThere = [guard = QPointer(&widget)] {
+        return guard && guard->isVisible() && windowOf(*guard);
+    };
     first(points.front());
     for (std::size_t i = 1; i < points.size(); ++i) {
         if (pause)
             pause();
+        if (!isThere())
+            return;
         next(points[i]);
     }
-    last(points.back());
+    if (isThere())
+        last(points.back());
 }
 
 const QPointingDevice *pen()
@@ -85,7 +94,7 @@ void QVPointerInput::click(QWidget &widget, QPoint point)
 void QVPointerInput::strokeWithMouse(QWidget &widget, const Points &points, const Pause &pause)
 {
     stroke(
-        points, pause, [&](QPoint point) { press(widget, point); },
+        widget, points, pause, [&](QPoint point) { press(widget, point); },
         [&](QPoint point) { move(widget, point); }, [&](QPoint point) { release(widget, point); });
 }
 
@@ -95,7 +104,7 @@ void QVPointerInput::strokeWithFinger(QWidget &widget, const Points &points, con
         return QTest::touchEvent(windowOf(widget), touchScreen());
     };
     stroke(
-        points, pause, [&](QPoint point) { touch().press(0, inWindow(widget, point)); },
+        widget, points, pause, [&](QPoint point) { touch().press(0, inWindow(widget, point)); },
         [&](QPoint point) { touch().move(0, inWindow(widget, point)); },
         [&](QPoint point) { touch().release(0, inWindow(widget, point)); });
 }
@@ -103,7 +112,8 @@ void QVPointerInput::strokeWithFinger(QWidget &widget, const Points &points, con
 void QVPointerInput::strokeWithPen(QWidget &widget, const Points &points, const Pause &pause)
 {
     stroke(
-        points, pause, [&](QPoint point) { sendPen(widget, QEvent::TabletPress, point, Qt::LeftButton); },
+        widget, points, pause,
+        [&](QPoint point) { sendPen(widget, QEvent::TabletPress, point, Qt::LeftButton); },
         [&](QPoint point) { sendPen(widget, QEvent::TabletMove, point, Qt::NoButton); },
         [&](QPoint point) { sendPen(widget, QEvent::TabletRelease, point, Qt::LeftButton); });
 }
