@@ -12,7 +12,7 @@ namespace {
 // Encoders join the groups of some 2,600 blocks to a few hundred.
 constexpr int mostCodeGroups = 1000;
 
-struct Chunk
+struct RiffChunk
 {
     QByteArrayView type;
     QByteArrayView content;
@@ -20,9 +20,9 @@ struct Chunk
     [[nodiscard]] bool is(const char *name) const { return type == name; }
 };
 
-Chunk takeChunk(QVByteReader &reader)
+RiffChunk takeChunk(QVByteReader &reader)
 {
-    Chunk chunk;
+    RiffChunk chunk;
     chunk.type = reader.take(4);
     const quint32 length = reader.littleEndian(4);
     chunk.content = reader.take(length);
@@ -64,9 +64,9 @@ QSize lossySize(QByteArrayView content)
 /// The chunks of one frame's pixels: a picture, and in front of a lossy one its transparency.
 QByteArray pixelChunks(QVByteReader &reader)
 {
-    Chunk alpha;
+    RiffChunk alpha;
     while (!reader.isAtEnd() && !reader.hasFailed()) {
-        const Chunk chunk = takeChunk(reader);
+        const RiffChunk chunk = takeChunk(reader);
         if (chunk.is("VP8L")) {
             const QVWebPCodes codes = QVWebPCodes::ofPicture(chunk.content);
             return isSizeAllowed(codes.size) && codes.groups <= mostCodeGroups
@@ -96,7 +96,7 @@ QByteArray animationChunks(QVByteReader &reader)
     constexpr int headLength = 16;
     QByteArray settings;
     while (!reader.isAtEnd() && !reader.hasFailed()) {
-        const Chunk chunk = takeChunk(reader);
+        const RiffChunk chunk = takeChunk(reader);
         if (chunk.is("ANIM"))
             settings = chunkOf(chunk.type, chunk.content);
         if (!chunk.is("ANMF"))
@@ -135,7 +135,7 @@ QByteArray qv_webPFrame(QByteArrayView file)
     constexpr int containerLength = 12;
     QVByteReader reader(file.sliced(containerLength));
     QVByteReader pixels = reader;
-    const Chunk first = takeChunk(reader);
+    const RiffChunk first = takeChunk(reader);
     const QByteArray chunks = first.is("VP8X") ? extendedChunks(first.content, reader) : pixelChunks(pixels);
     return chunks.isEmpty() ? QByteArray() : chunkOf("RIFF", "WEBP" + chunks);
 }
