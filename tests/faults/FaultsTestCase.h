@@ -56,7 +56,7 @@ protected:
 
     [[nodiscard]] qsizetype begun() const { return m_begun; }
     /// How many attempts the host was told the end of.
-    [[nodiscard]] qsizetype ended() const { return m_outcomes ? m_outcomes->ended() : 0; }
+    [[nodiscard]] qsizetype ended() const { return m_outcomes ? m_outcomes->ends().size() : 0; }
     [[nodiscard]] qsizetype panelFailures() const { return m_panelFailures; }
     [[nodiscard]] const Outcomes &outcomes() const { return *m_outcomes; }
     [[nodiscard]] static qsizetype popupCount();
