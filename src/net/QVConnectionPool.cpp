@@ -9,7 +9,7 @@ namespace {
 constexpr std::size_t mostIdle = 8;
 
 // Takes notice of an end that has arrived since the event loop last looked.
-bool isUsable(QTcpSocket &socket)
+bool isStillOpen(QTcpSocket &socket)
 {
     return socket.state() == QAbstractSocket::ConnectedState && !socket.waitForReadyRead(0) &&
            socket.state() == QAbstractSocket::ConnectedState && socket.bytesAvailable() == 0;
@@ -37,7 +37,7 @@ QVSocket QVConnectionPool::take(const QVRoute &route)
         QVSocket socket = std::move(found->socket);
         m_idle.erase(found);
         socket->disconnect(this);
-        if (isUsable(*socket))
+        if (isStillOpen(*socket))
             return socket;
     }
 }
