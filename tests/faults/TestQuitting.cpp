@@ -10,6 +10,8 @@
 #include <QTcpServer>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace {
 
 /// What a careless host keeps for ever: managers that end after the application object, and a window
@@ -74,7 +76,13 @@ private Q_SLOTS:
     }
 
 private:
-    static int countOfPanels() { return int(keptWindow->findChildren<QVRenderDrawView *>().size()); }
+    /// Popups may have windows of their own.
+    static qsizetype countOfPanels()
+    {
+        return std::ranges::count_if(QApplication::allWidgets(), [](const QWidget *widget) {
+            return qobject_cast<const QVRenderDrawView *>(widget) != nullptr;
+        });
+    }
 
     static void answerThatTheServiceIsDown(QTcpServer &server)
     {

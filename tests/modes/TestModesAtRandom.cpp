@@ -25,7 +25,7 @@ private Q_SLOTS:
     {
         QTest::addColumn<quint32>("seed");
         const int seeds =
-            qEnvironmentVariableIsSet("QUARVO_SEEDS") ? qEnvironmentVariableIntValue("QUARVO_SEEDS") : 8;
+            qEnvironmentVariableIsSet("QUARVO_SEEDS") ? qEnvironmentVariableIntValue("QUARVO_SEEDS") : 6;
         for (int seed = 1; seed <= seeds; ++seed)
             QTest::addRow("%d", seed) << quint32(seed);
     }
