@@ -19,6 +19,8 @@ class QVViewControllerDelegate;
 class QVPopupPresenter
 {
 public:
+    virtual ~QVPopupPresenter() = default;
+
     using Config = std::shared_ptr<QVConfigResponseModel>;
     using Click = std::shared_ptr<QVClickResponseModel>;
 
@@ -35,7 +37,4 @@ public:
     /// destroyed.
     [[nodiscard]] virtual std::unique_ptr<QObject> watch(QObject *host,
                                                          const std::function<void()> &gone) const = 0;
-
-protected:
-    ~QVPopupPresenter() = default;
 };
