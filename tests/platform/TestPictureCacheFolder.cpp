@@ -186,7 +186,7 @@ private Q_SLOTS:
         QVERIFY(QFile::link(victim, root()));
         keepPicture(path);
         QVERIFY(QDir(victim).isEmpty());
-        QVERIFY(contents(m_cache->filePath(q("moved"))).filter(q(".d ")).size() > 0);
+        QVERIFY(!contents(m_cache->filePath(q("moved"))).filter(q(".d ")).isEmpty());
     }
 
 protected:
