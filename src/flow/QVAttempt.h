@@ -24,7 +24,7 @@ public:
     /// The service has answered; what it said comes next.
     virtual void attemptIsAnswered(QVAttempt &attempt) { Q_UNUSED(attempt) }
     /// A popup is about to be shown in which the user draws, other than by a click answer.
-    virtual void attemptDraws(QVAttempt &attempt) = 0;
+    virtual void attemptDraws(QVAttempt &attempt) { Q_UNUSED(attempt) }
     /// The popup is on screen.
     virtual void attemptShowsPopup(QVAttempt &attempt) = 0;
     virtual void attemptEntersOutage(QVAttempt &attempt) = 0;

@@ -134,10 +134,6 @@ void QVInvisibleManagerPrivate::attemptIsAnswered(QVAttempt &attempt)
     replaceAttempts(&attempt);
 }
 
-void QVInvisibleManagerPrivate::attemptDraws(QVAttempt & /*attempt*/)
-{
-}
-
 void QVInvisibleManagerPrivate::attemptShowsPopup(QVAttempt &attempt)
 {
     m_qv_controller = attempt.popup();
@@ -164,10 +160,10 @@ void QVInvisibleManagerPrivate::attemptHasPassed(QVAttempt &attempt, const QStri
     }
     // The user has passed, so neither reset() nor the manager's end takes the token from the host.
     view->passAnimationComplete([manager = QPointer(q), last = delegate, token] {
-        if (manager)
+        if (manager) {
             manager->d->removeAnimationView();
-        if (manager)
             manager->d->replaceAttempts(nullptr);
+        }
         report(manager, last, token);
     });
 }

@@ -26,7 +26,6 @@ public:
 
     void attemptAsks(QVAttempt &attempt) override;
     void attemptIsAnswered(QVAttempt &attempt) override;
-    void attemptDraws(QVAttempt &attempt) override;
     void attemptShowsPopup(QVAttempt &attempt) override;
     void attemptEntersOutage(QVAttempt &attempt) override;
     void attemptFailsInPopup(QVAttempt &attempt, const QVError &error) override;

@@ -114,10 +114,16 @@ void QVWindow::watchHost()
     m_hostWatch.reset();
     if (!m_host)
         return;
-    m_hostWatch = std::make_unique<QVHostWatch>(m_host);
-    connect(m_hostWatch.get(), &QVHostWatch::resized, this, &QVWindow::fitToHost);
-    connect(m_hostWatch.get(), &QVHostWatch::usabilityChanged, this, &QVWindow::placeSoon);
-    connect(m_hostWatch.get(), &QVHostWatch::restacked, this, &QVWindow::stayOnTop);
+    m_hostWatch = follow(m_host);
+}
+
+std::unique_ptr<QVHostWatch> QVWindow::follow(QObject *window)
+{
+    auto watch = std::make_unique<QVHostWatch>(window);
+    connect(watch.get(), &QVHostWatch::resized, this, &QVWindow::fitToHost);
+    connect(watch.get(), &QVHostWatch::usabilityChanged, this, &QVWindow::placeSoon);
+    connect(watch.get(), &QVHostWatch::restacked, this, &QVWindow::stayOnTop);
+    return watch;
 }
 
 void QVWindow::place()
@@ -125,10 +131,7 @@ void QVWindow::place()
     m_container = container();
     m_containerWatch.reset();
     if (m_container && m_container != m_host) {
-        m_containerWatch = std::make_unique<QVHostWatch>(m_container);
-        connect(m_containerWatch.get(), &QVHostWatch::resized, this, &QVWindow::fitToHost);
-        connect(m_containerWatch.get(), &QVHostWatch::usabilityChanged, this, &QVWindow::placeSoon);
-        connect(m_containerWatch.get(), &QVHostWatch::restacked, this, &QVWindow::stayOnTop);
+        m_containerWatch = follow(m_container);
         connect(m_containerWatch.get(), &QVHostWatch::hiding, this, &QVWindow::containerHides);
     }
     m_place = QVPopupGeometry::place(surroundings(m_container), m_presentation);

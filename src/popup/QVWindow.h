@@ -57,6 +57,7 @@ private:
     using Place = QVPopupGeometry::Place;
 
     void watchHost();
+    [[nodiscard]] std::unique_ptr<QVHostWatch> follow(QObject *window);
     void place();
     void placeSoon();
     void placeAgain();
