@@ -1,6 +1,5 @@
 #include "net/QVConnector.h"
 
-#include <QHostInfo>
 #include <QSslSocket>
 
 #include <algorithm>
@@ -52,7 +51,8 @@ void QVConnector::start()
     if (isTunnelled || !literal.isNull())
         attempt(m_route.host);
     else
-        m_lookup = QHostInfo::lookupHost(m_route.host, this, &QVConnector::takeAddresses);
+        // By name, as Qt 6.4 leaks the other form's connection where the receiver does not wait for the end.
+        m_lookup = QHostInfo::lookupHost(m_route.host, this, SLOT(takeAddresses(QHostInfo)));
 }
 
 void QVConnector::takeAddresses(const QHostInfo &found)

@@ -4,11 +4,10 @@
 #include "net/QVSocket.h"
 
 #include <QHostAddress>
+#include <QHostInfo>
 #include <QTimer>
 
 #include <vector>
-
-class QHostInfo;
 
 /// Makes a connection. Where a name has several addresses they are tried one after the other, the next one
 /// soon enough that a broken one costs no more than a moment.
@@ -29,7 +28,7 @@ Q_SIGNALS:
     void failed(QAbstractSocket::SocketError error);
 
 private:
-    void takeAddresses(const QHostInfo &found);
+    Q_SLOT void takeAddresses(const QHostInfo &found);
     void tryNext();
     void attempt(const QString &host);
     void succeed(QTcpSocket *socket);
