@@ -1,6 +1,6 @@
 #include "draw/QVKeyPen.h"
 
-#include "draw/QVPanGestureRecognizer.h"
+#include "flow/QVPanGestureRecognizer.h"
 #include "settings/QVLocalization.h"
 #include "settings/QVLocalizationKeys.h"
 #include "views/QVAccessibleRole.h"
@@ -72,7 +72,7 @@ void QVKeyPen::setReady(bool ready)
 
 void QVKeyPen::refresh()
 {
-    const bool isDown = m_recognizer.isSteered();
+    const bool isDown = isSteering();
     if (std::exchange(m_isDown, isDown) != isDown) {
         nameState();
         qv_readOut(this);
@@ -119,7 +119,7 @@ bool QVKeyPen::isPenKey(const QKeyEvent &event) const
     if (!m_isReady || (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)))
         return false;
     if (event.key() == Qt::Key_Escape)
-        return m_recognizer.isSteered();
+        return isSteering();
     return isArrow(event.key()) || event.key() == Qt::Key_Space;
 }
 
@@ -131,7 +131,7 @@ bool QVKeyPen::pressKey(const QKeyEvent &event)
         m_heldArrows.insert(event.key());
         movePen(event.modifiers() & Qt::ShiftModifier);
     } else if (event.key() == Qt::Key_Escape) {
-        m_recognizer.discard();
+        m_recognizer.cancel();
     } else if (!event.isAutoRepeat()) {
         lowerOrLift();
     }
@@ -157,22 +157,27 @@ void QVKeyPen::movePen(bool finely)
         way += direction(key) * step;
     m_place.setX(std::clamp(m_place.x() + way.x() / size.width(), 0.0, 1.0));
     m_place.setY(std::clamp(m_place.y() + way.y() / size.height(), 0.0, 1.0));
-    m_recognizer.steerTo(location());
+    m_recognizer.move(QVPanGestureRecognizer::Pointer::Keys, location());
+}
+
+bool QVKeyPen::isSteering() const
+{
+    return m_recognizer.pointer() == QVPanGestureRecognizer::Pointer::Keys;
 }
 
 void QVKeyPen::lowerOrLift()
 {
-    if (m_recognizer.isSteered())
-        m_recognizer.steerUp();
+    if (isSteering())
+        m_recognizer.release(QVPanGestureRecognizer::Pointer::Keys, location());
     else
-        m_recognizer.steerDown(location());
+        m_recognizer.press(QVPanGestureRecognizer::Pointer::Keys, location());
 }
 
 void QVKeyPen::leave()
 {
     m_heldArrows.clear();
-    if (m_recognizer.isSteered())
-        m_recognizer.discard();
+    if (isSteering())
+        m_recognizer.cancel();
     refresh();
 }
 

@@ -34,6 +34,7 @@ private:
     bool pressKey(const QKeyEvent &event);
     void releaseKey(const QKeyEvent &event);
     void movePen(bool finely);
+    [[nodiscard]] bool isSteering() const;
     void lowerOrLift();
     void leave();
     /// In the view's coordinates.

@@ -6,21 +6,22 @@
 QVRenderDrawGesture::QVRenderDrawGesture(QWidget *view, ImageFrame imageFrame)
     : m_view(view)
     , m_imageFrame(std::move(imageFrame))
-    , m_panGestureRecognizer(view)
+    , m_events(view, m_panGestureRecognizer)
     , m_renderLayer(new QVRenderStrokeView(view))
 {
     m_panGestureRecognizer.setEnabled(false);
     m_panGestureRecognizer.setShouldBegin(
         [this](QPointF location) { return gestureRecognizerShouldBegin(location); });
-    m_panGestureRecognizer.setAction(
-        [this](QVPanGestureRecognizer::State state) { panGestureRecognizerAction(state); });
+    m_panGestureRecognizer.setAction([this](QVPanGestureRecognizer::State state, QPointF location) {
+        panGestureRecognizerAction(state, location);
+    });
 }
 
 void QVRenderDrawGesture::layoutSubviews()
 {
     // A trace is measured by the size that it began with.
     if (m_renderLayer->size() != m_view->size())
-        m_panGestureRecognizer.discard();
+        m_panGestureRecognizer.cancel();
     m_renderLayer->setGeometry(m_view->rect());
     m_renderLayer->raise();
 }
@@ -37,24 +38,23 @@ bool QVRenderDrawGesture::gestureRecognizerShouldBegin(QPointF location) const
     return mayBeAt(location);
 }
 
-void QVRenderDrawGesture::panGestureRecognizerAction(QVPanGestureRecognizer::State state)
+void QVRenderDrawGesture::panGestureRecognizerAction(QVPanGestureRecognizer::State state, QPointF location)
 {
     switch (state) {
     case QVPanGestureRecognizer::State::Began:
-        return panGestureRecognizerStateBegan();
+        return panGestureRecognizerStateBegan(location);
     case QVPanGestureRecognizer::State::Changed:
-        return panGestureRecognizerStateChanged();
+        return panGestureRecognizerStateChanged(location);
     case QVPanGestureRecognizer::State::Ended:
-        return panGestureRecognizerStateEnded();
+        return panGestureRecognizerStateEnded(location);
     default:
         return panGestureRecognizerStateOthers();
     }
 }
 
-void QVRenderDrawGesture::panGestureRecognizerStateBegan()
+void QVRenderDrawGesture::panGestureRecognizerStateBegan(QPointF location)
 {
     const double time = QVScheduler::shared().secondsSince1970();
-    const QPointF location = m_panGestureRecognizer.location();
     m_trace.setFrameSize(m_view->size());
     m_trace.setPanGestureStartTime(time);
     m_trace.handlePanGesturePoint(location, time);
@@ -62,20 +62,19 @@ void QVRenderDrawGesture::panGestureRecognizerStateBegan()
     Q_EMIT began();
 }
 
-void QVRenderDrawGesture::panGestureRecognizerStateChanged()
+void QVRenderDrawGesture::panGestureRecognizerStateChanged(QPointF location)
 {
-    if (!mayBeAt(m_panGestureRecognizer.location())) {
-        // Cancels: the recogniser reports it, and the rest of the drag goes unheard.
-        m_panGestureRecognizer.setEnabled(false);
-        m_panGestureRecognizer.setEnabled(true);
+    if (!mayBeAt(location)) {
+        // The recogniser reports it, and the rest of the drag is ignored.
+        m_panGestureRecognizer.cancel();
         return;
     }
-    extendStroke();
+    extendStroke(location);
 }
 
-void QVRenderDrawGesture::panGestureRecognizerStateEnded()
+void QVRenderDrawGesture::panGestureRecognizerStateEnded(QPointF location)
 {
-    extendStroke();
+    extendStroke(location);
     if (m_trace.isAcceptable())
         Q_EMIT accepted();
     else
@@ -91,9 +90,8 @@ void QVRenderDrawGesture::panGestureRecognizerStateOthers()
     Q_EMIT discarded();
 }
 
-void QVRenderDrawGesture::extendStroke()
+void QVRenderDrawGesture::extendStroke(QPointF location)
 {
-    const QPointF location = m_panGestureRecognizer.location();
     m_trace.handlePanGesturePoint(location, QVScheduler::shared().secondsSince1970());
     m_renderLayer->addLineTo(location);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "draw/QVPanGestureRecognizer.h"
+#include "draw/QVPanEventFilter.h"
+#include "flow/QVPanGestureRecognizer.h"
 #include "flow/QVRenderTrace.h"
 
 #include <QObject>
@@ -25,6 +26,8 @@ public:
     {
         return m_panGestureRecognizer;
     }
+    /// Lets a stroke start on a control too.
+    void addControl(QWidget *control) { m_events.addControl(control); }
     [[nodiscard]] const QVRenderTrace &trace() const { return m_trace; }
 
     /// Whether a stroke has to stay within the picture.
@@ -45,17 +48,18 @@ private:
     /// it are no part of it.
     [[nodiscard]] bool mayBeAt(QPointF location) const;
     [[nodiscard]] bool gestureRecognizerShouldBegin(QPointF location) const;
-    void panGestureRecognizerAction(QVPanGestureRecognizer::State state);
-    void panGestureRecognizerStateBegan();
-    void panGestureRecognizerStateChanged();
-    void panGestureRecognizerStateEnded();
+    void panGestureRecognizerAction(QVPanGestureRecognizer::State state, QPointF location);
+    void panGestureRecognizerStateBegan(QPointF location);
+    void panGestureRecognizerStateChanged(QPointF location);
+    void panGestureRecognizerStateEnded(QPointF location);
     void panGestureRecognizerStateOthers();
-    void extendStroke();
+    void extendStroke(QPointF location);
     void resetUIs();
 
     QWidget *m_view;
     ImageFrame m_imageFrame;
     QVPanGestureRecognizer m_panGestureRecognizer;
+    QVPanEventFilter m_events;
     QVRenderTrace m_trace;
     QVRenderStrokeView *m_renderLayer;
     bool m_staysInPicture = false;

@@ -138,8 +138,8 @@ void QVRenderDrawView::connectParts()
 void QVRenderDrawView::initGesture()
 {
     m_gesture = std::make_unique<QVRenderDrawGesture>(this, [this] { return imageFrame(); });
-    m_gesture->panGestureRecognizer().addControl(&helpButton());
-    m_gesture->panGestureRecognizer().addControl(&refreshButton());
+    m_gesture->addControl(&helpButton());
+    m_gesture->addControl(&refreshButton());
     connect(m_gesture.get(), &QVRenderDrawGesture::began, &imageView(), &QVRenderDrawImageView::hiddernAll);
     connect(m_gesture.get(), &QVRenderDrawGesture::accepted, this, &QVRenderDrawView::strokeAccepted);
     connect(m_gesture.get(), &QVRenderDrawGesture::discarded, this, &QVRenderDrawView::strokeDiscarded);
@@ -218,7 +218,7 @@ void QVRenderDrawView::adButtonDidClickedAction(const QVAdButton &button)
 void QVRenderDrawView::adButtonWasAdded(QVAdButton &button)
 {
     connect(&button, &QAbstractButton::clicked, this, [this, &button] { adButtonDidClickedAction(button); });
-    m_gesture->panGestureRecognizer().addControl(&button);
+    m_gesture->addControl(&button);
 }
 
 void QVRenderDrawView::renderDrawImageViewErrorDidClickedAction()

@@ -1,4 +1,4 @@
-#include "draw/QVPanGestureRecognizer.h"
+#include "draw/QVPanEventFilter.h"
 #include "support/QVPointerInput.h"
 #include "support/QVTestCase.h"
 #include "views/QVCustomActionButton.h"
@@ -13,7 +13,7 @@ using State = QVPanGestureRecognizer::State;
 
 namespace {
 
-/// A widget with a plain child, a control and a recogniser that keeps what it is told.
+/// A widget with a plain child and controls, which keeps what its recogniser tells.
 class Pad : public QWidget
 {
 public:
@@ -22,21 +22,19 @@ public:
         , picture(this)
         , button(this)
         , touchButton(this)
-        , recognizer(this)
+        , events(this, recognizer)
     {
         resize(300, 200);
         picture.setGeometry(0, 0, 300, 150);
         button.setGeometry(250, 0, 30, 30);
         touchButton.setGeometry(200, 0, 30, 30);
-        recognizer.addControl(&button);
-        recognizer.addControl(&touchButton);
-        recognizer.setAction([this](State state) {
+        events.addControl(&button);
+        events.addControl(&touchButton);
+        recognizer.setAction([this](State state, QPointF location) {
             states.append(static_cast<int>(state));
-            locations.append(recognizer.location());
-            if (state == cancelOn) {
-                recognizer.setEnabled(false);
-                recognizer.setEnabled(true);
-            }
+            locations.append(location);
+            if (state == cancelOn)
+                recognizer.cancel();
         });
         connect(&button, &QPushButton::clicked, this, [this] { ++clicks; });
         connect(&touchButton, &QPushButton::clicked, this, [this] { ++clicks; });
@@ -46,6 +44,7 @@ public:
     QPushButton button;
     QVCustomActionButton touchButton;
     QVPanGestureRecognizer recognizer;
+    QVPanEventFilter events;
     QList<int> states;
     QList<QPointF> locations;
     int clicks = 0;

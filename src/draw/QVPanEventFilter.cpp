@@ -1,6 +1,4 @@
-#include "draw/QVPanGestureRecognizer.h"
-
-#include "flow/QVRenderTrace.h"
+#include "draw/QVPanEventFilter.h"
 
 #include <QCoreApplication>
 #include <QGuiApplication>
@@ -10,7 +8,6 @@
 #include <QWidget>
 
 #include <algorithm>
-#include <cmath>
 
 namespace {
 
@@ -25,8 +22,9 @@ void sendMouse(QWidget *control, QEvent::Type type, Qt::MouseButtons buttons)
 
 } // namespace
 
-QVPanGestureRecognizer::QVPanGestureRecognizer(QWidget *view)
+QVPanEventFilter::QVPanEventFilter(QWidget *view, QVPanGestureRecognizer &recognizer)
     : m_view(view)
+    , m_recognizer(recognizer)
 {
     view->setAttribute(Qt::WA_AcceptTouchEvents);
     // Moves without a button tell that a release was lost.
@@ -34,41 +32,17 @@ QVPanGestureRecognizer::QVPanGestureRecognizer(QWidget *view)
     view->installEventFilter(this);
     connect(qGuiApp, &QGuiApplication::applicationStateChanged, this, [this](Qt::ApplicationState state) {
         if (state != Qt::ApplicationActive)
-            cancel();
+            m_recognizer.cancel();
     });
 }
 
-void QVPanGestureRecognizer::addControl(QWidget *control)
+void QVPanEventFilter::addControl(QWidget *control)
 {
     m_controls.emplace_back(control);
     control->installEventFilter(this);
 }
 
-void QVPanGestureRecognizer::setEnabled(bool enabled)
-{
-    m_isEnabled = enabled;
-    if (!enabled)
-        cancel();
-}
-
-void QVPanGestureRecognizer::steerDown(QPointF location)
-{
-    press(Pointer::Steered, location);
-}
-
-void QVPanGestureRecognizer::steerTo(QPointF location)
-{
-    if (isSteered())
-        move(location);
-}
-
-void QVPanGestureRecognizer::steerUp()
-{
-    if (isSteered())
-        release(m_location);
-}
-
-bool QVPanGestureRecognizer::eventFilter(QObject *watched, QEvent *event)
+bool QVPanEventFilter::eventFilter(QObject *watched, QEvent *event)
 {
     auto *receiver = static_cast<QWidget *>(watched);
     switch (event->type()) {
@@ -87,78 +61,73 @@ bool QVPanGestureRecognizer::eventFilter(QObject *watched, QEvent *event)
         return receiver == m_view && handlePen(*static_cast<QTabletEvent *>(event));
     case QEvent::EnabledChange:
         if (!m_view->isEnabled())
-            cancel();
+            m_recognizer.cancel();
         return false;
     case QEvent::TouchCancel:
         if (!m_isTakingFromControl)
-            cancel();
+            m_recognizer.cancel();
         return false;
     case QEvent::UngrabMouse:
     case QEvent::Hide:
     case QEvent::WindowBlocked:
     case QEvent::WindowDeactivate:
         if (receiver == m_view)
-            cancel();
+            m_recognizer.cancel();
         return false;
     default:
         return false;
     }
 }
 
-bool QVPanGestureRecognizer::handleMouse(QWidget *receiver, const QMouseEvent &event)
+bool QVPanEventFilter::handleMouse(QWidget *receiver, const QMouseEvent &event)
 {
     const bool isOnControl = receiver != m_view;
     if (m_isTakingFromControl)
         return !isOnControl;
     const QPointF location = isOnControl ? receiver->mapTo(m_view, event.position()) : event.position();
-    const bool wasDragging = isDragging();
-    const bool wasFollowed = m_pointer == Pointer::Mouse;
+    const bool wasDragging = m_recognizer.isDragging();
+    const bool wasFollowed = m_recognizer.pointer() == Pointer::Mouse;
     if (event.type() == QEvent::MouseMove)
         followMouse(event.buttons(), location);
     else if (event.button() != Qt::LeftButton)
         return wasDragging;
     else if (event.type() != QEvent::MouseButtonRelease)
-        pressMouse(isOnControl ? receiver : nullptr, location);
+        press(Pointer::Mouse, isOnControl ? receiver : nullptr, location);
     else if (wasFollowed)
-        release(location);
+        m_recognizer.release(Pointer::Mouse, location);
     // Until it is a drag, a press on a control is the control's too.
-    return isOnControl ? wasDragging || isDragging() : wasFollowed || m_pointer == Pointer::Mouse;
+    return isOnControl ? wasDragging || m_recognizer.isDragging()
+                       : wasFollowed || m_recognizer.pointer() == Pointer::Mouse;
 }
 
-void QVPanGestureRecognizer::pressMouse(QWidget *control, QPointF location)
+void QVPanEventFilter::followMouse(Qt::MouseButtons buttons, QPointF location)
 {
-    press(Pointer::Mouse, location);
-    m_pressedControl = control;
-}
-
-void QVPanGestureRecognizer::followMouse(Qt::MouseButtons buttons, QPointF location)
-{
-    if (m_pointer != Pointer::Mouse)
+    if (m_recognizer.pointer() != Pointer::Mouse)
         return;
     // A move without the button means that the release went elsewhere.
     if (buttons & Qt::LeftButton)
-        move(location);
+        move(Pointer::Mouse, location);
     else
-        cancel();
+        m_recognizer.cancel();
 }
 
-bool QVPanGestureRecognizer::handleTouch(QWidget *receiver, QTouchEvent &event)
+bool QVPanEventFilter::handleTouch(QWidget *receiver, QTouchEvent &event)
 {
     const bool isOnControl = receiver != m_view;
-    const bool wasDragging = isDragging();
-    if (m_pointer == Pointer::Touch)
+    const bool wasDragging = m_recognizer.isDragging();
+    if (m_recognizer.pointer() == Pointer::Touch)
         followTouch(event);
     if (event.type() != QEvent::TouchBegin)
-        return isOnControl ? wasDragging || isDragging() : true;
-    if (m_pointer == Pointer::None)
+        return isOnControl ? wasDragging || m_recognizer.isDragging() : true;
+    if (m_recognizer.pointer() == Pointer::None)
         return pressTouch(receiver, event);
     // Ignored by the control, a second finger comes to the view, which does nothing about it.
-    if (isOnControl && isDragging())
+    if (isOnControl && m_recognizer.isDragging())
         event.ignore();
-    return !isOnControl || isDragging();
+    return !isOnControl || m_recognizer.isDragging();
 }
 
-bool QVPanGestureRecognizer::pressTouch(QWidget *receiver, const QTouchEvent &event)
+bool QVPanEventFilter::pressTouch(QWidget *receiver, const QTouchEvent &event)
 {
     const bool isOnControl = receiver != m_view;
     const QEventPoint &point = event.points().constFirst();
@@ -168,12 +137,11 @@ bool QVPanGestureRecognizer::pressTouch(QWidget *receiver, const QTouchEvent &ev
         return false;
     m_touchDevice = event.pointingDevice();
     m_touchId = point.id();
-    press(Pointer::Touch, location);
-    m_pressedControl = isOnControl ? receiver : nullptr;
+    press(Pointer::Touch, isOnControl ? receiver : nullptr, location);
     return !isOnControl;
 }
 
-void QVPanGestureRecognizer::followTouch(const QTouchEvent &event)
+void QVPanEventFilter::followTouch(const QTouchEvent &event)
 {
     const auto &points = event.points();
     const auto found = std::ranges::find(points, m_touchId, &QEventPoint::id);
@@ -182,116 +150,64 @@ void QVPanGestureRecognizer::followTouch(const QTouchEvent &event)
         return;
     const QPointF location = m_view->mapFromGlobal(found->globalPosition());
     if (found->state() == QEventPoint::Updated)
-        move(location);
+        move(Pointer::Touch, location);
     else if (found->state() == QEventPoint::Released)
-        release(location);
+        m_recognizer.release(Pointer::Touch, location);
     else if (found->state() == QEventPoint::Pressed)
-        cancel();
+        m_recognizer.cancel();
 }
 
-bool QVPanGestureRecognizer::handlePen(const QTabletEvent &event)
+bool QVPanEventFilter::handlePen(const QTabletEvent &event)
 {
     if (event.type() == QEvent::TabletPress) {
         if (!takesPresses() || event.button() != Qt::LeftButton || isOverControl(event.position()))
             return false;
-        press(Pointer::Pen, event.position());
+        press(Pointer::Pen, nullptr, event.position());
         return true;
     }
-    if (m_pointer != Pointer::Pen)
+    if (m_recognizer.pointer() != Pointer::Pen)
         return false;
     if (event.type() == QEvent::TabletMove)
-        move(event.position());
+        move(Pointer::Pen, event.position());
     else if (event.button() == Qt::LeftButton)
-        release(event.position());
+        m_recognizer.release(Pointer::Pen, event.position());
     return true;
 }
 
-bool QVPanGestureRecognizer::takesPresses() const
+bool QVPanEventFilter::takesPresses() const
 {
-    return m_isEnabled && m_view->isEnabled();
+    return m_recognizer.isEnabled() && m_view->isEnabled();
 }
 
-void QVPanGestureRecognizer::press(Pointer pointer, QPointF location)
+void QVPanEventFilter::press(Pointer pointer, QWidget *control, QPointF location)
 {
-    // A second press of the same pointer: its release was lost.
-    if (m_pointer == pointer)
-        cancel();
-    if (!takesPresses() || m_pointer != Pointer::None)
+    if (!m_view->isEnabled())
         return;
-    m_pointer = pointer;
-    m_pressLocation = location;
-    m_location = location;
+    m_recognizer.press(pointer, location);
+    if (m_recognizer.pointer() == pointer)
+        m_pressedControl = control;
 }
 
-void QVPanGestureRecognizer::move(QPointF location)
+void QVPanEventFilter::move(Pointer pointer, QPointF location)
 {
-    if (isDragging()) {
-        m_location = location;
-        tell(State::Changed);
-        return;
-    }
-    const QPointF way = location - m_pressLocation;
-    if (std::max(std::abs(way.x()), std::abs(way.y())) >= QVRenderTrace::screeningDistance)
-        begin(location);
+    if (m_recognizer.move(pointer, location))
+        takeFromControl(pointer);
 }
 
-void QVPanGestureRecognizer::begin(QPointF location)
-{
-    if (m_shouldBegin && !m_shouldBegin(m_pressLocation)) {
-        m_pointer = Pointer::None;
-        return;
-    }
-    takeFromControl();
-    m_location = m_pressLocation;
-    tell(State::Began);
-    if (!isDragging())
-        return;
-    m_location = location;
-    tell(State::Changed);
-}
-
-void QVPanGestureRecognizer::release(QPointF location)
-{
-    m_location = location;
-    finish(State::Ended);
-}
-
-void QVPanGestureRecognizer::cancel()
-{
-    finish(State::Cancelled);
-}
-
-void QVPanGestureRecognizer::finish(State state)
-{
-    m_pointer = Pointer::None;
-    m_pressedControl.clear();
-    if (!isDragging())
-        return;
-    tell(state);
-    m_state = State::Possible;
-}
-
-void QVPanGestureRecognizer::tell(State state)
-{
-    m_state = state;
-    if (m_action)
-        m_action(state);
-}
-
-bool QVPanGestureRecognizer::isOverControl(QPointF location) const
+bool QVPanEventFilter::isOverControl(QPointF location) const
 {
     const QWidget *child = m_view->childAt(location.toPoint());
     return child && std::ranges::find(m_controls, child) != m_controls.end();
 }
 
-void QVPanGestureRecognizer::takeFromControl()
+void QVPanEventFilter::takeFromControl(Pointer pointer)
 {
     QWidget *control = m_pressedControl;
     m_pressedControl.clear();
     if (!control)
         return;
     m_isTakingFromControl = true;
-    if (m_pointer == Pointer::Touch) {
+    if (pointer == Pointer::Touch) {
         QTouchEvent cancelled(QEvent::TouchCancel, m_touchDevice);
         QCoreApplication::sendEvent(control, &cancelled);
     } else {

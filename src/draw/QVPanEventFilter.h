@@ -1,0 +1,52 @@
+#pragma once
+
+#include "flow/QVPanGestureRecognizer.h"
+
+#include <QObject>
+#include <QPointer>
+
+#include <vector>
+
+class QMouseEvent;
+class QPointingDevice;
+class QTabletEvent;
+class QTouchEvent;
+class QWidget;
+
+/// Tells a recogniser what the pointers do on a widget, wherever in it and over whatever else is in it.
+class QVPanEventFilter final : public QObject
+{
+public:
+    /// Must outlive neither \a view nor \a recognizer.
+    QVPanEventFilter(QWidget *view, QVPanGestureRecognizer &recognizer);
+
+    /// Lets a drag start on a control too; the control then takes it for a press that left it.
+    void addControl(QWidget *control);
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    using Pointer = QVPanGestureRecognizer::Pointer;
+
+    bool handleMouse(QWidget *receiver, const QMouseEvent &event);
+    void followMouse(Qt::MouseButtons buttons, QPointF location);
+    bool handleTouch(QWidget *receiver, QTouchEvent &event);
+    bool pressTouch(QWidget *receiver, const QTouchEvent &event);
+    bool handlePen(const QTabletEvent &event);
+    void followTouch(const QTouchEvent &event);
+
+    [[nodiscard]] bool takesPresses() const;
+    void press(Pointer pointer, QWidget *control, QPointF location);
+    void move(Pointer pointer, QPointF location);
+    [[nodiscard]] bool isOverControl(QPointF location) const;
+    void takeFromControl(Pointer pointer);
+
+    QWidget *m_view;
+    QVPanGestureRecognizer &m_recognizer;
+    std::vector<QPointer<QWidget>> m_controls;
+    const QPointingDevice *m_touchDevice = nullptr;
+    int m_touchId = 0;
+    /// The control on which the pointer was pressed, until it is told that the press has left it.
+    QPointer<QWidget> m_pressedControl;
+    bool m_isTakingFromControl = false;
+};

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "platform/QuarvoCoreExport.h"
+
+#include <QPointF>
+
+#include <functional>
+
+/// Recognises a drag of one pointer: a finger, a pen, the left mouse button, or a pen moved by keys.
+///
+/// A drag begins once the pointer is as far from where it was pressed as a trace's points have to be
+/// from each other. The first position told is the press itself. So a tap is no drag, and no part of
+/// a drag that would count is lost. While one pointer is followed, all others are ignored.
+class QUARVO_CORE_EXPORT QVPanGestureRecognizer
+{
+public:
+    enum class State { Possible = 0, Began = 1, Changed = 2, Ended = 3, Cancelled = 4, Failed = 5 };
+    enum class Pointer { None, Mouse, Touch, Pen, Keys };
+    using Action = std::function<void(State state, QPointF location)>;
+    using ShouldBegin = std::function<bool(QPointF location)>;
+
+    void setAction(Action action) { m_action = std::move(action); }
+    void setShouldBegin(ShouldBegin shouldBegin) { m_shouldBegin = std::move(shouldBegin); }
+
+    [[nodiscard]] bool isEnabled() const { return m_isEnabled; }
+    /// Disabling cancels the drag under way, which does not start again on enabling.
+    void setEnabled(bool enabled);
+    [[nodiscard]] State state() const { return m_state; }
+    [[nodiscard]] bool isDragging() const { return m_state == State::Began || m_state == State::Changed; }
+    /// The pointer that is followed, dragging or not.
+    [[nodiscard]] Pointer pointer() const { return m_pointer; }
+
+    void press(Pointer pointer, QPointF location);
+    /// Ignored, as release() is, unless \a pointer is followed. Returns whether a drag began by this move.
+    bool move(Pointer pointer, QPointF location);
+    void release(Pointer pointer, QPointF location);
+    /// Cancels whatever drag is under way.
+    void cancel() { finish(State::Cancelled); }
+
+private:
+    [[nodiscard]] bool begin(QPointF location);
+    void finish(State state);
+    void tell(State state);
+
+    Action m_action;
+    ShouldBegin m_shouldBegin;
+    bool m_isEnabled = true;
+    State m_state = State::Possible;
+    Pointer m_pointer = Pointer::None;
+    QPointF m_location;
+    QPointF m_pressLocation;
+};
