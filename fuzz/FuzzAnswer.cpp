@@ -46,7 +46,11 @@ public:
         fuzzRequire(!answer || !answer->adlinkword().isEmpty());
     }
     void setDrawingEnabled(bool /*enabled*/) override {}
-    [[nodiscard]] bool isDrawing() const override { return false; }
+    [[nodiscard]] QSizeF frameSize() const override { return {}; }
+    [[nodiscard]] QRectF imageFrame() const override { return {}; }
+    void beginStroke(QPointF /*location*/) override {}
+    void extendStroke(QPointF /*location*/) override {}
+    void resetUIs() override {}
     void setCharInputBusy(bool /*busy*/) override {}
     void outageHasStarted() override {}
     void pictureIsReady() override {}

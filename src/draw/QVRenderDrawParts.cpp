@@ -88,6 +88,11 @@ void QVRenderDrawParts::initControls()
     m_refreshButton = makeButton(m_view, "refreshButton", "qv_draw_refresh", QVKey::accessibleRefresh);
 }
 
+QSizeF QVRenderDrawParts::frameSize() const
+{
+    return m_view->size();
+}
+
 QRectF QVRenderDrawParts::imageFrame() const
 {
     return QRectF(m_imageView->mapTo(m_view, QPoint(0, 0)), m_imageView->size());

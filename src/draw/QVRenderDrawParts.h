@@ -40,6 +40,8 @@ public:
     void setOutage(bool outage) override;
     void setAdLinkword(const std::shared_ptr<QVGetRefreshResponseModel> &answer) override;
     void setCharInputBusy(bool busy) override;
+    [[nodiscard]] QSizeF frameSize() const override;
+    [[nodiscard]] QRectF imageFrame() const override;
 
 protected:
     /// The parts become children of \a view.
@@ -58,8 +60,6 @@ protected:
     [[nodiscard]] QVCharVerifyInputView &charInputView() const { return *m_charInputView; }
     [[nodiscard]] QVCustomActionButton &helpButton() const { return *m_helpButton; }
     [[nodiscard]] QVCustomActionButton &refreshButton() const { return *m_refreshButton; }
-    /// Where the picture is in the view.
-    [[nodiscard]] QRectF imageFrame() const;
     void spinRefreshButton();
 
 private:

@@ -2,7 +2,8 @@
 
 #include "draw/QVAdButton.h"
 #include "draw/QVKeyPen.h"
-#include "draw/QVRenderDrawGesture.h"
+#include "draw/QVPanEventFilter.h"
+#include "draw/QVRenderStrokeView.h"
 #include "flow/QVRenderDrawFlow.h"
 #include "image/QVImageLoader.h"
 #include "platform/QVMainThread.h"
@@ -122,7 +123,7 @@ bool QVRenderDrawView::event(QEvent *event)
 
 void QVRenderDrawView::resizeEvent(QResizeEvent * /*event*/)
 {
-    m_gesture->layoutSubviews();
+    layoutSubviews();
     deviceOrientationDidChangeNotification();
 }
 
@@ -137,16 +138,18 @@ void QVRenderDrawView::connectParts()
 
 void QVRenderDrawView::initGesture()
 {
-    m_gesture = std::make_unique<QVRenderDrawGesture>(this, [this] { return imageFrame(); });
-    m_gesture->addControl(&helpButton());
-    m_gesture->addControl(&refreshButton());
-    connect(m_gesture.get(), &QVRenderDrawGesture::began, &imageView(), &QVRenderDrawImageView::hiddernAll);
-    connect(m_gesture.get(), &QVRenderDrawGesture::accepted, this, &QVRenderDrawView::strokeAccepted);
-    connect(m_gesture.get(), &QVRenderDrawGesture::discarded, this, &QVRenderDrawView::strokeDiscarded);
-    m_gesture->layoutSubviews();
-    m_keyPen = std::make_unique<QVKeyPen>(this, &imageView(), m_gesture->panGestureRecognizer());
-    connect(m_gesture.get(), &QVRenderDrawGesture::accepted, m_keyPen.get(), &QVKeyPen::refresh);
-    connect(m_gesture.get(), &QVRenderDrawGesture::discarded, m_keyPen.get(), &QVKeyPen::refresh);
+    m_renderLayer = new QVRenderStrokeView(this);
+    m_events = std::make_unique<QVPanEventFilter>(this, m_flow->panGestureRecognizer());
+    m_events->addControl(&helpButton());
+    m_events->addControl(&refreshButton());
+    layoutSubviews();
+    m_keyPen = std::make_unique<QVKeyPen>(this, &imageView(), m_flow->panGestureRecognizer());
+}
+
+void QVRenderDrawView::layoutSubviews()
+{
+    m_renderLayer->setGeometry(rect());
+    m_renderLayer->raise();
 }
 
 void QVRenderDrawView::watchScreen()
@@ -182,22 +185,6 @@ void QVRenderDrawView::deviceOrientationDidChangeNotification()
     updateContentWidth();
 }
 
-void QVRenderDrawView::strokeAccepted()
-{
-    const QVRenderTrace &trace = m_gesture->trace();
-    if (outage())
-        m_flow->requestVerifyFromOutageServerWithV(trace.getRenderOutage_v(imageFrame()),
-                                                   trace.getRender_drawtime());
-    else
-        m_flow->requestVerifyFromQuarvoServerWithV(trace.getRenderSource_v(), trace.getRender_drawtime());
-}
-
-void QVRenderDrawView::strokeDiscarded()
-{
-    if (verifyStyle() == QVVerifyStyleEmbed)
-        showPrompt();
-}
-
 void QVRenderDrawView::helpButtonDidClickedAction()
 {
     const QVServiceAddresses addresses = QVConfigurationManager::sharedManager().serviceAddresses();
@@ -218,7 +205,7 @@ void QVRenderDrawView::adButtonDidClickedAction(const QVAdButton &button)
 void QVRenderDrawView::adButtonWasAdded(QVAdButton &button)
 {
     connect(&button, &QAbstractButton::clicked, this, [this, &button] { adButtonDidClickedAction(button); });
-    m_gesture->addControl(&button);
+    m_events->addControl(&button);
 }
 
 void QVRenderDrawView::renderDrawImageViewErrorDidClickedAction()
@@ -238,21 +225,25 @@ bool QVRenderDrawView::charVerifyInputViewDidClickedDoneButtonWithCharString(QVC
     return true;
 }
 
-void QVRenderDrawView::setOutage(bool outage)
-{
-    m_gesture->setStaysInPicture(outage);
-    QVRenderDrawParts::setOutage(outage);
-}
-
 void QVRenderDrawView::setDrawingEnabled(bool enabled)
 {
-    m_gesture->panGestureRecognizer().setEnabled(enabled);
     m_keyPen->setReady(enabled);
 }
 
-bool QVRenderDrawView::isDrawing() const
+void QVRenderDrawView::beginStroke(QPointF location)
 {
-    return m_gesture->panGestureRecognizer().isDragging();
+    m_renderLayer->moveTo(location);
+}
+
+void QVRenderDrawView::extendStroke(QPointF location)
+{
+    m_renderLayer->addLineTo(location);
+}
+
+void QVRenderDrawView::resetUIs()
+{
+    m_renderLayer->removeAllPoints();
+    m_keyPen->refresh();
 }
 
 void QVRenderDrawView::outageHasStarted()

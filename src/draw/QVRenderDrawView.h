@@ -16,9 +16,10 @@ class QScreen;
 class QVConfigResponseModel;
 class QVGetRefreshResponseModel;
 class QVKeyPen;
+class QVPanEventFilter;
 struct QVIdentity;
 class QVRenderDrawFlow;
-class QVRenderDrawGesture;
+class QVRenderStrokeView;
 
 /// The drawing captcha as a widget: its parts, the stroke on top of them, and what the user does with
 /// both. What comes of it is the flow's business.
@@ -72,12 +73,11 @@ protected:
 private:
     void connectParts();
     void initGesture();
+    void layoutSubviews();
     void watchScreen();
     void didMoveToSuperview();
     void deviceOrientationDidChangeNotification();
 
-    void strokeAccepted();
-    void strokeDiscarded();
     void helpButtonDidClickedAction();
     void refreshButtonDidClickedAction();
     void adButtonDidClickedAction(const QVAdButton &button);
@@ -88,9 +88,10 @@ private:
     bool charVerifyInputViewDidClickedDoneButtonWithCharString(QVCharVerifyInputView *view,
                                                                const QString &charString) override;
 
-    void setOutage(bool outage) override;
     void setDrawingEnabled(bool enabled) override;
-    [[nodiscard]] bool isDrawing() const override;
+    void beginStroke(QPointF location) override;
+    void extendStroke(QPointF location) override;
+    void resetUIs() override;
     void outageHasStarted() override;
     void pictureIsReady() override;
     void answerWasWrong() override;
@@ -100,9 +101,8 @@ private:
     std::optional<double> m_screenWidth;
     bool m_isInScene = false;
     QPointer<QScreen> m_screen;
-    // Not a child: a drag that the view's end cancels has nobody to be reported to.
-    std::unique_ptr<QVRenderDrawGesture> m_gesture;
-    // Goes before the gesture: the picture loses the focus in the view's end, and the pen then discards a
-    // drag.
+    QVRenderStrokeView *m_renderLayer = nullptr;
+    // Neither is a child: when the view is destroyed, nothing they would then report may reach the flow.
+    std::unique_ptr<QVPanEventFilter> m_events;
     std::unique_ptr<QVKeyPen> m_keyPen;
 };

@@ -38,6 +38,9 @@ qint64 oneMore(qint64 count)
 QVRenderDrawFlow::QVRenderDrawFlow(QVVerifyStyle style, QVRenderDrawSurface *surface)
     : m_verifyStyle(style)
     , m_surface(surface)
+    , m_gesture(
+          surface, [this] { this->surface().hiddernAll(); },
+          [this](const QVRenderTrace &trace) { handleStroke(trace); })
 {
 }
 
@@ -52,7 +55,7 @@ void QVRenderDrawFlow::requestQuarvoConfigAction()
 {
     beginAttempt();
     surface().clearPicture();
-    surface().setDrawingEnabled(false);
+    setDrawingEnabled(false);
     requestOutageAction();
 }
 
@@ -60,7 +63,7 @@ void QVRenderDrawFlow::reset()
 {
     surface().setHelpButtonShown(false);
     surface().setRefreshButtonShown(false);
-    surface().setDrawingEnabled(false);
+    setDrawingEnabled(false);
     surface().hiddernAll();
     requestQuarvoConfigAction();
 }
@@ -96,7 +99,7 @@ void QVRenderDrawFlow::charVerifyInputViewDidClickedDoneButtonWithCharString(con
 
 void QVRenderDrawFlow::renderDrawImageViewHiddenDelayErrorCompleted()
 {
-    if (!surface().isDrawing() && canDirectlyShow() && isEmbedded())
+    if (!panGestureRecognizer().isDragging() && canDirectlyShow() && isEmbedded())
         surface().showPrompt();
 }
 
@@ -201,7 +204,14 @@ void QVRenderDrawFlow::handleOutcome(const QVClickSequence::Outcome &outcome)
 void QVRenderDrawFlow::setOutage(bool outage)
 {
     m_outage = outage;
+    m_gesture.setOutage(outage);
     surface().setOutage(outage);
+}
+
+void QVRenderDrawFlow::setDrawingEnabled(bool enabled)
+{
+    panGestureRecognizer().setEnabled(enabled);
+    surface().setDrawingEnabled(enabled);
 }
 
 void QVRenderDrawFlow::requestGetFromQuarvoServer()
@@ -230,6 +240,19 @@ void QVRenderDrawFlow::requestGetFromOutageServer()
     surface().clearPicture();
     surface().showLoadingAnimation();
     service().requestOutageGetcompleted(ifNotOvertaken(&QVRenderDrawFlow::handleGetOutageResponse));
+}
+
+void QVRenderDrawFlow::handleStroke(const QVRenderTrace &trace)
+{
+    if (!trace.isAcceptable()) {
+        if (isEmbedded())
+            surface().showPrompt();
+    } else if (m_outage) {
+        requestVerifyFromOutageServerWithV(trace.getRenderOutage_v(surface().imageFrame()),
+                                           trace.getRender_drawtime());
+    } else {
+        requestVerifyFromQuarvoServerWithV(trace.getRenderSource_v(), trace.getRender_drawtime());
+    }
 }
 
 void QVRenderDrawFlow::requestVerifyFromQuarvoServerWithV(const QString &v, const QString &drwatime)
@@ -365,7 +388,7 @@ void QVRenderDrawFlow::loadVerifyImageFromURLString(const QString &address, bool
         surface().clearPicture();
     if (!surface().hasPicture())
         surface().showLoadingAnimation();
-    surface().setDrawingEnabled(false);
+    setDrawingEnabled(false);
     // Holds the flow until the picture is there or has failed.
     QVImageLoader::shared().load(address, [flow = shared_from_this(), asked = m_now](
                                               const QImage &picture, const std::optional<QVError> &error) {
@@ -382,7 +405,7 @@ void QVRenderDrawFlow::handlePicture(const QImage &picture, bool failed)
         return;
     }
     surface().setPicture(picture);
-    surface().setDrawingEnabled(!isCharVerify());
+    setDrawingEnabled(!isCharVerify());
     if (isEmbedded())
         surface().showPrompt();
     surface().pictureIsReady();
@@ -396,7 +419,7 @@ void QVRenderDrawFlow::handleRequestVerifySuccess(const QVVerifyResponseModel &v
     clearGetRefreshModel();
     surface().hiddenLoadingAnimation();
     surface().setRefreshButtonShown(false);
-    surface().setDrawingEnabled(false);
+    setDrawingEnabled(false);
     surface().showSuccess(verify);
     // Holds the flow: the token reaches the delegate even when the view has gone meanwhile.
     QVScheduler::shared().schedule(successNoticeDelay, [flow = shared_from_this(), token = verify.token()] {
@@ -436,7 +459,7 @@ void QVRenderDrawFlow::handleRequestError(const QVError &error, bool canClickRef
         m_deadline.stop();
         beginStep();
         surface().showFailedPicture();
-        surface().setDrawingEnabled(false);
+        setDrawingEnabled(false);
         clearGetRefreshModel();
         surface().setAdLinkword(nullptr);
     }

@@ -2,6 +2,7 @@
 
 #include "flow/QVAttemptDeadline.h"
 #include "flow/QVClickSequence.h"
+#include "flow/QVRenderDrawGesture.h"
 #include "flow/QVRenderDrawSurface.h"
 #include "flow/QVRenderDrawViewDelegate.h"
 #include "flow/QVVerifyStyle.h"
@@ -40,6 +41,8 @@ public:
     [[nodiscard]] QVVerifyStyle verifyStyle() const { return m_verifyStyle; }
     [[nodiscard]] bool outage() const { return m_outage; }
     [[nodiscard]] bool canDirectlyShow() const { return m_getRefreshModel || m_getOutageModel; }
+    /// To be told what pointers do on the surface.
+    [[nodiscard]] QVPanGestureRecognizer &panGestureRecognizer() { return m_gesture.panGestureRecognizer(); }
 
     void requestQuarvoConfigAction();
     void reset();
@@ -49,8 +52,6 @@ public:
 
     /// Replaces the picture; where no service has been chosen yet, starts from scratch.
     void requestNewPicture();
-    void requestVerifyFromQuarvoServerWithV(const QString &v, const QString &drwatime);
-    void requestVerifyFromOutageServerWithV(const QString &v, const QString &drwatime);
     void charVerifyInputViewDidClickedDoneButtonWithCharString(const QString &charString);
     void renderDrawImageViewHiddenDelayErrorCompleted();
 
@@ -81,8 +82,13 @@ private:
     void requestRefreshFromQuarvoServer();
     void requestGetFromOutageServer();
 
+    void handleStroke(const QVRenderTrace &trace);
+    void requestVerifyFromQuarvoServerWithV(const QString &v, const QString &drwatime);
+    void requestVerifyFromOutageServerWithV(const QString &v, const QString &drwatime);
+
     void handleOutcome(const QVClickSequence::Outcome &outcome);
     void setOutage(bool outage);
+    void setDrawingEnabled(bool enabled);
     void handleGetResponse(const std::shared_ptr<QVGetRefreshResponseModel> &record,
                            const std::optional<QVError> &error);
     void handleRefreshResponse(const std::shared_ptr<QVGetRefreshResponseModel> &record,
@@ -116,6 +122,7 @@ private:
     const QVVerifyStyle m_verifyStyle;
     const QVWeakDelegate<QVRenderDrawSurface> m_surface;
     QVWeakDelegate<QVRenderDrawViewDelegate> m_delegate;
+    QVRenderDrawGesture m_gesture;
     QVIdentity m_identity;
     std::shared_ptr<QVClickSequence> m_sequence;
     bool m_outage = false;

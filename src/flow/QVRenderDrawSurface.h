@@ -2,6 +2,8 @@
 
 #include "platform/QVDelegate.h"
 
+#include <QRectF>
+
 #include <memory>
 
 class QImage;
@@ -40,8 +42,16 @@ public:
     /// Shows the advertisement of an answer; a null one removes it.
     virtual void setAdLinkword(const std::shared_ptr<QVGetRefreshResponseModel> &answer) = 0;
 
+    /// Whether the user can draw now, which the flow's recogniser knows by itself.
     virtual void setDrawingEnabled(bool enabled) = 0;
-    [[nodiscard]] virtual bool isDrawing() const = 0;
+    /// The size of the view in whose coordinates strokes are told, and the picture's place in it.
+    [[nodiscard]] virtual QSizeF frameSize() const = 0;
+    [[nodiscard]] virtual QRectF imageFrame() const = 0;
+    virtual void beginStroke(QPointF location) = 0;
+    virtual void extendStroke(QPointF location) = 0;
+    /// The stroke has ended, or was discarded, and is shown no more.
+    virtual void resetUIs() = 0;
+
     virtual void setCharInputBusy(bool busy) = 0;
 
     // Notices for whoever watches the surface, who may destroy it or start anew in answer: they come last.

@@ -22,6 +22,7 @@ public:
 
     /// The size of the view whose coordinates the positions are in.
     void setFrameSize(QSizeF size) { m_frameSize = size; }
+    [[nodiscard]] QSizeF frameSize() const { return m_frameSize; }
     /// Seconds since 1970 at which the stroke began.
     void setPanGestureStartTime(double time) { m_panGestureStartTime = time; }
     [[nodiscard]] double panGestureStartTime() const { return m_panGestureStartTime; }
