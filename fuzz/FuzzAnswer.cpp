@@ -27,13 +27,11 @@ public:
     void clearPicture() override {}
     void showFailedPicture() override {}
     [[nodiscard]] bool hasPicture() const override { return false; }
-    void showPrompt() override {}
-    void showError(const QVError &error, bool /*canClicked*/) override
+    void slideIn(Bar /*bar*/, const QString &text, bool /*acceptsTouches*/) override
     {
-        fuzzRequire(!error.domain().isEmpty());
+        fuzzRequire(!text.isEmpty());
     }
-    void showSuccess(const QVVerifyResponseModel & /*verify*/) override {}
-    void hiddernAll() override {}
+    void slideOut(Bar /*bar*/) override {}
     void setIsCharVerify(bool /*isCharVerify*/) override {}
     void updateContentWidthHeightQVVerifyPercentage(bool /*isCharVerify*/) override {}
     void setCaption(const QString & /*caption*/) override {}

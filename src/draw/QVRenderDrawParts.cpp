@@ -148,24 +148,14 @@ bool QVRenderDrawParts::hasPicture() const
     return m_imageView->hasImage();
 }
 
-void QVRenderDrawParts::showPrompt()
+void QVRenderDrawParts::slideIn(Bar bar, const QString &text, bool acceptsTouches)
 {
-    m_imageView->showPrompt();
+    m_imageView->slideIn(bar, text, acceptsTouches);
 }
 
-void QVRenderDrawParts::showError(const QVError &error, bool canClicked)
+void QVRenderDrawParts::slideOut(Bar bar)
 {
-    m_imageView->showError(error, canClicked);
-}
-
-void QVRenderDrawParts::showSuccess(const QVVerifyResponseModel &verify)
-{
-    m_imageView->showSuccess(verify);
-}
-
-void QVRenderDrawParts::hiddernAll()
-{
-    m_imageView->hiddernAll();
+    m_imageView->slideOut(bar);
 }
 
 void QVRenderDrawParts::setIsCharVerify(bool isCharVerify)

@@ -129,7 +129,7 @@ void QVRenderDrawView::resizeEvent(QResizeEvent * /*event*/)
 
 void QVRenderDrawView::connectParts()
 {
-    imageView().setDelegate(this);
+    imageView().setDelegate(m_flow.get());
     charInputView().setDelegate(this);
     connect(&helpButton(), &QAbstractButton::clicked, this, &QVRenderDrawView::helpButtonDidClickedAction);
     connect(&refreshButton(), &QAbstractButton::clicked, this,
@@ -206,16 +206,6 @@ void QVRenderDrawView::adButtonWasAdded(QVAdButton &button)
 {
     connect(&button, &QAbstractButton::clicked, this, [this, &button] { adButtonDidClickedAction(button); });
     m_events->addControl(&button);
-}
-
-void QVRenderDrawView::renderDrawImageViewErrorDidClickedAction()
-{
-    m_flow->reset();
-}
-
-void QVRenderDrawView::renderDrawImageViewHiddenDelayErrorCompleted()
-{
-    m_flow->renderDrawImageViewHiddenDelayErrorCompleted();
 }
 
 bool QVRenderDrawView::charVerifyInputViewDidClickedDoneButtonWithCharString(QVCharVerifyInputView * /*view*/,

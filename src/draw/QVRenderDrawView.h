@@ -4,7 +4,6 @@
 #include "flow/QVRenderDrawViewDelegate.h"
 #include "platform/QVError.h"
 #include "views/QVCharVerifyInputViewDelegate.h"
-#include "views/QVRenderDrawImageViewDelegate.h"
 
 #include <QPointer>
 #include <QWidget>
@@ -25,7 +24,6 @@ class QVRenderStrokeView;
 /// both. What comes of it is the flow's business.
 class QVRenderDrawView final : public QWidget,
                                private QVRenderDrawParts,
-                               private QVRenderDrawImageViewDelegate,
                                private QVCharVerifyInputViewDelegate
 {
     Q_OBJECT
@@ -83,8 +81,6 @@ private:
     void adButtonDidClickedAction(const QVAdButton &button);
     void adButtonWasAdded(QVAdButton &button) override;
 
-    void renderDrawImageViewErrorDidClickedAction() override;
-    void renderDrawImageViewHiddenDelayErrorCompleted() override;
     bool charVerifyInputViewDidClickedDoneButtonWithCharString(QVCharVerifyInputView *view,
                                                                const QString &charString) override;
 

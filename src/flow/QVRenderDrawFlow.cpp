@@ -1,5 +1,6 @@
 #include "flow/QVRenderDrawFlow.h"
 
+#include "flow/QVPassText.h"
 #include "image/QVImageLoader.h"
 #include "platform/QVScheduler.h"
 #include "service/QVAPIRequestManager.h"
@@ -38,8 +39,9 @@ qint64 oneMore(qint64 count)
 QVRenderDrawFlow::QVRenderDrawFlow(QVVerifyStyle style, QVRenderDrawSurface *surface)
     : m_verifyStyle(style)
     , m_surface(surface)
+    , m_bars(std::make_shared<QVRenderDrawBars>(surface, this))
     , m_gesture(
-          surface, [this] { this->surface().hiddernAll(); },
+          surface, [this] { m_bars->hiddernAll(); },
           [this](const QVRenderTrace &trace) { handleStroke(trace); })
 {
 }
@@ -64,7 +66,7 @@ void QVRenderDrawFlow::reset()
     surface().setHelpButtonShown(false);
     surface().setRefreshButtonShown(false);
     setDrawingEnabled(false);
-    surface().hiddernAll();
+    m_bars->hiddernAll();
     requestQuarvoConfigAction();
 }
 
@@ -99,8 +101,8 @@ void QVRenderDrawFlow::charVerifyInputViewDidClickedDoneButtonWithCharString(con
 
 void QVRenderDrawFlow::renderDrawImageViewHiddenDelayErrorCompleted()
 {
-    if (!panGestureRecognizer().isDragging() && canDirectlyShow() && isEmbedded())
-        surface().showPrompt();
+    if (!panGestureRecognizer().isDragging() && canDirectlyShow())
+        showPromptIfEmbedded();
 }
 
 void QVRenderDrawFlow::beginAttempt()
@@ -242,11 +244,16 @@ void QVRenderDrawFlow::requestGetFromOutageServer()
     service().requestOutageGetcompleted(ifNotOvertaken(&QVRenderDrawFlow::handleGetOutageResponse));
 }
 
+void QVRenderDrawFlow::showPromptIfEmbedded()
+{
+    if (isEmbedded())
+        m_bars->showPrompt(isCharVerify());
+}
+
 void QVRenderDrawFlow::handleStroke(const QVRenderTrace &trace)
 {
     if (!trace.isAcceptable()) {
-        if (isEmbedded())
-            surface().showPrompt();
+        showPromptIfEmbedded();
     } else if (m_outage) {
         requestVerifyFromOutageServerWithV(trace.getRenderOutage_v(surface().imageFrame()),
                                            trace.getRender_drawtime());
@@ -406,8 +413,7 @@ void QVRenderDrawFlow::handlePicture(const QImage &picture, bool failed)
     }
     surface().setPicture(picture);
     setDrawingEnabled(!isCharVerify());
-    if (isEmbedded())
-        surface().showPrompt();
+    showPromptIfEmbedded();
     surface().pictureIsReady();
 }
 
@@ -420,7 +426,7 @@ void QVRenderDrawFlow::handleRequestVerifySuccess(const QVVerifyResponseModel &v
     surface().hiddenLoadingAnimation();
     surface().setRefreshButtonShown(false);
     setDrawingEnabled(false);
-    surface().showSuccess(verify);
+    m_bars->showSuccess(qv_passText(verify));
     // Holds the flow: the token reaches the delegate even when the view has gone meanwhile.
     QVScheduler::shared().schedule(successNoticeDelay, [flow = shared_from_this(), token = verify.token()] {
         if (auto *delegate = flow->m_delegate.get())
@@ -463,7 +469,7 @@ void QVRenderDrawFlow::handleRequestError(const QVError &error, bool canClickRef
         clearGetRefreshModel();
         surface().setAdLinkword(nullptr);
     }
-    surface().showError(error, canClickRefresh);
+    m_bars->showError(error, canClickRefresh);
     if (canClickRefresh)
         surface().attemptHasFailed(error);
 }

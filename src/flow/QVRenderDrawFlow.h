@@ -2,6 +2,7 @@
 
 #include "flow/QVAttemptDeadline.h"
 #include "flow/QVClickSequence.h"
+#include "flow/QVRenderDrawBars.h"
 #include "flow/QVRenderDrawGesture.h"
 #include "flow/QVRenderDrawSurface.h"
 #include "flow/QVRenderDrawViewDelegate.h"
@@ -28,11 +29,12 @@ class QVVerifyResponseModel;
 /// a picture, the host resets. Whatever was started last decides what is shown; an answer that has been
 /// overtaken is dropped. A judgement counts as long as there is no other picture, and a passed one as long
 /// as no new attempt was started, since the user has earned it.
-class QUARVO_CORE_EXPORT QVRenderDrawFlow final : public std::enable_shared_from_this<QVRenderDrawFlow>
+class QUARVO_CORE_EXPORT QVRenderDrawFlow final : public QVRenderDrawImageViewDelegate,
+                                                  public std::enable_shared_from_this<QVRenderDrawFlow>
 {
 public:
     QVRenderDrawFlow(QVVerifyStyle style, QVRenderDrawSurface *surface);
-    ~QVRenderDrawFlow();
+    ~QVRenderDrawFlow() override;
     Q_DISABLE_COPY(QVRenderDrawFlow)
 
     void setDelegate(QVRenderDrawViewDelegate *delegate) { m_delegate = delegate; }
@@ -53,7 +55,8 @@ public:
     /// Replaces the picture; where no service has been chosen yet, starts from scratch.
     void requestNewPicture();
     void charVerifyInputViewDidClickedDoneButtonWithCharString(const QString &charString);
-    void renderDrawImageViewHiddenDelayErrorCompleted();
+    void renderDrawImageViewErrorDidClickedAction() override { reset(); }
+    void renderDrawImageViewHiddenDelayErrorCompleted() override;
 
 private:
     template<class Record>
@@ -89,6 +92,7 @@ private:
     void handleOutcome(const QVClickSequence::Outcome &outcome);
     void setOutage(bool outage);
     void setDrawingEnabled(bool enabled);
+    void showPromptIfEmbedded();
     void handleGetResponse(const std::shared_ptr<QVGetRefreshResponseModel> &record,
                            const std::optional<QVError> &error);
     void handleRefreshResponse(const std::shared_ptr<QVGetRefreshResponseModel> &record,
@@ -122,6 +126,7 @@ private:
     const QVVerifyStyle m_verifyStyle;
     const QVWeakDelegate<QVRenderDrawSurface> m_surface;
     QVWeakDelegate<QVRenderDrawViewDelegate> m_delegate;
+    const std::shared_ptr<QVRenderDrawBars> m_bars;
     QVRenderDrawGesture m_gesture;
     QVIdentity m_identity;
     std::shared_ptr<QVClickSequence> m_sequence;

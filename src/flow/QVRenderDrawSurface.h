@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/QVDelegate.h"
+#include "flow/QVOverlaySurface.h"
 
 #include <QRectF>
 
@@ -10,10 +10,9 @@ class QImage;
 class QString;
 class QVError;
 class QVGetRefreshResponseModel;
-class QVVerifyResponseModel;
 
 /// What the drawing flow needs of a screen. A toolkit's view implements it; the flow holds it weakly.
-class QVRenderDrawSurface : public QVDelegate
+class QVRenderDrawSurface : public QVOverlaySurface
 {
 public:
     virtual void showLoadingAnimation() = 0;
@@ -24,11 +23,6 @@ public:
     /// Shows the picture that stands for one that could not be had.
     virtual void showFailedPicture() = 0;
     [[nodiscard]] virtual bool hasPicture() const = 0;
-
-    virtual void showPrompt() = 0;
-    virtual void showError(const QVError &error, bool canClicked) = 0;
-    virtual void showSuccess(const QVVerifyResponseModel &verify) = 0;
-    virtual void hiddernAll() = 0;
 
     /// Chooses between the looks of a drawing and of a character captcha.
     virtual void setIsCharVerify(bool isCharVerify) = 0;

@@ -1,14 +1,11 @@
 #include "views/QVRenderDrawImageView.h"
 
-#include "platform/QVError.h"
-#include "platform/QVScheduler.h"
 #include "settings/QVBundleImage.h"
 #include "settings/QVLocalization.h"
 #include "settings/QVLocalizationKeys.h"
 #include "views/QVAccessibleRole.h"
 #include "views/QVColors.h"
 #include "views/QVFocusRing.h"
-#include "views/QVPassText.h"
 #include "views/QVRenderDrawImageViewLoadingLayer.h"
 #include "views/QVRenderDrawOverlayView.h"
 
@@ -19,12 +16,20 @@
 #include <algorithm>
 #include <utility>
 
-using namespace std::chrono_literals;
-
 namespace {
 
-constexpr auto slideDuration = 200ms;
-constexpr auto errorDuration = 800ms;
+QString pictureOf(QVOverlaySurface::Bar bar)
+{
+    switch (bar) {
+    case QVOverlaySurface::Bar::Prompt:
+        return QStringLiteral("qv_draw_edit");
+    case QVOverlaySurface::Bar::Error:
+        return QStringLiteral("qv_draw_error");
+    case QVOverlaySurface::Bar::Success:
+        break;
+    }
+    return QStringLiteral("qv_draw_success");
+}
 
 } // namespace
 
@@ -67,7 +72,6 @@ QVRenderDrawOverlayView *QVRenderDrawImageView::addBar(const QString &name, cons
 
 void QVRenderDrawImageView::setIsCharVerify(bool isCharVerify)
 {
-    m_isCharVerify = isCharVerify;
     setAccessibleName(
         qv_localizedStringForKey(isCharVerify ? QVKey::accessibleAnswer : QVKey::accessiblePicture));
 }
@@ -92,93 +96,37 @@ void QVRenderDrawImageView::hiddenLoadingAnimation()
     setAccessibleDescription(QString());
 }
 
-void QVRenderDrawImageView::showPrompt()
+QVRenderDrawOverlayView *QVRenderDrawImageView::view(Bar bar) const
 {
-    if (m_showView && m_showView != m_promptOverlayView)
-        return;
-    m_promptOverlayView->setOverlayImage(
-        qv_imageFromBundleWithName(QStringLiteral("qv_draw_edit")),
-        qv_localizedStringForKey(m_isCharVerify ? QVKey::characterCaptcha : QVKey::drawCaptcha));
-    slideIn(m_promptOverlayView);
+    switch (bar) {
+    case Bar::Prompt:
+        return m_promptOverlayView;
+    case Bar::Error:
+        return m_errorOverlayView;
+    case Bar::Success:
+        break;
+    }
+    return m_successOverlayView;
 }
 
-void QVRenderDrawImageView::hiddenPrompt()
+void QVRenderDrawImageView::slideIn(Bar bar, const QString &text, bool acceptsTouches)
 {
-    slideOut(m_promptOverlayView);
-}
-
-void QVRenderDrawImageView::showError(const QVError &error, bool canClicked)
-{
-    hiddenPrompt();
-    m_errorOverlayView->setAcceptsTouches(canClicked);
-    m_errorOverlayView->setOverlayImage(qv_imageFromBundleWithName(QStringLiteral("qv_draw_error")),
-                                        error.domain());
-    slideIn(m_errorOverlayView, [this, canClicked] {
-        if (!canClicked)
-            scheduleHiddenDelayError();
-    });
-}
-
-void QVRenderDrawImageView::hiddenError()
-{
-    slideOut(m_errorOverlayView);
-}
-
-void QVRenderDrawImageView::scheduleHiddenDelayError()
-{
-    // Never taken back: what is shown when it comes decides what it does.
-    QVScheduler::shared().schedule(errorDuration, [self = QPointer(this)] {
-        if (self)
-            self->hiddenDelayError();
-    });
-}
-
-void QVRenderDrawImageView::hiddenDelayError()
-{
-    if (m_errorOverlayView->acceptsTouches())
-        return;
-    hiddenError();
-    if (m_delegate)
-        m_delegate.get()->renderDrawImageViewHiddenDelayErrorCompleted();
-}
-
-void QVRenderDrawImageView::showSuccess(const QVVerifyResponseModel &answer)
-{
-    hiddenPrompt();
-    hiddenError();
-    m_successOverlayView->setOverlayImage(qv_imageFromBundleWithName(QStringLiteral("qv_draw_success")),
-                                          qv_passText(answer));
-    slideIn(m_successOverlayView);
-}
-
-void QVRenderDrawImageView::hiddenSuccess()
-{
-    slideOut(m_successOverlayView);
-}
-
-void QVRenderDrawImageView::hiddernAll()
-{
-    hiddenSuccess();
-    hiddenPrompt();
-    hiddenError();
-}
-
-void QVRenderDrawImageView::slideIn(QVRenderDrawOverlayView *bar, QVLayout::Completion completion)
-{
-    m_showView = bar;
+    auto *const view = this->view(bar);
+    view->setAcceptsTouches(acceptsTouches);
+    view->setOverlayImage(qv_imageFromBundleWithName(pictureOf(bar)), text);
     keepClearOfStrip();
-    bar->setOnScreen(true);
-    moveBar(bar, -QVRenderDrawOverlayView::defaultHeight(), std::move(completion));
+    view->setOnScreen(true);
+    moveBar(view, -QVRenderDrawOverlayView::defaultHeight());
 }
 
-void QVRenderDrawImageView::slideOut(QVRenderDrawOverlayView *bar)
+void QVRenderDrawImageView::slideOut(Bar bar)
 {
-    m_showView = nullptr;
-    bar->setOnScreen(false);
-    moveBar(bar, 0, [bar] {
+    auto *const view = this->view(bar);
+    view->setOnScreen(false);
+    moveBar(view, 0, [view] {
         // Out of sight, but a screen reader would still find it.
-        if (!bar->isOnScreen())
-            bar->hide();
+        if (!view->isOnScreen())
+            view->hide();
     });
 }
 
@@ -189,7 +137,7 @@ void QVRenderDrawImageView::moveBar(QVRenderDrawOverlayView *bar, int offset, QV
         // The platform's text may have become larger.
         make.height().equalTo(QVRenderDrawOverlayView::defaultHeight());
     });
-    m_layout.animateLayout(slideDuration, std::move(completion));
+    m_layout.animateLayout(QVOverlaySurface::slideDuration, std::move(completion));
 }
 
 void QVRenderDrawImageView::setStrip(QWidget *strip)

@@ -57,15 +57,22 @@ QRect DrawTestCase::frame(const char *name) const
     return QRect(widget->mapTo(m_view, QPoint(0, 0)), widget->size());
 }
 
+QVRenderDrawOverlayView *DrawTestCase::shownBar() const
+{
+    const auto bars = picture().findChildren<QVRenderDrawOverlayView *>();
+    const auto shown = std::ranges::find_if(bars, &QVRenderDrawOverlayView::isOnScreen);
+    return shown == bars.end() ? nullptr : *shown;
+}
+
 QString DrawTestCase::bar() const
 {
-    const QVRenderDrawOverlayView *shown = picture().showView();
+    const QVRenderDrawOverlayView *shown = shownBar();
     return shown ? shown->objectName() : QString();
 }
 
 QString DrawTestCase::barText() const
 {
-    const QVRenderDrawOverlayView *shown = picture().showView();
+    const QVRenderDrawOverlayView *shown = shownBar();
     return shown ? shown->overlayLabel()->text().trimmed() : QString();
 }
 

@@ -11,6 +11,8 @@
 
 #include <QWidget>
 
+class QVRenderDrawOverlayView;
+
 /// Tests of the drawing captcha as a user sees it: in a window, by real input, against a service that
 /// answers as the test tells it.
 class DrawTestCase : public QVTestCase
@@ -49,6 +51,7 @@ protected:
     /// The bar that is up: "promptOverlayView", "errorOverlayView" …, or nothing.
     [[nodiscard]] QString bar() const;
     [[nodiscard]] QString barText() const;
+    [[nodiscard]] QVRenderDrawOverlayView *shownBar() const;
 
     /// Draws a stroke that is sent, over the middle of the picture, 20 ms a position.
     void draw();

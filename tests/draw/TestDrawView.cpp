@@ -88,7 +88,7 @@ private Q_SLOTS:
         service().extend(q("config"), {{q("type"), q("character")}});
         start(QVVerifyStyleEmbed, QSize(284, 192));
         QCOMPARE(bar(), q("promptOverlayView"));
-        const QVOverlayLabel *label = picture().showView()->overlayLabel();
+        const QVOverlayLabel *label = shownBar()->overlayLabel();
         QCOMPARE(label->mapTo(&view(), QPoint(0, label->height())).y(), frame("charInputView").top());
     }
 

@@ -1,6 +1,3 @@
-#include "platform/QVError.h"
-#include "service/QVVerifyResponseModel.h"
-#include "settings/QVSDKManager.h"
 #include "support/QVPointerInput.h"
 #include "support/QVTestCase.h"
 #include "support/QVWait.h"
@@ -16,18 +13,13 @@ class PictureOwner final : public QWidget, public QVRenderDrawImageViewDelegate
 {
 public:
     void renderDrawImageViewErrorDidClickedAction() override { ++taps; }
-    void renderDrawImageViewHiddenDelayErrorCompleted() override { ++hides; }
     void mousePressEvent(QMouseEvent *) override { ++presses; }
 
     int taps = 0;
-    int hides = 0;
     int presses = 0;
 };
 
-QVError failure(const char *text)
-{
-    return QVError(QString::fromLatin1(text), 104);
-}
+using Bar = QVOverlaySurface::Bar;
 
 } // namespace
 
@@ -36,72 +28,30 @@ class TestRenderDrawImageView : public QVTestCase
     Q_OBJECT
 
 private Q_SLOTS:
-
-    void promptSlidesInAndOut()
+    void aBarSlidesInAndOut()
     {
-        m_view->showPrompt();
-        QCOMPARE(m_view->showView(), m_view->promptOverlayView());
+        const QVRenderDrawOverlayView *bar = m_view->promptOverlayView();
+        m_view->slideIn(Bar::Prompt, q("Draw"), false);
         advance(100ms);
-        const int half = m_view->promptOverlayView()->y();
-        QVERIFY(half > 200 && half < 230);
+        QVERIFY(bar->y() > 200 && bar->y() < 230);
         advance(100ms);
-        QCOMPARE(m_view->promptOverlayView()->geometry(), QRect(0, 200, 400, 30));
-        QCOMPARE(textOf(m_view->promptOverlayView()), q(" Draw along the curve in the picture"));
-        m_view->hiddenPrompt();
-        QCOMPARE(m_view->showView(), nullptr);
+        QCOMPARE(bar->geometry(), QRect(0, 200, 400, 30));
+        QCOMPARE(bar->overlayLabel()->text(), q(" Draw"));
+        m_view->slideOut(Bar::Prompt);
         advance(200ms);
-        QCOMPARE(m_view->promptOverlayView()->y(), 230);
-        QVERIFY(!m_view->promptOverlayView()->isVisible());
+        QCOMPARE(bar->y(), 230);
+        QVERIFY(!bar->isVisible());
         QCOMPARE(time().pendingCount(), 0);
     }
 
-    void promptDisplacesNeitherErrorNorSuccess()
+    void onlyABarThatAcceptsThemTakesTaps()
     {
-        m_view->showError(failure("no"), true);
-        m_view->showPrompt();
-        advance(200ms);
-        QCOMPARE(m_view->showView(), m_view->errorOverlayView());
-        QCOMPARE(m_view->promptOverlayView()->y(), 230);
-        m_view->showSuccess({});
-        m_view->showPrompt();
-        advance(200ms);
-        QCOMPARE(m_view->showView(), m_view->successOverlayView());
-        QCOMPARE(m_view->errorOverlayView()->y(), 230);
-        QCOMPARE(textOf(m_view->successOverlayView()), q(" Verified"));
-    }
-
-    void passingErrorGoesByItself()
-    {
-        m_view->showError(failure("wrong"), false);
-        advance(999ms);
-        QCOMPARE(m_view->errorOverlayView()->y(), 200);
-        QCOMPARE(m_owner->hides, 0);
-        advance(1ms);
-        QCOMPARE(m_owner->hides, 1);
-        QCOMPARE(m_view->showView(), nullptr);
-        advance(200ms);
-        QCOMPARE(m_view->errorOverlayView()->y(), 230);
-    }
-
-    void tappableErrorReplacesAPassingOne()
-    {
-        m_view->showError(failure("wrong"), false);
-        advance(500ms);
-        m_view->showError(failure("failed"), true);
-        advance(2s);
-        QCOMPARE(m_owner->hides, 0);
-        QCOMPARE(m_view->errorOverlayView()->y(), 200);
-        QCOMPARE(textOf(m_view->errorOverlayView()), q(" failed"));
-    }
-
-    void onlyALastingErrorTakesATap()
-    {
-        m_view->showError(failure("wrong"), false);
+        m_view->slideIn(Bar::Error, q("wrong"), false);
         advance(200ms);
         QVPointerInput::click(*m_owner, {30, 215});
         QCOMPARE(m_owner->taps, 0);
         QCOMPARE(m_owner->presses, 1);
-        m_view->showError(failure("failed"), true);
+        m_view->slideIn(Bar::Error, q("failed"), true);
         QVPointerInput::click(*m_owner, {30, 215});
         QVPointerInput::strokeWithFinger(*m_owner, {{30, 215}});
         QTest::keyClick(m_owner->windowHandle(), Qt::Key_Tab);
@@ -114,7 +64,6 @@ private Q_SLOTS:
 private:
     void prepare() override
     {
-        QVSDKManager::setPreferredLanguage(q("en"));
         m_owner = std::make_unique<PictureOwner>();
         m_owner->resize(500, 300);
         m_view = new QVRenderDrawImageView(m_owner.get());
@@ -125,8 +74,6 @@ private:
     }
 
     void finish() override { m_owner.reset(); }
-
-    static QString textOf(const QVRenderDrawOverlayView *bar) { return bar->overlayLabel()->text(); }
 
     std::unique_ptr<PictureOwner> m_owner;
     QVRenderDrawImageView *m_view = nullptr;

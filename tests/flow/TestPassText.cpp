@@ -1,7 +1,7 @@
+#include "flow/QVPassText.h"
 #include "service/QVVerifyResponseModel.h"
 #include "settings/QVSDKManager.h"
 #include "support/QVTestCase.h"
-#include "views/QVPassText.h"
 
 class TestPassText : public QVTestCase
 {

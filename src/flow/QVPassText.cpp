@@ -1,4 +1,4 @@
-#include "views/QVPassText.h"
+#include "flow/QVPassText.h"
 
 #include "service/QVVerifyResponseModel.h"
 #include "settings/QVLocalization.h"

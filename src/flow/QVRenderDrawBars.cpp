@@ -1,0 +1,77 @@
+#include "flow/QVRenderDrawBars.h"
+
+#include "platform/QVError.h"
+#include "platform/QVScheduler.h"
+#include "settings/QVLocalization.h"
+#include "settings/QVLocalizationKeys.h"
+
+namespace {
+
+constexpr std::chrono::milliseconds errorDuration(800);
+
+} // namespace
+
+QVRenderDrawBars::QVRenderDrawBars(QVOverlaySurface *surface, QVRenderDrawImageViewDelegate *delegate)
+    : m_surface(surface)
+    , m_delegate(delegate)
+{
+}
+
+void QVRenderDrawBars::showPrompt(bool isCharVerify)
+{
+    if (!m_showView || m_showView == Bar::Prompt)
+        slideIn(Bar::Prompt,
+                qv_localizedStringForKey(isCharVerify ? QVKey::characterCaptcha : QVKey::drawCaptcha));
+}
+
+void QVRenderDrawBars::showError(const QVError &error, bool canClicked)
+{
+    hiddenPrompt();
+    m_errorAcceptsTouches = canClicked;
+    slideIn(Bar::Error, error.domain());
+    if (canClicked)
+        return;
+    // Never cancelled: what is shown when the time has come decides what happens.
+    QVScheduler::shared().schedule(QVOverlaySurface::slideDuration + errorDuration,
+                                   [weak = weak_from_this()] {
+                                       if (const auto self = weak.lock())
+                                           self->hiddenDelayError();
+                                   });
+}
+
+void QVRenderDrawBars::hiddenDelayError()
+{
+    if (m_errorAcceptsTouches)
+        return;
+    hiddenError();
+    if (auto *const delegate = m_delegate.get())
+        delegate->renderDrawImageViewHiddenDelayErrorCompleted();
+}
+
+void QVRenderDrawBars::showSuccess(const QString &text)
+{
+    hiddenPrompt();
+    hiddenError();
+    slideIn(Bar::Success, text);
+}
+
+void QVRenderDrawBars::hiddernAll()
+{
+    hiddenSuccess();
+    hiddenPrompt();
+    hiddenError();
+}
+
+void QVRenderDrawBars::slideIn(Bar bar, const QString &text)
+{
+    m_showView = bar;
+    if (auto *const surface = m_surface.get())
+        surface->slideIn(bar, text, bar == Bar::Error && m_errorAcceptsTouches);
+}
+
+void QVRenderDrawBars::slideOut(Bar bar)
+{
+    m_showView.reset();
+    if (auto *const surface = m_surface.get())
+        surface->slideOut(bar);
+}
