@@ -4,10 +4,11 @@
 #include <QLoggingCategory>
 #include <QRegularExpression>
 #include <QStandardPaths>
-#include <QThreadPool>
 #include <QUuid>
 
 #include <span>
+#include <system_error>
+#include <thread>
 
 namespace {
 
@@ -71,11 +72,6 @@ void removeAbandonedFolders(const QString &cache)
     }
 }
 
-void startRemovingAbandonedFolders(const QString &cache)
-{
-    QThreadPool::globalInstance()->start([cache] { removeAbandonedFolders(cache); });
-}
-
 } // namespace
 
 QVPictureCacheFolder &QVPictureCacheFolder::shared()
@@ -95,7 +91,7 @@ QString QVPictureCacheFolder::path()
         return {};
     }
     // A host may have named itself, and thereby another cache, only since the first clearing.
-    startRemovingAbandonedFolders(cache);
+    removeAbandonedFolders(cache);
     return m_folder.path();
 }
 
@@ -114,7 +110,16 @@ bool QVPictureCacheFolder::make(const QString &cache)
     return m_lock.isOpen();
 }
 
+void QVPictureCacheFolder::clear()
+{
+    removeAbandonedFolders(cachePath());
+}
+
 void QVPictureCacheFolder::clearInBackground()
 {
-    startRemovingAbandonedFolders(cachePath());
+    try {
+        static const std::jthread clearing([cache = cachePath()] { removeAbandonedFolders(cache); });
+    } catch (const std::system_error &) {
+        qCWarning(platformLog, "Pictures of earlier runs stay on disk: no thread can be started");
+    }
 }

@@ -18,8 +18,9 @@ public:
     /// The folder, made on first use, which also clears what lies beside it. Empty, and logged, where
     /// there is no place for it that is its user's alone.
     [[nodiscard]] QString path();
-    /// Starts removing, on a background thread, what earlier processes left: some
-    /// megabytes for each. Only the end of the application object waits for it.
+    /// Removes what earlier processes left, some megabytes for each.
+    static void clear();
+    /// Does the same on a thread of its own, once in a process. Only the end of the process waits for it.
     static void clearInBackground();
 
 private:

@@ -7,7 +7,6 @@
 #include <QDir>
 #include <QSemaphore>
 #include <QStandardPaths>
-#include <QThreadPool>
 
 #include <csignal>
 #include <dlfcn.h>
@@ -85,8 +84,6 @@ private Q_SLOTS:
 
     void aPictureCacheThatCannotBeMade()
     {
-        // The clearing of what earlier processes left may still be at it.
-        QThreadPool::globalInstance()->waitForDone();
         QDir(cacheRoot()).removeRecursively();
         QVERIFY(QDir().mkpath(QFileInfo(cacheRoot()).path()));
         QFile obstacle(cacheRoot());

@@ -5,7 +5,6 @@
 #include <QNetworkDiskCache>
 #include <QStandardPaths>
 #include <QTemporaryDir>
-#include <QThreadPool>
 
 #include <unistd.h>
 
@@ -14,11 +13,6 @@ namespace {
 constexpr QFile::Permissions others = QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup |
                                       QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
 const char *const nameOfOurForm = "0123456789abcdef0123456789abcdef";
-
-bool finishClearing()
-{
-    return QThreadPool::globalInstance()->waitForDone(5000);
-}
 
 void keepPicture(const QString &folder)
 {
@@ -83,24 +77,19 @@ private Q_SLOTS:
         QFETCH(const bool, isAsked);
         QVPictureCacheFolder own;
         keepPicture(own.path());
-        QVERIFY(finishClearing());
         const QStringList kept = contents(root());
         {
             QVPictureCacheFolder earlier;
             keepPicture(earlier.path());
-            // Each new folder starts a clearing, which would take this one as soon as it is let go.
-            QVERIFY(finishClearing());
             QVERIFY(contents(root()).size() > kept.size());
         }
 
         if (isAsked) {
-            QVPictureCacheFolder::clearInBackground();
-            QVERIFY(finishClearing());
+            QVPictureCacheFolder::clear();
             QCOMPARE(contents(root()), kept);
         } else {
             QVPictureCacheFolder next;
             const QStringList fresh = contents(next.path());
-            QVERIFY(finishClearing());
             QCOMPARE(QDir(root()).count(), QDir(root() + q("/..")).count() + 1);
             QCOMPARE(contents(next.path()), fresh);
         }
@@ -113,7 +102,6 @@ private Q_SLOTS:
             makeFile(victim + u'/' + q(file));
         QVPictureCacheFolder own;
         keepPicture(own.path());
-        QVERIFY(finishClearing());
         const QString hex = q(nameOfOurForm);
         // By hand, or as links in the place of ours.
         makeFile(root() + q("/notes/data8/0/a.d"));
@@ -129,8 +117,7 @@ private Q_SLOTS:
         QVERIFY(QFile::link(victim + q("/a.d"), mixed + q("/data8/0/a.d")));
 
         QStringList kept = contents(m_cache->path());
-        QVPictureCacheFolder::clearInBackground();
-        QVERIFY(finishClearing());
+        QVPictureCacheFolder::clear();
         kept.removeIf([&](const QString &entry) { return entry.startsWith(mixed + q("/quarvo.lock ")); });
         QCOMPARE(contents(m_cache->path()), kept);
     }
@@ -170,8 +157,7 @@ private Q_SLOTS:
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression(q("^No pictures are kept on disk: ")));
         QVPictureCacheFolder folder;
         QCOMPARE(folder.path(), QString());
-        QVPictureCacheFolder::clearInBackground();
-        QVERIFY(finishClearing());
+        QVPictureCacheFolder::clear();
         QCOMPARE(contents(m_cache->path()), kept);
     }
 
@@ -179,7 +165,6 @@ private Q_SLOTS:
     {
         QVPictureCacheFolder folder;
         const QString path = folder.path();
-        QVERIFY(finishClearing());
         const QString victim = m_cache->filePath(q("victim"));
         QVERIFY(QDir().mkpath(victim));
         QVERIFY(QFile::rename(root(), m_cache->filePath(q("moved"))));
@@ -195,7 +180,6 @@ protected:
         m_cache.emplace();
         qputenv("XDG_CACHE_HOME", QFile::encodeName(m_cache->path()));
     }
-    void finish() override { QVERIFY(finishClearing()); }
 
 private:
     static QString root()

@@ -7,7 +7,6 @@
 #include <QDir>
 #include <QRegularExpression>
 #include <QStandardPaths>
-#include <QThreadPool>
 
 #include <future>
 #include <latch>
@@ -42,8 +41,7 @@ private Q_SLOTS:
             managers.insert(caller.get());
         QCOMPARE(managers.size(), 1U);
 
-        QVERIFY(QThreadPool::globalInstance()->waitForDone(5000));
-        QVERIFY(!QDir(leftover).exists());
+        QVERIFY(waitFor([&leftover] { return !QDir(leftover).exists(); }));
     }
 
     void choosesALanguageFolder()
