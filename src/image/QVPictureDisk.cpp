@@ -15,7 +15,7 @@ constexpr qsizetype mostRemembered = 100;
 
 } // namespace
 
-class QVPictureDisk::Store : public QObject
+class QVPictureDisk::Store
 {
 public:
     void open()
@@ -56,23 +56,19 @@ private:
 };
 
 QVPictureDisk::QVPictureDisk()
-    : m_store(new Store)
+    : m_store(std::make_unique<Store>())
+    , m_thread(QStringLiteral("quarvo disk"), QThread::LowPriority)
 {
-    m_thread.setObjectName(QStringLiteral("quarvo disk"));
-    m_store->moveToThread(&m_thread);
-    connect(&m_thread, &QThread::finished, m_store, &QObject::deleteLater);
-    m_thread.start(QThread::LowPriority);
 }
 
 QVPictureDisk::~QVPictureDisk()
 {
-    m_thread.quit();
-    m_thread.wait();
+    m_thread.post([this] { m_store.reset(); });
 }
 
 void QVPictureDisk::prepare()
 {
-    QMetaObject::invokeMethod(m_store, &Store::open, Qt::QueuedConnection);
+    m_thread.post([this] { m_store->open(); });
 }
 
 void QVPictureDisk::write(const QString &address, const QByteArray &bytes)
@@ -80,15 +76,13 @@ void QVPictureDisk::write(const QString &address, const QByteArray &bytes)
     if (m_written.size() == mostRemembered)
         m_written.removeFirst();
     m_written.append(address);
-    QMetaObject::invokeMethod(
-        m_store, [store = m_store, address, bytes] { store->write(QUrl(address), bytes); },
-        Qt::QueuedConnection);
+    m_thread.post([this, address, bytes] { m_store->write(QUrl(address), bytes); });
 }
 
 void QVPictureDisk::read(const QString &address)
 {
-    // The signal is emitted on the store's thread and received on the user-interface thread.
-    QMetaObject::invokeMethod(
-        m_store, [this, store = m_store, address] { Q_EMIT wasRead(address, store->read(QUrl(address))); },
-        Qt::QueuedConnection);
+    m_thread.post([this, address] {
+        m_thread.answer(
+            [this, address, bytes = m_store->read(QUrl(address))] { Q_EMIT wasRead(address, bytes); });
+    });
 }

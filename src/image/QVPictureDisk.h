@@ -1,12 +1,10 @@
 #pragma once
 
-#include <QObject>
+#include "platform/QVWorkerThread.h"
+
 #include <QStringList>
-#include <QThread>
 
 #include <memory>
-
-class QNetworkDiskCache;
 
 /// The pictures on disk, in a thread of its own: nobody waits for a slow disk but a picture that is read from
 /// it. Used on the user-interface thread.
@@ -34,7 +32,8 @@ private:
     /// What the thread works with.
     class Store;
 
-    QThread m_thread;
-    Store *m_store;
+    std::unique_ptr<Store> m_store;
     QStringList m_written;
+    // Last: ends before what it works with.
+    QVWorkerThread m_thread;
 };

@@ -3,6 +3,7 @@
 #include "net/QVManagerExchange.h"
 #include "net/QVNetworkError.h"
 #include "net/QVNetworkSession.h"
+#include "net/QVSessionExchange.h"
 #include "net/QVVerifyingTls.h"
 
 namespace {
@@ -75,18 +76,15 @@ void QVBoundedDownload::cancel()
 void QVBoundedDownload::ask()
 {
     if (m_host)
-        m_exchange = new QVManagerExchange(*m_host, m_request, m_limits.bytes);
+        m_exchange = new QVManagerExchange(*m_host, m_request, m_limits.bytes, this);
     else
-        m_exchange = m_own.newExchange(m_request, m_limits.bytes);
+        m_exchange = new QVSessionExchange(m_own, m_request, m_limits.bytes, this);
     connect(m_exchange, &QVExchange::finished, this, &QVBoundedDownload::takeAnswer);
     m_exchange->start();
 }
 
 void QVBoundedDownload::takeAnswer()
 {
-    // A call that was queued before the exchange was let go is still delivered.
-    if (!m_exchange)
-        return;
     const QVExchange::Result answer = m_exchange->result();
     endExchange();
     if (answer.error == QNetworkReply::NoError && isRedirect(answer))

@@ -3,8 +3,8 @@
 #include <QNetworkReply>
 #include <QObject>
 
-/// One request and its answer. Destroyed only by deleteLater(), since it may live on another thread, which
-/// also ends its connection where it has not finished.
+/// One request and its answer. Destroying it ends a connection that has not finished. In a slot of finished()
+/// it is destroyed by deleteLater() only.
 class QVExchange : public QObject
 {
     Q_OBJECT
@@ -19,6 +19,8 @@ public:
         /// An HTTP error status is none.
         QNetworkReply::NetworkError error = QNetworkReply::NoError;
     };
+
+    using QObject::QObject;
 
     /// Sends the request. Emits finished() once, unless this is destroyed before.
     virtual void start() = 0;

@@ -39,21 +39,18 @@ QNetworkReply::NetworkError errorOf(QAbstractSocket::SocketError error)
 
 } // namespace
 
-QVHttpExchange::QVHttpExchange(QVConnectionPool &pool, const QNetworkRequest &request, qint64 bodyLimit)
+QVHttpExchange::QVHttpExchange(QVConnectionPool &pool, const QNetworkRequest &request, qint64 bodyLimit,
+                               Completion completion)
     : m_pool(pool)
     , m_request(request)
     , m_reader(bodyLimit)
+    , m_completion(std::move(completion))
 {
 }
 
 QVHttpExchange::~QVHttpExchange() = default;
 
 void QVHttpExchange::start()
-{
-    QMetaObject::invokeMethod(this, &QVHttpExchange::begin, Qt::QueuedConnection);
-}
-
-void QVHttpExchange::begin()
 {
     m_route = qv_routeOf(m_request);
     if (QVSocket open = m_pool.take(m_route)) {
@@ -120,7 +117,6 @@ void QVHttpExchange::finishWith(QNetworkReply::NetworkError error)
     if (m_isFinished)
         return;
     m_isFinished = true;
-    m_result = {m_reader.body(), m_reader.head().status(), m_reader.head().location(), error};
     if (m_socket) {
         m_socket->disconnect(this);
         const bool isSent = m_socket->bytesToWrite() == 0;
@@ -129,5 +125,5 @@ void QVHttpExchange::finishWith(QNetworkReply::NetworkError error)
         else
             qv_endLater(std::move(m_socket));
     }
-    Q_EMIT finished();
+    m_completion({m_reader.body(), m_reader.head().status(), m_reader.head().location(), error});
 }

@@ -5,6 +5,7 @@
 #include "net/QVRoute.h"
 #include "net/QVSocket.h"
 
+#include <functional>
 #include <memory>
 
 class QVConnectionPool;
@@ -13,20 +14,21 @@ class QVConnector;
 /// A GET over a connection of our own. It is sent once, whatever becomes of the connection: the service
 /// counts what it is sent. Its connection ends with it, or goes to the pool.
 ///
-/// Made on the user-interface thread and moved to the network's, where everything but start() happens.
-class QVHttpExchange final : public QVExchange
+/// Used on one thread, the network's.
+class QVHttpExchange final : public QObject
 {
-    Q_OBJECT
-
 public:
-    /// Of a body no more than \a bodyLimit bytes are taken. The pool must outlive this.
-    QVHttpExchange(QVConnectionPool &pool, const QNetworkRequest &request, qint64 bodyLimit);
+    using Completion = std::function<void(const QVExchange::Result &)>;
+
+    /// Of a body no more than \a bodyLimit bytes are taken. The pool must outlive this. \a completion is
+    /// called once, unless this is destroyed before, and must not destroy it.
+    QVHttpExchange(QVConnectionPool &pool, const QNetworkRequest &request, qint64 bodyLimit,
+                   Completion completion);
     ~QVHttpExchange() override;
 
-    void start() override;
+    void start();
 
 private:
-    void begin();
     void adopt(QVSocket socket);
     void encrypt();
     void send();
@@ -40,5 +42,6 @@ private:
     std::unique_ptr<QVConnector> m_connector;
     QVSocket m_socket;
     QVHttpReader m_reader;
+    Completion m_completion;
     bool m_isFinished = false;
 };

@@ -19,8 +19,9 @@ QNetworkReply::NetworkError errorOf(const QNetworkReply &reply)
 } // namespace
 
 QVManagerExchange::QVManagerExchange(QNetworkAccessManager &manager, const QNetworkRequest &request,
-                                     qint64 bodyLimit)
-    : m_manager(manager)
+                                     qint64 bodyLimit, QObject *parent)
+    : QVExchange(parent)
+    , m_manager(manager)
     , m_request(request)
     , m_bodyLimit(bodyLimit)
 {

@@ -13,7 +13,8 @@ class QVManagerExchange final : public QVExchange
     Q_OBJECT
 
 public:
-    QVManagerExchange(QNetworkAccessManager &manager, const QNetworkRequest &request, qint64 bodyLimit);
+    QVManagerExchange(QNetworkAccessManager &manager, const QNetworkRequest &request, qint64 bodyLimit,
+                      QObject *parent);
     ~QVManagerExchange() override;
 
     void start() override;

@@ -1,7 +1,6 @@
 #include "net/QVNetworkSession.h"
 
 #include "net/QVConnectionPool.h"
-#include "net/QVHttpExchange.h"
 
 #include <QCoreApplication>
 
@@ -30,25 +29,14 @@ QVNetworkSession &QVNetworkSession::shared()
 }
 
 QVNetworkSession::QVNetworkSession()
-    : m_pool(new QVConnectionPool)
+    : m_thread(QStringLiteral("quarvo network"))
 {
-    m_thread.setObjectName(QStringLiteral("quarvo network"));
-    m_pool->moveToThread(&m_thread);
-    connect(&m_thread, &QThread::finished, m_pool, &QObject::deleteLater);
-    m_thread.start();
+    m_thread.post([this] { m_pool = std::make_unique<QVConnectionPool>(); });
 }
 
 QVNetworkSession::~QVNetworkSession()
 {
     // Downloads first: their exchanges end on the thread.
     qDeleteAll(QObjectList(children()));
-    m_thread.quit();
-    m_thread.wait();
-}
-
-QVExchange *QVNetworkSession::newExchange(const QNetworkRequest &request, qint64 bodyLimit)
-{
-    auto *const exchange = new QVHttpExchange(*m_pool, request, bodyLimit);
-    exchange->moveToThread(&m_thread);
-    return exchange;
+    m_thread.post([this] { m_pool.reset(); });
 }

@@ -1,11 +1,10 @@
 #pragma once
 
-#include <QNetworkRequest>
-#include <QObject>
-#include <QThread>
+#include "platform/QVWorkerThread.h"
+
+#include <memory>
 
 class QVConnectionPool;
-class QVExchange;
 
 /// The component's own way to the network: a thread with the connections and everything that reads from
 /// them. Used on the user-interface thread. It ends with the application object, and what it owns with it.
@@ -19,10 +18,12 @@ public:
 
     [[nodiscard]] static QVNetworkSession &shared();
 
-    /// A GET that takes no more than \a bodyLimit bytes of body, still to be started. Owned by the caller.
-    [[nodiscard]] QVExchange *newExchange(const QNetworkRequest &request, qint64 bodyLimit);
+    [[nodiscard]] QVWorkerThread &thread() { return m_thread; }
+    /// Used on the network's thread only.
+    [[nodiscard]] QVConnectionPool &pool() { return *m_pool; }
 
 private:
-    QThread m_thread;
-    QVConnectionPool *m_pool;
+    std::unique_ptr<QVConnectionPool> m_pool;
+    // Last: ends before what it works with.
+    QVWorkerThread m_thread;
 };
