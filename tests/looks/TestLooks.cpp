@@ -1,9 +1,9 @@
+#include "flow/QVPassText.h"
 #include "looks/LookComparison.h"
 #include "modes/ModesTestCase.h"
 #include "modes/QVClickButton.h"
 #include "modes/QVClickStatusView.h"
 #include "modes/QVEmbedManager.h"
-#include "platform/QVError.h"
 #include "popup/QVCloseButton.h"
 #include "service/QVVerifyResponseModel.h"
 #include "settings/QVLocalization.h"
@@ -153,20 +153,23 @@ private:
                std::chrono::milliseconds time = 300ms)
     {
         QVRenderDrawImageView &view = pictureView(width, language);
+        using Place = QVOverlaySurface::Bar;
+        const auto text = [](const char *key) {
+            return qv_localizedStringForKey(QLatin1String(key));
+        };
         QVVerifyResponseModel answer;
-        if (kind == Bar::Prompt)
-            view.showPrompt();
-        else if (kind == Bar::Tappable)
-            view.showError(QVError(qv_localizedStringForKey(q("loadFaild")), 1), true);
-        else if (kind == Bar::Passing)
-            view.showError(QVError(qv_localizedStringForKey(q("fail")), 1), false);
-        if (kind == Bar::SuccessWithScore) {
+        answer.setDrawtime(q("3210"));
+        answer.setScore(q("87"));
+        if (kind == Bar::SuccessWithScore)
             answer.setPassline(q("60"));
-            answer.setDrawtime(q("3210"));
-            answer.setScore(q("87"));
-        }
-        if (kind == Bar::Success || kind == Bar::SuccessWithScore)
-            view.showSuccess(answer);
+        if (kind == Bar::Prompt)
+            view.slideIn(Place::Prompt, text("drawCaptcha"), false);
+        else if (kind == Bar::Tappable)
+            view.slideIn(Place::Error, text("loadFaild"), true);
+        else if (kind == Bar::Passing)
+            view.slideIn(Place::Error, text("fail"), false);
+        else
+            view.slideIn(Place::Success, qv_passText(answer), false);
         advance(time);
         return shot(ratio);
     }
@@ -174,7 +177,7 @@ private:
     QImage focusedBar()
     {
         QVRenderDrawImageView &view = pictureView(400, "en");
-        view.showError(QVError(q("No"), 1), true);
+        view.slideIn(QVOverlaySurface::Bar::Error, q("No"), true);
         advance(300ms);
         focusNext();
         return shot();
