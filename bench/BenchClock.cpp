@@ -2,38 +2,23 @@
 
 #include <QFile>
 
-#include <ctime>
-
-namespace {
-
-double read(clockid_t clock)
-{
-    constexpr double nanosecondsPerSecond = 1e9;
-    timespec time{};
-    clock_gettime(clock, &time);
-    return double(time.tv_sec) * nanosecondsPerSecond + double(time.tv_nsec);
-}
-
-} // namespace
+#include <algorithm>
+#include <chrono>
 
 double benchNow()
 {
-    return read(CLOCK_MONOTONIC);
+    const auto now = std::chrono::steady_clock::now().time_since_epoch();
+    return std::chrono::duration<double, std::milli>(now).count();
 }
 
-double benchCpuNow()
-{
-    return read(CLOCK_PROCESS_CPUTIME_ID);
-}
-
-double benchMemory(const char *field)
+double benchMemory()
 {
     constexpr double kibPerMib = 1024;
     QFile file(QStringLiteral("/proc/self/smaps_rollup"));
     if (!file.open(QIODevice::ReadOnly))
         return 0;
     for (const QByteArray &line : file.readAll().split('\n')) {
-        if (line.startsWith(QByteArray(field) + ':'))
+        if (line.startsWith("Pss:"))
             return line.mid(line.indexOf(':') + 1).replace("kB", "").trimmed().toDouble() / kibPerMib;
     }
     return 0;

@@ -15,12 +15,16 @@ BenchDesktop::BenchDesktop(const QString &sandbox)
         start(m_bus, QStringLiteral("dbus-daemon"),
               {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--print-address"),
                QStringLiteral("--address=unix:dir=") + m_home.path()});
+    // It says so once it can be used.
+    m_display = start(m_screen, QStringLiteral("Xvfb"),
+                      {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
+                       QStringLiteral("0"), QStringLiteral("1280x1024x24")});
     startKeyring();
 }
 
 BenchDesktop::~BenchDesktop()
 {
-    for (QProcess *process : {&m_keyring, &m_bus, &m_sandbox}) {
+    for (QProcess *process : {&m_keyring, &m_screen, &m_bus, &m_sandbox}) {
         process->terminate();
         process->waitForFinished();
     }
@@ -36,6 +40,11 @@ QProcessEnvironment BenchDesktop::environment(bool withKeys) const
         environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), m_busAddress);
     environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
     return environment;
+}
+
+void BenchDesktop::setKeyringHangs(bool hangs) const
+{
+    ::kill(pid_t(m_keyring.processId()), hangs ? SIGSTOP : SIGCONT);
 }
 
 void BenchDesktop::startKeyring()

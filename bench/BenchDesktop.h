@@ -3,7 +3,7 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
-/// What the programs run in: a home of their own, the sandbox, and a session bus with a key chain.
+/// What the hosts run in: a home of their own, the sandbox, an X server, and a session bus with a key chain.
 class BenchDesktop
 {
 public:
@@ -14,10 +14,15 @@ public:
     ~BenchDesktop();
 
     [[nodiscard]] QString addresses() const { return m_addresses; }
-    [[nodiscard]] QProcessEnvironment environment(bool withKeys) const;
-    [[nodiscard]] qint64 keyring() const { return m_keyring.processId(); }
+    /// Of a host that finds no session bus, and so no key chain.
+    [[nodiscard]] QProcessEnvironment plain() const { return environment(false); }
+    [[nodiscard]] QProcessEnvironment withKeys() const { return environment(true); }
+    [[nodiscard]] QString display() const { return u':' + m_display; }
+    /// Lets the key chain hang, or go on.
+    void setKeyringHangs(bool hangs) const;
 
 private:
+    [[nodiscard]] QProcessEnvironment environment(bool withKeys) const;
     void startKeyring();
     void prepare(QProcess &process, bool withKeys) const;
     /// Starts a program and waits for the line in which it says where it is.
@@ -27,7 +32,9 @@ private:
     QTemporaryDir m_home;
     QProcess m_sandbox;
     QProcess m_bus;
+    QProcess m_screen;
     QProcess m_keyring;
     QString m_addresses;
+    QString m_display;
     QString m_busAddress;
 };

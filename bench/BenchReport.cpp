@@ -1,12 +1,9 @@
 #include "BenchReport.h"
 
-#include <QDir>
 #include <QFile>
-#include <QFileInfo>
-#include <QJsonArray>
-#include <QJsonDocument>
 #include <QThread>
 
+#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 
@@ -24,56 +21,41 @@ QString processor()
     return {};
 }
 
-QString machine()
+QString text(std::optional<double> value, const QString &unit)
 {
-    double load = 0;
-    getloadavg(&load, 1);
-    return QStringLiteral("%1 cores (%2), Qt %3, offscreen; load average %4 at the start")
-        .arg(QString::number(QThread::idealThreadCount()), processor(), QLatin1String(qVersion()),
-             QString::number(load, 'f', 1));
+    if (!value)
+        return {};
+    const double size = std::abs(*value);
+    const int decimals = size == 0 || size >= 100 ? 0 : size >= 10 ? 1 : 2;
+    return QString::number(*value, 'f', decimals) + u' ' + unit;
 }
 
 void printLine(const QString &line)
 {
     std::printf("%s\n", qUtf8Printable(line));
+    std::fflush(stdout);
 }
 
 } // namespace
 
-BenchReport::BenchReport(bool isShort)
-    : m_isShort(isShort)
-    , m_machine(machine())
+void benchBegin(bool isShort)
 {
+    double load = 0;
+    getloadavg(&load, 1);
+    const QString length = isShort ? QStringLiteral(" A short run: proves only that it runs.") : QString();
+    printLine(QStringLiteral("%1 cores (%2), Qt %3; load average %4 at the start.%5\n")
+                  .arg(QString::number(QThread::idealThreadCount()), processor(), QLatin1String(qVersion()),
+                       QString::number(load, 'f', 1), length));
+    printLine(QStringLiteral("| what | ours | bare toolkit | to reach | met |"));
+    printLine(QStringLiteral("| --- | --- | --- | --- | --- |"));
 }
 
-void BenchReport::print() const
+void benchTell(const BenchRow &row)
 {
-    printLine(m_machine + (m_isShort ? QStringLiteral(". A short run: proves only that it runs.\n")
-                                     : QStringLiteral(".\n")));
-    printTable(QStringLiteral("what"), true);
-    printLine({});
-    printTable(QStringLiteral("for itself, and how it grows"), false);
-}
-
-void BenchReport::printTable(const QString &first, bool withTargets) const
-{
-    printLine(QStringLiteral("| %1 | ours | limit | ratio | to reach | met |").arg(first));
-    printLine(QStringLiteral("| --- | --- | --- | --- | --- | --- |"));
-    for (const BenchRow &row : m_rows) {
-        if ((row.target != BenchRow::Target::None) == withTargets)
-            printLine(row.toMarkdown());
-    }
-}
-
-bool BenchReport::save(const QString &path) const
-{
-    QJsonArray rows;
-    for (const BenchRow &row : m_rows)
-        rows.append(row.toJson());
-    const QJsonObject whole{{QStringLiteral("machine"), m_machine},
-                            {QStringLiteral("short"), m_isShort},
-                            {QStringLiteral("rows"), rows}};
-    QDir().mkpath(QFileInfo(path).absolutePath());
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(QJsonDocument(whole).toJson()) > 0;
+    const QString met = !row.atMost               ? QString()
+                        : row.ours <= *row.atMost ? QStringLiteral("yes")
+                                                  : QStringLiteral("**no**");
+    printLine(QStringLiteral("| %1 | %2 | %3 | %4 | %5 |")
+                  .arg(row.what, text(row.ours, row.unit), text(row.bare, row.unit),
+                       text(row.atMost, row.unit), met));
 }

@@ -1,23 +1,20 @@
 #pragma once
 
-#include "BenchRow.h"
+#include <QString>
 
-#include <QList>
+#include <optional>
 
-/// Everything measured, as a table in Markdown and as JSON.
-class BenchReport
+/// One line of the table: a figure of ours, the bare toolkit's beside it, and what was to be reached.
+struct BenchRow
 {
-public:
-    explicit BenchReport(bool isShort);
-
-    void add(const BenchRow &row) { m_rows.append(row); }
-    void print() const;
-    [[nodiscard]] bool save(const QString &path) const;
-
-private:
-    void printTable(const QString &first, bool withTargets) const;
-
-    bool m_isShort;
-    QString m_machine;
-    QList<BenchRow> m_rows;
+    QString what;
+    QString unit;
+    double ours = 0;
+    std::optional<double> bare = {};
+    /// The most that ours may be; none for a figure that is told for itself.
+    std::optional<double> atMost = {};
 };
+
+/// Prints what kind of machine measures, and the table's head.
+void benchBegin(bool isShort);
+void benchTell(const BenchRow &row);

@@ -1,9 +1,7 @@
 #include "BenchDesktop.h"
 #include "BenchFailure.h"
-#include "BenchHosts.h"
-#include "BenchLibrary.h"
-#include "BenchParts.h"
 #include "BenchReport.h"
+#include "BenchSections.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -17,16 +15,18 @@ namespace {
 struct Section
 {
     QLatin1String name;
-    void (*run)(const BenchSetting &, BenchReport &);
+    void (*run)(const BenchSetting &);
 };
 
 constexpr std::array sections{
-    Section{QLatin1String("panel"), benchPanel},        Section{QLatin1String("click"), benchClick},
-    Section{QLatin1String("memory"), benchMemoryAdded}, Section{QLatin1String("loading"), benchLoading},
-    Section{QLatin1String("parts"), benchParts},        Section{QLatin1String("library"), benchLibrary},
+    Section{QLatin1String("start"), benchStart},   Section{QLatin1String("panel"), benchPanel},
+    Section{QLatin1String("click"), benchClick},   Section{QLatin1String("stroke"), benchStroke},
+    Section{QLatin1String("stalls"), benchStalls}, Section{QLatin1String("frames"), benchFrames},
+    Section{QLatin1String("idle"), benchIdle},     Section{QLatin1String("memory"), benchMemoryInUse},
+    Section{QLatin1String("size"), benchSize},
 };
 
-void run(const QString &json, const QString &only, bool isShort)
+void run(const QString &only, bool isShort)
 {
     const auto isNamed = [&only](const Section &section) {
         return section.name == only;
@@ -34,18 +34,13 @@ void run(const QString &json, const QString &only, bool isShort)
     if (!only.isEmpty() && std::ranges::none_of(sections, isNamed))
         throw BenchFailure(QStringLiteral("there is no section ") + only);
     const QString folder = QCoreApplication::applicationDirPath();
-    BenchReport report(isShort);
     const BenchDesktop desktop(folder + QStringLiteral("/../sandbox/quarvo-sandbox"));
-    const BenchSetting setting{
-        isShort,          folder, desktop.addresses(), desktop.environment(false), desktop.environment(true),
-        desktop.keyring()};
+    const BenchSetting setting{isShort, folder, desktop};
+    benchBegin(isShort);
     for (const Section &section : sections) {
         if (only.isEmpty() || section.name == only)
-            section.run(setting, report);
+            section.run(setting);
     }
-    report.print();
-    if (!report.save(json))
-        throw BenchFailure(QStringLiteral("cannot write ") + json);
 }
 
 } // namespace
@@ -55,18 +50,16 @@ int main(int argc, char *argv[])
     QCoreApplication application(argc, argv);
     QCommandLineParser parser;
     parser.setApplicationDescription(
-        QStringLiteral("Measures the component beside what the toolkit allows."));
+        QStringLiteral("Measures what a host's user feels, beside what the bare toolkit needs."));
     parser.addHelpOption();
     parser.addOptions(
         {{QStringLiteral("short"), QStringLiteral("Only prove that everything runs.")},
-         {QStringLiteral("only"), QStringLiteral("Only the panel, click, memory, loading, parts or library."),
-          QStringLiteral("SECTION")},
-         {QStringLiteral("json"), QStringLiteral("Where the figures go."), QStringLiteral("FILE"),
-          QStringLiteral("build/bench.json")}});
+         {QStringLiteral("only"),
+          QStringLiteral("Only start, panel, click, stroke, stalls, frames, idle, memory or size."),
+          QStringLiteral("SECTION")}});
     parser.process(application);
     try {
-        run(parser.value(QStringLiteral("json")), parser.value(QStringLiteral("only")),
-            parser.isSet(QStringLiteral("short")));
+        run(parser.value(QStringLiteral("only")), parser.isSet(QStringLiteral("short")));
     } catch (const BenchFailure &failure) {
         std::fprintf(stderr, "quarvo-bench: %s\n", failure.what());
         return 1;

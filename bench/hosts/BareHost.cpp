@@ -4,12 +4,14 @@
 #include <QApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QMouseEvent>
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QPainter>
 #include <QTimer>
 
 #include <memory>
+#include <utility>
 
 namespace {
 
@@ -32,6 +34,32 @@ protected:
 
 private:
     QImage m_picture;
+};
+
+/// Paints each move's segment of the pen in its box, and nothing below it.
+class SegmentWidget : public QWidget
+{
+protected:
+    void mousePressEvent(QMouseEvent *event) override { m_to = event->position(); }
+    void mouseMoveEvent(QMouseEvent *event) override
+    {
+        constexpr double margin = penWidth / 2 + 1;
+        m_from = std::exchange(m_to, event->position());
+        update(QRectF(m_from, m_to).normalized().adjusted(-margin, -margin, margin, margin).toAlignedRect());
+    }
+    void paintEvent(QPaintEvent *) override
+    {
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(QPen(QColor(65, 141, 251), penWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        painter.drawLine(m_from, m_to);
+    }
+
+private:
+    static constexpr double penWidth = 5;
+
+    QPointF m_from;
+    QPointF m_to;
 };
 
 /// The component's requests without the component.
@@ -100,30 +128,28 @@ int runButton()
 
 int runPanel(double start)
 {
+    // As long as the component waits before it starts.
+    constexpr int startDelay = 100;
     HostWindow window;
     PictureWidget picture;
     Requests requests(QStringLiteral("test-draw"));
     window.place(&picture, HostWindow::panelSize);
     window.show();
-    requests.askThree(QStringLiteral("embed"), QStringLiteral("/get/v1"),
-                      [&](const QJsonObject &config, const QJsonObject &answer) {
-                          const QString server =
-                              config.value(QStringLiteral("cdn_servers")).toArray().at(0).toString();
-                          const QString address =
-                              server + u'/' + answer.value(QStringLiteral("img")).toString();
-                          requests.get(address, [&](const QByteArray &body) {
-                              const QImage image = QImage::fromData(body);
-                              if (image.isNull())
-                                  return QCoreApplication::exit(1);
-                              picture.setPicture(image);
-                              window.afterPaint([&window, image, start] {
-                                  finishHostLater({{QStringLiteral("painted"), benchNow() - start},
-                                                   {QStringLiteral("processor"), benchCpuNow()},
-                                                   {QStringLiteral("width"), image.width()},
-                                                   {QStringLiteral("height"), image.height()}});
-                              });
-                          });
-                      });
+    const auto show = [&](const QByteArray &body) {
+        const QImage image = QImage::fromData(body);
+        if (image.isNull())
+            return QCoreApplication::exit(1);
+        picture.setPicture(image);
+        window.afterPaint([start] { finishHostLater({{QStringLiteral("painted"), benchNow() - start}}); });
+    };
+    QTimer::singleShot(startDelay, &window, [&] {
+        requests.askThree(
+            QStringLiteral("embed"), QStringLiteral("/get/v1"),
+            [&](const QJsonObject &config, const QJsonObject &answer) {
+                const QString server = config.value(QStringLiteral("cdn_servers")).toArray().at(0).toString();
+                requests.get(server + u'/' + answer.value(QStringLiteral("img")).toString(), show);
+            });
+    });
     return QApplication::exec();
 }
 
@@ -153,14 +179,28 @@ int runClick()
     return QApplication::exec();
 }
 
+int runStroke()
+{
+    HostWindow window;
+    SegmentWidget widget;
+    window.place(&widget, HostWindow::panelSize);
+    window.show();
+    constexpr int settle = 300;
+    QTimer::singleShot(settle, &window, [&] { finishHost(strokeCosts(widget)); });
+    return QApplication::exec();
+}
+
 } // namespace
 
+/// quarvo-bench-bare MODE ADDRESSES
 int main(int argc, char *argv[])
 {
     const double start = benchNow();
-    QApplication application(argc, argv);
-    const QString mode = QApplication::arguments().value(1);
-    if (mode == QLatin1String("button"))
-        return runButton();
-    return mode == QLatin1String("click") ? runClick() : runPanel(start);
+    return runApplication(argc, argv, [start](const QString &mode) {
+        if (mode == QLatin1String("button"))
+            return runButton();
+        if (mode == QLatin1String("stroke"))
+            return runStroke();
+        return mode == QLatin1String("click") ? runClick() : runPanel(start);
+    });
 }

@@ -8,6 +8,6 @@ int main(int argc, char *argv[])
 {
     const double now = benchNow();
     const double start = argc > 1 ? std::strtod(argv[1], nullptr) : now;
-    std::printf("{\"load\": %.0f}\n", now - start);
+    std::printf("{\"load\": %.6f}\n", now - start);
     return 0;
 }

@@ -1,86 +1,102 @@
 #include "BenchClock.h"
+#include "demo/SolutionClient.h"
+#include "hosts/ConfiguredHost.h"
 #include "hosts/HostWindow.h"
+#include "hosts/StallProbe.h"
 
 #include <Quarvo/Quarvo.h>
 
 #include <QApplication>
-#include <QMouseEvent>
+#include <QDir>
+#include <QFile>
 #include <QTimer>
+
+#include <memory>
 
 namespace {
 
-constexpr int attempts = 2;
-constexpr int pauseBetween = 300;
+constexpr int settleMilliseconds = 300;
 
-void configure(const QString &vid)
+QPointF middle(const QWidget &widget)
 {
-    const QJsonObject given = hostAddresses();
-    QVServiceAddresses addresses;
-    addresses.setApiHost(given.value(QStringLiteral("apiHost")).toString());
-    addresses.setDownloadHost(given.value(QStringLiteral("downloadHost")).toString());
-    addresses.setImageHost(given.value(QStringLiteral("imageHost")).toString());
-    addresses.setCdn(given.value(QStringLiteral("cdn")).toString());
-    QVSDKManager::setServiceAddresses(addresses);
-    QVSDKManager::setQuarvoSDKVid(vid, QStringLiteral("bench"));
+    return QRectF(widget.rect()).center();
+}
+
+void click(QWidget &widget)
+{
+    sendMouse(widget, QEvent::MouseButtonPress, middle(widget));
+    sendMouse(widget, QEvent::MouseButtonRelease, middle(widget));
+}
+
+/// The visible widget of that class, which is the component's own business.
+QWidget *findPart(const char *className)
+{
+    const QWidgetList all = QApplication::allWidgets();
+    for (QWidget *widget : all) {
+        if (widget->inherits(className) && widget->isVisible())
+            return widget;
+    }
+    return nullptr;
+}
+
+void giveUp()
+{
+    QCoreApplication::exit(1);
+}
+
+template<class Manager>
+void endOnFailure(const Manager &manager)
+{
+    QObject::connect(&manager, &Manager::failed, qApp, giveUp);
 }
 
 int runPanel(double start)
 {
     HostWindow window;
     QVEmbedManager manager;
-    configure(QStringLiteral("test-draw"));
-    QJsonObject result;
+    configureHost(QStringLiteral("test-draw"));
+    endOnFailure(manager);
     QObject::connect(&manager, &QVEmbedManager::ready, &window, [&] {
-        window.afterPaint([&] {
-            result.insert(QStringLiteral("painted"), benchNow() - start);
-            result.insert(QStringLiteral("processor"), benchCpuNow());
-            finishHostLater(result);
-        });
+        window.afterPaint([start] { finishHostLater({{QStringLiteral("painted"), benchNow() - start}}); });
     });
-    QObject::connect(&manager, &QVEmbedManager::failed, &window, [] { QCoreApplication::exit(1); });
     window.place(manager.embedView(), HostWindow::panelSize);
     window.show();
     return QApplication::exec();
 }
 
-void sendMouse(QWidget &widget, QEvent::Type type)
-{
-    const QPointF middle = QRectF(widget.rect()).center();
-    QMouseEvent event(type, middle, widget.mapToGlobal(middle), Qt::LeftButton,
-                      type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(&widget, &event);
-}
-
+/// Presses as long as a person does, and tells how long it takes from the release to the passed look, twice.
 int runClick()
 {
+    constexpr int pressMilliseconds = 80;
     HostWindow window;
     QVClickManager manager;
-    configure(QStringLiteral("test-pass"));
-    window.place(manager.clickButton(), HostWindow::buttonSize);
+    configureHost(QStringLiteral("test-pass"));
+    endOnFailure(manager);
+    QAbstractButton &button = *manager.clickButton();
+    window.place(&button, HostWindow::buttonSize);
     QJsonObject result;
-    double tap = 0;
-    int count = 0;
+    double released = 0;
     const auto press = [&] {
-        sendMouse(*manager.clickButton(), QEvent::MouseButtonPress);
-        tap = benchNow();
-        sendMouse(*manager.clickButton(), QEvent::MouseButtonRelease);
+        sendMouse(button, QEvent::MouseButtonPress, middle(button));
+        QTimer::singleShot(pressMilliseconds, &window, [&] {
+            released = benchNow();
+            sendMouse(button, QEvent::MouseButtonRelease, middle(button));
+        });
     };
     QObject::connect(
         manager.button(), &QVClickButton::clickStatusChanged, &window, [&](QVClickStatus status) {
             if (status == QVClickStatusPassed)
-                result.insert(count == 0 ? QStringLiteral("firstShown") : QStringLiteral("againShown"),
-                              benchNow() - tap);
+                result.insert(result.isEmpty() ? QStringLiteral("first") : QStringLiteral("again"),
+                              benchNow() - released);
         });
     QObject::connect(&manager, &QVClickManager::passed, &window, [&] {
-        result.insert(count == 0 ? QStringLiteral("first") : QStringLiteral("again"), benchNow() - tap);
-        if (++count == attempts)
+        if (result.size() == 2)
             return finishHost(result);
         manager.reset();
-        QTimer::singleShot(pauseBetween, &window, press);
+        QTimer::singleShot(settleMilliseconds, &window, press);
     });
-    QObject::connect(&manager, &QVClickManager::failed, &window, [] { QCoreApplication::exit(1); });
     window.show();
-    QTimer::singleShot(pauseBetween, &window, press);
+    QTimer::singleShot(settleMilliseconds, &window, press);
     return QApplication::exec();
 }
 
@@ -90,34 +106,248 @@ int runInvisible()
     HostWindow window;
     QVInvisibleManager manager;
     manager.setAnimation(false);
-    configure(QStringLiteral("test-pass"));
+    configureHost(QStringLiteral("test-pass"));
+    endOnFailure(manager);
     QJsonObject result;
     double start = 0;
-    int count = 0;
     const auto begin = [&] {
         start = benchNow();
         manager.startInsivible();
     };
     QObject::connect(&manager, &QVInvisibleManager::passed, &window, [&] {
-        result.insert(count == 0 ? QStringLiteral("first") : QStringLiteral("again"), benchNow() - start);
-        if (++count == attempts)
+        result.insert(result.isEmpty() ? QStringLiteral("first") : QStringLiteral("again"),
+                      benchNow() - start);
+        if (result.size() == 2)
             return finishHost(result);
-        QTimer::singleShot(pauseBetween, &window, begin);
+        QTimer::singleShot(settleMilliseconds, &window, begin);
     });
-    QObject::connect(&manager, &QVInvisibleManager::failed, &window, [] { QCoreApplication::exit(1); });
     window.show();
-    QTimer::singleShot(pauseBetween, &window, begin);
+    QTimer::singleShot(settleMilliseconds, &window, begin);
     return QApplication::exec();
+}
+
+/// Draws the curve over the picture as a person would, in a second.
+class Player : public QObject
+{
+public:
+    explicit Player(QVector<QPointF> curve)
+        : m_picture(*findPart("QVRenderDrawImageView"))
+        , m_curve(std::move(curve))
+    {
+        constexpr int duration = 1000;
+        constexpr double pictureUnits = 400;
+        for (QPointF &point : m_curve)
+            point *= m_picture.width() / pictureUnits;
+        m_timer.setTimerType(Qt::PreciseTimer);
+        m_timer.setInterval(duration / int(m_curve.size()));
+        connect(&m_timer, &QTimer::timeout, this, &Player::move);
+        sendMouse(m_picture, QEvent::MouseButtonPress, m_curve.first());
+        m_timer.start();
+    }
+
+private:
+    void move()
+    {
+        sendMouse(m_picture, QEvent::MouseMove, m_curve.at(m_next));
+        if (++m_next < m_curve.size())
+            return;
+        m_timer.stop();
+        sendMouse(m_picture, QEvent::MouseButtonRelease, m_curve.last());
+    }
+
+    QWidget &m_picture;
+    QVector<QPointF> m_curve;
+    QTimer m_timer;
+    qsizetype m_next = 1;
+};
+
+/// Solves what \a manager shows once \a opened was emitted, and tells how long the thread stood still from
+/// the first input on.
+template<class Manager, class Opened>
+int solve(HostWindow &window, Manager &manager, Opened opened, const std::function<void()> &begin)
+{
+    constexpr int unfolded = 1500;
+    configureHost(QStringLiteral("test-draw"));
+    endOnFailure(manager);
+    SolutionClient solution({QUrl(hostAddresses().value(QStringLiteral("apiHost")).toString())});
+    StallProbe probe;
+    std::unique_ptr<Player> player;
+    QObject::connect(&manager, opened, &window, [&] {
+        // Its picture is on screen then, and nothing moves.
+        QTimer::singleShot(unfolded, &window, [&] {
+            probe.pause();
+            solution.ask();
+        });
+    });
+    QObject::connect(&solution, &SolutionClient::failed, &window, giveUp);
+    QObject::connect(&solution, &SolutionClient::curve, &window, [&](const QVector<QPointF> &curve) {
+        player = std::make_unique<Player>(curve);
+        QTimer::singleShot(0, &window, [&] { probe.resume(); });
+    });
+    QObject::connect(&manager, &Manager::passed, &window, [&] {
+        finishHost({{QStringLiteral("longest"), probe.longest()}, {QStringLiteral("many"), probe.many()}});
+    });
+    window.show();
+    probe.pause();
+    QTimer::singleShot(settleMilliseconds, &window, [&] {
+        probe.resume();
+        begin();
+    });
+    return QApplication::exec();
+}
+
+int runSolvePopup()
+{
+    HostWindow window;
+    window.resize(600, 600);
+    QVClickManager manager;
+    QAbstractButton &button = *manager.clickButton();
+    window.place(&button, HostWindow::buttonSize);
+    return solve(window, manager, &QVClickManager::popupOpened, [&button] { click(button); });
+}
+
+int runSolvePanel()
+{
+    HostWindow window;
+    QVEmbedManager manager;
+    // The panel asks as soon as it has a parent, its picture comes while the probe watches.
+    return solve(window, manager, &QVEmbedManager::ready,
+                 [&] { window.place(manager.embedView(), HostWindow::panelSize); });
+}
+
+int runStroke()
+{
+    HostWindow window;
+    QVEmbedManager manager;
+    configureHost(QStringLiteral("test-draw"));
+    endOnFailure(manager);
+    QObject::connect(&manager, &QVEmbedManager::ready, &window, [&] {
+        QTimer::singleShot(settleMilliseconds, &window,
+                           [&] { finishHost(strokeCosts(*findPart("QVRenderDrawImageView"))); });
+    });
+    window.place(manager.embedView(), HostWindow::panelSize);
+    window.show();
+    return QApplication::exec();
+}
+
+/// How many of the repaints came later than half a frame too late, in percent.
+double lateShare(const std::vector<double> &paints)
+{
+    constexpr double frame = 1000.0 / 60;
+    int late = 0;
+    for (size_t i = 1; i < paints.size(); ++i)
+        late += paints[i] - paints[i - 1] > frame * 1.5 ? 1 : 0;
+    return paints.size() > 1 ? 100.0 * late / double(paints.size() - 1) : 100;
+}
+
+/// Lets something wait for an answer that does not come, and counts the frames.
+int runFrames(const QString &what)
+{
+    constexpr int duration = 3000;
+    HostWindow window;
+    window.resize(600, 400);
+    QVEmbedManager panel;
+    QVClickManager button;
+    QVInvisibleManager invisible;
+    configureHost(QStringLiteral("test-slow"));
+    if (what == QLatin1String("panel"))
+        window.place(panel.embedView(), HostWindow::panelSize);
+    else if (what == QLatin1String("button"))
+        window.place(button.clickButton(), HostWindow::buttonSize);
+    window.show();
+    QTimer::singleShot(settleMilliseconds, &window, [&] {
+        if (what == QLatin1String("button"))
+            click(*button.clickButton());
+        else if (what == QLatin1String("badge"))
+            invisible.startInsivible();
+    });
+    QTimer::singleShot(2 * settleMilliseconds, &window, [&] { window.paints().clear(); });
+    QTimer::singleShot(2 * settleMilliseconds + duration, &window, [&] {
+        finishHost({{QStringLiteral("late"), lateShare(window.paints())}});
+    });
+    return QApplication::exec();
+}
+
+/// How often the threads of this process were put on a processor so far.
+qint64 contextSwitches()
+{
+    qint64 count = 0;
+    const QString tasks = QStringLiteral("/proc/self/task");
+    for (const QString &task : QDir(tasks).entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+        QFile status(tasks + u'/' + task + QStringLiteral("/status"));
+        if (!status.open(QIODevice::ReadOnly))
+            continue;
+        for (const QByteArray &line : status.readAll().split('\n')) {
+            if (line.contains("voluntary_ctxt_switches"))
+                count += line.mid(line.indexOf(':') + 1).trimmed().toLongLong();
+        }
+    }
+    return count;
+}
+
+void tellIdle()
+{
+    constexpr int quiet = 3000;
+    constexpr int duration = 10000;
+    QTimer::singleShot(quiet, qApp, [before = qint64(0)]() mutable {
+        before = contextSwitches();
+        QTimer::singleShot(duration, qApp, [before] {
+            // The end of the wait itself wakes the process once.
+            finishHost({{QStringLiteral("switches"), double(contextSwitches() - before - 1)},
+                        {QStringLiteral("seconds"), duration / 1000}});
+        });
+    });
+}
+
+int runIdle(const QString &what)
+{
+    HostWindow window;
+    window.resize(600, 600);
+    QVEmbedManager panel;
+    QVClickManager manager;
+    configureHost(QStringLiteral("test-draw"));
+    endOnFailure(panel);
+    endOnFailure(manager);
+    QObject::connect(&panel, &QVEmbedManager::ready, &window, tellIdle);
+    QObject::connect(&manager, &QVClickManager::popupOpened, &window, [] {
+        QTimer::singleShot(2 * settleMilliseconds, qApp, [] { click(*findPart("QVCloseButton")); });
+    });
+    QObject::connect(&manager, &QVClickManager::closed, &window, tellIdle);
+    if (what == QLatin1String("panel"))
+        window.place(panel.embedView(), HostWindow::panelSize);
+    else
+        window.place(manager.clickButton(), HostWindow::buttonSize);
+    window.show();
+    if (what == QLatin1String("popup"))
+        QTimer::singleShot(settleMilliseconds, &window, [&] { click(*manager.clickButton()); });
+    else if (what == QLatin1String("button"))
+        tellIdle();
+    return QApplication::exec();
+}
+
+int run(const QString &mode, double start)
+{
+    const QString what = mode.section(u'-', 1);
+    if (mode == QLatin1String("panel"))
+        return runPanel(start);
+    if (mode == QLatin1String("click"))
+        return runClick();
+    if (mode == QLatin1String("invisible"))
+        return runInvisible();
+    if (mode == QLatin1String("stroke"))
+        return runStroke();
+    if (mode == QLatin1String("solve-popup"))
+        return runSolvePopup();
+    if (mode == QLatin1String("solve-panel"))
+        return runSolvePanel();
+    return mode.startsWith(QLatin1String("frames")) ? runFrames(what) : runIdle(what);
 }
 
 } // namespace
 
+/// quarvo-bench-host MODE ADDRESSES
 int main(int argc, char *argv[])
 {
     const double start = benchNow();
-    QApplication application(argc, argv);
-    const QString mode = QApplication::arguments().value(1);
-    if (mode == QLatin1String("invisible"))
-        return runInvisible();
-    return mode == QLatin1String("click") ? runClick() : runPanel(start);
+    return runApplication(argc, argv, [start](const QString &mode) { return run(mode, start); });
 }

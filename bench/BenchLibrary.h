@@ -1,8 +1,0 @@
-#pragma once
-
-#include "BenchChild.h"
-
-class BenchReport;
-
-/// How large the library is, stripped and without its artwork.
-void benchLibrary(const BenchSetting &setting, BenchReport &report);

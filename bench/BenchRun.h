@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QJsonObject>
+#include <QProcessEnvironment>
+#include <QStringList>
+
+#include <map>
+#include <vector>
+
+/// What the runs of one host told, by the figures' names.
+class BenchRuns
+{
+public:
+    void add(const QJsonObject &told);
+
+    [[nodiscard]] double median(const char *name) const;
+    [[nodiscard]] double worst(const char *name) const;
+
+private:
+    std::map<QString, std::vector<double>> m_figures;
+};
+
+/// Runs \a program to its end, and returns the figures that it prints as one line of JSON. Throws where
+/// it fails.
+[[nodiscard]] QJsonObject benchRun(const QString &program, const QStringList &arguments,
+                                   const QProcessEnvironment &environment);

@@ -1,0 +1,97 @@
+#include "hosts/StallProbe.h"
+
+#include "BenchClock.h"
+
+#include <QtGlobal>
+
+#include <algorithm>
+#include <dlfcn.h>
+#include <poll.h>
+
+namespace {
+
+constexpr double longMilliseconds = 4;
+
+// Nothing of the event loop tells when it wakes up, so the program's own poll() stands before the system's.
+bool isWatching = false;
+thread_local bool isMainThread = false;
+double awakeSince = 0;
+double longestStall = 0;
+int longStalls = 0;
+
+void fallAsleep()
+{
+    if (!isWatching || awakeSince <= 0)
+        return;
+    const double stall = benchNow() - awakeSince;
+    longestStall = std::max(longestStall, stall);
+    longStalls += stall > longMilliseconds ? 1 : 0;
+    awakeSince = 0;
+}
+
+template<class Poll>
+int watched(bool mayWait, Poll poll)
+{
+    if (!isMainThread || !mayWait)
+        return poll();
+    fallAsleep();
+    const int ready = poll();
+    awakeSince = benchNow();
+    return ready;
+}
+
+template<class Function>
+Function usual(const char *name)
+{
+    return reinterpret_cast<Function>(::dlsym(RTLD_NEXT, name));
+}
+
+} // namespace
+
+extern "C" Q_DECL_EXPORT int poll(pollfd *descriptors, nfds_t count, int timeout)
+{
+    static const auto real = usual<decltype(&poll)>("poll");
+    return watched(timeout != 0, [&] { return real(descriptors, count, timeout); });
+}
+
+extern "C" Q_DECL_EXPORT int ppoll(pollfd *descriptors, nfds_t count, const timespec *timeout,
+                                   const sigset_t *signals)
+{
+    static const auto real = usual<decltype(&ppoll)>("ppoll");
+    const bool mayWait = !timeout || timeout->tv_sec > 0 || timeout->tv_nsec > 0;
+    return watched(mayWait, [&] { return real(descriptors, count, timeout, signals); });
+}
+
+StallProbe::StallProbe()
+{
+    isMainThread = true;
+    longestStall = 0;
+    longStalls = 0;
+    resume();
+}
+
+StallProbe::~StallProbe()
+{
+    pause();
+}
+
+void StallProbe::pause()
+{
+    isWatching = false;
+}
+
+void StallProbe::resume()
+{
+    awakeSince = 0;
+    isWatching = true;
+}
+
+double StallProbe::longest() const
+{
+    return longestStall;
+}
+
+int StallProbe::many() const
+{
+    return longStalls;
+}
