@@ -1,7 +1,7 @@
-#include "secrets/QVDesktopStore.h"
+#include "secrets/QVSecureStore.h"
 
 // A build without libsecret. There is no stand-in in plain text.
-std::unique_ptr<QVSecureStore> QVDesktopStore::open()
+QVOpenSecretStore qv_findSecretStore()
 {
     return nullptr;
 }

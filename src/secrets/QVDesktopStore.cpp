@@ -1,27 +1,172 @@
 #include "secrets/QVDesktopStore.h"
 
-#include "secrets/QVBoundedStore.h"
+#include "platform/QVScheduler.h"
+#include "secrets/QVSessionBus.h"
+
+#include <algorithm>
+#include <system_error>
+#include <utility>
+
+using namespace std::chrono_literals;
 
 namespace {
 
+constexpr std::chrono::minutes firstPause = 5min;
+constexpr std::chrono::minutes longestPause = 24h;
+
+const QVSecureStore::Answer notAvailable{QVSecureStatus::NotAvailable, {}};
+
 QVSecureStore *replacement = nullptr;
 
-} // namespace
-
-std::unique_ptr<QVSecureStore> QVDesktopStore::create(std::chrono::milliseconds limit)
+/// Null where there is no bus or no module; the next call tries again.
+std::unique_ptr<QVSecureStore> open()
 {
-    return std::make_unique<QVBoundedStore>(&QVDesktopStore::open, limit);
+    const QByteArray bus = qv_sessionBusAddress();
+    if (bus.isEmpty())
+        return nullptr;
+    static const QVOpenSecretStore make = qv_findSecretStore();
+    return std::unique_ptr<QVSecureStore>(make ? make(bus) : nullptr);
 }
+
+} // namespace
 
 QVSecureStore &QVDesktopStore::shared()
 {
     if (replacement)
         return *replacement;
-    static const std::unique_ptr<QVSecureStore> store = create();
-    return *store;
+    static QVDesktopStore store;
+    return store;
 }
 
 void QVDesktopStore::setShared(QVSecureStore *store)
 {
     replacement = store;
+}
+
+QVDesktopStore::QVDesktopStore(std::chrono::milliseconds limit)
+    : m_limit(limit)
+{
+}
+
+QVDesktopStore::~QVDesktopStore()
+{
+    m_thread.request_stop();
+    const std::scoped_lock lock(m_mutex);
+    giveUp();
+}
+
+QVSecureStore::Answer QVDesktopStore::copyMatching(const QVSecureQuery &query, Return what)
+{
+    return run([query, what](QVSecureStore &store) { return store.copyMatching(query, what); });
+}
+
+QVSecureStatus QVDesktopStore::add(const QVSecureItem &item)
+{
+    return run([item](QVSecureStore &store) { return Answer{store.add(item), {}}; }).status;
+}
+
+QVSecureStatus QVDesktopStore::update(const QVSecureQuery &query, const QByteArray &data,
+                                      const QString &accessibility)
+{
+    return run([=](QVSecureStore &store) {
+               return Answer{store.update(query, data, accessibility), {}};
+           })
+        .status;
+}
+
+QVSecureStatus QVDesktopStore::deleteMatching(const QVSecureQuery &query)
+{
+    return run([query](QVSecureStore &store) { return Answer{store.deleteMatching(query), {}}; }).status;
+}
+
+void QVDesktopStore::prepare()
+{
+    if (m_thread.joinable())
+        return;
+    const std::scoped_lock lock(m_mutex);
+    (void)begin([](QVSecureStore &store) {
+        store.prepare();
+        return Answer();
+    });
+}
+
+QVSecureStore::Answer QVDesktopStore::run(Call call)
+{
+    if (QVScheduler::shared().now() < m_leftAloneUntil)
+        return notAvailable;
+    std::unique_lock lock(m_mutex);
+    if (!begin(std::move(call)))
+        return notAvailable;
+    if (m_changed.wait_for(lock, m_limit, [this] { return m_answer.has_value(); })) {
+        m_pause = 0min;
+        return *std::exchange(m_answer, std::nullopt);
+    }
+    giveUp();
+    m_pause = m_pause == 0min ? firstPause : std::min(2 * m_pause, longestPause);
+    m_leftAloneUntil = QVScheduler::shared().now() + m_pause;
+    return notAvailable;
+}
+
+/// False where there is no thread to be had.
+bool QVDesktopStore::begin(Call call)
+{
+    try {
+        if (!m_thread.joinable())
+            m_thread = std::jthread([this](const std::stop_token &stop) { work(stop); });
+    } catch (const std::system_error &) {
+        return false;
+    }
+    ++m_turn;
+    m_call = std::move(call);
+    m_answer.reset();
+    m_changed.notify_all();
+    return true;
+}
+
+void QVDesktopStore::giveUp()
+{
+    ++m_turn;
+    m_call = nullptr;
+    if (m_store)
+        m_store->cancel();
+}
+
+void QVDesktopStore::work(const std::stop_token &stop)
+{
+    std::unique_lock lock(m_mutex);
+    while (m_changed.wait(lock, stop, [this] { return m_call != nullptr; })) {
+        const Call call = std::exchange(m_call, nullptr);
+        const int turn = m_turn;
+        const bool isKept = m_store != nullptr;
+        Answer answer = ask(call, lock);
+        // A kept connection may be to a service that was started anew since.
+        if (isKept && answer.status == QVSecureStatus::NotAvailable && turn == m_turn)
+            answer = ask(call, lock);
+        if (turn != m_turn)
+            continue;
+        m_answer = std::move(answer);
+        m_changed.notify_all();
+    }
+    m_store.reset();
+}
+
+/// Without the lock while the desktop is at it. A store that fails is not used again.
+QVSecureStore::Answer QVDesktopStore::ask(const Call &call, std::unique_lock<std::mutex> &lock)
+{
+    const int turn = m_turn;
+    if (!m_store) {
+        lock.unlock();
+        std::unique_ptr<QVSecureStore> opened = open();
+        lock.lock();
+        m_store = std::move(opened);
+    }
+    Answer answer = notAvailable;
+    if (m_store && turn == m_turn) {
+        lock.unlock();
+        answer = call(*m_store);
+        lock.lock();
+    }
+    if (answer.status == QVSecureStatus::NotAvailable)
+        m_store.reset();
+    return answer;
 }

@@ -1,7 +1,6 @@
-#include "secrets/QVDesktopStore.h"
-#include "secrets/QVSecretStoreEntry.h"
+#include "secrets/QVSecureStore.h"
 
-std::unique_ptr<QVSecureStore> QVDesktopStore::open()
+QVOpenSecretStore qv_findSecretStore()
 {
-    return std::unique_ptr<QVSecureStore>(quarvoSecretStore());
+    return quarvoSecretStore;
 }

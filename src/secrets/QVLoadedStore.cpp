@@ -1,6 +1,4 @@
-#include "secrets/QVDesktopStore.h"
-#include "secrets/QVSecretStoreEntry.h"
-#include "secrets/QVSessionBus.h"
+#include "secrets/QVSecureStore.h"
 
 #include <QLoggingCategory>
 
@@ -10,24 +8,16 @@ namespace {
 
 Q_LOGGING_CATEGORY(secretsLog, "quarvo.secrets", QtInfoMsg)
 
+} // namespace
+
 // libsecret and what it needs take milliseconds to load, which no host's start has to wait for. Not by
 // QLibrary: the loader looks below the folder of the library that calls it. Never closed, since what it
 // registers with GLib stays.
-QVSecretStoreEntry findEntry()
+QVOpenSecretStore qv_findSecretStore()
 {
     void *const module = dlopen(QUARVO_SECRETS_MODULE, RTLD_NOW | RTLD_LOCAL);
     void *const entry = module ? dlsym(module, "quarvoSecretStore") : nullptr;
     if (!entry)
         qCWarning(secretsLog, "No key chain: %s", dlerror());
-    return reinterpret_cast<QVSecretStoreEntry>(entry);
-}
-
-} // namespace
-
-std::unique_ptr<QVSecureStore> QVDesktopStore::open()
-{
-    if (qv_sessionBusAddress().isEmpty())
-        return nullptr;
-    static const QVSecretStoreEntry make = findEntry();
-    return std::unique_ptr<QVSecureStore>(make ? make() : nullptr);
+    return reinterpret_cast<QVOpenSecretStore>(entry);
 }

@@ -1,10 +1,8 @@
 #include "secrets/QVSecretServiceStore.h"
 
-#include "secrets/QVGlibError.h"
 #include "secrets/QVPromptlessService.h"
-#include "secrets/QVSecretStoreEntry.h"
-#include "secrets/QVSessionBus.h"
 
+#include <algorithm>
 #include <libsecret/secret.h>
 
 namespace {
@@ -22,15 +20,64 @@ constexpr const char *accountName = "account";
 constexpr const char *accessGroupName = "accessGroup";
 constexpr const char *accessibilityName = "accessibility";
 
+const SecretSchema *schema()
+{
+    static const SecretSchema *const made = secret_schema_new(
+        "com.quarvo.qvkeychain", SECRET_SCHEMA_NONE, serviceName, SECRET_SCHEMA_ATTRIBUTE_STRING, accountName,
+        SECRET_SCHEMA_ATTRIBUTE_STRING, accessGroupName, SECRET_SCHEMA_ATTRIBUTE_STRING, accessibilityName,
+        SECRET_SCHEMA_ATTRIBUTE_STRING, nullptr);
+    return made;
+}
+
+/// The error of a GLib call, and what it means for the secure store.
+class Error
+{
+public:
+    Error() = default;
+    Error(const Error &) = delete;
+    Error &operator=(const Error &) = delete;
+    ~Error() { g_clear_error(&m_error); }
+
+    /// Where the call puts its error.
+    [[nodiscard]] GError **place() { return &m_error; }
+    [[nodiscard]] QVSecureStatus status() const;
+
+private:
+    GError *m_error = nullptr;
+};
+
+QVSecureStatus Error::status() const
+{
+    struct Meaning
+    {
+        GQuark domain;
+        int code;
+        QVSecureStatus status;
+    };
+    static const Meaning meanings[]{
+        {SECRET_ERROR, SECRET_ERROR_IS_LOCKED, QVSecureStatus::InteractionNotAllowed},
+        {SECRET_ERROR, SECRET_ERROR_NO_SUCH_OBJECT, QVSecureStatus::ItemNotFound},
+        {SECRET_ERROR, SECRET_ERROR_ALREADY_EXISTS, QVSecureStatus::DuplicateItem},
+        {G_DBUS_ERROR, G_DBUS_ERROR_ACCESS_DENIED, QVSecureStatus::AuthFailed},
+        {G_DBUS_ERROR, G_DBUS_ERROR_AUTH_FAILED, QVSecureStatus::AuthFailed},
+        {G_DBUS_ERROR, G_DBUS_ERROR_NO_MEMORY, QVSecureStatus::Allocate},
+        {G_DBUS_ERROR, G_DBUS_ERROR_LIMITS_EXCEEDED, QVSecureStatus::Allocate},
+        {G_DBUS_ERROR, G_DBUS_ERROR_INVALID_ARGS, QVSecureStatus::Param},
+        {G_DBUS_ERROR, G_DBUS_ERROR_UNKNOWN_METHOD, QVSecureStatus::Unimplemented},
+        {G_DBUS_ERROR, G_DBUS_ERROR_NOT_SUPPORTED, QVSecureStatus::Unimplemented},
+    };
+    if (!m_error)
+        return QVSecureStatus::Success;
+    const auto *const meaning = std::ranges::find_if(meanings, [this](const Meaning &candidate) {
+        return g_error_matches(m_error, candidate.domain, candidate.code);
+    });
+    return meaning == std::end(meanings) ? QVSecureStatus::NotAvailable : meaning->status;
+}
+
 void insert(const Table &table, const char *name, const QString &value)
 {
     if (!value.isNull())
         g_hash_table_insert(table.get(), g_strdup(name), g_strdup(value.toUtf8().constData()));
-}
-
-void insertSchema(const Table &table)
-{
-    insert(table, "xdg:schema", QStringLiteral("com.quarvo.qvkeychain"));
 }
 
 QString value(const Table &table, const char *name)
@@ -38,47 +85,13 @@ QString value(const Table &table, const char *name)
     return QString::fromUtf8(static_cast<const char *>(g_hash_table_lookup(table.get(), name)));
 }
 
-/// By what the items of a query are found.
-Table attributesOf(const QVSecureQuery &query)
+/// By what an item is found.
+Table attributesOf(const auto &item)
 {
     Table table(g_hash_table_new_full(g_str_hash, g_str_equal, g_free, g_free));
-    insert(table, serviceName, query.service);
-    insert(table, accountName, query.account);
-    insert(table, accessGroupName, query.accessGroup);
-    // Only where nothing else narrows the search: a keyring that has not been unlocked yet knows its
-    // items' attributes, but not their schema.
-    if (g_hash_table_size(table.get()) == 0)
-        insertSchema(table);
-    return table;
-}
-
-GVariant *attributesOf(const QVSecureItem &item)
-{
-    const Table table = attributesOf(QVSecureQuery{item.service, item.account, item.accessGroup});
-    insertSchema(table);
-    insert(table, accessibilityName, item.accessibility);
-    GVariantBuilder builder;
-    g_variant_builder_init(&builder, G_VARIANT_TYPE("a{ss}"));
-    const auto append = [](gpointer name, gpointer text, gpointer to) {
-        g_variant_builder_add(static_cast<GVariantBuilder *>(to), "{ss}", static_cast<const char *>(name),
-                              static_cast<const char *>(text));
-    };
-    g_hash_table_foreach(table.get(), append, &builder);
-    return g_variant_builder_end(&builder);
-}
-
-Table propertiesOf(const QVSecureItem &item)
-{
-    const auto release = [](gpointer variant) {
-        g_variant_unref(static_cast<GVariant *>(variant));
-    };
-    Table table(g_hash_table_new_full(g_str_hash, g_str_equal, g_free, release));
-    const auto insertVariant = [&](const char *name, GVariant *variant) {
-        g_hash_table_insert(table.get(), g_strdup(name), g_variant_ref_sink(variant));
-    };
-    const QByteArray label = (item.label.isNull() ? item.service : item.label).toUtf8();
-    insertVariant("org.freedesktop.Secret.Item.Label", g_variant_new_string(label.constData()));
-    insertVariant("org.freedesktop.Secret.Item.Attributes", attributesOf(item));
+    insert(table, serviceName, item.service);
+    insert(table, accountName, item.account);
+    insert(table, accessGroupName, item.accessGroup);
     return table;
 }
 
@@ -87,144 +100,110 @@ Value valueOf(const QByteArray &data)
     return Value(secret_value_new(data.constData(), data.size(), "text/plain"));
 }
 
-/// While it lives, what GLib does on this thread comes to a context of our own, and not to the one that
-/// the host's thread runs.
-class OwnContext
-{
-public:
-    explicit OwnContext(GMainContext *context)
-        : m_context(context)
-    {
-        g_main_context_push_thread_default(m_context);
-    }
-    OwnContext(const OwnContext &) = delete;
-    OwnContext &operator=(const OwnContext &) = delete;
-    ~OwnContext() { g_main_context_pop_thread_default(m_context); }
-
-private:
-    GMainContext *m_context;
-};
-
 } // namespace
 
-QVSecureStore *quarvoSecretStore()
+QVSecureStore *quarvoSecretStore(const QByteArray &busAddress)
 {
-    return std::make_unique<QVSecretServiceStore>().release();
+    return std::make_unique<QVSecretServiceStore>(busAddress).release();
 }
 
-QVSecretServiceStore::QVSecretServiceStore()
-    : m_context(g_main_context_new())
+QVSecretServiceStore::QVSecretServiceStore(QByteArray busAddress)
+    : m_busAddress(std::move(busAddress))
+    , m_context(g_main_context_new())
     , m_cancellable(g_cancellable_new())
 {
+    // What GLib does on this thread comes to a context of our own, which nobody runs, and not to the one that
+    // the host's main thread runs.
+    g_main_context_push_thread_default(m_context.get());
 }
 
 QVSecretServiceStore::~QVSecretServiceStore()
 {
-    disconnect();
+    if (m_connection)
+        g_dbus_connection_close(m_connection.get(), nullptr, nullptr, nullptr);
+    g_main_context_pop_thread_default(m_context.get());
 }
 
 QVSecureStore::Answer QVSecretServiceStore::copyMatching(const QVSecureQuery &query, Return what)
 {
     Answer answer;
-    answer.status = perform([&] {
-        answer.items.clear();
-        QList<QByteArray> paths;
-        QVSecureStatus status = search(query, paths);
-        if (status != QVSecureStatus::Success || what == Return::Nothing)
-            return status;
-        if (what == Return::Data)
-            return readData(paths.constFirst(), answer.items.emplaceBack().data);
-        for (auto path = paths.cbegin(); status == QVSecureStatus::Success && path != paths.cend(); ++path)
-            status = readAttributes(*path, answer.items.emplaceBack());
-        return status;
-    });
+    QList<QByteArray> paths;
+    answer.status = search(query, paths);
+    if (what == Return::Nothing)
+        return answer;
+    const auto read =
+        what == Return::Data ? &QVSecretServiceStore::readData : &QVSecretServiceStore::readAttributes;
+    if (what == Return::Data)
+        paths.resize(std::min<qsizetype>(paths.size(), 1));
+    for (auto path = paths.cbegin(); answer.status == QVSecureStatus::Success && path != paths.cend(); ++path)
+        answer.status = (this->*read)(*path, answer.items.emplaceBack());
     return answer;
 }
 
 QVSecureStatus QVSecretServiceStore::add(const QVSecureItem &item)
 {
-    return perform([&] {
-        const Table properties = propertiesOf(item);
-        QVGlibError error;
-        // Replacing: another process of the same host may have stored the same since we looked.
-        const Text path(secret_service_create_item_dbus_path_sync(
-            m_service.get(), "/org/freedesktop/secrets/aliases/default", properties.get(),
-            valueOf(item.data).get(), SECRET_ITEM_CREATE_REPLACE, m_cancellable.get(), error.place()));
-        // What is missing is the collection to add to; making one would ask the user for a password.
-        return error.status() == QVSecureStatus::ItemNotFound ? QVSecureStatus::NotAvailable : error.status();
-    });
+    if (const QVSecureStatus status = connect(); status != QVSecureStatus::Success)
+        return status;
+    const Table attributes = attributesOf(item);
+    insert(attributes, accessibilityName, item.accessibility);
+    const QByteArray label = (item.label.isNull() ? item.service : item.label).toUtf8();
+    // Replaces: another process of the same host may have stored the same since we looked.
+    Error error;
+    secret_service_store_sync(m_service.get(), schema(), attributes.get(), SECRET_COLLECTION_DEFAULT,
+                              label.constData(), valueOf(item.data).get(), m_cancellable.get(),
+                              error.place());
+    return error.status();
 }
 
 QVSecureStatus QVSecretServiceStore::update(const QVSecureQuery &query, const QByteArray &data,
                                             const QString &accessibility)
 {
-    return perform([&] {
-        QList<QByteArray> paths;
-        QVGlibPointer<SecretItem> item;
-        QVSecureStatus status = search(query, paths);
-        if (status == QVSecureStatus::Success)
-            status = open(paths.constFirst(), item);
-        if (status != QVSecureStatus::Success)
-            return status;
-        QVGlibError error;
-        secret_item_set_secret_sync(item.get(), valueOf(data).get(), m_cancellable.get(), error.place());
-        const bool isDone = error.status() != QVSecureStatus::Success || accessibility.isNull();
-        return isDone ? error.status() : setAccessibility(item.get(), accessibility);
-    });
+    QList<QByteArray> paths;
+    QVGlibPointer<SecretItem> item;
+    QVSecureStatus status = search(query, paths);
+    if (status == QVSecureStatus::Success)
+        status = open(paths.constFirst(), item);
+    if (status != QVSecureStatus::Success)
+        return status;
+    Error error;
+    secret_item_set_secret_sync(item.get(), valueOf(data).get(), m_cancellable.get(), error.place());
+    if (error.status() != QVSecureStatus::Success || accessibility.isNull())
+        return error.status();
+    const Table attributes(secret_item_get_attributes(item.get()));
+    insert(attributes, accessibilityName, accessibility);
+    secret_item_set_attributes_sync(item.get(), nullptr, attributes.get(), m_cancellable.get(),
+                                    error.place());
+    return error.status();
 }
 
 QVSecureStatus QVSecretServiceStore::deleteMatching(const QVSecureQuery &query)
 {
-    return perform([&] {
-        QList<QByteArray> paths;
-        QVSecureStatus status = search(query, paths);
-        for (auto path = paths.cbegin(); status == QVSecureStatus::Success && path != paths.cend(); ++path) {
-            QVGlibError error;
-            secret_service_delete_item_dbus_path_sync(m_service.get(), path->constData(), m_cancellable.get(),
-                                                      error.place());
-            status = error.status();
-        }
-        return status;
-    });
+    QList<QByteArray> paths;
+    QVSecureStatus status = search(query, paths);
+    for (auto path = paths.cbegin(); status == QVSecureStatus::Success && path != paths.cend(); ++path) {
+        Error error;
+        secret_service_delete_item_dbus_path_sync(m_service.get(), path->constData(), m_cancellable.get(),
+                                                  error.place());
+        status = error.status();
+    }
+    return status;
 }
 
 void QVSecretServiceStore::prepare()
 {
-    (void)perform([&] {
-        QVGlibError error;
-        secret_service_ensure_session_sync(m_service.get(), m_cancellable.get(), error.place());
-        return error.status();
-    });
-}
-
-QVSecureStatus QVSecretServiceStore::perform(const Operation &operation)
-{
-    const OwnContext context(m_context.get());
-    const bool isKept = m_service != nullptr;
-    const QVSecureStatus status = attempt(operation);
-    // A kept connection may be to a service that was started anew since.
-    return status == QVSecureStatus::NotAvailable && isKept ? attempt(operation) : status;
-}
-
-QVSecureStatus QVSecretServiceStore::attempt(const Operation &operation)
-{
-    QVSecureStatus status = m_service ? QVSecureStatus::Success : connect();
-    if (status == QVSecureStatus::Success)
-        status = operation();
-    if (status == QVSecureStatus::NotAvailable)
-        disconnect();
-    return status;
+    if (connect() == QVSecureStatus::Success)
+        secret_service_ensure_session_sync(m_service.get(), m_cancellable.get(), nullptr);
 }
 
 QVSecureStatus QVSecretServiceStore::connect()
 {
-    const QByteArray address = qv_sessionBusAddress();
+    if (m_service)
+        return QVSecureStatus::Success;
     const auto flags = GDBusConnectionFlags(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
                                             G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
-    QVGlibError error;
-    if (!address.isEmpty())
-        m_connection.reset(g_dbus_connection_new_for_address_sync(address.constData(), flags, nullptr,
-                                                                  m_cancellable.get(), error.place()));
+    Error error;
+    m_connection.reset(g_dbus_connection_new_for_address_sync(m_busAddress.constData(), flags, nullptr,
+                                                              m_cancellable.get(), error.place()));
     if (!m_connection)
         return QVSecureStatus::NotAvailable;
     m_service.reset(static_cast<SecretService *>(
@@ -233,22 +212,21 @@ QVSecureStatus QVSecretServiceStore::connect()
     return error.status();
 }
 
-void QVSecretServiceStore::disconnect()
-{
-    m_service.reset();
-    if (m_connection)
-        g_dbus_connection_close(m_connection.get(), nullptr, nullptr, nullptr);
-    m_connection.reset();
-}
-
 /// The items that can be read. Not allowed where all that match are locked.
 QVSecureStatus QVSecretServiceStore::search(const QVSecureQuery &query, QList<QByteArray> &paths)
 {
+    if (const QVSecureStatus status = connect(); status != QVSecureStatus::Success)
+        return status;
+    const Table attributes = attributesOf(query);
+    // Only where nothing else narrows the search: a keyring that has not been unlocked yet knows its items'
+    // attributes, but not their schema.
+    const bool isForAll = g_hash_table_size(attributes.get()) == 0;
     char **unlocked = nullptr;
     char **locked = nullptr;
-    QVGlibError error;
-    secret_service_search_for_dbus_paths_sync(m_service.get(), nullptr, attributesOf(query).get(),
-                                              m_cancellable.get(), &unlocked, &locked, error.place());
+    Error error;
+    secret_service_search_for_dbus_paths_sync(m_service.get(), isForAll ? schema() : nullptr,
+                                              attributes.get(), m_cancellable.get(), &unlocked, &locked,
+                                              error.place());
     const PathList ownUnlocked(unlocked);
     const PathList ownLocked(locked);
     for (char **path = unlocked; path && *path; ++path)
@@ -258,9 +236,9 @@ QVSecureStatus QVSecretServiceStore::search(const QVSecureQuery &query, QList<QB
     return locked && *locked ? QVSecureStatus::InteractionNotAllowed : QVSecureStatus::ItemNotFound;
 }
 
-QVSecureStatus QVSecretServiceStore::readData(const QByteArray &path, QByteArray &data)
+QVSecureStatus QVSecretServiceStore::readData(const QByteArray &path, QVSecureItem &item)
 {
-    QVGlibError error;
+    Error error;
     const Value value(secret_service_get_secret_for_dbus_path_sync(m_service.get(), path.constData(),
                                                                    m_cancellable.get(), error.place()));
     if (!value)
@@ -269,7 +247,7 @@ QVSecureStatus QVSecretServiceStore::readData(const QByteArray &path, QByteArray
     const char *const bytes = secret_value_get(value.get(), &size);
     if (size > maximumSize)
         return QVSecureStatus::Decode;
-    data = QByteArray(bytes, qsizetype(size));
+    item.data = QByteArray(bytes, qsizetype(size));
     return QVSecureStatus::Success;
 }
 
@@ -290,17 +268,8 @@ QVSecureStatus QVSecretServiceStore::readAttributes(const QByteArray &path, QVSe
 
 QVSecureStatus QVSecretServiceStore::open(const QByteArray &path, QVGlibPointer<SecretItem> &item)
 {
-    QVGlibError error;
+    Error error;
     item.reset(secret_item_new_for_dbus_path_sync(m_service.get(), path.constData(), SECRET_ITEM_NONE,
                                                   m_cancellable.get(), error.place()));
-    return error.status();
-}
-
-QVSecureStatus QVSecretServiceStore::setAccessibility(SecretItem *item, const QString &accessibility)
-{
-    const Table attributes(secret_item_get_attributes(item));
-    insert(attributes, accessibilityName, accessibility);
-    QVGlibError error;
-    secret_item_set_attributes_sync(item, nullptr, attributes.get(), m_cancellable.get(), error.place());
     return error.status();
 }

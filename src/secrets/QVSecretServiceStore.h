@@ -1,22 +1,34 @@
 #pragma once
 
-#include "secrets/QVGlibPointer.h"
 #include "secrets/QVSecureStore.h"
 
 #include <functional>
+#include <gio/gio.h>
+#include <memory>
 
 typedef struct _SecretService SecretService;
 typedef struct _SecretItem SecretItem;
 
+/// Gives back a GLib pointer by the function that its type needs.
+template<auto release>
+struct QVGlibRelease
+{
+    void operator()(auto *pointer) const { release(pointer); }
+};
+
+/// Owns one reference to a GObject.
+template<class T>
+using QVGlibPointer = std::unique_ptr<T, QVGlibRelease<g_object_unref>>;
+
 /// The store of a freedesktop.org desktop, its Secret Service. A call waits for the service, however long
-/// that takes. Used on one thread, but for cancel().
+/// that takes. Used on the thread that made it, but for cancel().
 ///
-/// The connection to the session bus is kept from one call to the next. It is our own and not the one
+/// It keeps a connection to the session bus from its first call on. The connection is our own and not the one
 /// that a process shares: that one ends the process when the bus goes away.
 class QVSecretServiceStore final : public QVSecureStore
 {
 public:
-    QVSecretServiceStore();
+    explicit QVSecretServiceStore(QByteArray busAddress);
     ~QVSecretServiceStore() override;
 
     [[nodiscard]] Answer copyMatching(const QVSecureQuery &query, Return what) override;
@@ -29,19 +41,13 @@ public:
     void cancel() override { g_cancellable_cancel(m_cancellable.get()); }
 
 private:
-    using Operation = std::function<QVSecureStatus()>;
-
-    [[nodiscard]] QVSecureStatus perform(const Operation &operation);
-    [[nodiscard]] QVSecureStatus attempt(const Operation &operation);
     [[nodiscard]] QVSecureStatus connect();
-    void disconnect();
-
     [[nodiscard]] QVSecureStatus search(const QVSecureQuery &query, QList<QByteArray> &paths);
-    [[nodiscard]] QVSecureStatus readData(const QByteArray &path, QByteArray &data);
+    [[nodiscard]] QVSecureStatus readData(const QByteArray &path, QVSecureItem &item);
     [[nodiscard]] QVSecureStatus readAttributes(const QByteArray &path, QVSecureItem &item);
     [[nodiscard]] QVSecureStatus open(const QByteArray &path, QVGlibPointer<SecretItem> &item);
-    [[nodiscard]] QVSecureStatus setAccessibility(SecretItem *item, const QString &accessibility);
 
+    const QByteArray m_busAddress;
     std::unique_ptr<GMainContext, QVGlibRelease<g_main_context_unref>> m_context;
     QVGlibPointer<GCancellable> m_cancellable;
     QVGlibPointer<GDBusConnection> m_connection;

@@ -19,17 +19,12 @@ enum class QVSecureStatus : int {
     Decode = -26275,
 };
 
-enum class QVSynchronizationMode { Any = 0, No = 1, Yes = 2 };
-
 /// Which items a call is about. An absent field matches every item.
 struct QVSecureQuery
 {
     QString service;
     QString account;
     QString accessGroup;
-    QVSynchronizationMode synchronizationMode = QVSynchronizationMode::Any;
-
-    friend bool operator==(const QVSecureQuery &, const QVSecureQuery &) = default;
 };
 
 /// A password in the secure store.

@@ -31,3 +31,14 @@ public:
     /// Makes the call under way end soon, and each later one at once. May be called from any thread.
     virtual void cancel() {}
 };
+
+/// Gives a store on the session bus with that address, whose calls take as long as the desktop likes. The
+/// caller owns it.
+using QVOpenSecretStore = QVSecureStore *(*)(const QByteArray &busAddress);
+
+/// The one function by which the store over libsecret is reached, found by its name where it is a module.
+extern "C" Q_DECL_EXPORT QVSecureStore *quarvoSecretStore(const QByteArray &busAddress);
+
+/// That function; null where there is none. The shared library finds it in a module, others have it linked
+/// in.
+[[nodiscard]] QVOpenSecretStore qv_findSecretStore();

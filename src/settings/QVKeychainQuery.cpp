@@ -99,7 +99,7 @@ std::optional<QList<QVSecureItem>> QVKeychainQuery::fetchAll(QVError *error) con
 
 QVSecureQuery QVKeychainQuery::query() const
 {
-    return {m_service, m_account, m_accessGroup, m_synchronizationMode};
+    return {m_service, m_account, m_accessGroup};
 }
 
 QVSecureItem QVKeychainQuery::newItem() const

@@ -8,6 +8,9 @@
 
 class QVError;
 
+/// Whether items that a user's devices share are meant. No key chain of this platform shares any.
+enum class QVSynchronizationMode { Any = 0, No = 1, Yes = 2 };
+
 /// One operation on the secure store. Set the fields, then call the operation; each tells whether it
 /// went well and, where it did not, fills in the error if it is given one.
 class QVKeychainQuery

@@ -63,6 +63,9 @@ QDBusMessage QVFakeSecretService::answer(const QDBusMessage &message)
     if (member == QLatin1String("CreateItem"))
         return message.createReply({QVariant::fromValue(QDBusObjectPath(q("/"))),
                                     QVariant::fromValue(QDBusObjectPath(q("/prompt")))});
+    if (member == QLatin1String("Unlock"))
+        return message.createReply({QVariant::fromValue(QList<QDBusObjectPath>()),
+                                    QVariant::fromValue(QDBusObjectPath(q("/prompt")))});
     if (member == QLatin1String("Prompt"))
         ++m_promptCount;
     return message.createReply();

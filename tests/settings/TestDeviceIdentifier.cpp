@@ -93,7 +93,7 @@ private:
 
     void renewStore()
     {
-        m_store = QVDesktopStore::create(QVPrivateDesktop::generousLimit);
+        m_store = std::make_unique<QVDesktopStore>(QVPrivateDesktop::generousLimit);
         QVDesktopStore::setShared(m_store.get());
     }
 

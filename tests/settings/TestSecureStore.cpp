@@ -1,5 +1,4 @@
 #include "secrets/QVDesktopStore.h"
-#include "secrets/QVSecretStoreEntry.h"
 #include "settings/QVFakeSecretService.h"
 #include "settings/QVPrivateDesktop.h"
 #include "support/QVTestCase.h"
@@ -19,7 +18,7 @@ protected:
     {
         m_desktop = std::make_unique<QVPrivateDesktop>();
         QVERIFY(m_desktop->startBus());
-        m_store = QVDesktopStore::create(QVPrivateDesktop::generousLimit);
+        m_store = std::make_unique<QVDesktopStore>(QVPrivateDesktop::generousLimit);
     }
 
     void finish() override
@@ -67,10 +66,10 @@ private Q_SLOTS:
     {
         QVERIFY(m_desktop->startKeyring());
         QCOMPARE(m_store->add(item("one", "a")), QVSecureStatus::Success);
-        const auto make = reinterpret_cast<QVSecretStoreEntry>(
+        const auto make = reinterpret_cast<QVOpenSecretStore>(
             QLibrary::resolve(q(QUARVO_SECRETS_FILE), "quarvoSecretStore"));
         QVERIFY(make);
-        m_store.reset(make());
+        m_store.reset(make(m_desktop->address().toUtf8()));
         QCOMPARE(read("one", "a"), QByteArray("one/a"));
     }
 
@@ -91,7 +90,7 @@ private Q_SLOTS:
         QCOMPARE(m_store->add(item("one", "a")), QVSecureStatus::Success);
         m_desktop->stopKeyring();
         QVERIFY(m_desktop->startKeyring(false));
-        m_store = QVDesktopStore::create(QVPrivateDesktop::generousLimit);
+        m_store = std::make_unique<QVDesktopStore>(QVPrivateDesktop::generousLimit);
         verifyEveryCallGives(QVSecureStatus::InteractionNotAllowed);
         QCOMPARE(m_store->add(item("one", "new")), QVSecureStatus::InteractionNotAllowed);
     }
@@ -124,7 +123,7 @@ private Q_SLOTS:
         std::optional<QVFakeSecretService> service(std::in_place, m_desktop->address(),
                                                    QVFakeSecretService::Manner::Silent);
         QVERIFY(service->isRegistered());
-        m_store = QVDesktopStore::create();
+        m_store = std::make_unique<QVDesktopStore>();
         for (const auto pause : {5min, 10min, 20min}) {
             QMetaObject::invokeMethod(
                 this, [&delivered] { delivered = true; }, Qt::QueuedConnection);
@@ -173,8 +172,8 @@ private Q_SLOTS:
         QFETCH(const bool, isAsked);
         QVFakeSecretService service(m_desktop->address(), QVFakeSecretService::Manner::Silent);
         QVERIFY(service.isRegistered());
-        m_store =
-            QVDesktopStore::create(isAsked ? QVDesktopStore::usualLimit : QVPrivateDesktop::generousLimit);
+        m_store = std::make_unique<QVDesktopStore>(isAsked ? QVDesktopStore::usualLimit
+                                                           : QVPrivateDesktop::generousLimit);
         m_store->prepare();
         QVERIFY(waitFor([&service] { return service.messageCount() > 0; }));
         const int asked = service.messageCount();
