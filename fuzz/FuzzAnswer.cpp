@@ -21,6 +21,7 @@ namespace {
 class BlindSurface final : public QVRenderDrawSurface
 {
 public:
+    [[nodiscard]] bool hasSuperview() const override { return true; }
     void showLoadingAnimation() override {}
     void hiddenLoadingAnimation() override {}
     void setPicture(const QImage & /*picture*/) override {}
@@ -85,7 +86,7 @@ void converse(const QByteArray &configBody, const QByteArray &pictureBody, QVVer
     const auto flow = std::make_shared<QVRenderDrawFlow>(style, &surface);
     flow->handleConfigResponseFromQuarvoServer(config, picture);
     QCoreApplication::processEvents();
-    flow->requestNewPicture();
+    flow->refreshButtonDidClickedAction();
     QCoreApplication::processEvents();
 }
 

@@ -5,11 +5,8 @@
 #include "draw/QVPanEventFilter.h"
 #include "draw/QVRenderStrokeView.h"
 #include "flow/QVRenderDrawFlow.h"
-#include "image/QVImageLoader.h"
 #include "platform/QVMainThread.h"
 #include "platform/QVPage.h"
-#include "platform/QVScheduler.h"
-#include "settings/QVConfigurationManager.h"
 #include "views/QVCharVerifyInputView.h"
 #include "views/QVCustomActionButton.h"
 #include "views/QVRenderDrawImageView.h"
@@ -23,7 +20,6 @@
 namespace {
 
 constexpr double widestContent = 414;
-constexpr auto embedStartDelay = std::chrono::milliseconds(100);
 /// What an embedded view asks of a host's layout: room for the picture and the character input.
 constexpr QSize embedSize(400, 270);
 
@@ -40,7 +36,7 @@ QVRenderDrawView::QVRenderDrawView(QVVerifyStyle style, QWidget *parent)
     connectParts();
     initGesture();
     if (parent)
-        didMoveToSuperview();
+        m_flow->didMoveToSuperview();
 }
 
 QVRenderDrawView::~QVRenderDrawView() = default;
@@ -58,11 +54,6 @@ void QVRenderDrawView::setIdentity(const QVIdentity &identity)
 QVVerifyStyle QVRenderDrawView::verifyStyle() const
 {
     return m_flow->verifyStyle();
-}
-
-bool QVRenderDrawView::outage() const
-{
-    return m_flow->outage();
 }
 
 bool QVRenderDrawView::canDirectlyShow() const
@@ -112,12 +103,12 @@ bool QVRenderDrawView::event(QEvent *event)
 {
     const bool handled = QWidget::event(event);
     if (event->type() == QEvent::ParentChange)
-        didMoveToSuperview();
+        m_flow->didMoveToSuperview();
     else if (event->type() == QEvent::Show)
         watchScreen();
     // A graphics scene is a parent, too.
     if (event->type() == QEvent::Show && graphicsProxyWidget() && !std::exchange(m_isInScene, true))
-        didMoveToSuperview();
+        m_flow->didMoveToSuperview();
     return handled;
 }
 
@@ -131,7 +122,7 @@ void QVRenderDrawView::connectParts()
 {
     imageView().setDelegate(m_flow.get());
     charInputView().setDelegate(this);
-    connect(&helpButton(), &QAbstractButton::clicked, this, &QVRenderDrawView::helpButtonDidClickedAction);
+    connect(&helpButton(), &QAbstractButton::clicked, this, [this] { m_flow->helpButtonDidClickedAction(); });
     connect(&refreshButton(), &QAbstractButton::clicked, this,
             &QVRenderDrawView::refreshButtonDidClickedAction);
 }
@@ -166,18 +157,9 @@ void QVRenderDrawView::watchScreen()
     deviceOrientationDidChangeNotification();
 }
 
-void QVRenderDrawView::didMoveToSuperview()
+bool QVRenderDrawView::hasSuperview() const
 {
-    if (verifyStyle() != QVVerifyStyleEmbed)
-        return;
-    QVConfigurationManager::prepareDeviceId();
-    // Queued: the host is still building its window.
-    QMetaObject::invokeMethod(
-        this, [] { QVImageLoader::shared().prepare(); }, Qt::QueuedConnection);
-    QVScheduler::shared().schedule(embedStartDelay, [view = QPointer(this)] {
-        if (view && (view->parentWidget() || view->graphicsProxyWidget()))
-            view->requestQuarvoConfigAction();
-    });
+    return parentWidget() || graphicsProxyWidget();
 }
 
 void QVRenderDrawView::deviceOrientationDidChangeNotification()
@@ -185,16 +167,10 @@ void QVRenderDrawView::deviceOrientationDidChangeNotification()
     updateContentWidth();
 }
 
-void QVRenderDrawView::helpButtonDidClickedAction()
-{
-    const QVServiceAddresses addresses = QVConfigurationManager::sharedManager().serviceAddresses();
-    qv_openPage(outage() ? addresses.outageHelpPage() : addresses.helpPage());
-}
-
 void QVRenderDrawView::refreshButtonDidClickedAction()
 {
     spinRefreshButton();
-    m_flow->requestNewPicture();
+    m_flow->refreshButtonDidClickedAction();
 }
 
 void QVRenderDrawView::adButtonDidClickedAction(const QVAdButton &button)

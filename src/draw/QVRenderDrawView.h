@@ -35,7 +35,6 @@ public:
     void setDelegate(QVRenderDrawViewDelegate *delegate);
     void setIdentity(const QVIdentity &identity);
     [[nodiscard]] QVVerifyStyle verifyStyle() const;
-    [[nodiscard]] bool outage() const;
     /// Whether there is an answer with a picture, so that a hidden view may be shown again as it is.
     [[nodiscard]] Q_INVOKABLE bool canDirectlyShow() const;
     /// Whether there is a picture, so that its characters can be typed.
@@ -73,10 +72,8 @@ private:
     void initGesture();
     void layoutSubviews();
     void watchScreen();
-    void didMoveToSuperview();
     void deviceOrientationDidChangeNotification();
 
-    void helpButtonDidClickedAction();
     void refreshButtonDidClickedAction();
     void adButtonDidClickedAction(const QVAdButton &button);
     void adButtonWasAdded(QVAdButton &button) override;
@@ -84,6 +81,7 @@ private:
     bool charVerifyInputViewDidClickedDoneButtonWithCharString(QVCharVerifyInputView *view,
                                                                const QString &charString) override;
 
+    [[nodiscard]] bool hasSuperview() const override;
     void setDrawingEnabled(bool enabled) override;
     void beginStroke(QPointF location) override;
     void extendStroke(QPointF location) override;

@@ -2,12 +2,14 @@
 
 #include "flow/QVPassText.h"
 #include "image/QVImageLoader.h"
+#include "platform/QVPage.h"
 #include "platform/QVScheduler.h"
 #include "service/QVAPIRequestManager.h"
 #include "service/QVClickResponseModel.h"
 #include "service/QVConfigResponseModel.h"
 #include "service/QVGetOutageResponseModel.h"
 #include "service/QVVerifyResponseModel.h"
+#include "settings/QVConfigurationManager.h"
 #include "settings/QVLocalization.h"
 #include "settings/QVLocalizationKeys.h"
 
@@ -18,6 +20,7 @@
 
 namespace {
 
+constexpr auto embedStartDelay = std::chrono::milliseconds(100);
 constexpr auto successNoticeDelay = std::chrono::seconds(1);
 constexpr qint64 wrongAnswerCode = 104;
 constexpr qint64 pictureErrorCode = 10000;
@@ -53,6 +56,20 @@ QVRenderDrawFlow::~QVRenderDrawFlow()
         m_getRefreshModel->endTimeDown();
 }
 
+void QVRenderDrawFlow::didMoveToSuperview()
+{
+    if (!isEmbedded())
+        return;
+    QVConfigurationManager::prepareDeviceId();
+    // Not at once: the host is still building its window.
+    QVScheduler::shared().schedule({}, [] { QVImageLoader::shared().prepare(); });
+    QVScheduler::shared().schedule(embedStartDelay, [weak = weak_from_this()] {
+        const auto flow = weak.lock();
+        if (flow && flow->m_surface && flow->surface().hasSuperview())
+            flow->requestQuarvoConfigAction();
+    });
+}
+
 void QVRenderDrawFlow::requestQuarvoConfigAction()
 {
     beginAttempt();
@@ -83,7 +100,7 @@ void QVRenderDrawFlow::handleConfigResponseFromQuarvoServer(
     handleGetRefreshResponseFromQuarvoServer(getRefresh, false);
 }
 
-void QVRenderDrawFlow::requestNewPicture()
+void QVRenderDrawFlow::refreshButtonDidClickedAction()
 {
     if (m_outage)
         requestGetFromOutageServer();
@@ -91,6 +108,12 @@ void QVRenderDrawFlow::requestNewPicture()
         requestRefreshFromQuarvoServer();
     else
         requestQuarvoConfigAction();
+}
+
+void QVRenderDrawFlow::helpButtonDidClickedAction() const
+{
+    const QVServiceAddresses addresses = QVConfigurationManager::sharedManager().serviceAddresses();
+    qv_openPage(m_outage ? addresses.outageHelpPage() : addresses.helpPage());
 }
 
 void QVRenderDrawFlow::charVerifyInputViewDidClickedDoneButtonWithCharString(const QString &charString)
@@ -443,7 +466,7 @@ void QVRenderDrawFlow::handleWrongAnswer(const QVError &error)
     handleRequestError(QVError(qv_localizedStringForKey(QVKey::fail), error.code(), error.userInfo()), false);
     // Equal, not at least: the service may send a picture with a count of its own.
     if (count == triesPerPicture)
-        requestNewPicture();
+        refreshButtonDidClickedAction();
     surface().answerWasWrong();
 }
 

@@ -41,11 +41,12 @@ public:
     /// For whom the service is asked from now on.
     void setIdentity(const QVIdentity &identity) { m_identity = identity; }
     [[nodiscard]] QVVerifyStyle verifyStyle() const { return m_verifyStyle; }
-    [[nodiscard]] bool outage() const { return m_outage; }
     [[nodiscard]] bool canDirectlyShow() const { return m_getRefreshModel || m_getOutageModel; }
     /// To be told what pointers do on the surface.
     [[nodiscard]] QVPanGestureRecognizer &panGestureRecognizer() { return m_gesture.panGestureRecognizer(); }
 
+    /// The surface was given a place. An embedded one asks for its picture soon afterwards.
+    void didMoveToSuperview();
     void requestQuarvoConfigAction();
     void reset();
     /// Starts with answers that the host holds already; without a configuration, from scratch.
@@ -53,7 +54,8 @@ public:
                                               const std::shared_ptr<QVGetRefreshResponseModel> &getRefresh);
 
     /// Replaces the picture; where no service has been chosen yet, starts from scratch.
-    void requestNewPicture();
+    void refreshButtonDidClickedAction();
+    void helpButtonDidClickedAction() const;
     void charVerifyInputViewDidClickedDoneButtonWithCharString(const QString &charString);
     void renderDrawImageViewErrorDidClickedAction() override { reset(); }
     void renderDrawImageViewHiddenDelayErrorCompleted() override;

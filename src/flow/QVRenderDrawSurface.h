@@ -15,6 +15,9 @@ class QVGetRefreshResponseModel;
 class QVRenderDrawSurface : public QVOverlaySurface
 {
 public:
+    /// Whether the surface is part of a host's window or scene.
+    [[nodiscard]] virtual bool hasSuperview() const = 0;
+
     virtual void showLoadingAnimation() = 0;
     virtual void hiddenLoadingAnimation() = 0;
 
