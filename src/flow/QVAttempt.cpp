@@ -35,13 +35,10 @@ void QVAttempt::start(const std::shared_ptr<QVPopup> &hidden)
     m_deadline.start([this](const QVError &error) { handleError(error); });
     if (m_host)
         m_hostWatch = m_presenter.watch(m_host, [this] { close(QVCloseReason::WindowGone); });
-    if (hidden && hidden->canDirectlyShow()) {
-        displayAgain(hidden);
-        return;
-    }
     if (hidden)
-        hidden->dismissWindow();
-    requestOutageAction();
+        displayAgain(hidden);
+    else
+        requestOutageAction();
 }
 
 void QVAttempt::close(QVCloseReason reason)

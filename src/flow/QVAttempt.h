@@ -51,7 +51,7 @@ public:
     ~QVAttempt() override;
     Q_DISABLE_COPY(QVAttempt)
 
-    /// Shows \a hidden again if it has a picture, else asks the service.
+    /// Shows \a hidden, which has a picture, again; where it is null, asks the service.
     void start(const std::shared_ptr<QVPopup> &hidden);
     /// Ends the attempt. A popup that the user closed may be shown again by the next attempt; in other
     /// cases it is dismissed.

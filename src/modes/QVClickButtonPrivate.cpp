@@ -1,6 +1,5 @@
 #include "modes/QVClickButtonPrivate.h"
 
-#include "flow/QVPopup.h"
 #include "modes/QVClickButton.h"
 #include "modes/QVClickButtonDelegate.h"
 #include "modes/QVClickStatusLabel.h"
@@ -50,6 +49,7 @@ QString textKey(QVClickStatus status)
 
 QVClickButtonPrivate::QVClickButtonPrivate(QVClickButton *button)
     : q(button)
+    , m_attempts(QVVerifyStylePopup, QVWidgetPresenter::shared(), this)
 {
     initAction();
 }
@@ -206,9 +206,7 @@ void QVClickButtonPrivate::clickButtonTouchUpInside()
     if (!takesInput())
         return;
     press.forget();
-    m_attempt = std::make_shared<QVAttempt>(QVVerifyStylePopup, identity, QVWidgetPresenter::shared(),
-                                            qv_hostOf(q), this);
-    m_attempt->start(m_qv_controller.lock());
+    m_attempts.start(identity, qv_hostOf(q));
 }
 
 void QVClickButtonPrivate::attemptAsks(QVAttempt & /*attempt*/)
@@ -221,10 +219,9 @@ void QVClickButtonPrivate::attemptDraws(QVAttempt & /*attempt*/)
     setClickStatus(QVClickStatusDrawing);
 }
 
-void QVClickButtonPrivate::attemptShowsPopup(QVAttempt &attempt)
+void QVClickButtonPrivate::attemptShowsPopup(QVAttempt & /*attempt*/)
 {
     // With its picture already chosen, the popup is still part of verifying, so the status stays.
-    m_qv_controller = attempt.popup();
     Q_EMIT q->popupOpened();
 }
 
@@ -283,24 +280,9 @@ void QVClickButtonPrivate::reset()
     const QPointer<QVClickButton> button(q);
     press.forget();
     q->setDown(false);
-    const auto attempt = m_attempt;
+    const bool isUnderWay = m_attempts.areUnderWay();
     // Gives the focus back to the host, which may destroy the button in answer.
-    dismissPopup();
-    if (attempt && !attempt->hasEnded())
-        attempt->close(QVCloseReason::HostReset);
-    else if (button)
+    m_attempts.close(QVCloseReason::HostReset);
+    if (button && !isUnderWay)
         setClickStatus(QVClickStatusNormal);
-}
-
-void QVClickButtonPrivate::abandon()
-{
-    if (m_attempt)
-        m_attempt->abandon();
-    dismissPopup();
-}
-
-void QVClickButtonPrivate::dismissPopup()
-{
-    if (const auto popup = std::exchange(m_qv_controller, {}).lock())
-        popup->dismissWindow();
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "flow/QVAttempt.h"
+#include "flow/QVAttempts.h"
 #include "modes/QVClickStatus.h"
 #include "modes/QVPressTracker.h"
 
@@ -44,7 +44,7 @@ public:
 
     void reset();
     /// Ends the attempt without a word, and the popup with it.
-    void abandon();
+    void abandon() { m_attempts.abandon(); }
 
     void attemptAsks(QVAttempt &attempt) override;
     void attemptDraws(QVAttempt &attempt) override;
@@ -76,10 +76,7 @@ private:
     [[nodiscard]] bool isUnderWay() const;
     void handleSuccess(const QString &token);
     void handleError(const QVError &error);
-    void dismissPopup();
 
     QVSpokenMessage *m_spokenMessage = nullptr;
-    /// The popup of the last attempt, shown or hidden.
-    std::weak_ptr<QVPopup> m_qv_controller;
-    std::shared_ptr<QVAttempt> m_attempt;
+    QVAttempts m_attempts;
 };

@@ -1,6 +1,5 @@
 #include "modes/QVInvisibleManagerPrivate.h"
 
-#include "flow/QVPopup.h"
 #include "modes/QVInvisibleDelegate.h"
 #include "modes/QVInvisibleManager.h"
 #include "popup/QVHostWatch.h"
@@ -11,9 +10,6 @@
 #include <QGuiApplication>
 #include <QScreen>
 #include <QWindow>
-
-#include <algorithm>
-#include <utility>
 
 namespace {
 
@@ -33,6 +29,7 @@ QRect placeOf(const QObject *host)
 
 QVInvisibleManagerPrivate::QVInvisibleManagerPrivate(QVInvisibleManager *manager)
     : q(manager)
+    , m_attempts(QVVerifyStyleInvisible, QVWidgetPresenter::shared(), this)
 {
 }
 
@@ -41,10 +38,8 @@ QVInvisibleManagerPrivate::~QVInvisibleManagerPrivate()
     // Beyond the application object nothing is on screen, and widgets cannot even be hidden.
     if (!QCoreApplication::instance())
         return;
-    for (const Attempt &attempt : std::exchange(m_attempts, {}))
-        attempt->abandon();
+    m_attempts.abandon();
     removeAnimationView();
-    dismissPopup();
 }
 
 QVInvisibleAnimationView *QVInvisibleManagerPrivate::animationView(QObject *host)
@@ -98,28 +93,9 @@ void QVInvisibleManagerPrivate::removeAnimationView()
     m_animationView = nullptr;
 }
 
-void QVInvisibleManagerPrivate::dismissPopup()
-{
-    if (const auto popup = std::exchange(m_qv_controller, {}).lock())
-        popup->dismissWindow();
-}
-
 void QVInvisibleManagerPrivate::startInsivible()
 {
-    const auto popup = m_qv_controller.lock();
-    const bool isReady = popup && popup->canDirectlyShow();
-    const auto shows = [popup](const Attempt &attempt) {
-        return attempt->popup() == popup;
-    };
-    if (isReady && std::ranges::any_of(m_attempts, shows)) {
-        // It is on screen, and so its attempt goes on.
-        popup->displayWindow();
-        return;
-    }
-    const auto attempt = std::make_shared<QVAttempt>(QVVerifyStyleInvisible, identity,
-                                                     QVWidgetPresenter::shared(), qv_activeHost(), this);
-    m_attempts.push_back(attempt);
-    attempt->start(isReady ? popup : nullptr);
+    m_attempts.start(identity, qv_activeHost());
 }
 
 void QVInvisibleManagerPrivate::attemptAsks(QVAttempt &attempt)
@@ -131,12 +107,11 @@ void QVInvisibleManagerPrivate::attemptAsks(QVAttempt &attempt)
 void QVInvisibleManagerPrivate::attemptIsAnswered(QVAttempt &attempt)
 {
     removeAnimationView();
-    replaceAttempts(&attempt);
+    m_attempts.replacePopup(&attempt);
 }
 
-void QVInvisibleManagerPrivate::attemptShowsPopup(QVAttempt &attempt)
+void QVInvisibleManagerPrivate::attemptShowsPopup(QVAttempt & /*attempt*/)
 {
-    m_qv_controller = attempt.popup();
     Q_EMIT q->popupOpened();
 }
 
@@ -152,7 +127,7 @@ void QVInvisibleManagerPrivate::attemptFailsInPopup(QVAttempt & /*attempt*/, con
 
 void QVInvisibleManagerPrivate::attemptHasPassed(QVAttempt &attempt, const QString &token)
 {
-    attemptHasEnded(attempt);
+    attemptHasEnded();
     auto *const view = attempt.popup() ? nullptr : animationView(attempt.qv_controllerHost());
     if (!view) {
         report(q, delegate, token);
@@ -162,15 +137,15 @@ void QVInvisibleManagerPrivate::attemptHasPassed(QVAttempt &attempt, const QStri
     view->passAnimationComplete([manager = QPointer(q), last = delegate, token] {
         if (manager) {
             manager->d->removeAnimationView();
-            manager->d->replaceAttempts(nullptr);
+            manager->d->m_attempts.replacePopup(nullptr);
         }
         report(manager, last, token);
     });
 }
 
-void QVInvisibleManagerPrivate::attemptHasFailed(QVAttempt &attempt, const QVError &error)
+void QVInvisibleManagerPrivate::attemptHasFailed(QVAttempt & /*attempt*/, const QVError &error)
 {
-    attemptHasEnded(attempt);
+    attemptHasEnded();
     const QPointer<QVInvisibleManager> manager(q);
     if (auto *const receiver = delegate.get())
         receiver->invisibleVerifyFailedWithError(error);
@@ -178,30 +153,18 @@ void QVInvisibleManagerPrivate::attemptHasFailed(QVAttempt &attempt, const QVErr
         Q_EMIT manager->failed(error);
 }
 
-void QVInvisibleManagerPrivate::attemptHasClosed(QVAttempt &attempt, QVCloseReason reason)
+void QVInvisibleManagerPrivate::attemptHasClosed(QVAttempt & /*attempt*/, QVCloseReason reason)
 {
-    attemptHasEnded(attempt);
+    attemptHasEnded();
     // The delegate is not told, on purpose: it hears results only.
     Q_EMIT q->closed(reason);
 }
 
-void QVInvisibleManagerPrivate::attemptHasEnded(const QVAttempt &attempt)
+void QVInvisibleManagerPrivate::attemptHasEnded()
 {
-    std::erase_if(m_attempts, [&attempt](const Attempt &one) { return one.get() == &attempt; });
     // All attempts share the badge.
-    if (std::ranges::none_of(m_attempts, &QVAttempt::isAsking))
+    if (!m_attempts.areAsking())
         removeAnimationView();
-}
-
-void QVInvisibleManagerPrivate::replaceAttempts(const QVAttempt *by)
-{
-    const QPointer<QVInvisibleManager> manager(q);
-    for (const Attempt &attempt : std::vector(m_attempts)) {
-        if (attempt.get() != by && attempt->popup())
-            attempt->close(QVCloseReason::Replaced);
-    }
-    if (manager)
-        dismissPopup();
 }
 
 void QVInvisibleManagerPrivate::report(const QPointer<QVInvisibleManager> &manager,
@@ -215,10 +178,6 @@ void QVInvisibleManagerPrivate::report(const QPointer<QVInvisibleManager> &manag
 
 void QVInvisibleManagerPrivate::reset()
 {
-    const QPointer<QVInvisibleManager> manager(q);
     removeAnimationView();
-    for (const Attempt &attempt : std::vector(m_attempts))
-        attempt->close(QVCloseReason::HostReset);
-    if (manager)
-        dismissPopup();
+    m_attempts.close(QVCloseReason::HostReset);
 }

@@ -1,11 +1,10 @@
 #pragma once
 
-#include "flow/QVAttempt.h"
+#include "flow/QVAttempts.h"
 
 #include <QPointer>
 
 #include <memory>
-#include <vector>
 
 class QVHostWatch;
 class QVInvisibleAnimationView;
@@ -39,18 +38,13 @@ public:
     bool animation = true;
 
 private:
-    using Attempt = std::shared_ptr<QVAttempt>;
-
     /// The badge, created over \a host where there is none; null while it is switched off.
     QVInvisibleAnimationView *animationView(QObject *host);
     void createAnimationView(QObject *host);
     void centreAnimationView() const;
     void removeAnimationView();
-    void dismissPopup();
     /// What all ends have in common.
-    void attemptHasEnded(const QVAttempt &attempt);
-    /// Dismisses a popup, shown or hidden, and ends its attempt, unless that is \a by.
-    void replaceAttempts(const QVAttempt *by);
+    void attemptHasEnded();
 
     static void report(const QPointer<QVInvisibleManager> &manager,
                        const QVWeakDelegate<QVInvisibleDelegate> &last, const QString &token);
@@ -59,7 +53,5 @@ private:
     /// What the badge is centred on.
     QPointer<QObject> m_badgeHost;
     std::unique_ptr<QVHostWatch> m_badgeWatch;
-    /// The popup of the last attempt that had one, shown or hidden.
-    std::weak_ptr<QVPopup> m_qv_controller;
-    std::vector<Attempt> m_attempts;
+    QVAttempts m_attempts;
 };

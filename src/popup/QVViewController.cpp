@@ -2,7 +2,6 @@
 
 #include "draw/QVRenderDrawView.h"
 #include "layers/QVValueAnimation.h"
-#include "platform/QVScheduler.h"
 #include "popup/QVCloseButton.h"
 #include "popup/QVSupportLabel.h"
 #include "popup/QVUnfoldEffect.h"
@@ -24,11 +23,10 @@ std::shared_ptr<QVViewController> QVViewController::showQvWithVerifyStyle(QVVeri
                                                                           const Click &click,
                                                                           QVViewControllerDelegate *delegate)
 {
-    const std::shared_ptr<QVViewController> controller(new QVViewController);
+    const std::shared_ptr<QVViewController> controller(new QVViewController(delegate));
     controller->m_verifyStyle = style;
     controller->m_config = config;
     controller->m_clickResp = click;
-    controller->m_delegate = delegate;
     // Its own until dismissWindow() deletes it, or that of a window which it lies in.
     controller->showIn(new QVWindow);
     return controller;
@@ -52,15 +50,15 @@ void QVViewController::setupSubviews()
 {
     m_renderView = new QVRenderDrawView(m_verifyStyle, m_showWindow);
     m_renderView->setDelegate(this);
-    if (const auto *const delegate = m_delegate.get())
-        m_renderView->setIdentity(delegate->qv_controllerIdentity());
+    if (const auto *const opener = delegate())
+        m_renderView->setIdentity(opener->qv_controllerIdentity());
     QObject::connect(m_renderView, &QVRenderDrawView::outageStarted, &m_context, [this] {
-        if (auto *const delegate = m_delegate.get())
-            delegate->qv_controllerOutageAction();
+        if (auto *const opener = delegate())
+            opener->qv_controllerOutageAction();
     });
     QObject::connect(m_renderView, &QVRenderDrawView::failed, &m_context, [this](const QVError &error) {
-        if (auto *const delegate = m_delegate.get())
-            delegate->qv_controllerFailedAction(error);
+        if (auto *const opener = delegate())
+            opener->qv_controllerFailedAction(error);
     });
     m_closeButton = new QVCloseButton(m_showWindow);
     QObject::connect(m_closeButton, &QVCloseButton::clicked, &m_context,
@@ -84,14 +82,10 @@ void QVViewController::layoutSubviews()
     m_supportLabel->move(corner - QPoint(m_supportLabel->width(), m_supportLabel->height()));
 }
 
-void QVViewController::displayWindow()
+void QVViewController::makeKeyAndVisible(QObject *host)
 {
-    const auto self = shared_from_this();
-    ++m_displays;
-    if (m_showWindow) {
-        const auto *const delegate = m_delegate.get();
-        m_showWindow->makeKeyAndVisible(delegate ? delegate->qv_controllerHost() : nullptr);
-    }
+    if (m_showWindow)
+        m_showWindow->makeKeyAndVisible(host);
     showRenderViewAnimation();
 }
 
@@ -141,44 +135,10 @@ void QVViewController::showRenderViewAnimation()
         });
 }
 
-void QVViewController::closeButtonDidClickedAction()
-{
-    const auto self = shared_from_this();
-    const int displays = m_displays;
-    if (auto *const delegate = m_delegate.get())
-        delegate->qv_controllerCloseAction();
-    // The opener's host may have started its next attempt at once.
-    if (m_displays != displays)
-        return;
-    if (canDirectlyShow())
-        hiddenWindow();
-    else
-        dismissWindow();
-}
-
-void QVViewController::renderDrawViewHasPassed()
-{
-    if (auto *const delegate = m_delegate.get())
-        delegate->qv_controllerPassedAction();
-}
-
-void QVViewController::renderDrawViewVerifySuccess(const QString &token)
-{
-    const auto self = shared_from_this();
-    if (auto *const delegate = m_delegate.get())
-        delegate->quarvoControllerVerifySuccessWithToken(token);
-    dismissWindow();
-}
-
 void QVViewController::windowDestroyed()
 {
     const bool shown = m_showWindow && !m_showWindow->isHidden();
     m_showWindow = nullptr;
-    if (!shown)
-        return;
-    // Not at once: a window of the host is in its destructor, where its slots must not be called any more.
-    QVScheduler::shared().schedule({}, [delegate = m_delegate] {
-        if (auto *const opener = delegate.get())
-            opener->qv_controllerDestroyedAction();
-    });
+    if (shown)
+        windowWasDestroyed();
 }

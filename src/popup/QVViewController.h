@@ -1,9 +1,7 @@
 #pragma once
 
 #include "flow/QVPopup.h"
-#include "flow/QVRenderDrawViewDelegate.h"
 #include "flow/QVVerifyStyle.h"
-#include "flow/QVViewControllerDelegate.h"
 
 #include <QObject>
 #include <QPointer>
@@ -23,9 +21,7 @@ class QVWindow;
 ///
 /// The window keeps the controller alive and the controller points to its window, shown or hidden,
 /// with no owner outside; only dismissWindow(), or the end of a window that it lies in, parts the two.
-class QVViewController final : public QVPopup,
-                               public QVRenderDrawViewDelegate,
-                               public std::enable_shared_from_this<QVViewController>
+class QVViewController final : public QVPopup
 {
 public:
     using Config = std::shared_ptr<QVConfigResponseModel>;
@@ -37,26 +33,20 @@ public:
                                                                    QVViewControllerDelegate *delegate);
     ~QVViewController() override;
 
-    void setDelegate(QVViewControllerDelegate *delegate) override { m_delegate = delegate; }
-    void displayWindow() override;
     void hiddenWindow() override;
     void dismissWindow() override;
     [[nodiscard]] bool canDirectlyShow() const override;
 
-    void showRenderViewAnimation();
-    void closeButtonDidClickedAction();
-    void renderDrawViewHasPassed() override;
-    void renderDrawViewVerifySuccess(const QString &token) override;
-
 private:
-    QVViewController() = default;
+    using QVPopup::QVPopup;
 
+    void makeKeyAndVisible(QObject *host) override;
+    void showRenderViewAnimation();
     void showIn(QVWindow *window);
     void setupSubviews();
     void layoutSubviews();
     void windowDestroyed();
 
-    QVWeakDelegate<QVViewControllerDelegate> m_delegate;
     Config m_config;
     Click m_clickResp;
     QVVerifyStyle m_verifyStyle{};
@@ -66,7 +56,6 @@ private:
     QPointer<QVWindow> m_showWindow;
     QPointer<QVUnfoldEffect> m_unfold;
     std::unique_ptr<QVValueAnimation> m_unfoldAnimation;
-    int m_displays = 0;
     /// Ends the window's connections with this controller.
     QObject m_context;
 };

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "flow/QVAttempt.h"
+
+#include <memory>
+#include <vector>
+
+/// The attempts that one front-end started, and the popup of the latest one, shown or hidden.
+///
+/// A popup that the user closed with its picture is shown again by the next attempt. While a popup with a
+/// picture is on screen, its attempt goes on instead of another one.
+class QUARVO_CORE_EXPORT QVAttempts
+{
+public:
+    QVAttempts(QVVerifyStyle style, const QVPopupPresenter &presenter, QVAttemptObserver *observer);
+    Q_DISABLE_COPY(QVAttempts)
+
+    void start(const QVIdentity &identity, QObject *host);
+    /// Ends all attempts for \a reason and dismisses the popup. The observer may destroy this in answer.
+    void close(QVCloseReason reason);
+    /// Dismisses the popup and ends its attempt, unless that is \a by. The observer may destroy this in
+    /// answer.
+    void replacePopup(const QVAttempt *by);
+    /// Ends all attempts without a word and dismisses the popup.
+    void abandon();
+
+    [[nodiscard]] bool areUnderWay() const;
+    /// Whether any of them asks the service.
+    [[nodiscard]] bool areAsking() const;
+
+private:
+    using List = std::vector<std::shared_ptr<QVAttempt>>;
+
+    [[nodiscard]] std::shared_ptr<QVPopup> popup() const;
+    [[nodiscard]] bool isOnScreen(const std::shared_ptr<QVPopup> &popup) const;
+
+    const QVVerifyStyle m_style;
+    const QVPopupPresenter &m_presenter;
+    QVAttemptObserver *const m_observer;
+    /// Those under way, and the one that a hidden popup is left from.
+    List m_attempts;
+};

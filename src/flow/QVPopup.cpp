@@ -1,0 +1,48 @@
+#include "flow/QVPopup.h"
+
+#include "platform/QVScheduler.h"
+
+void QVPopup::displayWindow()
+{
+    const auto self = shared_from_this();
+    ++m_displays;
+    const auto *const opener = delegate();
+    makeKeyAndVisible(opener ? opener->qv_controllerHost() : nullptr);
+}
+
+void QVPopup::closeButtonDidClickedAction()
+{
+    const auto self = shared_from_this();
+    const int displays = m_displays;
+    if (auto *const opener = delegate())
+        opener->qv_controllerCloseAction();
+    // The opener's host may have started its next attempt at once.
+    if (m_displays != displays)
+        return;
+    if (canDirectlyShow())
+        hiddenWindow();
+    else
+        dismissWindow();
+}
+
+void QVPopup::renderDrawViewHasPassed()
+{
+    if (auto *const opener = delegate())
+        opener->qv_controllerPassedAction();
+}
+
+void QVPopup::renderDrawViewVerifySuccess(const QString &token)
+{
+    const auto self = shared_from_this();
+    if (auto *const opener = delegate())
+        opener->quarvoControllerVerifySuccessWithToken(token);
+    dismissWindow();
+}
+
+void QVPopup::windowWasDestroyed() const
+{
+    QVScheduler::shared().schedule({}, [weak = m_delegate] {
+        if (auto *const opener = weak.get())
+            opener->qv_controllerDestroyedAction();
+    });
+}
