@@ -1,5 +1,6 @@
 #pragma once
 
+#include "views/QVPaintedText.h"
 #include "views/QVTouchButton.h"
 
 /// The advertisement in the picture's top left corner.
@@ -10,7 +11,6 @@ public:
 
     /// Shows \a word, and takes the size that it needs up to a limit. \a link is kept, not shown.
     void setWord(const QString &word, const QString &link);
-    [[nodiscard]] QString word() const { return m_word; }
     [[nodiscard]] QString link() const { return m_link; }
 
 protected:
@@ -18,6 +18,6 @@ protected:
 
 private:
     // Not the button's text, in which an ampersand would mean a shortcut.
-    QString m_word;
+    QVPaintedText m_word{{.pixelSize = 12}};
     QString m_link;
 };

@@ -8,16 +8,7 @@
 
 namespace {
 
-constexpr int badgeFontSize = 12;
 constexpr QSize badgePadding(10, 5);
-
-// Made where it is needed: a slanted font is a file to load.
-QFont badgeFont()
-{
-    QFont font = qv_systemFont(badgeFontSize);
-    font.setItalic(true);
-    return font;
-}
 
 } // namespace
 
@@ -31,9 +22,9 @@ QVOutageBadge::QVOutageBadge(QWidget *parent)
 
 void QVOutageBadge::setText(const QString &text)
 {
-    m_text = text;
+    m_text.setText(text);
     setAccessibleName(text);
-    resize(QFontMetrics(badgeFont()).size(Qt::TextSingleLine, text) + badgePadding);
+    resize(m_text.sizeFor(QWIDGETSIZE_MAX) + badgePadding);
     update();
 }
 
@@ -41,8 +32,5 @@ void QVOutageBadge::paintEvent(QPaintEvent * /*event*/)
 {
     QPainter painter(this);
     painter.fillRect(rect(), QVColors::badge);
-    painter.setFont(badgeFont());
-    painter.setPen(Qt::white);
-    painter.setLayoutDirection(Qt::LayoutDirectionAuto);
-    painter.drawText(rect(), Qt::AlignCenter | Qt::TextSingleLine, m_text);
+    m_text.paint(painter, rect(), Qt::white);
 }

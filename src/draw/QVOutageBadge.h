@@ -1,5 +1,7 @@
 #pragma once
 
+#include "views/QVPaintedText.h"
+
 #include <QWidget>
 
 /// Says in the picture's top left corner that the outage service is in use.
@@ -17,5 +19,5 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
-    QString m_text;
+    QVPaintedText m_text{{.pixelSize = 12, .isItalic = true}};
 };

@@ -4,7 +4,6 @@
 #include "draw/QVContentView.h"
 #include "draw/QVOutageBadge.h"
 #include "draw/QVRenderDrawLayout.h"
-#include "draw/QVTextLabel.h"
 #include "service/QVGetRefreshResponseModel.h"
 #include "settings/QVBundleImage.h"
 #include "settings/QVLocalization.h"
@@ -13,9 +12,9 @@
 #include "views/QVCharVerifyInputViewDoneButton.h"
 #include "views/QVColors.h"
 #include "views/QVCustomActionButton.h"
+#include "views/QVLabel.h"
 #include "views/QVRenderDrawImageView.h"
 #include "views/QVRenderDrawOverlayView.h"
-#include "views/QVSystemFont.h"
 
 #include <numbers>
 
@@ -80,7 +79,8 @@ void QVRenderDrawParts::initContent()
 
 void QVRenderDrawParts::initControls()
 {
-    m_captchaLabel = new QVTextLabel(qv_systemFont(captionFontSize), QVColors::secondaryText, m_view);
+    m_captchaLabel =
+        new QVLabel({.pixelSize = captionFontSize}, QVColors::caption, QAccessible::StaticText, m_view);
     m_captchaLabel->setObjectName(QStringLiteral("captchaLabel"));
     m_captchaLabel->hide();
 

@@ -8,10 +8,10 @@
 class QVAdButton;
 class QVCharVerifyInputView;
 class QVCustomActionButton;
+class QVLabel;
 class QVOutageBadge;
 class QVRenderDrawImageView;
 class QVRenderDrawLayout;
-class QVTextLabel;
 class QWidget;
 
 /// What a drawing captcha is made of on screen: the picture with its bars, caption, buttons, badge,
@@ -70,7 +70,7 @@ private:
     QWidget *m_contentView = nullptr;
     QVRenderDrawImageView *m_imageView = nullptr;
     QVCharVerifyInputView *m_charInputView = nullptr;
-    QVTextLabel *m_captchaLabel = nullptr;
+    QVLabel *m_captchaLabel = nullptr;
     QVCustomActionButton *m_helpButton = nullptr;
     QVCustomActionButton *m_refreshButton = nullptr;
     QVOutageBadge *m_outageLabel = nullptr;

@@ -2,8 +2,8 @@
 
 #include "modes/QVClickButtonDelegate.h"
 #include "modes/QVClickButtonPrivate.h"
-#include "modes/QVClickStatusLabel.h"
 #include "platform/QVMainThread.h"
+#include "views/QVLabel.h"
 #include "views/QVSystemFont.h"
 
 #include <QCoreApplication>

@@ -2,7 +2,6 @@
 
 #include "modes/QVClickButton.h"
 #include "modes/QVClickButtonDelegate.h"
-#include "modes/QVClickStatusLabel.h"
 #include "modes/QVClickStatusView.h"
 #include "modes/QVClickWaterRippleView.h"
 #include "platform/QVScheduler.h"
@@ -13,6 +12,7 @@
 #include "settings/QVLocalizationKeys.h"
 #include "views/QVAccessibleRole.h"
 #include "views/QVColors.h"
+#include "views/QVLabel.h"
 #include "views/QVSpokenMessage.h"
 
 #include <QPointer>
@@ -67,7 +67,9 @@ void QVClickButtonPrivate::setupSubviews()
     qv_setAccessibleRole(q, QAccessible::Button);
     waterRippleView = new QVClickWaterRippleView(q);
     clickStatusView = new QVClickStatusView(q);
-    clickStatusLabel = new QVClickStatusLabel(q);
+    clickStatusLabel =
+        new QVLabel({.pixelSize = 15, .mostLines = 2, .alignment = Qt::AlignLeft, .hasShadow = true},
+                    QVColors::white, QAccessible::NoRole, q);
     clickStatusView->setAttribute(Qt::WA_TransparentForMouseEvents);
 }
 
@@ -85,7 +87,6 @@ void QVClickButtonPrivate::setClickStatus(QVClickStatus status)
 {
     const bool changed = std::exchange(clickStatus, status) != status;
     clickStatusView->setClickStatus(status);
-    clickStatusLabel->setGround(background());
     if (const QString key = textKey(status); !key.isNull())
         setStatusText(qv_localizedStringForKey(key));
     q->setAttribute(Qt::WA_TransparentForMouseEvents, !takesInput());

@@ -10,9 +10,9 @@
 
 class QVClickButton;
 class QVClickButtonDelegate;
-class QVClickStatusLabel;
 class QVClickStatusView;
 class QVClickWaterRippleView;
+class QVLabel;
 class QVSpokenMessage;
 
 /// What the click button does, apart from being a widget: its states and looks, its presses, and what
@@ -60,7 +60,7 @@ public:
     QVIdentity identity;
     QVClickWaterRippleView *waterRippleView = nullptr;
     QVClickStatusView *clickStatusView = nullptr;
-    QVClickStatusLabel *clickStatusLabel = nullptr;
+    QVLabel *clickStatusLabel = nullptr;
     QVClickStatus clickStatus = QVClickStatusNormal;
     QVPressTracker press{*this};
     bool showsFocus = false;

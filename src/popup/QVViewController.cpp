@@ -3,17 +3,21 @@
 #include "draw/QVRenderDrawView.h"
 #include "layers/QVValueAnimation.h"
 #include "popup/QVCloseButton.h"
-#include "popup/QVSupportLabel.h"
 #include "popup/QVUnfoldEffect.h"
 #include "popup/QVWindow.h"
 #include "service/QVClickResponseModel.h"
 #include "service/QVConfigResponseModel.h"
+#include "settings/QVLocalization.h"
+#include "settings/QVLocalizationKeys.h"
+#include "views/QVColors.h"
+#include "views/QVLabel.h"
 
 #include <utility>
 
 namespace {
 
 constexpr double unfoldSeconds = 0.25;
+constexpr int supportFontSize = 12;
 constexpr QPoint supportOffset(10, 5);
 
 } // namespace
@@ -63,7 +67,10 @@ void QVViewController::setupSubviews()
     m_closeButton = new QVCloseButton(m_showWindow);
     QObject::connect(m_closeButton, &QVCloseButton::clicked, &m_context,
                      [this] { closeButtonDidClickedAction(); });
-    m_supportLabel = new QVSupportLabel(m_showWindow);
+    m_supportLabel = new QVLabel({.pixelSize = supportFontSize, .alignment = Qt::AlignRight},
+                                 QVColors::supportText, QAccessible::StaticText, m_showWindow);
+    m_supportLabel->setObjectName(QStringLiteral("supportLabel"));
+    m_supportLabel->setText(qv_localizedStringForKey(QVKey::support));
     layoutSubviews();
     m_renderView->handleConfigResponseFromQuarvoServer(m_config, m_clickResp);
 }

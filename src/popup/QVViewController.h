@@ -11,8 +11,8 @@
 class QVClickResponseModel;
 class QVCloseButton;
 class QVConfigResponseModel;
+class QVLabel;
 class QVRenderDrawView;
-class QVSupportLabel;
 class QVUnfoldEffect;
 class QVValueAnimation;
 class QVWindow;
@@ -52,7 +52,7 @@ private:
     QVVerifyStyle m_verifyStyle{};
     QPointer<QVRenderDrawView> m_renderView;
     QPointer<QVCloseButton> m_closeButton;
-    QPointer<QVSupportLabel> m_supportLabel;
+    QPointer<QVLabel> m_supportLabel;
     QPointer<QVWindow> m_showWindow;
     QPointer<QVUnfoldEffect> m_unfold;
     std::unique_ptr<QVValueAnimation> m_unfoldAnimation;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/QuarvoCoreExport.h"
+#include "settings/QVContrast.h"
 #include "settings/QVPopupPresentation.h"
 #include "settings/QVServiceAddresses.h"
 
@@ -64,6 +65,9 @@ public:
     [[nodiscard]] bool closesOnOutsideClick() const { return m_closesOnOutsideClick; }
     void setClosesOnOutsideClick(bool closes) { m_closesOnOutsideClick = closes; }
 
+    [[nodiscard]] QVContrast contrast() const { return m_contrast; }
+    void setContrast(QVContrast contrast) { m_contrast = contrast; }
+
     /// The device identifier, looked up in the secure store at each call.
     [[nodiscard]] QString deviceId() const;
     /// Says that the device identifier will be asked for shortly.
@@ -83,4 +87,5 @@ private:
     QPointer<QNetworkAccessManager> m_networkAccessManager;
     std::chrono::milliseconds m_attemptTimeout{0};
     bool m_closesOnOutsideClick = false;
+    QVContrast m_contrast = QVContrast::System;
 };

@@ -77,3 +77,8 @@ void QVSDKManager::setPopupPresentation(QVPopupPresentation presentation)
 {
     settings().setPopupPresentation(presentation);
 }
+
+void QVSDKManager::setContrast(QVContrast contrast)
+{
+    settings().setContrast(contrast);
+}

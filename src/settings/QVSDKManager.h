@@ -1,5 +1,6 @@
 #pragma once
 
+#include <Quarvo/QVContrast.h>
 #include <Quarvo/QVPopupPresentation.h>
 #include <Quarvo/QuarvoExport.h>
 
@@ -59,4 +60,8 @@ public:
     /// Zero, as at first, and less let the user take all the time there is; more than a day counts as a
     /// day.
     static void setAttemptTimeout(std::chrono::milliseconds timeout);
+
+    /// Chooses how far texts stand out from their ground; QVContrast::System at first. What is on screen
+    /// follows when it is painted next.
+    static void setContrast(QVContrast contrast);
 };

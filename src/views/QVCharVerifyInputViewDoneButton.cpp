@@ -6,26 +6,9 @@
 #include "views/QVActivitySpinner.h"
 #include "views/QVColors.h"
 #include "views/QVFocusRing.h"
-#include "views/QVReadable.h"
-#include "views/QVSystemFont.h"
 
-#include <QFontMetrics>
 #include <QKeyEvent>
 #include <QPainter>
-
-namespace {
-
-constexpr int titleFontSize = 15;
-constexpr float pressedAlpha = 0.8F;
-
-QColor titleColor(bool isPressed)
-{
-    QColor color = QVColors::accent;
-    color.setAlphaF(isPressed ? pressedAlpha : 1);
-    return color;
-}
-
-} // namespace
 
 QVCharVerifyInputViewDoneButton::QVCharVerifyInputViewDoneButton(QWidget *parent)
     : QVTouchButton(parent)
@@ -46,13 +29,13 @@ void QVCharVerifyInputViewDoneButton::setButtonStauts(int status)
 {
     m_buttonStauts = status;
     if (status == loadingStauts) {
-        m_title = QString();
+        m_title.setText({});
         m_indicatorView->startAnimating();
     } else {
         m_indicatorView->stopAnimating();
     }
     if (status == normalStauts)
-        m_title = qv_localizedStringForKey(QVKey::done);
+        m_title.setText(qv_localizedStringForKey(QVKey::done));
     qv_setAccessibleBusy(this, status == loadingStauts);
     setCursor(status == loadingStauts ? Qt::ArrowCursor : Qt::PointingHandCursor);
     update();
@@ -74,9 +57,8 @@ void QVCharVerifyInputViewDoneButton::keyPressEvent(QKeyEvent *event)
 void QVCharVerifyInputViewDoneButton::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    painter.setFont(qv_systemFont(titleFontSize, m_title, size()));
-    painter.setPen(titleColor(isDown()));
-    const QString line = painter.fontMetrics().elidedText(m_title, Qt::ElideRight, width());
-    QVReadable::drawText(painter, rect(), Qt::AlignHCenter, line, QVColors::strip);
+    painter.setOpacity(isDown() ? pressedOpacity : 1);
+    m_title.paint(painter, rect(), QVColors::doneTitle());
+    painter.setOpacity(1);
     qv_paintFocusRing(painter, *this, QVColors::accent);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "layout/QVLayout.h"
+#include "views/QVPaintedText.h"
 #include "views/QVTouchButton.h"
 
 class QVActivitySpinner;
@@ -19,7 +20,7 @@ public:
     [[nodiscard]] int buttonStauts() const { return m_buttonStauts; }
     /// Any status but normal and loading stops the spinner and leaves the title alone.
     void setButtonStauts(int status);
-    [[nodiscard]] QString title() const { return m_title; }
+    [[nodiscard]] const QString &title() const { return m_title.text(); }
     [[nodiscard]] QVActivitySpinner *indicatorView() const { return m_indicatorView; }
 
 protected:
@@ -30,7 +31,7 @@ protected:
 
 private:
     int m_buttonStauts = 0;
-    QString m_title;
+    QVPaintedText m_title{{.pixelSize = 15}};
     QVActivitySpinner *m_indicatorView;
     QVLayout m_layout;
 };

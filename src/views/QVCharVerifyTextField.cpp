@@ -1,12 +1,10 @@
 #include "views/QVCharVerifyTextField.h"
 
 #include "views/QVColors.h"
-#include "views/QVReadable.h"
 #include "views/QVSystemFont.h"
 
 #include <QApplication>
 #include <QFocusEvent>
-#include <QFontMetrics>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QPainter>
@@ -21,7 +19,6 @@ namespace {
 
 constexpr int answerFontSize = 15;
 constexpr int tallestAnswer = 22; // in a box of 30
-constexpr int placeholderSize = 14;
 // A server's characters are few; pasting a book must not cost its measuring.
 constexpr qsizetype measuredLength = 100;
 // What QLineEdit leaves free before its text, whatever the style.
@@ -61,6 +58,7 @@ bool needsFocus(QEvent::Type type)
 
 QVCharVerifyTextField::QVCharVerifyTextField(QWidget *parent)
     : QLineEdit(parent)
+    , m_placeholder({.pixelSize = 14, .alignment = QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft)})
 {
     setFrame(false);
     setStyleSheet(isolatingSheet());
@@ -87,7 +85,7 @@ void QVCharVerifyTextField::levelLine(const QString &composed)
 
 void QVCharVerifyTextField::setPlaceholder(const QString &text)
 {
-    m_placeholder = text;
+    m_placeholder.setText(text);
     update();
 }
 
@@ -172,9 +170,5 @@ void QVCharVerifyTextField::paintEvent(QPaintEvent *event)
         return;
     QPainter painter(this);
     const QRect line = rect().adjusted(innerMargin, 0, -innerMargin, 0);
-    painter.setFont(qv_systemFont(placeholderSize, m_placeholder, line.size()));
-    painter.setPen(QVColors::lightGray);
-    const QString elided = painter.fontMetrics().elidedText(m_placeholder, Qt::ElideRight, line.width());
-    const Qt::Alignment alignment = QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft);
-    QVReadable::drawText(painter, line, alignment, elided, QVColors::strip);
+    m_placeholder.paint(painter, line, QVColors::placeholder());
 }

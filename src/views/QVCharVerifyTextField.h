@@ -1,5 +1,7 @@
 #pragma once
 
+#include "views/QVPaintedText.h"
+
 #include <QLineEdit>
 
 #include <functional>
@@ -20,7 +22,7 @@ public:
     /// Asked whether the return key has its usual effect.
     void setShouldReturn(Question question) { m_shouldReturn = std::move(question); }
     /// Shown while the field is empty. Not the base's own one, which has the text's font.
-    [[nodiscard]] QString placeholder() const { return m_placeholder; }
+    [[nodiscard]] const QString &placeholder() const { return m_placeholder.text(); }
     void setPlaceholder(const QString &text);
     [[nodiscard]] bool isEditing() const;
 
@@ -42,7 +44,7 @@ private:
 
     Question m_shouldBeginEditing;
     Question m_shouldReturn;
-    QString m_placeholder;
+    QVPaintedText m_placeholder;
     bool m_isComposing = false;
     bool m_hasAsked = false;
     bool m_wasEditing = false;

@@ -39,9 +39,10 @@ QVRenderDrawImageView::QVRenderDrawImageView(QWidget *parent)
     , m_loadingLayer(std::make_shared<QVRenderDrawImageViewLoadingLayer>())
     , m_layout(this)
     , m_promptOverlayView(
-          addBar(QStringLiteral("promptOverlayView"), QVColors::promptBar, QVColors::secondaryText))
-    , m_errorOverlayView(addBar(QStringLiteral("errorOverlayView"), QVColors::errorBar, Qt::white))
-    , m_successOverlayView(addBar(QStringLiteral("successOverlayView"), QVColors::successBar, Qt::white))
+          addBar(QStringLiteral("promptOverlayView"), QVColors::promptBar, QVColors::promptText))
+    , m_errorOverlayView(addBar(QStringLiteral("errorOverlayView"), QVColors::errorBar, QVColors::white))
+    , m_successOverlayView(
+          addBar(QStringLiteral("successOverlayView"), QVColors::successBar, QVColors::white))
 {
     setObjectName(QStringLiteral("imageView"));
     qv_setAccessibleRole(this, QAccessible::Graphic);
@@ -57,7 +58,7 @@ QVRenderDrawImageView::QVRenderDrawImageView(QWidget *parent)
 QVRenderDrawImageView::~QVRenderDrawImageView() = default;
 
 QVRenderDrawOverlayView *QVRenderDrawImageView::addBar(const QString &name, const QColor &background,
-                                                       const QColor &text)
+                                                       QVColors::Source text)
 {
     auto *bar = new QVRenderDrawOverlayView(background, text, this);
     bar->setObjectName(name);
@@ -116,28 +117,29 @@ void QVRenderDrawImageView::slideIn(Bar bar, const QString &text, bool acceptsTo
     view->setOverlayImage(qv_imageFromBundleWithName(pictureOf(bar)), text);
     keepClearOfStrip();
     view->setOnScreen(true);
-    moveBar(view, -QVRenderDrawOverlayView::defaultHeight());
+    placeBar(view);
+    m_layout.animateLayout(QVOverlaySurface::slideDuration);
 }
 
 void QVRenderDrawImageView::slideOut(Bar bar)
 {
     auto *const view = this->view(bar);
     view->setOnScreen(false);
-    moveBar(view, 0, [view] {
+    placeBar(view);
+    m_layout.animateLayout(QVOverlaySurface::slideDuration, [view] {
         // Out of sight, but a screen reader would still find it.
         if (!view->isOnScreen())
             view->hide();
     });
 }
 
-void QVRenderDrawImageView::moveBar(QVRenderDrawOverlayView *bar, int offset, QVLayout::Completion completion)
+void QVRenderDrawImageView::placeBar(QVRenderDrawOverlayView *bar)
 {
-    m_layout.update(bar, [this, offset](QVConstraintMaker &make) {
-        make.top().equalTo(this, QVLayoutAttribute::Bottom).offset(offset);
-        // The platform's text may have become larger.
-        make.height().equalTo(QVRenderDrawOverlayView::defaultHeight());
+    const int height = bar->heightFor(width());
+    m_layout.update(bar, [this, bar, height](QVConstraintMaker &make) {
+        make.top().equalTo(this, QVLayoutAttribute::Bottom).offset(bar->isOnScreen() ? -height : 0);
+        make.height().equalTo(height);
     });
-    m_layout.animateLayout(QVOverlaySurface::slideDuration, std::move(completion));
 }
 
 void QVRenderDrawImageView::setStrip(QWidget *strip)
@@ -188,4 +190,6 @@ void QVRenderDrawImageView::resizeEvent(QResizeEvent *event)
     m_loadingLayer->setFrame(rect());
     m_loadingLayer->centerDots();
     keepClearOfStrip();
+    for (auto *bar : {m_promptOverlayView, m_errorOverlayView, m_successOverlayView})
+        placeBar(bar);
 }

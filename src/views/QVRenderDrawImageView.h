@@ -4,6 +4,7 @@
 #include "flow/QVRenderDrawImageViewDelegate.h"
 #include "layers/QVLayerHost.h"
 #include "layout/QVLayout.h"
+#include "views/QVColors.h"
 #include "views/QVScaledPicture.h"
 
 #include <QPointer>
@@ -52,8 +53,8 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
 
 private:
-    QVRenderDrawOverlayView *addBar(const QString &name, const QColor &background, const QColor &text);
-    void moveBar(QVRenderDrawOverlayView *bar, int offset, QVLayout::Completion completion = {});
+    QVRenderDrawOverlayView *addBar(const QString &name, const QColor &background, QVColors::Source text);
+    void placeBar(QVRenderDrawOverlayView *bar);
     [[nodiscard]] QVRenderDrawOverlayView *view(Bar bar) const;
     void errorOverlayViewDidClickedAction();
     void keepClearOfStrip();

@@ -2,7 +2,7 @@
 
 #include "views/QVAccessibleRole.h"
 #include "views/QVFocusRing.h"
-#include "views/QVOverlayLabel.h"
+#include "views/QVLabel.h"
 #include "views/QVSystemFont.h"
 
 #include <QPaintEvent>
@@ -15,18 +15,22 @@ namespace {
 constexpr double usualHeight = 30;
 constexpr int labelInset = 10;
 
+/// White text lies on a coloured bar.
+QVTextStyle styleFor(QVColors::Source text)
+{
+    return {.pixelSize = 14, .mostLines = 2, .hasShadow = text == QVColors::white};
+}
+
 } // namespace
 
-QVRenderDrawOverlayView::QVRenderDrawOverlayView(const QColor &background, const QColor &text,
+QVRenderDrawOverlayView::QVRenderDrawOverlayView(const QColor &background, QVColors::Source source,
                                                  QWidget *parent)
     : QVTouchButton(parent)
-    , m_overlayLabel(new QVOverlayLabel(this))
+    , m_overlayLabel(new QVLabel(styleFor(source), source, QAccessible::Notification, this))
     , m_layout(this)
     , m_background(background)
 {
     updateInput();
-    m_overlayLabel->setTextColor(text);
-    m_overlayLabel->setGround(background);
     m_layout.make(m_overlayLabel, [this](QVConstraintMaker &make) {
         make.left().equalTo(this).offset(labelInset);
         make.right().equalTo(this).offset(-labelInset);
@@ -43,9 +47,13 @@ int QVRenderDrawOverlayView::defaultHeight()
 
 void QVRenderDrawOverlayView::setOverlayImage(const QPixmap &image, const QString &text)
 {
-    const bool hasBoth = !image.isNull() && !text.isNull();
-    m_overlayLabel->setContent(image, hasBoth ? u' ' + text : text);
+    m_overlayLabel->setText(text, image);
     updateInput();
+}
+
+int QVRenderDrawOverlayView::heightFor(int width) const
+{
+    return defaultHeight() + m_overlayLabel->extraHeightFor(width - 2 * labelInset);
 }
 
 void QVRenderDrawOverlayView::setCoveredHeight(int height)
@@ -90,5 +98,5 @@ void QVRenderDrawOverlayView::paintEvent(QPaintEvent *event)
     QPainter painter(this);
     painter.setOpacity(isDown() ? pressedOpacity : 1);
     painter.fillRect(event->rect(), m_background);
-    qv_paintFocusRing(painter, *this, m_overlayLabel->textColor());
+    qv_paintFocusRing(painter, *this, m_overlayLabel->color());
 }

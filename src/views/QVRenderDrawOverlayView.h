@@ -1,9 +1,10 @@
 #pragma once
 
 #include "layout/QVLayout.h"
+#include "views/QVColors.h"
 #include "views/QVTouchButton.h"
 
-class QVOverlayLabel;
+class QVLabel;
 
 /// A bar over the picture: an icon followed by a line of text.
 class QVRenderDrawOverlayView final : public QVTouchButton
@@ -14,11 +15,13 @@ public:
     /// 30, more where the platform's text is larger than usual.
     [[nodiscard]] static int defaultHeight();
 
-    QVRenderDrawOverlayView(const QColor &background, const QColor &text, QWidget *parent = nullptr);
+    QVRenderDrawOverlayView(const QColor &background, QVColors::Source text, QWidget *parent = nullptr);
 
-    [[nodiscard]] QVOverlayLabel *overlayLabel() const { return m_overlayLabel; }
+    [[nodiscard]] QVLabel *overlayLabel() const { return m_overlayLabel; }
     /// Without a picture, or with a null text, the other one stands alone.
     void setOverlayImage(const QPixmap &image, const QString &text);
+    /// The bar's height where it is \a width wide: the default one, more where the text takes two lines.
+    [[nodiscard]] int heightFor(int width) const;
 
     /// Keeps the line above what lies over the bar's lowest \a height.
     void setCoveredHeight(int height);
@@ -37,7 +40,7 @@ protected:
 private:
     void updateInput();
 
-    QVOverlayLabel *m_overlayLabel;
+    QVLabel *m_overlayLabel;
     QVLayout m_layout;
     QColor m_background;
     bool m_acceptsTouches = false;

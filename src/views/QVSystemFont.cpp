@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QFontInfo>
-#include <QFontMetricsF>
 
 #include <algorithm>
 #include <cmath>
@@ -13,21 +12,6 @@ namespace {
 constexpr double usualPixelSize = 15;
 constexpr double largestScale = 2;
 
-QFont fontOfSize(int pixelSize)
-{
-    QFont font(QApplication::font().families());
-    font.setPixelSize(pixelSize);
-    // A painter takes what is left open from its widget's font.
-    font.setResolveMask(QFont::AllPropertiesResolved);
-    return font;
-}
-
-bool fits(const QString &line, const QFont &font, QSizeF room)
-{
-    const QFontMetricsF metrics(font);
-    return metrics.height() <= room.height() && metrics.horizontalAdvance(line) <= room.width();
-}
-
 } // namespace
 
 double qv_textScale()
@@ -37,17 +21,9 @@ double qv_textScale()
 
 QFont qv_systemFont(int pixelSize)
 {
-    return fontOfSize(static_cast<int>(std::lround(pixelSize * qv_textScale())));
-}
-
-QFont qv_systemFont(int pixelSize, const QString &line, QSizeF room)
-{
-    return qv_fittingFont(qv_systemFont(pixelSize), line, room, pixelSize);
-}
-
-QFont qv_fittingFont(QFont font, const QString &line, QSizeF room, int smallestPixelSize)
-{
-    while (font.pixelSize() > smallestPixelSize && !fits(line, font, room))
-        font.setPixelSize(font.pixelSize() - 1);
+    QFont font(QApplication::font().families());
+    font.setPixelSize(static_cast<int>(std::lround(pixelSize * qv_textScale())));
+    // A painter takes what is left open from its widget's font.
+    font.setResolveMask(QFont::AllPropertiesResolved);
     return font;
 }

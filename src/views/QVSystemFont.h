@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QFont>
-#include <QSizeF>
 
 /// How much larger than usual the platform shows text, from 1 to 2: what people with weak sight choose
 /// there holds here too.
@@ -11,9 +10,3 @@
 /// text has its usual size. Painting with it instead of the widget's own font keeps a host's style
 /// sheet out.
 [[nodiscard]] QFont qv_systemFont(int pixelSize);
-
-/// The same, but enlarged only as far as \a line stays within \a room.
-[[nodiscard]] QFont qv_systemFont(int pixelSize, const QString &line, QSizeF room);
-
-/// \a font, smaller until \a line stays within \a room or it has the size \a smallestPixelSize.
-[[nodiscard]] QFont qv_fittingFont(QFont font, const QString &line, QSizeF room, int smallestPixelSize);

@@ -2,7 +2,7 @@
 
 #include "settings/QVSDKManager.h"
 #include "support/QVWait.h"
-#include "views/QVOverlayLabel.h"
+#include "views/QVLabel.h"
 #include "views/QVRenderDrawOverlayView.h"
 
 using namespace std::chrono_literals;

@@ -93,7 +93,7 @@ private Q_SLOTS:
         draw();
         QVERIFY(waitForWrongAnswer());
         QCOMPARE(bar(), q("errorOverlayView"));
-        QCOMPARE(barText(), q("Not quite right. Please try again."));
+        QCOMPARE(barText(), q("Not quite right. Try again."));
         QVERIFY(isShown("refreshButton") && part("refreshButton")->isEnabled());
         QCOMPARE(picture().image(), first);
         // The message goes by itself, and the prompt comes back.
@@ -179,7 +179,7 @@ private Q_SLOTS:
         show(QVVerifyStyleEmbed);
         advance(100ms);
         QVERIFY(waitForFailure());
-        QCOMPARE(failures.first(), QVError(q("The picture could not be loaded"), 10000));
+        QCOMPARE(failures.first(), QVError(q("Picture not loaded. Try again."), 10000));
         QCOMPARE(bar(), q("errorOverlayView"));
         QVERIFY(picture().hasImage());
         QVERIFY(!view().canDirectlyShow());
@@ -263,7 +263,7 @@ private Q_SLOTS:
         service().answerCode(q("verify"), q("0104"));
         start(QVVerifyStyleEmbed);
         QVERIFY(isShown("charInputView"));
-        QCOMPARE(barText(), q("Type the characters in the picture"));
+        QCOMPARE(barText(), q("Type the characters you see"));
         draw();
         type(q("Ab 9"));
         const auto *done = part<QVCharVerifyInputViewDoneButton>("doneButton");

@@ -1,7 +1,7 @@
 #include "draw/DrawTestCase.h"
 #include "settings/QVSDKManager.h"
 #include "support/QVPixels.h"
-#include "views/QVOverlayLabel.h"
+#include "views/QVLabel.h"
 #include "views/QVRenderDrawOverlayView.h"
 #include "views/QVSystemFont.h"
 
@@ -88,7 +88,7 @@ private Q_SLOTS:
         service().extend(q("config"), {{q("type"), q("character")}});
         start(QVVerifyStyleEmbed, QSize(284, 192));
         QCOMPARE(bar(), q("promptOverlayView"));
-        const QVOverlayLabel *label = shownBar()->overlayLabel();
+        const QVLabel *label = shownBar()->overlayLabel();
         QCOMPARE(label->mapTo(&view(), QPoint(0, label->height())).y(), frame("charInputView").top());
     }
 

@@ -4,7 +4,7 @@
 #include "popup/QVWindow.h"
 #include "support/QVPointerInput.h"
 #include "support/QVWait.h"
-#include "views/QVOverlayLabel.h"
+#include "views/QVLabel.h"
 #include "views/QVRenderDrawImageView.h"
 #include "views/QVRenderDrawOverlayView.h"
 

@@ -3,7 +3,7 @@
 #include "faults/FaultsTestCase.h"
 #include "settings/QVConfigurationManager.h"
 #include "support/QVPointerInput.h"
-#include "views/QVOverlayLabel.h"
+#include "views/QVLabel.h"
 #include "views/QVRenderDrawOverlayView.h"
 
 #include <QApplication>
@@ -105,7 +105,7 @@ private Q_SLOTS:
         auto &bar = *static_cast<QVRenderDrawOverlayView *>(part("successOverlayView"))->overlayLabel();
         QVERIFY2(bar.text().contains(markup), qPrintable(bar.text()));
         const QImage line = bar.grab().toImage();
-        bar.setContent({}, QString(bar.text()).replace(markup, QStringLiteral("&%s%n")));
+        bar.setText(QString(bar.text()).replace(markup, QStringLiteral("&%s%n")));
         QVERIFY(bar.grab().toImage() != line);
     }
 

@@ -1,11 +1,9 @@
-#include "flow/QVPassText.h"
 #include "looks/LookComparison.h"
 #include "modes/ModesTestCase.h"
 #include "modes/QVClickButton.h"
 #include "modes/QVClickStatusView.h"
 #include "modes/QVEmbedManager.h"
 #include "popup/QVCloseButton.h"
-#include "service/QVVerifyResponseModel.h"
 #include "settings/QVLocalization.h"
 #include "settings/QVSDKManager.h"
 #include "support/QVPixels.h"
@@ -60,7 +58,7 @@ private:
         std::function<QImage()> take;
     };
     enum class Kind { Draw, Characters, Outage };
-    enum class Bar { Prompt, Tappable, Passing, Success, SuccessWithScore };
+    using Bar = QVOverlaySurface::Bar;
 
     std::vector<Look> looks()
     {
@@ -68,17 +66,16 @@ private:
         const auto add = [&all](const char *name, std::function<QImage()> take) {
             all.push_back({name, std::move(take)});
         };
-        add("bar-prompt", [this] { return bar(Bar::Prompt); });
-        add("bar-prompt-2x", [this] { return bar(Bar::Prompt, "en", 400, 2); });
-        add("bar-prompt-hant", [this] { return bar(Bar::Prompt, "zh-Hant"); });
-        add("bar-error-tappable", [this] { return bar(Bar::Tappable); });
-        add("bar-error-passing", [this] { return bar(Bar::Passing); });
-        add("bar-error-240", [this] { return bar(Bar::Tappable, "en", 240); });
-        add("bar-error-hans", [this] { return bar(Bar::Tappable, "zh-Hans"); });
+        add("bar-prompt", [this] { return bar(Bar::Prompt, "drawCaptcha"); });
+        add("bar-prompt-2x", [this] { return bar(Bar::Prompt, "drawCaptcha", "en", 400, 2); });
+        add("bar-prompt-hant", [this] { return bar(Bar::Prompt, "drawCaptcha", "zh-Hant"); });
+        add("bar-error-tappable", [this] { return bar(Bar::Error, "loadFaild"); });
+        add("bar-error-passing", [this] { return bar(Bar::Error, "fail"); });
+        add("bar-error-240", [this] { return bar(Bar::Error, "loadFaild", "en", 240); });
+        add("bar-error-hans", [this] { return bar(Bar::Error, "loadFaild", "zh-Hans"); });
         add("bar-error-focused", [this] { return focusedBar(); });
-        add("bar-success", [this] { return bar(Bar::Success); });
-        add("bar-success-score", [this] { return bar(Bar::SuccessWithScore); });
-        add("bar-half-way", [this] { return bar(Bar::Passing, "en", 400, 1, 100ms); });
+        add("bar-success", [this] { return bar(Bar::Success, "clickPass"); });
+        add("bar-half-way", [this] { return bar(Bar::Error, "fail", "en", 400, 1, 100ms); });
         add("dots-early", [this] { return dots(300ms); });
         add("dots-late", [this] { return dots(650ms); });
         add("strip-empty", [this] { return strip({}, 0); });
@@ -86,6 +83,10 @@ private:
         add("strip-busy", [this] { return strip({}, 1); });
         add("strip-pressed", [this] { return strip(q("a4K"), 0, true); });
         add("strip-hant", [this] { return strip({}, 0, false, "zh-Hant"); });
+        add("strip-contrast", [this] { return withContrast([this] { return strip({}, 0); }); });
+        add("popup-contrast", [this] {
+            return withContrast([this] { return popup(Kind::Draw, {320, 480}); });
+        });
         add("button-normal", [this] { return button(QVClickStatusNormal, 0ms); });
         add("button-normal-2x", [this] { return button(QVClickStatusNormal, 0ms, 2); });
         add("button-touching", [this] { return button(QVClickStatusTouching, 250ms); });
@@ -149,27 +150,12 @@ private:
         return *view;
     }
 
-    QImage bar(Bar kind, const char *language = "en", int width = 400, qreal ratio = 1,
+    QImage bar(Bar shown, const char *key, const char *language = "en", int width = 400, qreal ratio = 1,
                std::chrono::milliseconds time = 300ms)
     {
         QVRenderDrawImageView &view = pictureView(width, language);
-        using Place = QVOverlaySurface::Bar;
-        const auto text = [](const char *key) {
-            return qv_localizedStringForKey(QLatin1String(key));
-        };
-        QVVerifyResponseModel answer;
-        answer.setDrawtime(q("3210"));
-        answer.setScore(q("87"));
-        if (kind == Bar::SuccessWithScore)
-            answer.setPassline(q("60"));
-        if (kind == Bar::Prompt)
-            view.slideIn(Place::Prompt, text("drawCaptcha"), false);
-        else if (kind == Bar::Tappable)
-            view.slideIn(Place::Error, text("loadFaild"), true);
-        else if (kind == Bar::Passing)
-            view.slideIn(Place::Error, text("fail"), false);
-        else
-            view.slideIn(Place::Success, qv_passText(answer), false);
+        const bool isTappable = QLatin1String(key) == QLatin1String("loadFaild");
+        view.slideIn(shown, qv_localizedStringForKey(QLatin1String(key)), isTappable);
         advance(time);
         return shot(ratio);
     }
@@ -177,7 +163,7 @@ private:
     QImage focusedBar()
     {
         QVRenderDrawImageView &view = pictureView(400, "en");
-        view.slideIn(QVOverlaySurface::Bar::Error, q("No"), true);
+        view.slideIn(Bar::Error, q("No"), true);
         advance(300ms);
         focusNext();
         return shot();
@@ -204,6 +190,14 @@ private:
         view->doneButton()->setDown(isPressed);
         advance(250ms);
         return shot();
+    }
+
+    static QImage withContrast(const std::function<QImage()> &take)
+    {
+        QVSDKManager::setContrast(QVContrast::High);
+        const QImage seen = take();
+        QVSDKManager::setContrast(QVContrast::System);
+        return seen;
     }
 
     QVClickButton &makeButton()

@@ -1,8 +1,8 @@
 #include "modes/ModesTestCase.h"
 #include "modes/QVClickButton.h"
-#include "modes/QVClickStatusLabel.h"
 #include "settings/QVLocalization.h"
 #include "support/QVPixels.h"
+#include "views/QVLabel.h"
 
 #include <QAccessible>
 #include <QHelpEvent>
@@ -41,7 +41,7 @@ private Q_SLOTS:
 
     void fitsLongTexts()
     {
-        auto *const label = m_button->findChild<QVClickStatusLabel *>();
+        auto *const label = m_button->findChild<QVLabel *>();
         const auto showsToolTip = [&](int words) {
             label->setText(q("<b>a</b>long ").repeated(words).trimmed());
             QHelpEvent event(QEvent::ToolTip, QPoint(60, 10), m_button->mapToGlobal(QPoint(60, 10)));

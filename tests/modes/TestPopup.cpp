@@ -2,7 +2,6 @@
 #include "modes/ModesTestCase.h"
 #include "modes/Opener.h"
 #include "popup/QVCloseButton.h"
-#include "popup/QVSupportLabel.h"
 #include "popup/QVViewController.h"
 #include "popup/QVWindow.h"
 #include "service/QVClickResponseModel.h"
@@ -109,7 +108,7 @@ private Q_SLOTS:
         const QRect close = popup()->findChild<QVCloseButton *>()->geometry();
         QCOMPARE(close.size(), QSize(32, 32));
         QCOMPARE(close.topRight(), screen.topRight());
-        const QRect support = popup()->findChild<QVSupportLabel *>()->geometry();
+        const QRect support = popup()->findChild<QWidget *>(q("supportLabel"))->geometry();
         QCOMPARE(screen.bottomRight() - support.bottomRight(), QPoint(10, 5));
 
         advance(300ms);

@@ -37,7 +37,7 @@ private Q_SLOTS:
     void looksUpInTheChosenLanguage()
     {
         QVConfigurationManager::sharedManager().setPreferredLanguage(q("zh-Hans"));
-        QCOMPARE(qv_localizedStringForKey(q("drawCaptcha")), q("请沿图中曲线绘制"));
+        QCOMPARE(qv_localizedStringForKey(q("drawCaptcha")), q("请沿图中曲线画线"));
         QVConfigurationManager::sharedManager().setPreferredLanguage(q("en"));
         QCOMPARE(qv_localizedStringForKey(q("done"), q("instead")), q("Done"));
         QCOMPARE(qv_localizedStringForKey(q("no such key"), q("instead")), q("instead"));

@@ -1,7 +1,7 @@
 #include "support/QVPointerInput.h"
 #include "support/QVTestCase.h"
 #include "support/QVWait.h"
-#include "views/QVOverlayLabel.h"
+#include "views/QVLabel.h"
 #include "views/QVRenderDrawImageView.h"
 #include "views/QVRenderDrawOverlayView.h"
 
@@ -36,7 +36,7 @@ private Q_SLOTS:
         QVERIFY(bar->y() > 200 && bar->y() < 230);
         advance(100ms);
         QCOMPARE(bar->geometry(), QRect(0, 200, 400, 30));
-        QCOMPARE(bar->overlayLabel()->text(), q(" Draw"));
+        QCOMPARE(bar->overlayLabel()->text(), q("Draw"));
         m_view->slideOut(Bar::Prompt);
         advance(200ms);
         QCOMPARE(bar->y(), 230);

@@ -1,0 +1,187 @@
+#include "views/QVPaintedText.h"
+
+#include "views/QVOneLine.h"
+#include "views/QVSystemFont.h"
+
+#include <QApplication>
+#include <QFontMetricsF>
+#include <QImage>
+#include <QPainter>
+#include <QTextLayout>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr int smallestPixelSize = 12;
+constexpr qreal iconSide = 20;
+constexpr qreal iconBelowBaseline = 4;
+// Bounds the memory where a host zooms a scene that shows the text.
+constexpr qreal largestRatio = 4;
+
+double widest(const QStringList &lines, const QFontMetricsF &metrics)
+{
+    double width = 0;
+    for (const QString &line : lines)
+        width = std::max(width, metrics.horizontalAdvance(line));
+    return width;
+}
+
+/// A blurred picture of the shape, in translucent black.
+QImage shadowOf(const QImage &shape)
+{
+    constexpr int strength = 140;
+    constexpr qreal blur = 2;
+    QImage shadow = shape;
+    QPainter painter(&shadow);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    painter.fillRect(shadow.rect(), QColor(0, 0, 0, strength));
+    painter.end();
+    const QSize small = (QSizeF(shape.size()) / (blur * shape.devicePixelRatio())).toSize();
+    return shadow.scaled(small.expandedTo({1, 1}), Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+        .scaled(shape.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+}
+
+} // namespace
+
+void QVPaintedText::setText(const QString &text, const QPixmap &icon)
+{
+    m_text = text;
+    m_line = qv_oneLine(text);
+    m_icon = icon;
+    m_key = {};
+}
+
+QSize QVPaintedText::sizeFor(int width) const
+{
+    const Lines lines = fitted({width, QWIDGETSIZE_MAX});
+    const QFontMetricsF metrics(lines.font);
+    const int wanted = qCeil(widest(lines.texts, metrics) + iconSpace(lines.font));
+    return {lines.isElided ? width : std::min(width, wanted),
+            qCeil(metrics.height()) + extraHeightFor(width)};
+}
+
+int QVPaintedText::extraHeightFor(int width) const
+{
+    const Lines lines = fitted({width, QWIDGETSIZE_MAX});
+    return qCeil(QFontMetricsF(lines.font).lineSpacing() *
+                 double(std::max<qsizetype>(lines.texts.size(), 1) - 1));
+}
+
+bool QVPaintedText::isElided(QSize room) const
+{
+    return fitted(room).isElided;
+}
+
+void QVPaintedText::paint(QPainter &painter, const QRect &room, const QColor &color)
+{
+    if (room.isEmpty() || (m_line.isEmpty() && m_icon.isNull()))
+        return;
+    // Not the device's ratio: a widget that is rendered elsewhere answers with that of its own screen.
+    const qreal ratio = std::clamp(painter.deviceTransform().m11(), 1.0, largestRatio);
+    const Key key{room.size(), ratio, color, QApplication::font()};
+    if (key != m_key) {
+        m_picture = picture(key);
+        m_key = key;
+    }
+    painter.drawPixmap(room.topLeft(), m_picture);
+}
+
+QVPaintedText::Lines QVPaintedText::fitted(QSize room) const
+{
+    QFont font = qv_systemFont(m_style.pixelSize);
+    font.setItalic(m_style.isItalic);
+    for (;; font.setPixelSize(font.pixelSize() - 1)) {
+        Lines lines = broken(font, room);
+        if (!lines.isElided || font.pixelSize() <= smallestPixelSize)
+            return lines;
+    }
+}
+
+QVPaintedText::Lines QVPaintedText::broken(const QFont &font, QSize room) const
+{
+    const QFontMetricsF metrics(font);
+    const double width = room.width() - iconSpace(font);
+    const int most = std::clamp(int(room.height() / metrics.lineSpacing()), 1, m_style.mostLines);
+    Lines result{font, {}};
+    QString rest = m_line;
+    if (most > 1) {
+        QTextOption wrapping;
+        wrapping.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+        QTextLayout layout(m_line, font);
+        layout.setTextOption(wrapping);
+        layout.beginLayout();
+        for (int i = 1; i < most && !rest.isEmpty(); ++i) {
+            QTextLine line = layout.createLine();
+            line.setLineWidth(width);
+            result.texts.append(rest.left(line.textLength()).trimmed());
+            rest = rest.mid(line.textLength());
+        }
+        layout.endLayout();
+    }
+    if (rest.isEmpty())
+        return result;
+    result.texts.append(metrics.elidedText(rest, Qt::ElideRight, width));
+    result.isElided =
+        result.texts.constLast() != rest || metrics.height() * double(result.texts.size()) > room.height();
+    return result;
+}
+
+qreal QVPaintedText::iconSpace(const QFont &font) const
+{
+    if (m_icon.isNull())
+        return 0;
+    return m_line.isEmpty() ? iconSide : iconSide + QFontMetricsF(font).horizontalAdvance(u' ');
+}
+
+QPixmap QVPaintedText::picture(const Key &key) const
+{
+    QImage ink((QSizeF(key.size) * key.ratio).toSize(), QImage::Format_ARGB32_Premultiplied);
+    ink.setDevicePixelRatio(key.ratio);
+    ink.fill(Qt::transparent);
+    QPainter painter(&ink);
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+    painter.setPen(key.color);
+    draw(painter, key.size);
+    if (m_style.hasShadow) {
+        // Under what is there already, a pixel lower.
+        const QImage shadow = shadowOf(ink);
+        painter.setCompositionMode(QPainter::CompositionMode_DestinationOver);
+        painter.drawImage(QRectF(QPointF(0, 1), QSizeF(key.size)), shadow);
+    }
+    painter.end();
+    return QPixmap::fromImage(ink);
+}
+
+void QVPaintedText::draw(QPainter &painter, QSize room) const
+{
+    const Lines lines = fitted(room);
+    const QFontMetricsF metrics(lines.font);
+    const bool hasIcon = !m_icon.isNull();
+    // The icon takes part in the height of the line, as a letter of its own size would.
+    const double ascent = std::max(metrics.ascent(), hasIcon ? iconSide - iconBelowBaseline : 0);
+    const double descent = std::max(metrics.descent(), hasIcon ? iconBelowBaseline : 0);
+    const double extra = metrics.lineSpacing() * double(std::max<qsizetype>(lines.texts.size(), 1) - 1);
+    const double space = iconSpace(lines.font);
+    const double width = widest(lines.texts, metrics);
+    const auto aligned = [&](double free) {
+        if (m_style.alignment & Qt::AlignLeft)
+            return 0.0;
+        return std::max(0.0, m_style.alignment & Qt::AlignRight ? free : std::floor(free / 2));
+    };
+    const double left = aligned(room.width() - width - space);
+    double baseline = std::round((room.height() - ascent - descent - extra) / 2 + ascent);
+    if (hasIcon) {
+        painter.drawPixmap(QRectF(left, baseline + iconBelowBaseline - iconSide, iconSide, iconSide), m_icon,
+                           QRectF(m_icon.rect()));
+    }
+    painter.setFont(lines.font);
+    // The application's direction is that of its own texts.
+    painter.setLayoutDirection(Qt::LayoutDirectionAuto);
+    for (const QString &line : lines.texts) {
+        const double start = left + space + aligned(width - metrics.horizontalAdvance(line));
+        painter.drawText(QPointF(start, baseline), line);
+        baseline += metrics.lineSpacing();
+    }
+}
