@@ -3,57 +3,46 @@
 #include "model/QVJsonConversion.h"
 
 #include <QJsonObject>
+#include <QMetaProperty>
 
-#include <array>
-#include <optional>
+namespace {
 
-void QVModelMapper::Field::write(void *record, const QJsonValue &value) const
+template<class Value>
+QVariant variantOf(const std::optional<Value> &value)
 {
-    switch (property.typeId()) {
+    return value ? QVariant(*value) : QVariant();
+}
+
+/// Invalid where the value has no reading as that type.
+QVariant reading(const QJsonValue &value, int type)
+{
+    switch (type) {
     case QMetaType::QString:
-        return set(record, qv_textFromJson(value));
+        return variantOf(qv_textFromJson(value));
     case QMetaType::LongLong:
-        return set(record, qv_integerFromJson(value));
+        return variantOf(qv_integerFromJson(value));
     case QMetaType::Double:
-        return set(record, qv_numberFromJson(value));
+        return variantOf(qv_numberFromJson(value));
     case QMetaType::Bool:
-        return set(record, qv_booleanFromJson(value));
+        return variantOf(qv_booleanFromJson(value));
     case QMetaType::QStringList:
-        return set(record, qv_textListFromJson(value));
+        return variantOf(qv_textListFromJson(value));
     default:
-        return;
+        return {};
     }
 }
 
-template<class Value>
-void QVModelMapper::Field::set(void *record, std::optional<Value> value) const
-{
-    if (!value)
-        return;
-    // What QMetaProperty::writeOnGadget() calls in the end. Going there directly saves making a QVariant
-    // of each value, which took longer than all else together.
-    int status = -1;
-    int flags = 0;
-    std::array<void *, 4> arguments{&*value, nullptr, &status, &flags};
-    property.enclosingMetaObject()->d.static_metacall(static_cast<QObject *>(record),
-                                                      QMetaObject::WriteProperty,
-                                                      property.relativePropertyIndex(), arguments.data());
-}
+} // namespace
 
-QVModelMapper::QVModelMapper(const QMetaObject &type)
+void QVModelMapper::fill(const QMetaObject &type, void *record, const QJsonObject &object)
 {
     for (int index = 0; index < type.propertyCount(); ++index) {
         const QMetaProperty property = type.property(index);
-        if (property.isWritable())
-            m_fields.push_back({QLatin1String(property.name()), property});
-    }
-}
-
-void QVModelMapper::apply(const QJsonObject &object, void *record) const
-{
-    for (const Field &field : m_fields) {
-        const auto member = object.constFind(field.name);
-        if (member != object.constEnd())
-            field.write(record, member.value());
+        const auto member = object.constFind(QLatin1String(property.name()));
+        if (member == object.constEnd() || !property.isWritable())
+            continue;
+        const QVariant value = reading(member.value(), property.typeId());
+        if (value.isValid())
+            property.writeOnGadget(record, value);
     }
 }
