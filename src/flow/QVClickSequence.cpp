@@ -1,6 +1,6 @@
 #include "flow/QVClickSequence.h"
 
-#include "net/QVDataTask.h"
+#include "net/QVBoundedDownload.h"
 #include "service/QVAPIRequestManager.h"
 #include "service/QVClickResponseModel.h"
 #include "service/QVConfigResponseModel.h"

@@ -4,6 +4,8 @@
 #include "flow/QVVerifyStyle.h"
 #include "platform/QVError.h"
 
+#include <QPointer>
+
 #include <functional>
 #include <memory>
 #include <optional>
@@ -11,7 +13,7 @@
 
 class QVClickResponseModel;
 class QVConfigResponseModel;
-class QVDataTask;
+class QVBoundedDownload;
 class QVDownTimeResponseModel;
 
 /// The questions before a picture, in their order: outage switch, configuration, and, unless the style
@@ -76,5 +78,5 @@ private:
     Completion m_completion;
     std::function<void(bool)> m_switched;
     std::function<void(const Config &)> m_configured;
-    std::shared_ptr<QVDataTask> m_task;
+    QPointer<QVBoundedDownload> m_task;
 };

@@ -15,15 +15,13 @@ constexpr QVBoundedDownload::Limits limits{15s, 8 << 20};
 
 } // namespace
 
-QVImageLoad *QVImageLoad::start(QVImageResources &resources, const QString &address, Completion completion)
+void QVImageLoad::start(QVImageResources &resources, const QString &address, Completion completion)
 {
-    auto *load = new QVImageLoad(resources, address, std::move(completion));
-    load->begin();
-    return load;
+    (new QVImageLoad(resources, address, std::move(completion)))->begin();
 }
 
 QVImageLoad::QVImageLoad(QVImageResources &resources, QString address, Completion completion)
-    : QVTransfer(&resources)
+    : QObject(&resources)
     , m_resources(resources)
     , m_address(std::move(address))
     , m_completion(std::move(completion))
@@ -33,33 +31,15 @@ QVImageLoad::QVImageLoad(QVImageResources &resources, QString address, Completio
 QVImageLoad::~QVImageLoad()
 {
     stopDecoding();
-    // What the completion holds may cancel this as it goes.
-    m_isFinished = true;
-    m_completion = {};
     delete m_download;
-}
-
-void QVImageLoad::cancel()
-{
-    if (m_download) {
-        m_download->cancel();
-        return;
-    }
-    if (m_error)
-        return;
-    const bool isCompleting = !m_image.isNull();
-    m_image = {};
-    m_error = QVErrorClassification::parseError(qv_networkError(QVNetworkError::cancelled));
-    stopDecoding();
-    if (!isCompleting)
-        QMetaObject::invokeMethod(this, &QVImageLoad::complete, Qt::QueuedConnection);
 }
 
 void QVImageLoad::begin()
 {
-    m_image = m_resources.remembered(m_address);
-    if (!m_image.isNull())
-        QMetaObject::invokeMethod(this, &QVImageLoad::complete, Qt::QueuedConnection);
+    const QImage image = m_resources.remembered(m_address);
+    if (!image.isNull())
+        QMetaObject::invokeMethod(
+            this, [this, image] { complete(image, std::nullopt); }, Qt::QueuedConnection);
     else if (m_resources.disk().holds(m_address))
         readFromDisk();
     else
@@ -70,7 +50,7 @@ void QVImageLoad::readFromDisk()
 {
     connect(&m_resources.disk(), &QVPictureDisk::wasRead, this,
             [this](const QString &address, const QByteArray &bytes) {
-                if (address != m_address || m_error)
+                if (address != m_address)
                     return;
                 m_resources.disk().disconnect(this);
                 bytes.isEmpty() ? download() : decode(bytes);
@@ -112,22 +92,18 @@ void QVImageLoad::decode(const QByteArray &bytes)
 
 void QVImageLoad::handleDecoded(const QImage &image)
 {
-    m_deadline.stop();
-    m_image = image;
-    if (m_image.isNull())
+    if (image.isNull())
         return fail(QVNetworkError::other);
-    m_resources.remember(m_address, m_image);
+    m_resources.remember(m_address, image);
     if (m_isForDisk)
         m_resources.disk().write(m_address, m_bytes);
-    complete();
+    complete(image, std::nullopt);
 }
 
 void QVImageLoad::startDeadline()
 {
-    m_deadline.start(m_start + limits.deadline - QVScheduler::shared().now(), [this] {
-        stopDecoding();
-        fail(QVNetworkError::timedOut);
-    });
+    m_deadline.start(m_start + limits.deadline - QVScheduler::shared().now(),
+                     [this] { fail(QVNetworkError::timedOut); });
 }
 
 void QVImageLoad::stopDecoding()
@@ -141,15 +117,15 @@ void QVImageLoad::stopDecoding()
 
 void QVImageLoad::fail(qint64 code)
 {
-    m_error = QVErrorClassification::parseError(qv_networkError(code));
-    complete();
+    complete({}, QVErrorClassification::parseError(qv_networkError(code)));
 }
 
-void QVImageLoad::complete()
+void QVImageLoad::complete(const QImage &image, const std::optional<QVError> &error)
 {
-    m_isFinished = true;
+    stopDecoding();
+    m_resources.disk().disconnect(this);
     deleteLater();
     const Completion completion = std::exchange(m_completion, {});
     if (completion)
-        completion(m_image, m_error);
+        completion(image, error);
 }

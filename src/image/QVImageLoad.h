@@ -13,19 +13,18 @@
 class QVBackgroundWork;
 class QVImageResources;
 
-/// One picture on its way: from memory, or from disk or the network by decoding. Owned by its resources.
-class QVImageLoad final : public QVTransfer
+/// One picture on its way: from memory, or from disk or the network by decoding. Owned by its resources; it
+/// destroys itself once it has completed.
+class QVImageLoad final : public QObject
 {
     Q_OBJECT
 
 public:
     using Completion = std::function<void(QImage, std::optional<QVError>)>;
 
-    static QVImageLoad *start(QVImageResources &resources, const QString &address, Completion completion);
+    static void start(QVImageResources &resources, const QString &address, Completion completion);
 
     ~QVImageLoad() override;
-    void cancel() override;
-    [[nodiscard]] bool isFinished() const override { return m_isFinished; }
 
 private:
     QVImageLoad(QVImageResources &resources, QString address, Completion completion);
@@ -40,7 +39,7 @@ private:
     void startDeadline();
     void stopDecoding();
     void fail(qint64 code);
-    void complete();
+    void complete(const QImage &image, const std::optional<QVError> &error);
 
     QVImageResources &m_resources;
     QString m_address;
@@ -49,10 +48,7 @@ private:
     QPointer<QVBackgroundWork> m_decoding;
     const std::chrono::nanoseconds m_start = QVScheduler::shared().now();
     QVTimer m_deadline;
-    QImage m_image;
-    std::optional<QVError> m_error;
     QByteArray m_bytes;
     /// Whether it is written to disk once it has turned out to be a picture.
     bool m_isForDisk = false;
-    bool m_isFinished = false;
 };

@@ -3,7 +3,6 @@
 #include "image/QVImageDecoder.h"
 #include "image/QVImageLoad.h"
 #include "image/QVImageResources.h"
-#include "net/QVDataTask.h"
 #include "platform/QVMainThread.h"
 
 #include <QCoreApplication>
@@ -26,10 +25,10 @@ void QVImageLoader::prepare()
     resources().start([](const std::stop_token &) { (void)qv_decoderReads(QByteArrayLiteral("jpeg")); });
 }
 
-std::shared_ptr<QVDataTask> QVImageLoader::load(const QString &address, Completion completion)
+void QVImageLoader::load(const QString &address, Completion completion)
 {
     qv_assertMainThread();
-    return std::make_shared<QVDataTask>(QVImageLoad::start(resources(), address, std::move(completion)));
+    QVImageLoad::start(resources(), address, std::move(completion));
 }
 
 QVImageResources &QVImageLoader::resources()

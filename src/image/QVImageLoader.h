@@ -9,7 +9,6 @@
 #include <memory>
 #include <optional>
 
-class QVDataTask;
 class QVImageResources;
 
 /// Loads pictures by address. Used on the main thread.
@@ -28,7 +27,7 @@ public:
     /// Does ahead what the first load needs, so that its picture need not wait for it: a folder on disk
     /// and the decoder of the usual format.
     void prepare();
-    std::shared_ptr<QVDataTask> load(const QString &address, Completion completion);
+    void load(const QString &address, Completion completion);
 
 private:
     QVImageLoader();

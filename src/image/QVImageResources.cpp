@@ -2,13 +2,13 @@
 
 namespace {
 
-// Some ten captcha pictures of double resolution.
-constexpr qsizetype bytesInMemory = 16 << 20;
+// An address is hardly ever used twice.
+constexpr qsizetype mostInMemory = 2;
 
 } // namespace
 
 QVImageResources::QVImageResources()
-    : m_memory(bytesInMemory)
+    : m_memory(mostInMemory)
 {
 }
 
@@ -26,5 +26,5 @@ QImage QVImageResources::remembered(const QString &address) const
 
 void QVImageResources::remember(const QString &address, const QImage &image)
 {
-    m_memory.insert(address, new QImage(image), image.sizeInBytes());
+    m_memory.insert(address, new QImage(image));
 }

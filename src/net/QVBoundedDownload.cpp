@@ -49,7 +49,7 @@ QVBoundedDownload *QVBoundedDownload::start(QVNetworkSession &own, QNetworkAcces
 
 QVBoundedDownload::QVBoundedDownload(QVNetworkSession &own, QNetworkAccessManager *host,
                                      const QNetworkRequest &request, Limits limits, Completion completion)
-    : QVTransfer(&own)
+    : QObject(&own)
     , m_own(own)
     , m_host(host)
     , m_request(request)

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "net/QVTransfer.h"
 #include "platform/QVError.h"
 #include "platform/QVTimer.h"
 
@@ -14,11 +13,12 @@ class QNetworkAccessManager;
 class QVExchange;
 class QVNetworkSession;
 
-/// A GET that ends: within its deadline, taking no more than its limit, after a few redirects.
+/// A GET that ends: within its deadline, taking no more than its limit, after a few redirects. It destroys
+/// itself once it has completed.
 ///
 /// Certificates are verified whatever the host has set for the process. An answer is one whatever its HTTP
 /// status.
-class QVBoundedDownload final : public QVTransfer
+class QVBoundedDownload final : public QObject
 {
     Q_OBJECT
 
@@ -44,8 +44,8 @@ public:
                                     const QNetworkRequest &request, Limits limits, Completion completion);
 
     ~QVBoundedDownload() override;
-    void cancel() override;
-    [[nodiscard]] bool isFinished() const override { return m_isFinished; }
+    /// Ends the request early: it completes later, with code -999. Does nothing once it has ended.
+    void cancel();
 
 private:
     QVBoundedDownload(QVNetworkSession &own, QNetworkAccessManager *host, const QNetworkRequest &request,

@@ -2,7 +2,6 @@
 
 #include "model/QVModelMapper.h"
 #include "net/QVBoundedDownload.h"
-#include "net/QVDataTask.h"
 #include "net/QVNetworkSession.h"
 #include "net/QVPlainAddress.h"
 #include "platform/QVMainThread.h"
@@ -232,13 +231,12 @@ QVAPIRequestManager::Task QVAPIRequestManager::startPlain(const QString &address
     request.setAttribute(QNetworkRequest::CacheSaveControlAttribute, false);
 
     auto *const host = QVConfigurationManager::sharedManager().networkAccessManager();
-    auto *download =
-        QVBoundedDownload::start(requestSession(), host, request, {deadline, answerLimit},
-                                 [answered = std::move(answered)](const QVBoundedDownload::Result &result) {
-                                     answered(result.error ? QVJsonAnswer{std::nullopt, result.error}
-                                                           : qv_readJsonAnswer(result.body));
-                                 });
-    return std::make_shared<QVDataTask>(download);
+    return QVBoundedDownload::start(
+        requestSession(), host, request, {deadline, answerLimit},
+        [answered = std::move(answered)](const QVBoundedDownload::Result &result) {
+            answered(result.error ? QVJsonAnswer{std::nullopt, result.error}
+                                  : qv_readJsonAnswer(result.body));
+        });
 }
 
 QVNetworkSession &QVAPIRequestManager::requestSession()

@@ -3,11 +3,12 @@
 #include "service/QVCompletion.h"
 
 #include <QMap>
+#include <QPointer>
 #include <QString>
 
+class QVBoundedDownload;
 class QVClickResponseModel;
 class QVConfigResponseModel;
-class QVDataTask;
 class QVDownTimeResponseModel;
 class QVGetOutageResponseModel;
 class QVGetRefreshResponseModel;
@@ -22,7 +23,8 @@ class QVAPIRequestManager
 {
 public:
     using Parameters = QMap<QString, QString>;
-    using Task = std::shared_ptr<QVDataTask>;
+    /// A started request; null once it has ended. Dropping it leaves the request running.
+    using Task = QPointer<QVBoundedDownload>;
 
     QVAPIRequestManager(const QVAPIRequestManager &) = delete;
     QVAPIRequestManager &operator=(const QVAPIRequestManager &) = delete;

@@ -4,6 +4,7 @@
 #include "support/QVText.h"
 
 #include <QCoreApplication>
+#include <QScopeGuard>
 #include <QThread>
 
 #include <memory>
@@ -20,7 +21,8 @@ public:
     auto run(const Start &start)
     {
         const auto seen = m_seen;
-        auto task = start([seen](Result result, const std::optional<QVError> &error) {
+        const auto returned = qScopeGuard([seen] { seen->hasReturned = true; });
+        return start([seen](Result result, const std::optional<QVError> &error) {
             ++seen->count;
             seen->isEarly = seen->isEarly || !seen->hasReturned;
             seen->isElsewhere =
@@ -28,8 +30,6 @@ public:
             seen->result = std::move(result);
             seen->error = error;
         });
-        m_seen->hasReturned = true;
-        return task;
     }
 
     [[nodiscard]] bool isDone() const { return m_seen->count > 0; }
