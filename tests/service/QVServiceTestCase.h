@@ -1,6 +1,6 @@
 #pragma once
 
-#include "net/QVDataTask.h"
+#include "net/QVBoundedDownload.h"
 #include "service/QVAPIRequestManager.h"
 #include "service/QVClickResponseModel.h"
 #include "service/QVConfigResponseModel.h"
@@ -62,6 +62,7 @@ protected:
         settings().setServiceAddresses({});
         settings().setOutage({});
         settings().setIsOpenOutage(false);
+        settings().setNetworkAccessManager(nullptr);
     }
 
 private:

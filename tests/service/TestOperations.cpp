@@ -107,8 +107,7 @@ private Q_SLOTS:
         await(probe);
         QVERIFY(!probe.result());
         QCOMPARE(probe.code(), -1001);
-        QCOMPARE(probe.error()->domain(),
-                 QVErrorClassification::parseError(QVError(QString(), -1001)).domain());
+        QCOMPARE(probe.error()->domain(), q("The request timed out. Please try again."));
         QVERIFY(waitFor([&] { return server().closedCount() == 1; }));
     }
 
@@ -124,17 +123,86 @@ private Q_SLOTS:
 
     void readsTheConfiguration()
     {
-        server().enqueue(QVScript::answer(
-            R"({"code":"0103","challenge":"c","api_server":"a.example","guide":"YES","cdn_servers":[null,"q"],)"
-            R"("source_server":"http:other","isCharVerify":true,"type":"draw"})"));
-        Probe<QVConfigResponseModel> probe;
-        probe.run([](QVCompletion<QVConfigResponseModel> completed) {
-            return manager().requestConfigWithVid({}, {}, {}, std::move(completed));
-        });
-        await(probe);
-        QCOMPARE(probe.result()->api_server(), q("https://a.example"));
-        QCOMPARE(probe.result()->source_server(), settings().serviceAddresses().cdn());
-        QVERIFY(probe.result()->guide() && !probe.result()->isCharVerify());
+        QVServiceAddresses addresses = settings().serviceAddresses();
+        addresses.setCdn(q("https://default.example"));
+        settings().setServiceAddresses(addresses);
+        // What is in the answer, then its API server, its server of pictures and whether characters are
+        // typed.
+        const QVCases<const char *, const char *, const char *, bool> cases{
+            {"'api_server':'a.example','cdn_servers':['b.example','c']", "https://a.example",
+             "https://b.example", false},
+            {"'api_server':'httpd.example','cdn_servers':['httpd.b']", "httpd.example", "httpd.b", false},
+            {"'api_server':'HTTP://a','cdn_servers':[null,'b'],'source_server':'https://x'",
+             "https://HTTP://a", "https://default.example", false},
+            {"'api_server':'','cdn_servers':[],'type':'Character'", "", "https://default.example", false},
+            {"'type':'character','isCharVerify':false", "", "https://default.example", true},
+            {"'type':'draw','isCharVerify':true,'cdn_servers':'b'", "", "https://default.example", false}};
+        for (const auto &[members, apiServer, source, isTyped] : cases) {
+            const QByteArray body = "{'code':'0103','guide':'YES'," + QByteArray(members) + '}';
+            server().enqueue(QVScript::answer(QByteArray(body).replace('\'', '"')));
+            Probe<QVConfigResponseModel> probe;
+            probe.run([](auto completed) { return manager().requestConfigWithVid({}, {}, {}, completed); });
+            await(probe);
+            QCOMPARE(probe.result()->api_server(), q(apiServer));
+            QCOMPARE(probe.result()->source_server(), q(source));
+            QCOMPARE(probe.result()->isCharVerify(), isTyped);
+            QVERIFY(probe.result()->guide());
+        }
+    }
+
+    void earlierValuesStick()
+    {
+        QVConfigResponseModel record;
+        record.setApi_server(q("a"));
+        record.setApi_server(q(""));
+        record.setType(q("character"));
+        record.setType(q("draw"));
+        QCOMPARE(record.api_server(), q("https://a"));
+        QVERIFY(record.isCharVerify() && record.type() == q("draw"));
+    }
+
+    void judgesByTheKindOfAnswer()
+    {
+        const QVCases<const char *, bool, bool> cases{
+            {"0103", true, true}, {"0104", true, false}, {"104", false, false}};
+        for (const auto &[code, isClick, isVerify] : cases) {
+            const QByteArray body = R"({"drawtime":"7","code":"%1"})";
+            for (int request = 0; request < 3; ++request)
+                server().enqueue(QVScript::answer(QByteArray(body).replace("%1", code)));
+            Probe<QVClickResponseModel> click;
+            click.run([this](auto completed) {
+                return manager().requestClickWithApiServer(server().address(), q("v"), {}, completed);
+            });
+            await(click);
+            QCOMPARE(click.result() != nullptr, isClick);
+            for (const bool isOutage : {false, true}) {
+                Probe<QVVerifyResponseModel> verify;
+                verify.run([&](auto completed) {
+                    return isOutage ? manager().requestOutageVerifyWithChallenge({}, {}, q("9"), completed)
+                                    : manager().requestVerifyWithApiServer(server().address(), q("v"), {}, {},
+                                                                           q("9"), completed);
+                });
+                await(verify);
+                // The time that was drawn for is the caller's to know.
+                QCOMPARE(verify.result() ? verify.result()->drawtime() : QString(),
+                         isVerify ? q("9") : QString());
+            }
+        }
+    }
+
+    void anAbsentBaseIsNotReplacedForAnId()
+    {
+        const QVCases<QString, qint64> cases{{q("v"), -1002}, {q(""), -1002}, {QString(), 0}};
+        for (const auto &[vid, code] : cases) {
+            server().setResponder(
+                [](const QVReceivedRequest &) { return QVScript::answer(R"({"code":"0103"})"); });
+            Probe<Picture> probe;
+            probe.run([&](auto completed) {
+                return manager().requestGetWithApiServer(QString(), vid, q("c"), completed);
+            });
+            await(probe);
+            QCOMPARE(probe.code(), code);
+        }
     }
 
     void outageSwitch_data()
