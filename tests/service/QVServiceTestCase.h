@@ -9,9 +9,13 @@
 #include "service/QVGetOutageResponseModel.h"
 #include "service/QVVerifyResponseModel.h"
 #include "settings/QVConfigurationManager.h"
+#include "settings/QVMainBundle.h"
 #include "support/QVCompletionProbe.h"
 #include "support/QVScriptedServer.h"
 #include "support/QVTestCase.h"
+
+#include <QDir>
+#include <QTemporaryDir>
 
 /// Base of the tests that talk to a scripted server standing in for all services.
 class QVServiceTestCase : public QVTestCase
@@ -53,12 +57,13 @@ protected:
         addresses.setDownloadHost(server().address() + q("/download"));
         settings().setServiceAddresses(addresses);
         settings().setOutage(server().address() + q("/outage"));
-        settings().setPreferredLanguage(q("en"));
+        shipTextsThatAreTheirKeys();
     }
 
     void finish() override
     {
         m_server.reset();
+        QVMainBundle::shared().setPlaces(QVMainBundle::defaultPlaces());
         settings().setServiceAddresses({});
         settings().setOutage({});
         settings().setIsOpenOutage(false);
@@ -66,5 +71,16 @@ protected:
     }
 
 private:
+    void shipTextsThatAreTheirKeys()
+    {
+        const QString folder = m_bundle.filePath(q("QVResource.bundle/en.lproj"));
+        QVERIFY(QDir().mkpath(folder));
+        QFile table(folder + q("/QVLocalizable.strings"));
+        QVERIFY(table.open(QIODevice::WriteOnly) && table.write("\"systemError\" = \"<{domain}>\";") > 0);
+        QVMainBundle::shared().setPlaces({m_bundle.path(), q(":")});
+        settings().setPreferredLanguage(q("en"));
+    }
+
+    QTemporaryDir m_bundle;
     std::unique_ptr<QVScriptedServer> m_server;
 };

@@ -9,9 +9,9 @@ namespace {
 
 constexpr qsizetype answerLimit = 1 << 20;
 const char *const goodBody = R"({"code":"0103","img":"a.png"})";
-const char *const systemText = "System error: request failed";
-const char *const lostText = "No network connection. Please try again.";
-const char *const timedOutText = "The request timed out. Please try again.";
+const char *const systemText = "<otherRequestError>";
+const char *const lostText = "-1005";
+const char *const timedOutText = "-1001";
 
 QByteArray nested(int depth)
 {
@@ -53,11 +53,11 @@ private Q_SLOTS:
         good("plain", goodBody);
         good("as large as may be", QByteArray(goodBody).leftJustified(answerLimit, ' '));
         good("byte order mark", QByteArray("\xef\xbb\xbf") + goodBody);
-        refused("access denied", R"({"code":"0101"})", 101, "Access denied");
-        refused("too fast", R"({"code":"0105"})", 105, "Refreshing too fast. Please wait a moment.");
-        refused("too many", R"({"code":"0106"})", 106, "Too many refreshes. Please try again later.");
-        refused("too often", R"({"code":"0315"})", 315, "Too many requests. Please try again later.");
-        refused("expired", R"({"code":"1002"})", 1002, "Verification expired. Please try again.");
+        refused("access denied", R"({"code":"0101"})", 101, "AccessDenied");
+        refused("too fast", R"({"code":"0105"})", 105, "RefreshTooFast");
+        refused("too many", R"({"code":"0106"})", 106, "refreshMany");
+        refused("too often", R"({"code":"0315"})", 315, "RequestToMouch");
+        refused("expired", R"({"code":"1002"})", 1002, "expired");
         refused("wrong", R"({"code":"0104"})", 104);
         refused("code of the platform's", R"({"code":"-1001"})", -1001);
         refused("code as a number", R"({"code":103})", 103);
