@@ -33,8 +33,8 @@ constexpr Operation operations[] = {
 
 } // namespace
 
-/// Every fault at every operation in every mode: the user is told, the host hears of one end, nothing
-/// grows, and what is tried again works once the service does.
+/// Every fault at every operation, in the modes by turns: the user is told, the host hears of one end,
+/// nothing grows, and what is tried again works once the service does.
 class TestFaultMatrix : public FaultsTestCase
 {
     Q_OBJECT
@@ -65,9 +65,14 @@ private Q_SLOTS:
         // Nothing moves, so that virtual seconds of waiting cost no painting.
         const QVStillStyle still;
         openMode(m_style);
-        for (const auto &[name, fault] : faults().faults()) {
-            meet(fault);
-            QVERIFY2(!QTest::currentTestFailed(), qPrintable(name));
+        // An embedded panel asks for no click decision, the others for no first picture.
+        const QByteArray name = m_operation->name;
+        const int modes = name == "get" ? 1 : name == "click" ? 2 : 3;
+        for (int index = 0; index < faults().faults().size(); ++index) {
+            if ((index + operation + style) % modes != 0)
+                continue;
+            meet(faults().faults().at(index).second);
+            QVERIFY2(!QTest::currentTestFailed(), qPrintable(faults().faults().at(index).first));
         }
         QCOMPARE(faults().downgrades(), 0);
         QVERIFY(outcomes().told().filter(QStringLiteral("token")).isEmpty());
