@@ -1,5 +1,5 @@
-# What `cmake --install` lays down, in four parts: the library, what hosts build with, the local service
-# and the plugin for Qt Designer.
+# What `cmake --install` lays down, in parts: the core, the widgets, what hosts build with, the local
+# service and the plugin for Qt Designer.
 include(CMakePackageConfigHelpers)
 include(GNUInstallDirs)
 
@@ -11,7 +11,7 @@ if(TARGET QuarvoSecrets)
   set(QUARVO_USES_LIBSECRET ON)
   set(QUARVO_PKGCONFIG_PRIVATE ", libsecret-1 >= 0.20, gio-2.0")
   set(QUARVO_DEBIAN_PRIVATE ", libsecret-1-dev")
-  install(TARGETS QuarvoSecrets LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}/quarvo" COMPONENT runtime)
+  install(TARGETS QuarvoSecrets LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}/quarvo" COMPONENT core)
 endif()
 
 set(QUARVO_LIBRARIES QuarvoCore)
@@ -23,9 +23,11 @@ if(QUARVO_BUILD_WIDGETS)
   list(APPEND pkgconfig_modules quarvo)
 endif()
 # Each in a file of its own, so that a host needs only what it asks for.
+set(QuarvoCore_component core)
+set(Quarvo_component widgets)
 foreach(library ${QUARVO_LIBRARIES})
   install(TARGETS ${library} EXPORT ${library}SharedTargets
-          LIBRARY COMPONENT runtime NAMELINK_COMPONENT development
+          LIBRARY COMPONENT ${${library}_component} NAMELINK_COMPONENT development
           INCLUDES DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")
   install(TARGETS ${library}Static EXPORT ${library}StaticTargets
           ARCHIVE COMPONENT development
@@ -36,7 +38,7 @@ foreach(library ${QUARVO_LIBRARIES})
 endforeach()
 install(DIRECTORY "${PROJECT_SOURCE_DIR}/resources/QVKeychain.bundle"
                   "${PROJECT_SOURCE_DIR}/resources/QVResource.bundle"
-        DESTINATION "${CMAKE_INSTALL_DATADIR}/quarvo" COMPONENT runtime)
+        DESTINATION "${CMAKE_INSTALL_DATADIR}/quarvo/${QUARVO_ABI_VERSION}" COMPONENT core)
 
 install(FILES ${core_headers} ${widgets_headers} "${PROJECT_BINARY_DIR}/include/Quarvo/QuarvoVersion.h"
         DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/Quarvo" COMPONENT development)

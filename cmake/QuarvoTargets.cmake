@@ -42,6 +42,8 @@ function(quarvo_precompile target part)
     endif()
     file(WRITE "${PROJECT_BINARY_DIR}/precompiled.cpp" "")
     add_library(${precompiled} OBJECT "${PROJECT_BINARY_DIR}/precompiled.cpp")
+    # The host's project may switch it on for all; there is nothing to find.
+    set_target_properties(${precompiled} PROPERTIES AUTOMOC OFF)
     target_link_libraries(${precompiled} PRIVATE quarvo_build_flags ${QUARVO_${part}_TOOLKIT})
     target_precompile_headers(${precompiled} PRIVATE
       <QEvent> <QNetworkReply> <QPainter> <QPainterPath> ${widgets}

@@ -28,7 +28,12 @@ public:
     [[nodiscard]] QVariantMap userInfo() const { return m_userInfo; }
 
     /// Compares all three.
-    friend bool operator==(const QVError &, const QVError &) = default;
+    friend bool operator==(const QVError &a, const QVError &b)
+    {
+        return a.m_domain == b.m_domain && a.m_code == b.m_code && a.m_userInfo == b.m_userInfo;
+    }
+    // C++17 does not make it from the one above.
+    friend bool operator!=(const QVError &a, const QVError &b) { return !(a == b); }
 
 private:
     QString m_domain;
