@@ -35,6 +35,8 @@ public:
         open();
         QNetworkCacheMetaData description;
         description.setUrl(address);
+        // From Qt 6.8 on an entry without a header is taken for a broken one.
+        description.setRawHeaders({{"Content-Length", QByteArray::number(bytes.size())}});
         QIODevice *const device = m_cache ? m_cache->prepare(description) : nullptr;
         if (!device)
             return;

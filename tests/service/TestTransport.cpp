@@ -153,12 +153,13 @@ private Q_SLOTS:
         QCOMPARE(codeOfNext(), 0);
         const QVReceivedRequest &request = server().requests().last();
         QCOMPARE(request.method + request.target, QByteArray("GET/elsewhere"));
-        QByteArrayList fields = request.fields();
-        QVERIFY(fields.takeAt(5).startsWith("Accept-Language: "));
-        QCOMPARE(fields, QByteArrayList({"Host: 127.0.0.1:" + QByteArray::number(server().serverPort()),
-                                         "Content-Type: application/x-www-form-urlencoded;charset=UTF-8",
-                                         "Cache-Control: no-cache", "Pragma: no-cache",
-                                         "Accept-Encoding: gzip", "User-Agent: Mozilla/5.0"}));
+        // From Qt 6.8 on names are in lower case, which means the same.
+        QByteArrayList fields = request.fields().join('\n').toLower().split('\n');
+        QVERIFY(fields.takeAt(5).startsWith("accept-language: "));
+        QCOMPARE(fields, QByteArrayList({"host: 127.0.0.1:" + QByteArray::number(server().serverPort()),
+                                         "content-type: application/x-www-form-urlencoded;charset=utf-8",
+                                         "cache-control: no-cache", "pragma: no-cache",
+                                         "accept-encoding: gzip", "user-agent: mozilla/5.0"}));
     }
 
     void addresses()
