@@ -17,7 +17,7 @@ QVSessionExchange::QVSessionExchange(QVNetworkSession &session, const QNetworkRe
     , m_session(session)
     , m_request(request)
     , m_bodyLimit(bodyLimit)
-    , m_shared(std::make_shared<Shared>(this))
+    , m_shared(std::make_shared<Shared>(Shared{this, nullptr}))
 {
 }
 
