@@ -7,6 +7,7 @@
 #include "service/QVAPIRequestManager.h"
 #include "service/QVClickResponseModel.h"
 #include "service/QVConfigResponseModel.h"
+#include "service/QVErrorClassification.h"
 #include "service/QVGetOutageResponseModel.h"
 #include "service/QVVerifyResponseModel.h"
 #include "settings/QVConfigurationManager.h"
@@ -22,7 +23,6 @@ namespace {
 
 constexpr auto embedStartDelay = std::chrono::milliseconds(100);
 constexpr auto successNoticeDelay = std::chrono::seconds(1);
-constexpr qint64 wrongAnswerCode = 104;
 constexpr qint64 pictureErrorCode = 10000;
 constexpr qint64 triesPerPicture = 2;
 
@@ -378,7 +378,7 @@ void QVRenderDrawFlow::handleVerifyResponse(const Picture &picture,
     // Several may be under way about one picture, and each counts as long as that is not replaced.
     if (picture != heldPicture())
         return;
-    if (error->code() == wrongAnswerCode)
+    if (error->code() == QVErrorClassification::wrongAnswerCode)
         handleWrongAnswer(*error);
     else
         handleRequestError(*error, true);

@@ -41,6 +41,26 @@ std::shared_ptr<Record> recordFrom(const QVJsonAnswer &answer)
     return record;
 }
 
+// For whoever looks for the cause: neither address nor id, nor anything that the user drew.
+template<class Record>
+QVCompletion<Record> logged(const char *what, QVCompletion<Record> completed)
+{
+    if (!completed)
+        return {};
+    qCDebug(qv_serviceLog, "Asking for %s", what);
+    return [what, completed = std::move(completed)](const std::shared_ptr<Record> &record,
+                                                    const std::optional<QVError> &error) {
+        if (!error)
+            qCDebug(qv_serviceLog, "Request for %s answered", what);
+        else if (error->code() == QVErrorClassification::wrongAnswerCode)
+            qCDebug(qv_serviceLog, "Request for %s answered: wrong", what);
+        else
+            qCWarning(qv_serviceLog, "Request for %s failed: %s (code %lld)", what,
+                      qUtf8Printable(error->domain()), static_cast<long long>(error->code()));
+        completed(record, error);
+    };
+}
+
 // What becomes of an answer: finishing touches on a successful record, or the classified error.
 template<class Record, class Finish>
 Answered judged(QVCompletion<Record> completed, Finish finish)
@@ -107,17 +127,21 @@ QVAPIRequestManager::Task
 QVAPIRequestManager::requestConfigWithVid(const QString &vid, const QString &type, const QString &scene,
                                           QVCompletion<QVConfigResponseModel> completed)
 {
+    if (vid.isEmpty())
+        qCWarning(qv_serviceLog, "No verification id is set: QVSDKManager::setQuarvoSDKVid() sets it");
     const QString host = QVConfigurationManager::sharedManager().serviceAddresses().apiHost();
-    return start(host + QLatin1String("/app/config/v1"),
-                 {{QStringLiteral("id"), presentText(vid)},
-                  {QStringLiteral("type"), presentText(type)},
-                  {QStringLiteral("scene"), presentText(scene)}},
-                 startDeadline, judged(std::move(completed), [host](QVConfigResponseModel &config) {
-                     warnOfPlainServers(host, config);
-                     // An answer that says nothing of pictures' servers gets the default one.
-                     if (config.source_server().isNull())
-                         config.setCdn_servers({});
-                 }));
+    return start(
+        host + QLatin1String("/app/config/v1"),
+        {{QStringLiteral("id"), presentText(vid)},
+         {QStringLiteral("type"), presentText(type)},
+         {QStringLiteral("scene"), presentText(scene)}},
+        startDeadline,
+        judged(logged("the configuration", std::move(completed)), [host](QVConfigResponseModel &config) {
+            warnOfPlainServers(host, config);
+            // An answer that says nothing of pictures' servers gets the default one.
+            if (config.source_server().isNull())
+                config.setCdn_servers({});
+        }));
 }
 
 QVAPIRequestManager::Task
@@ -126,7 +150,7 @@ QVAPIRequestManager::requestGetWithApiServer(const QString &apiServer, const QSt
                                              QVCompletion<QVGetRefreshResponseModel> completed)
 {
     return start(apiBase(apiServer, vid) + QLatin1String("/get/v1"), challengeParameters(vid, challenge),
-                 startDeadline, judged(std::move(completed)));
+                 startDeadline, judged(logged("a picture", std::move(completed))));
 }
 
 QVAPIRequestManager::Task
@@ -135,7 +159,7 @@ QVAPIRequestManager::requestRefreshWithApiServer(const QString &apiServer, const
                                                  QVCompletion<QVGetRefreshResponseModel> completed)
 {
     return start(apiBase(apiServer, vid) + QLatin1String("/refresh/v1"), challengeParameters(vid, challenge),
-                 usualDeadline, judged(std::move(completed)));
+                 usualDeadline, judged(logged("another picture", std::move(completed))));
 }
 
 QVAPIRequestManager::Task QVAPIRequestManager::requestVerifyWithApiServer(
@@ -146,7 +170,7 @@ QVAPIRequestManager::Task QVAPIRequestManager::requestVerifyWithApiServer(
     parameters.insert(QStringLiteral("v"), presentText(v));
     parameters.insert(QStringLiteral("drawtime"), presentText(drawtime));
     return start(apiBase(apiServer, vid) + QLatin1String("/verify/v1"), parameters, usualDeadline,
-                 judgedTrace(std::move(completed), drawtime));
+                 judgedTrace(logged("a verdict", std::move(completed)), drawtime));
 }
 
 QVAPIRequestManager::Task
@@ -155,7 +179,7 @@ QVAPIRequestManager::requestClickWithApiServer(const QString &apiServer, const Q
                                                QVCompletion<QVClickResponseModel> completed)
 {
     return start(apiBase(apiServer, vid) + QLatin1String("/click/v1"), challengeParameters(vid, challenge),
-                 usualDeadline, judged(std::move(completed)));
+                 usualDeadline, judged(logged("the click's decision", std::move(completed))));
 }
 
 QVAPIRequestManager::Task
@@ -163,7 +187,7 @@ QVAPIRequestManager::requestOutageGetcompleted(QVCompletion<QVGetOutageResponseM
 {
     return start(QVConfigurationManager::sharedManager().outage(),
                  {{QStringLiteral("action"), QStringLiteral("get")}}, usualDeadline,
-                 judged(std::move(completed)));
+                 judged(logged("an outage picture", std::move(completed))));
 }
 
 QVAPIRequestManager::Task
@@ -175,7 +199,7 @@ QVAPIRequestManager::requestOutageVerifyWithChallenge(const QString &challenge, 
                  {{QStringLiteral("action"), QStringLiteral("verify")},
                   {QStringLiteral("challenge"), presentText(challenge)},
                   {QStringLiteral("v"), presentText(v)}},
-                 usualDeadline, judgedTrace(std::move(completed), drawtime));
+                 usualDeadline, judgedTrace(logged("an outage verdict", std::move(completed)), drawtime));
 }
 
 QVAPIRequestManager::Task
@@ -184,17 +208,18 @@ QVAPIRequestManager::requestOutageComplted(QVCompletion<QVDownTimeResponseModel>
     // The switch needs no identifier, but whatever is asked next does.
     QVConfigurationManager::prepareDeviceId();
     const QString host = QVConfigurationManager::sharedManager().serviceAddresses().downloadHost();
-    return startPlain(host + QLatin1String("/config"), switchDeadline,
-                      [completed = std::move(completed)](const QVJsonAnswer &answer) {
-                          if (!completed)
-                              return;
-                          if (answer.error)
-                              return completed(nullptr, QVErrorClassification::parseError(answer.error));
-                          const auto record = recordFrom<QVDownTimeResponseModel>(answer);
-                          if (record && QVConfigurationManager::sharedManager().isOpenOutage())
-                              record->setActive(true);
-                          completed(record, std::nullopt);
-                      });
+    return startPlain(
+        host + QLatin1String("/config"), switchDeadline,
+        [completed = logged("the outage switch", std::move(completed))](const QVJsonAnswer &answer) {
+            if (!completed)
+                return;
+            if (answer.error)
+                return completed(nullptr, QVErrorClassification::parseError(answer.error));
+            const auto record = recordFrom<QVDownTimeResponseModel>(answer);
+            if (record && QVConfigurationManager::sharedManager().isOpenOutage())
+                record->setActive(true);
+            completed(record, std::nullopt);
+        });
 }
 
 QString QVAPIRequestManager::getParametersStringFromParameterDictionary(Parameters parameters)

@@ -13,6 +13,9 @@ class QVErrorClassification
 public:
     QVErrorClassification() = delete;
 
+    /// The service's judgement that an answer was wrong, which is no failure.
+    static constexpr qint64 wrongAnswerCode = 104;
+
     /// The extra information that marks a refusal of the service itself.
     [[nodiscard]] static QVariantMap customUserInfo();
     [[nodiscard]] static bool isQVCustomError(const QVError &error);
