@@ -6,6 +6,7 @@
 #include <QtEndian>
 
 #include <algorithm>
+#include <zlib.h>
 
 namespace {
 
@@ -25,21 +26,11 @@ QByteArray bigEndian(Number number)
     return result;
 }
 
-quint32 checksum(const QByteArray &bytes)
-{
-    quint32 sum = ~0U;
-    for (const char byte : bytes) {
-        sum ^= quint8(byte);
-        for (int bit = 0; bit < 8; ++bit)
-            sum = sum >> 1 ^ (sum & 1 ? 0xedb88320U : 0);
-    }
-    return ~sum;
-}
-
 QByteArray pngChunk(const char *type, const QByteArray &content)
 {
     const QByteArray body = type + content;
-    return bigEndian(quint32(content.size())) + body + bigEndian(checksum(body));
+    const uLong sum = crc32(0, reinterpret_cast<const Bytef *>(body.data()), uInt(body.size()));
+    return bigEndian(quint32(content.size())) + body + bigEndian(quint32(sum));
 }
 
 QByteArray riffChunk(const char *type, const QByteArray &content)
@@ -53,20 +44,19 @@ class Bits
 public:
     Bits &put(quint32 number, int count)
     {
-        for (int bit = 0; bit < count; ++bit) {
-            if (m_free == 0) {
-                m_bytes += '\0';
-                m_free = 8;
-            }
-            m_bytes.back() = char(quint8(m_bytes.back()) | (number >> bit & 1) << (8 - m_free--));
+        m_pending |= quint64(number) << m_count;
+        for (m_count += count; m_count >= 8; m_count -= 8) {
+            m_bytes += char(m_pending);
+            m_pending >>= 8;
         }
         return *this;
     }
-    [[nodiscard]] QByteArray bytes() const { return m_bytes; }
+    [[nodiscard]] QByteArray bytes() const { return m_bytes + QByteArray(m_count > 0, char(m_pending)); }
 
 private:
     QByteArray m_bytes;
-    int m_free = 0;
+    quint64 m_pending = 0;
+    int m_count = 0;
 };
 
 quint32 reversed(quint32 byte)
@@ -223,18 +213,15 @@ QByteArray PictureBombs::webPAlpha(QSize size, int groups)
     return riffChunk("RIFF", file.mid(8).replace(start - 8, end - start, riffChunk("ALPH", bits.bytes())));
 }
 
-QByteArray PictureBombs::webPAnimation(const QList<QImage> &frames)
+QByteArray PictureBombs::webPAnimation(QSize size, const QList<QByteArray> &frames)
 {
     const auto side = [](int length) {
         return littleEndian(length - 1, 3);
     };
-    const QByteArray sides = side(frames.front().width()) + side(frames.front().height());
+    const QByteArray sides = side(size.width()) + side(size.height());
     QByteArray body = "WEBP" + riffChunk("VP8X", '\2' + QByteArray(3, '\0') + sides) +
                       riffChunk("ANIM", QByteArray(6, '\0'));
-    for (const QImage &frame : frames) {
-        QBuffer buffer;
-        QImageWriter(&buffer, "webp").write(frame);
-        body += riffChunk("ANMF", QByteArray(6, '\0') + sides + QByteArray(4, '\0') + buffer.data().mid(12));
-    }
+    for (const QByteArray &frame : frames)
+        body += riffChunk("ANMF", QByteArray(6, '\0') + sides + QByteArray(4, '\0') + frame.mid(12));
     return riffChunk("RIFF", body);
 }

@@ -28,7 +28,7 @@ inline constexpr QSize limit{2048, 2048};
 [[nodiscard]] QByteArray webP(QSize size, int groups);
 /// A lossy WebP file whose transparency has them.
 [[nodiscard]] QByteArray webPAlpha(QSize size, int groups);
-/// An animation of the \a frames.
-[[nodiscard]] QByteArray webPAnimation(const QList<QImage> &frames);
+/// An animation whose \a frames are files of \a size each.
+[[nodiscard]] QByteArray webPAnimation(QSize size, const QList<QByteArray> &frames);
 
 } // namespace PictureBombs
