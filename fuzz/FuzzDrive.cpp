@@ -5,7 +5,7 @@
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
     QString problem;
-    const auto script = DriveScript::parse(FuzzInput(data, size).rest(), problem);
+    const auto script = DriveScript::parse(fuzzBytes(data, size), problem);
     fuzzRequire(script.has_value() == problem.isEmpty());
     if (!script)
         return 0;

@@ -23,9 +23,8 @@ QVHttpReader readerOf(QByteArrayView bytes, qsizetype atOnce)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
-    FuzzInput input(data, size);
-    const qsizetype atOnce = 1 + input.take<std::uint8_t>();
-    const QByteArray bytes = input.rest();
+    const qsizetype atOnce = size > 0 ? 1 + *data : 1;
+    const QByteArray bytes = fuzzBytes(data, size).mid(1);
     const QVHttpReader whole = readerOf(bytes, std::max<qsizetype>(bytes.size(), 1));
     const QVHttpReader parcelled = readerOf(bytes, atOnce);
     fuzzRequire(whole.state() != QVHttpReader::State::Reading);

@@ -56,7 +56,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     Q_UNUSED(silent)
     fuzzRequire(isReady);
 
-    const QByteArray file = FuzzInput(data, size).rest();
+    const QByteArray file = fuzzBytes(data, size);
     const QVFirstFrame frame = reduced(file);
     const qint64 memory = peakMemory();
     const auto start = qv_processorTime();

@@ -19,7 +19,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
 {
     static const SandboxTraceJudge judge(curve());
     static const SandboxCellJudge cells(curve());
-    const QString text = QString::fromUtf8(FuzzInput(data, size).rest());
+    const QString text = QString::fromUtf8(fuzzBytes(data, size));
     const SandboxQuery query(text);
     const QString v = query.value(QStringLiteral("v"));
     (void)cells.accepts(v);

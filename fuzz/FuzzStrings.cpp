@@ -24,7 +24,7 @@ QString written(const QVStringsTable &table)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
-    const QVStringsTable table = QVStringsTable::parse(FuzzInput(data, size).rest());
+    const QVStringsTable table = QVStringsTable::parse(fuzzBytes(data, size));
     const QVStringsTable again = QVStringsTable::parse(written(table).toUtf8());
     fuzzRequire(again.keys().size() == table.keys().size());
     for (const QString &key : table.keys()) {

@@ -110,8 +110,8 @@ void FaultService::addWireFaults()
 void FaultService::addBodyFaults()
 {
     // Made once, since they take long.
-    static const QVScript bomb = QVScript::answer(qCompress(QByteArray(9 << 20, ' ')).mid(4), 200,
-                                                  "Content-Encoding: deflate\r\n");
+    static const QVScript bomb =
+        QVScript::answer(qCompress(QByteArray(9 << 20, ' ')).mid(4), 200, "Content-Encoding: deflate\r\n");
     static const QVScript giant = QVScript::answer(qv_giantClaim(), 200, "Content-Type: image/jpeg\r\n");
     const QByteArray ok = "HTTP/1.1 200 OK\r\n";
     const QByteArray chunked = ok + "Transfer-Encoding: chunked\r\n\r\n";

@@ -116,6 +116,9 @@ private Q_SLOTS:
         row("file", QStringLiteral("file:///etc/passwd"), false);
         row("script", QStringLiteral("javascript:alert(1)"), false);
         row("mail", QStringLiteral("mailto:a@ad.example"), false);
+        row("no host", QStringLiteral("https://"), false);
+        row("no scheme", QStringLiteral("ad.example"), false);
+        row("broken host", QStringLiteral("https://a b/"), false);
     }
 
     void opensWebPagesThatTheUserPresses()
