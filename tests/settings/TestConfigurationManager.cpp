@@ -49,11 +49,15 @@ private Q_SLOTS:
         const QVCases<QString, QString> cases{{q("zh-Hans-HK"), q("zh-Hans")},
                                               {q("zh-Hant-TW"), q("zh-Hant")},
                                               {q("zh"), q("en")},
-                                              {q("ZH-HANS"), q("en")}};
+                                              {q("ZH-HANS"), q("en")},
+                                              // The device's own, which is English here.
+                                              {q(""), q("en")},
+                                              {QString(), q("en")}};
         const auto &settings = QVConfigurationManager::sharedManager();
         for (const auto &[language, folder] : cases) {
             QVSDKManager::setPreferredLanguage(language);
             QCOMPARE(settings.preferredLanguage(), language);
+            QCOMPARE(settings.preferredLanguage().isNull(), language.isNull());
             QVERIFY(settings.languageBundle()->path().endsWith(u'/' + folder + q(".lproj")));
         }
     }
