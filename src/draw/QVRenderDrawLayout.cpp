@@ -2,6 +2,8 @@
 
 #include <QWidget>
 
+#include <algorithm>
+
 namespace {
 
 constexpr double pictureAspect = 0.575;
@@ -17,13 +19,14 @@ constexpr auto changeDuration = std::chrono::milliseconds(200);
 QVRenderDrawLayout::QVRenderDrawLayout(QVVerifyStyle style, const Parts &parts)
     : m_style(style)
     , m_parts(parts)
+    , m_aspect(pictureAspect)
     , m_layout(parts.view)
 {
 }
 
 void QVRenderDrawLayout::initRenders(double contentWidth)
 {
-    m_layout.make(m_parts.contentView, contentBuild(pictureAspect, contentWidth));
+    m_layout.make(m_parts.contentView, contentBuild(contentWidth));
     placePicture();
     placeControls();
     m_layout.layoutNow();
@@ -31,8 +34,8 @@ void QVRenderDrawLayout::initRenders(double contentWidth)
 
 void QVRenderDrawLayout::setIsCharVerify(bool isCharVerify, double contentWidth)
 {
-    const QVLayout::Build build =
-        contentBuild(1 / (isCharVerify ? characterRatio : drawingRatio), contentWidth);
+    m_aspect = 1 / (isCharVerify ? characterRatio : drawingRatio);
+    const QVLayout::Build build = contentBuild(contentWidth);
     if (m_style == QVVerifyStyleEmbed)
         m_layout.make(m_parts.contentView, build);
     else
@@ -42,22 +45,32 @@ void QVRenderDrawLayout::setIsCharVerify(bool isCharVerify, double contentWidth)
 
 void QVRenderDrawLayout::setContentWidth(double contentWidth)
 {
-    if (m_style == QVVerifyStyleEmbed)
-        return;
     m_layout.update(m_parts.contentView,
-                    [contentWidth](QVConstraintMaker &make) { make.width().equalTo(contentWidth); });
+                    [this, contentWidth](QVConstraintMaker &make) { buildWidth(make, contentWidth); });
 }
 
-QVLayout::Build QVRenderDrawLayout::contentBuild(double aspect, double contentWidth) const
+double QVRenderDrawLayout::excessWidth() const
 {
-    return [this, aspect, contentWidth](QVConstraintMaker &make) {
+    if (m_style != QVVerifyStyleEmbed)
+        return 0;
+    return std::max(0.0, m_parts.view->width() - m_parts.view->height() / m_aspect);
+}
+
+QVLayout::Build QVRenderDrawLayout::contentBuild(double contentWidth) const
+{
+    return [this, contentWidth](QVConstraintMaker &make) {
         make.center().equalTo(m_parts.view);
-        if (m_style == QVVerifyStyleEmbed)
-            make.width().equalTo(m_parts.view);
-        else
-            make.width().equalTo(contentWidth);
-        make.height().equalTo(make.width()).multipliedBy(aspect);
+        buildWidth(make, contentWidth);
+        make.height().equalTo(make.width()).multipliedBy(m_aspect);
     };
+}
+
+void QVRenderDrawLayout::buildWidth(QVConstraintMaker &make, double contentWidth) const
+{
+    if (m_style == QVVerifyStyleEmbed)
+        make.width().equalTo(m_parts.view).offset(-excessWidth());
+    else
+        make.width().equalTo(contentWidth);
 }
 
 void QVRenderDrawLayout::placePicture()

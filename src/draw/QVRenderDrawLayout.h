@@ -21,19 +21,24 @@ public:
     QVRenderDrawLayout(QVVerifyStyle style, const Parts &parts);
 
     /// Places everything for a drawing captcha. \a contentWidth counts in the popup styles only; embedded,
-    /// the content is as wide as the view.
+    /// the content is as wide as the view, or as fits into a flatter one.
     void initRenders(double contentWidth);
     /// Moves to the shape for characters or for drawing.
     void setIsCharVerify(bool isCharVerify, double contentWidth);
     void setContentWidth(double contentWidth);
+    /// How much narrower than an embedded view its content has to be to fit.
+    [[nodiscard]] double excessWidth() const;
     void layoutNow() { m_layout.layoutNow(); }
 
 private:
-    [[nodiscard]] QVLayout::Build contentBuild(double aspect, double contentWidth) const;
+    [[nodiscard]] QVLayout::Build contentBuild(double contentWidth) const;
+    void buildWidth(QVConstraintMaker &make, double contentWidth) const;
     void placePicture();
     void placeControls();
 
     QVVerifyStyle m_style;
     Parts m_parts;
+    /// Height of the content by its width.
+    double m_aspect;
     QVLayout m_layout;
 };

@@ -88,9 +88,10 @@ void QVRenderDrawParts::initControls()
     m_refreshButton = makeButton(m_view, "refreshButton", "qv_draw_refresh", QVKey::accessibleRefresh);
 }
 
-QSizeF QVRenderDrawParts::frameSize() const
+QRectF QVRenderDrawParts::traceFrame() const
 {
-    return m_view->size();
+    // In a view that is flatter than its content the whole width would make the curve too small to be right.
+    return m_layout->excessWidth() > 0 ? m_contentView->geometry() : m_view->rect();
 }
 
 QRectF QVRenderDrawParts::imageFrame() const

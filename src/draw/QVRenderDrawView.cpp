@@ -22,6 +22,8 @@ namespace {
 constexpr double widestContent = 414;
 /// What an embedded view asks of a host's layout: room for the picture and the character input.
 constexpr QSize embedSize(400, 270);
+/// The least that a curve can be seen and drawn in.
+constexpr QSize leastEmbedSize(200, 135);
 
 } // namespace
 
@@ -33,6 +35,9 @@ QVRenderDrawView::QVRenderDrawView(QVVerifyStyle style, QWidget *parent)
     QVRenderDrawSurface *surface = this;
     m_flow = std::make_shared<QVRenderDrawFlow>(style, surface);
     initRenders(style);
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+    policy.setHeightForWidth(true);
+    setSizePolicy(policy);
     connectParts();
     initGesture();
     if (parent)
@@ -97,6 +102,16 @@ double QVRenderDrawView::contentViewWidth() const
 QSize QVRenderDrawView::sizeHint() const
 {
     return embedSize;
+}
+
+QSize QVRenderDrawView::minimumSizeHint() const
+{
+    return leastEmbedSize;
+}
+
+int QVRenderDrawView::heightForWidth(int width) const
+{
+    return width * embedSize.height() / embedSize.width();
 }
 
 bool QVRenderDrawView::event(QEvent *event)

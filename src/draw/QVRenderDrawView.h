@@ -52,6 +52,8 @@ public:
     [[nodiscard]] double contentViewWidth() const override;
 
     [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
+    [[nodiscard]] int heightForWidth(int width) const override;
 
 Q_SIGNALS:
     /// A picture is there to be drawn on, or to be read.

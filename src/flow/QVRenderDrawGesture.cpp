@@ -41,7 +41,7 @@ void QVRenderDrawGesture::panGestureRecognizerAction(QVPanGestureRecognizer::Sta
 void QVRenderDrawGesture::panGestureRecognizerStateBegan(QPointF location)
 {
     const double time = QVScheduler::shared().secondsSince1970();
-    m_trace.setFrameSize(m_surface.get()->frameSize());
+    m_trace.setFrame(m_surface.get()->traceFrame());
     m_trace.setPanGestureStartTime(time);
     m_trace.handlePanGesturePoint(location, time);
     m_surface.get()->beginStroke(location);
@@ -81,5 +81,5 @@ void QVRenderDrawGesture::extendStroke(QPointF location)
 
 bool QVRenderDrawGesture::isOutdated() const
 {
-    return m_trace.frameSize() != m_surface.get()->frameSize();
+    return m_trace.frame() != m_surface.get()->traceFrame();
 }

@@ -41,8 +41,10 @@ public:
 
     /// Whether the user can draw now, which the flow's recogniser knows by itself.
     virtual void setDrawingEnabled(bool enabled) = 0;
-    /// The size of the view in whose coordinates strokes are told, and the picture's place in it.
-    [[nodiscard]] virtual QSizeF frameSize() const = 0;
+    /// By what traces are measured: the view in whose coordinates strokes are told, or as much of it as its
+    /// content can fill.
+    [[nodiscard]] virtual QRectF traceFrame() const = 0;
+    /// The picture's place in the view.
     [[nodiscard]] virtual QRectF imageFrame() const = 0;
     virtual void beginStroke(QPointF location) = 0;
     virtual void extendStroke(QPointF location) = 0;

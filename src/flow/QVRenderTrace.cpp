@@ -54,11 +54,11 @@ void QVRenderTrace::addRenderSource(QPointF point, double changeTime)
 {
     // The vertical factor is not the horizontal one: the service expects 230 units for the view's
     // width. Multiplied out in this order, because truncation makes the last bit count.
-    const double width = m_frameSize.width();
-    const double height = m_frameSize.height();
+    const double width = m_frame.width();
+    const double height = m_frame.height();
     const double scaledHeight = pictureHeight * height / width;
-    const double x = point.x() * (pictureWidth / width);
-    const double y = point.y() * (scaledHeight / height);
+    const double x = (point.x() - m_frame.x()) * (pictureWidth / width);
+    const double y = (point.y() - m_frame.y()) * (scaledHeight / height);
     m_renderSource.push_back(
         QVRenderDrawPointModel::modelWithPointX(encodable(x), encodable(y), encodable(changeTime)));
 }

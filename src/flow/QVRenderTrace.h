@@ -20,9 +20,9 @@ public:
     /// A position is kept only this far, on one axis at least, from the last kept one.
     static constexpr double screeningDistance = 5.0;
 
-    /// The size of the view whose coordinates the positions are in.
-    void setFrameSize(QSizeF size) { m_frameSize = size; }
-    [[nodiscard]] QSizeF frameSize() const { return m_frameSize; }
+    /// What the picture units are counted from, and by whose width: in the coordinates of the positions.
+    void setFrame(const QRectF &frame) { m_frame = frame; }
+    [[nodiscard]] QRectF frame() const { return m_frame; }
     /// Seconds since 1970 at which the stroke began.
     void setPanGestureStartTime(double time) { m_panGestureStartTime = time; }
     [[nodiscard]] double panGestureStartTime() const { return m_panGestureStartTime; }
@@ -51,7 +51,7 @@ public:
 private:
     void addRenderSource(QPointF point, double changeTime);
 
-    QSizeF m_frameSize;
+    QRectF m_frame;
     double m_panGestureStartTime = 0;
     std::vector<QPointF> m_originalRenderPoints;
     std::vector<QPointF> m_screeningRenderPoints;

@@ -20,7 +20,7 @@ private Q_SLOTS:
         constexpr double width = 320;
         for (int run = 0; run < 200; ++run) {
             QVRenderTrace trace;
-            trace.setFrameSize({width, 180.0 + run});
+            trace.setFrame({0, 0, width, 180.0 + run});
             trace.setPanGestureStartTime(1704067200.0);
             QPointF point(random.bounded(width), random.bounded(200.0));
             const int count = random.bounded(10, 81);
@@ -49,7 +49,11 @@ private Q_SLOTS:
     {
         const auto row = addColumns<int, QSize, bool, bool>({"style", "size", "isOutage", "isBackwards"});
         row("embedded", 0, QSize(400, 270), false, false);
-        row("embedded, small, backwards", 0, QSize(320, 216), false, true);
+        row("embedded, small, backwards", 0, QSize(320, 186), false, true);
+        row("embedded, flat", 0, QSize(878, 287), false, false);
+        row("embedded, flat and wide", 0, QSize(1378, 287), false, false);
+        row("embedded, tall", 0, QSize(300, 600), false, false);
+        row("outage, flat", 0, QSize(878, 287), true, false);
         row("popup, small", 1, QSize(320, 480), false, false);
         row("outage", 0, QSize(400, 270), true, false);
     }

@@ -55,6 +55,9 @@ private Q_SLOTS:
             QRect(433, 281, 414, 238));
         row("embedded 400, characters", 0, QSize(400, 270), true, QRect(0, 0, 400, 270),
             QRect(0, 0, 400, 230));
+        row("embedded, flat", 0, QSize(878, 287), false, QRect(189, 0, 500, 287), QRect(189, 0, 500, 287));
+        row("embedded, flat, characters", 0, QSize(878, 135), true, QRect(339, 0, 200, 135),
+            QRect(339, 0, 200, 115));
         row("embedded 1280", 0, QSize(1280, 800), false, QRect(0, 32, 1280, 736), QRect(0, 32, 1280, 736));
     }
 

@@ -14,7 +14,7 @@ constexpr double startTime = 1704067200.0;
 QVRenderTrace traceIn(QSizeF size)
 {
     QVRenderTrace trace;
-    trace.setFrameSize(size);
+    trace.setFrame({{}, size});
     trace.setPanGestureStartTime(startTime);
     return trace;
 }

@@ -67,7 +67,7 @@ QString encodedCells(const SandboxPath &points)
 {
     // The client's own, since nobody but this service and it knows these cells.
     QVRenderTrace trace;
-    trace.setFrameSize({SandboxGeometry::pictureWidth, SandboxGeometry::pictureHeight});
+    trace.setFrame({0, 0, SandboxGeometry::pictureWidth, SandboxGeometry::pictureHeight});
     for (const QPointF point : points)
         trace.handlePanGesturePoint(point, 0.0);
     return trace.getRenderOutage_v({0, 0, SandboxGeometry::pictureWidth, SandboxGeometry::pictureHeight});
