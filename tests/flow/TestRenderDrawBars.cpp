@@ -36,9 +36,9 @@ private Q_SLOTS:
     void decides_data()
     {
         const auto row = addColumns<QString, QString, int>({"shown", "said", "hides"});
-        row("p", q("Prompt"), q("Draw along the curve in the picture"), 0);
-        row("c", q("Prompt"), q("Type the characters in the picture"), 0);
-        row("pc", q("Prompt"), q("Type the characters in the picture"), 0);
+        row("p", q("Prompt"), q("Draw along the curve"), 0);
+        row("c", q("Prompt"), q("Type the characters you see"), 0);
+        row("pc", q("Prompt"), q("Type the characters you see"), 0);
         row("ps", q("Success"), q("passed"), 0);
         row("pe", q("Error"), q("wrong"), 0);
         row("ep", q("Error"), q("wrong"), 0);
@@ -55,9 +55,9 @@ private Q_SLOTS:
         row("t5e5", q("Error"), q("wrong"), 0);
         row("t5e55", q(""), q("wrong"), 1);
         // Any hide forgets any bar.
-        row("tPp", q("Error Prompt"), q("Draw along the curve in the picture"), 0);
-        row("sEp", q("Success Prompt"), q("Draw along the curve in the picture"), 0);
-        row("sSp", q("Prompt"), q("Draw along the curve in the picture"), 0);
+        row("tPp", q("Error Prompt"), q("Draw along the curve"), 0);
+        row("sEp", q("Success Prompt"), q("Draw along the curve"), 0);
+        row("sSp", q("Prompt"), q("Draw along the curve"), 0);
         row("sA", q(""), q("passed"), 0);
         row("stA", q(""), q("failed"), 0);
     }
