@@ -9,20 +9,13 @@
 
 #include <algorithm>
 #include <malloc.h>
-#include <span>
 
 namespace {
 
+constexpr std::array names{"KiB", "open files", "threads", "timers", "widgets"};
 constexpr qint64 growthAllowedKib = 1024;
 
-constexpr std::pair<qsizetype SoakSample::*, const char *> counts[] = {
-    {&SoakSample::files, "open files"},
-    {&SoakSample::threads, "threads"},
-    {&SoakSample::timers, "timers"},
-    {&SoakSample::widgets, "widgets"},
-};
-
-qsizetype entriesOf(const QString &folder)
+qint64 entriesOf(const QString &folder)
 {
     return QDir(folder).entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::System).size();
 }
@@ -41,65 +34,46 @@ qint64 residentKib()
     return kib;
 }
 
-SoakSample sampleNow()
+} // namespace
+
+SoakMeter::Sample SoakMeter::sampleNow()
 {
     // What was given back counts as given back, though the heap would keep it for later.
     ::malloc_trim(0);
-    SoakSample sample;
-    sample.residentKib = residentKib();
-    sample.files = entriesOf(QStringLiteral("/proc/self/fd"));
-    sample.threads = entriesOf(QStringLiteral("/proc/self/task"));
-    sample.timers = QVScheduler::shared().pendingCount();
-    sample.widgets = QApplication::allWidgets().size();
-    return sample;
+    return {residentKib(), entriesOf(QStringLiteral("/proc/self/fd")),
+            entriesOf(QStringLiteral("/proc/self/task")), QVScheduler::shared().pendingCount(),
+            QApplication::allWidgets().size()};
 }
 
-template<class Number>
-Number largest(std::span<const SoakSample> samples, Number SoakSample::*field)
+QString SoakMeter::look()
 {
-    return std::ranges::max(samples, {}, field).*field;
-}
-
-} // namespace
-
-SoakSample SoakSample::settled()
-{
+    // The least of each within half a second, since connections and threads end a little late.
     constexpr int looks = 10;
     constexpr int betweenMilliseconds = 50;
-    SoakSample least = sampleNow();
+    Sample least = sampleNow();
     for (int look = 1; look < looks; ++look) {
         QTest::qWait(betweenMilliseconds);
-        const SoakSample sample = sampleNow();
-        least.residentKib = std::min(least.residentKib, sample.residentKib);
-        for (const auto &[count, name] : counts)
-            least.*count = std::min(least.*count, sample.*count);
+        std::ranges::transform(least, sampleNow(), least.begin(), std::ranges::min);
     }
-    return least;
-}
-
-QString SoakSample::text() const
-{
-    return QStringLiteral("%1 KiB, %2 files, %3 threads, %4 timers, %5 widgets")
-        .arg(residentKib)
-        .arg(files)
-        .arg(threads)
-        .arg(timers)
-        .arg(widgets);
+    m_samples.push_back(least);
+    QStringList texts;
+    for (std::size_t i = 0; i < names.size(); ++i)
+        texts.append(QStringLiteral("%1 %2").arg(least[i]).arg(QLatin1String(names[i])));
+    return texts.join(QStringLiteral(", "));
 }
 
 QString SoakMeter::growth() const
 {
-    const auto middle = m_samples.begin() + static_cast<std::ptrdiff_t>(m_samples.size() / 2);
-    const std::span firstHalf(m_samples.begin(), middle);
-    const std::span lastHalf(middle, m_samples.end());
-    if (firstHalf.empty())
-        return QStringLiteral("nothing to compare");
-    const qint64 growth = largest(lastHalf, &SoakSample::residentKib) - lastHalf.front().residentKib;
-    if (growth > growthAllowedKib)
-        return QStringLiteral("memory has grown by %1 KiB").arg(growth);
-    for (const auto &[count, name] : counts) {
-        if (largest(lastHalf, count) > largest(firstHalf, count))
-            return QLatin1String(name) + QStringLiteral(" have grown");
+    const auto middle = m_samples.begin() + std::ptrdiff_t(m_samples.size() / 2);
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        const auto most = [i](auto first, auto last) {
+            return (*std::max_element(first, last,
+                                      [i](const Sample &a, const Sample &b) { return a[i] < b[i]; }))[i];
+        };
+        const qint64 allowed = i == 0 ? (*middle)[i] + growthAllowedKib : most(m_samples.begin(), middle);
+        const qint64 grown = most(middle, m_samples.end()) - allowed;
+        if (grown > 0)
+            return QStringLiteral("%1 %2 too many").arg(grown).arg(QLatin1String(names[i]));
     }
     return {};
 }

@@ -15,16 +15,21 @@ using namespace std::chrono_literals;
 namespace {
 
 /// How the user goes about it.
-enum class Course {
-    Right,
-    WrongThenRight,
-    TwiceWrongThenRight,
-    RefreshThenRight,
-    BadPictureThenRight,
-    Characters,
-    Outage
+struct Course
+{
+    const char *id = "test-draw";
+    bool isOutage = false;
+    int wrongs = 0;
+    bool refreshes = false;
+    bool failsAtFirst = false;
 };
-constexpr int courseCount = 7;
+constexpr Course courses[] = {{},
+                              {.wrongs = 1},
+                              {.wrongs = 2},
+                              {.refreshes = true},
+                              {.id = "test-broken-picture", .failsAtFirst = true},
+                              {.id = "test-character"},
+                              {.isOutage = true}};
 constexpr int styleCount = 3;
 
 QVSandboxOptions sandboxOptions()
@@ -35,13 +40,6 @@ QVSandboxOptions sandboxOptions()
         return std::chrono::duration_cast<std::chrono::milliseconds>(QVScheduler::shared().now());
     };
     return options;
-}
-
-template<class Manager>
-void relay(Manager &manager, QStringList &tokens)
-{
-    QObject::connect(&manager, &Manager::passed, &manager,
-                     [&tokens](const QString &token) { tokens.append(token); });
 }
 
 } // namespace
@@ -70,26 +68,23 @@ void SoakRun::configure()
 bool SoakRun::verify(int number, QString &problem)
 {
     const auto style = QVVerifyStyle(number % styleCount);
-    const auto course = Course(number / styleCount % courseCount);
+    const int index = number / styleCount % int(std::size(courses));
+    const Course &course = courses[index];
     m_tokens.clear();
-    m_readyCount = 0;
-    m_wrongCount = 0;
+    m_readyCount = m_wrongCount = m_failureCount = 0;
     m_sandbox.clearLog();
-    m_sandbox.setOutageActive(course == Course::Outage);
-    m_failureCount = 0;
-    setId(course == Course::Characters            ? "test-character"
-          : course == Course::BadPictureThenRight ? "test-broken-picture"
-                                                  : "test-draw");
+    m_sandbox.setOutageActive(course.isOutage);
+    setId(course.id);
     open(style);
-    bool isFine = course == Course::BadPictureThenRight ? retryAfterFailure() : waitForReady();
-    const int wrongs = course == Course::WrongThenRight ? 1 : course == Course::TwiceWrongThenRight ? 2 : 0;
-    for (int wrong = 0; isFine && wrong < wrongs; ++wrong) {
+    bool isFine = course.failsAtFirst ? retryAfterFailure() : waitForReady();
+    for (int wrong = 0; isFine && wrong < course.wrongs; ++wrong) {
         drawWrong();
-        isFine = waitForAnswer();
+        isFine = qv_waitFor([&] { return m_wrongCount > wrong; });
     }
-    if (isFine && course == Course::RefreshThenRight)
-        refresh();
-    if (isFine && (course == Course::RefreshThenRight || wrongs == 2))
+    if (isFine && course.refreshes)
+        clickPart("refreshButton");
+    // Two wrong answers bring another picture, too.
+    if (isFine && (course.refreshes || course.wrongs == 2))
         isFine = qv_waitFor([this] { return m_readyCount > 1; });
     if (isFine)
         solve();
@@ -101,7 +96,7 @@ bool SoakRun::verify(int number, QString &problem)
         problem = QStringLiteral("verification %1 (mode %2, course %3) gave no token")
                       .arg(number)
                       .arg(style)
-                      .arg(int(course));
+                      .arg(index);
     m_manager.reset();
     m_host.reset();
     m_time.advance(200s);
@@ -118,8 +113,7 @@ bool SoakRun::retryAfterFailure()
     if (!qv_waitFor([this] { return m_failureCount > 0; }))
         return false;
     setId("test-draw");
-    m_time.advance(500ms);
-    QVPointerInput::click(*part("errorOverlayView"), part("errorOverlayView")->rect().center());
+    clickPart("errorOverlayView");
     return waitForReady();
 }
 
@@ -136,29 +130,34 @@ void SoakRun::open(QVVerifyStyle style)
         QObject::connect(panel(), &QVRenderDrawView::wrongAnswer, m_host.get(), [this] { ++m_wrongCount; });
     };
     if (style == QVVerifyStyleEmbed) {
-        auto manager = std::make_unique<QVEmbedManager>();
-        relay(*manager, m_tokens);
-        manager->embedView()->setParent(m_host.get());
-        manager->embedView()->setGeometry(0, 0, 414, 300);
-        manager->embedView()->show();
+        QVEmbedManager &manager = take<QVEmbedManager>();
+        manager.embedView()->setParent(m_host.get());
+        manager.embedView()->setGeometry(0, 0, 414, 300);
+        manager.embedView()->show();
         watch();
-        m_manager = std::move(manager);
         m_time.advance(100ms);
     } else if (style == QVVerifyStylePopup) {
-        auto manager = std::make_unique<QVClickManager>();
-        relay(*manager, m_tokens);
-        QObject::connect(manager.get(), &QVClickManager::popupOpened, m_host.get(), watch);
-        manager->button()->setParent(m_host.get());
-        manager->button()->show();
-        QVPointerInput::click(*manager->button(), QPoint(20, 20));
-        m_manager = std::move(manager);
+        QVClickManager &manager = take<QVClickManager>();
+        QObject::connect(&manager, &QVClickManager::popupOpened, m_host.get(), watch);
+        manager.button()->setParent(m_host.get());
+        manager.button()->show();
+        QVPointerInput::click(*manager.button(), QPoint(20, 20));
     } else {
-        auto manager = std::make_unique<QVInvisibleManager>();
-        relay(*manager, m_tokens);
-        QObject::connect(manager.get(), &QVInvisibleManager::popupOpened, m_host.get(), watch);
-        manager->startInsivible();
-        m_manager = std::move(manager);
+        QVInvisibleManager &manager = take<QVInvisibleManager>();
+        QObject::connect(&manager, &QVInvisibleManager::popupOpened, m_host.get(), watch);
+        manager.startInsivible();
     }
+}
+
+template<class Manager>
+Manager &SoakRun::take()
+{
+    auto manager = std::make_unique<Manager>();
+    QObject::connect(manager.get(), &Manager::passed, manager.get(),
+                     [this](const QString &token) { m_tokens.append(token); });
+    Manager &taken = *manager;
+    m_manager = std::move(manager);
+    return taken;
 }
 
 void SoakRun::solve()
@@ -196,26 +195,21 @@ void SoakRun::drawThrough(const std::vector<QPoint> &points)
 
 void SoakRun::typeCharacters(const QString &characters)
 {
-    QWidget *const field = part("inputTF");
-    QVPointerInput::click(*field, field->rect().center());
-    QTest::keyClicks(field, characters);
-    QVPointerInput::click(*part("doneButton"), part("doneButton")->rect().center());
+    clickPart("inputTF");
+    QTest::keyClicks(part("inputTF"), characters);
+    clickPart("doneButton");
 }
 
-void SoakRun::refresh()
+void SoakRun::clickPart(const char *name)
 {
+    // What slides or fades in has come to rest.
     m_time.advance(500ms);
-    QVPointerInput::click(*part("refreshButton"), part("refreshButton")->rect().center());
+    QVPointerInput::click(*part(name), part(name)->rect().center());
 }
 
 bool SoakRun::waitForReady()
 {
     return qv_waitFor([this] { return m_readyCount > 0; });
-}
-
-bool SoakRun::waitForAnswer()
-{
-    return qv_waitFor([this, before = m_wrongCount] { return m_wrongCount > before; });
 }
 
 QVRenderDrawView *SoakRun::panel()

@@ -26,14 +26,15 @@ private:
     void configure();
     static void setId(const char *id);
     void open(QVVerifyStyle style);
+    template<class Manager>
+    Manager &take();
     void solve();
     void drawWrong();
     void drawThrough(const std::vector<QPoint> &points);
     void typeCharacters(const QString &characters);
-    void refresh();
+    void clickPart(const char *name);
     [[nodiscard]] bool retryAfterFailure();
     [[nodiscard]] bool waitForReady();
-    [[nodiscard]] bool waitForAnswer();
     [[nodiscard]] static QVRenderDrawView *panel();
     [[nodiscard]] static QWidget *part(const char *name);
 

@@ -26,9 +26,7 @@ bool measure(int from, int to, SoakRun &run, SoakMeter &meter)
                 return false;
             }
         }
-        const SoakSample sample = SoakSample::settled();
-        meter.add(sample);
-        std::printf("%d verifications: %s\n", end, qUtf8Printable(sample.text()));
+        std::printf("%d verifications: %s\n", end, qUtf8Printable(meter.look()));
         std::fflush(stdout);
     }
     return true;

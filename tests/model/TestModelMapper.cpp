@@ -1,5 +1,4 @@
 #include "model/QVModelMapper.h"
-#include "model/QVWordTable.h"
 #include "service/QVConfigResponseModel.h"
 #include "support/QVTestCase.h"
 
@@ -118,22 +117,17 @@ private Q_SLOTS:
 
     void words()
     {
-        const QVCases<QVWord, QString> cases{
-            {QVWord::True, q("TRUE True true YES Yes yes")},
-            {QVWord::False, q("FALSE False false NO No no")},
-            {QVWord::Null, q("NIL Nil nil NULL Null null (NULL) (Null) (null) <NULL> <Null> <null>")}};
-        for (const auto &[word, texts] : cases) {
-            for (const QString &text : texts.split(u' '))
-                QVERIFY2(qv_wordFromText(text) == word, qPrintable(text));
+        const QVCases<const char *, qint64> cases{
+            {"TRUE|True|true|YES|Yes|yes", 1},
+            {"FALSE|False|false|NO|No|no", 0},
+            // Left alone, as are all other texts.
+            {"NIL|Nil|nil|NULL|Null|null|(NULL)|(Null)|(null)|<NULL>|<Null>|<null>", -5},
+            {"tRUE|oui|(nil)|<nil>|(NULL>| true|true |Y||nо", -5}};
+        for (const auto &[words, expected] : cases) {
+            for (const QString &word : QString::fromUtf8(words).split(u'|'))
+                QVERIFY2(Mapped("getRefreshCount", word).record.getRefreshCount() == expected,
+                         qPrintable(word));
         }
-    }
-
-    void otherTexts()
-    {
-        for (const char *text :
-             {"tRUE", "oui", "(nil)", "<nil>", "(NULL>", " true", "true ", "1", "Y", "", "nо"})
-            QVERIFY2(!qv_wordFromText(q(text)), text);
-        QVERIFY(!qv_wordFromText(QString()));
     }
 };
 

@@ -44,15 +44,13 @@ FloodServer::FloodServer()
     if (::bind(m_listener, reinterpret_cast<sockaddr *>(&any), sizeof any) != 0 ||
         ::listen(m_listener, backlog) != 0)
         qFatal("cannot listen on this machine");
-    m_acceptor = std::thread(&FloodServer::accept, this);
+    m_thread = std::thread(&FloodServer::accept, this);
 }
 
 FloodServer::~FloodServer()
 {
     ::shutdown(m_listener, SHUT_RDWR);
-    m_acceptor.join();
-    for (std::thread &thread : m_threads)
-        thread.join();
+    m_thread.join();
     ::close(m_listener);
 }
 
@@ -78,22 +76,13 @@ void FloodServer::accept()
         if (connection < 0)
             return;
         ++m_open;
-        m_threads.emplace_back(&FloodServer::serve, this, connection);
-    }
-}
-
-void FloodServer::serve(int connection)
-{
-    while (receiveRequest(connection)) {
-        ++m_requests;
-        if (!sendAll(connection, m_head))
-            break;
-        if (m_flood.isEmpty())
-            continue;
-        while (sendAll(connection, m_flood)) {
+        if (receiveRequest(connection)) {
+            ++m_requests;
+            bool isOpen = sendAll(connection, m_head);
+            while (isOpen && !m_flood.isEmpty())
+                isOpen = sendAll(connection, m_flood);
         }
-        break;
+        ::close(connection);
+        --m_open;
     }
-    ::close(connection);
-    --m_open;
 }

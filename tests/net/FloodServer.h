@@ -1,15 +1,13 @@
 #pragma once
 
 #include <QByteArray>
-#include <QSemaphore>
 #include <QString>
 
 #include <atomic>
 #include <thread>
-#include <vector>
 
 /// A server on a port of this machine that does to each connection what no library would: sends without end,
-/// as fast as it can, in threads of its own and over bare sockets.
+/// as fast as it can, in a thread of its own and over bare sockets. Serves one connection after the other.
 class FloodServer
 {
 public:
@@ -28,13 +26,11 @@ public:
 
 private:
     void accept();
-    void serve(int connection);
 
     int m_listener;
     QByteArray m_head;
     QByteArray m_flood;
     std::atomic<int> m_requests = 0;
     std::atomic<int> m_open = 0;
-    std::vector<std::thread> m_threads;
-    std::thread m_acceptor;
+    std::thread m_thread;
 };

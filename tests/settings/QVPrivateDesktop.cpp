@@ -2,10 +2,7 @@
 
 #include "support/QVText.h"
 
-#include <QDBusArgument>
 #include <QDBusConnectionInterface>
-#include <QDBusMessage>
-#include <QDBusObjectPath>
 #include <QDir>
 #include <QTest>
 
@@ -93,24 +90,6 @@ void QVPrivateDesktop::stopKeyring()
         stop(m_keyring);
 }
 
-int QVPrivateDesktop::countItems(const QString &service, const QString &account) const
-{
-    QDBusArgument attributes;
-    attributes.beginMap(QMetaType::fromType<QString>(), QMetaType::fromType<QString>());
-    const QMap<QString, QString> wanted{{q("service"), service}, {q("account"), account}};
-    for (auto entry = wanted.cbegin(); entry != wanted.cend(); ++entry) {
-        attributes.beginMapEntry();
-        attributes << entry.key() << entry.value();
-        attributes.endMapEntry();
-    }
-    attributes.endMap();
-    const auto found = callService(q("SearchItems"), {QVariant::fromValue(attributes)}).arguments();
-    int count = 0;
-    for (const QVariant &paths : found)
-        count += static_cast<int>(qdbus_cast<QList<QDBusObjectPath>>(paths).size());
-    return count;
-}
-
 QDBusConnection QVPrivateDesktop::connection() const
 {
     return QDBusConnection::connectToBus(m_address, m_address);
@@ -119,14 +98,6 @@ QDBusConnection QVPrivateDesktop::connection() const
 bool QVPrivateDesktop::isOwned(const QString &name) const
 {
     return connection().interface()->isServiceRegistered(name);
-}
-
-QDBusMessage QVPrivateDesktop::callService(const QString &method, const QVariantList &arguments) const
-{
-    auto message = QDBusMessage::createMethodCall(q("org.freedesktop.secrets"), q("/org/freedesktop/secrets"),
-                                                  q("org.freedesktop.Secret.Service"), method);
-    message.setArguments(arguments);
-    return connection().call(message);
 }
 
 void QVPrivateDesktop::prepare(QProcess &process) const

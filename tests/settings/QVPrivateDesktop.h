@@ -25,13 +25,10 @@ public:
     static constexpr std::chrono::seconds generousLimit{30};
 
     [[nodiscard]] QString address() const { return m_address; }
-    /// How many items the keyring holds for a service and account, asked without our own code.
-    [[nodiscard]] int countItems(const QString &service, const QString &account) const;
 
 private:
     [[nodiscard]] QDBusConnection connection() const;
     [[nodiscard]] bool isOwned(const QString &name) const;
-    [[nodiscard]] QDBusMessage callService(const QString &method, const QVariantList &arguments) const;
     void prepare(QProcess &process) const;
 
     QTemporaryDir m_folder;

@@ -28,8 +28,8 @@ private Q_SLOTS:
             QCOMPARE(found, known);
             for (const QString &key : std::as_const(found))
                 QVERIFY2(!table.text(key).trimmed().isEmpty(), qPrintable(key));
-            const auto keychain = QVStringsTable::read(
-                q(":/QVKeychain.bundle/%1.lproj/QVKeychain.strings").arg(q(language)));
+            const auto keychain =
+                QVStringsTable::read(q(":/QVKeychain.bundle/%1.lproj/QVKeychain.strings").arg(q(language)));
             QCOMPARE(keychain.keys().size(), 11);
             QVERIFY(keychain.contains(q("errSecDefault")));
             QVERIFY(table.text(QVKey::pass).contains(q("{time}")));
