@@ -88,6 +88,11 @@ void QVRenderDrawParts::initControls()
     m_refreshButton = makeButton(m_view, "refreshButton", "qv_draw_refresh", QVKey::accessibleRefresh);
 }
 
+bool QVRenderDrawParts::isSeen() const
+{
+    return m_view->isVisible() && !m_view->window()->isMinimized();
+}
+
 QRectF QVRenderDrawParts::traceFrame() const
 {
     // In a view that is flatter than its content the whole width would make the curve too small to be right.

@@ -38,6 +38,7 @@ public:
     void setOutage(bool outage) override;
     void setAdLinkword(const std::shared_ptr<QVGetRefreshResponseModel> &answer) override;
     void setCharInputBusy(bool busy) override;
+    [[nodiscard]] bool isSeen() const override;
     [[nodiscard]] QRectF traceFrame() const override;
     [[nodiscard]] QRectF imageFrame() const override;
 

@@ -120,7 +120,7 @@ bool QVRenderDrawView::event(QEvent *event)
     if (event->type() == QEvent::ParentChange)
         m_flow->didMoveToSuperview();
     else if (event->type() == QEvent::Show)
-        watchScreen();
+        appear();
     // A graphics scene is a parent, too.
     if (event->type() == QEvent::Show && graphicsProxyWidget() && !std::exchange(m_isInScene, true))
         m_flow->didMoveToSuperview();
@@ -156,6 +156,13 @@ void QVRenderDrawView::layoutSubviews()
 {
     m_renderLayer->setGeometry(rect());
     m_renderLayer->raise();
+}
+
+void QVRenderDrawView::appear()
+{
+    watchScreen();
+    // Also when a minimised window comes back.
+    m_flow->surfaceHasAppeared();
 }
 
 void QVRenderDrawView::watchScreen()

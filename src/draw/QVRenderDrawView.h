@@ -73,6 +73,7 @@ private:
     void connectParts();
     void initGesture();
     void layoutSubviews();
+    void appear();
     void watchScreen();
     void deviceOrientationDidChangeNotification();
 

@@ -398,6 +398,7 @@ void QVRenderDrawFlow::handleGetRefreshResponseFromQuarvoServer(
     if (m_getRefreshModel)
         m_getRefreshModel->endTimeDown();
     m_getRefreshModel = record;
+    m_isExpired = false;
     surface().setAdLinkword(record && !record->adlinkword().isEmpty() ? record : nullptr);
     m_quarvoConfig->setGetRefreshCount(oneMore(m_quarvoConfig->getRefreshCount()));
     if (!record)
@@ -406,8 +407,22 @@ void QVRenderDrawFlow::handleGetRefreshResponseFromQuarvoServer(
     record->setFireTimeDown([weak = weak_from_this()] {
         const auto flow = weak.lock();
         if (flow && flow->m_surface)
-            flow->requestRefreshFromQuarvoServer();
+            flow->replaceExpiredPicture();
     });
+}
+
+void QVRenderDrawFlow::replaceExpiredPicture()
+{
+    // Nobody needs a new picture every three minutes of what nobody sees.
+    m_isExpired = !surface().isSeen();
+    if (!m_isExpired)
+        requestRefreshFromQuarvoServer();
+}
+
+void QVRenderDrawFlow::surfaceHasAppeared()
+{
+    if (m_isExpired)
+        replaceExpiredPicture();
 }
 
 void QVRenderDrawFlow::loadVerifyImageFromURLString(const QString &address, bool isRefresh)
@@ -502,6 +517,7 @@ void QVRenderDrawFlow::clearGetRefreshModel()
     if (m_getRefreshModel)
         m_getRefreshModel->endTimeDown();
     m_getRefreshModel.reset();
+    m_isExpired = false;
     m_getOutageModel.reset();
 }
 

@@ -47,6 +47,8 @@ public:
 
     /// The surface was given a place. An embedded one asks for its picture soon afterwards.
     void didMoveToSuperview();
+    /// The surface can be seen again: a picture that expired meanwhile is replaced.
+    void surfaceHasAppeared();
     void requestQuarvoConfigAction();
     void reset();
     /// Starts with answers that the host holds already; without a configuration, from scratch.
@@ -110,6 +112,7 @@ private:
                                                   bool isRefresh);
     void handleGetRefreshResponseFromQuarvoServer(const std::shared_ptr<QVGetRefreshResponseModel> &record);
     void handleGetResponseFromOutageServer(const std::shared_ptr<QVGetOutageResponseModel> &record);
+    void replaceExpiredPicture();
     void loadVerifyImageFromURLString(const QString &address, bool isRefresh);
     void handlePicture(const QImage &picture, bool failed);
     void handleRequestVerifySuccess(const QVVerifyResponseModel &verify);
@@ -136,6 +139,8 @@ private:
     std::shared_ptr<QVConfigResponseModel> m_quarvoConfig;
     std::shared_ptr<QVGetRefreshResponseModel> m_getRefreshModel;
     std::shared_ptr<QVGetOutageResponseModel> m_getOutageModel;
+    /// The picture's time was up while nobody saw it.
+    bool m_isExpired = false;
     Stamp m_now;
     /// A popup's attempt is its opener's to end.
     QVAttemptDeadline m_deadline;

@@ -41,6 +41,8 @@ public:
 
     /// Whether the user can draw now, which the flow's recogniser knows by itself.
     virtual void setDrawingEnabled(bool enabled) = 0;
+    /// Whether a user could see it: not on a hidden page, and not in a hidden or minimised window.
+    [[nodiscard]] virtual bool isSeen() const = 0;
     /// By what traces are measured: the view in whose coordinates strokes are told, or as much of it as its
     /// content can fill.
     [[nodiscard]] virtual QRectF traceFrame() const = 0;

@@ -241,6 +241,23 @@ private Q_SLOTS:
         QCOMPARE(time().pendingCount(), 0);
     }
 
+    void replacesAPictureInTimeWhereItIsSeen()
+    {
+        start(QVVerifyStyleEmbed);
+        advance(180s);
+        QVERIFY(waitForReady(2));
+        QCOMPARE(service().count(q("refresh")), 1);
+        // Hidden for less, it comes back as it is; hidden for longer, it is asked for once, when it is seen.
+        for (const auto &[time, requests] : QVCases<std::chrono::seconds, int>{{170s, 1}, {600s, 2}}) {
+            view().window()->hide();
+            advance(time);
+            QCOMPARE(service().count(q("refresh")), 1);
+            view().window()->show();
+            QVERIFY(waitForReady(requests + 1));
+            QCOMPARE(service().count(q("refresh")), requests);
+        }
+    }
+
     void usesAnswersThatTheHostHolds()
     {
         show(QVVerifyStylePopup);
