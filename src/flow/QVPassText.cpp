@@ -21,12 +21,12 @@ double leadingNumber(const QString &text)
 
 QString seconds(const QString &milliseconds)
 {
-    constexpr double millisecondsPerSecond = 1000;
+    constexpr double perSecond = 1000;
     // Room for the largest finite number. Unlike the printf family it knows no locale.
     std::array<char, 512> digits{};
     const auto end =
         std::to_chars(digits.data(), digits.data() + digits.size(),
-                      leadingNumber(milliseconds) / millisecondsPerSecond, std::chars_format::fixed, 1);
+                      leadingNumber(milliseconds) / perSecond, std::chars_format::fixed, 1);
     return QString::fromLatin1(digits.data(), end.ptr - digits.data());
 }
 

@@ -1,6 +1,7 @@
 #include "views/QVPaintedText.h"
 
 #include "views/QVOneLine.h"
+#include "views/QVScaledPicture.h"
 #include "views/QVSystemFont.h"
 
 #include <QApplication>
@@ -17,8 +18,6 @@ namespace {
 constexpr int smallestPixelSize = 12;
 constexpr qreal iconSide = 20;
 constexpr qreal iconBelowBaseline = 4;
-// Bounds the memory where a host zooms a scene that shows the text.
-constexpr qreal largestRatio = 4;
 
 double widest(const QStringList &lines, const QFontMetricsF &metrics)
 {
@@ -79,7 +78,7 @@ void QVPaintedText::paint(QPainter &painter, const QRect &room, const QColor &co
     if (room.isEmpty() || (m_line.isEmpty() && m_icon.isNull()))
         return;
     // Not the device's ratio: a widget that is rendered elsewhere answers with that of its own screen.
-    const qreal ratio = std::clamp(painter.deviceTransform().m11(), 1.0, largestRatio);
+    const qreal ratio = std::clamp(painter.deviceTransform().m11(), 1.0, QVScaledPicture::largestRatio);
     const Key key{room.size(), ratio, color, QApplication::font()};
     if (key != m_key) {
         m_picture = picture(key);

@@ -2,13 +2,6 @@
 
 #include <QPainter>
 
-namespace {
-
-// Bounds the memory where a host zooms a scene that shows the widget.
-constexpr qreal largestRatio = 4;
-
-} // namespace
-
 void QVScaledPicture::setImage(const QImage &image)
 {
     m_image = image;

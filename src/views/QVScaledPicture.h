@@ -10,6 +10,9 @@ class QPainter;
 class QVScaledPicture
 {
 public:
+    /// Bounds the memory where a host zooms a scene that shows a widget.
+    static constexpr qreal largestRatio = 4;
+
     [[nodiscard]] const QImage &image() const { return m_image; }
     void setImage(const QImage &image);
     /// Whether it hides everything below.
