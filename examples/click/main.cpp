@@ -6,15 +6,18 @@
 int main(int argc, char *argv[])
 {
     QApplication application(argc, argv);
-    QVSDKManager::setQuarvoSDKVid(QStringLiteral("your-id"), QStringLiteral("login"));
+    // The local service, started by: quarvo-sandbox --port 8300
+    QVSDKManager::setServiceAddresses(QVServiceAddresses::at(QStringLiteral("http://127.0.0.1:8300")));
+    QVSDKManager::setQuarvoSDKVid(QStringLiteral("test-draw"), QStringLiteral("login"));
 
     QWidget window;
     QVBoxLayout layout(&window);
     QVClickManager verification;
     layout.addWidget(verification.clickButton());
-
     QObject::connect(&verification, &QVClickManager::passed,
                      [](const QString &token) { qInfo() << "send this to your server:" << token; });
+    QObject::connect(&verification, &QVClickManager::failed,
+                     [](const QVError &error) { qWarning() << error.domain() << error.code(); });
     window.resize(480, 640);
     window.show();
     return QApplication::exec();

@@ -23,6 +23,9 @@ public:
             m_token = token;
             m_send.setEnabled(true);
         });
+        // The panel shows the message, and starts again when it is tapped.
+        QObject::connect(m_panel.manager(), &QVEmbedManager::failed, this,
+                         [](const QVError &error) { qWarning() << error.domain() << error.code(); });
         QObject::connect(&m_send, &QPushButton::clicked, this, [this] { send(); });
     }
 
@@ -45,7 +48,9 @@ private:
 int main(int argc, char *argv[])
 {
     QApplication application(argc, argv);
-    QVSDKManager::setQuarvoSDKVid(QStringLiteral("your-id"), QStringLiteral("sign-up"));
+    // The local service, started by: quarvo-sandbox --port 8300
+    QVSDKManager::setServiceAddresses(QVServiceAddresses::at(QStringLiteral("http://127.0.0.1:8300")));
+    QVSDKManager::setQuarvoSDKVid(QStringLiteral("test-draw"), QStringLiteral("sign-up"));
     SignUpForm form;
     form.show();
     return QApplication::exec();

@@ -54,7 +54,9 @@ private:
 int main(int argc, char *argv[])
 {
     QApplication application(argc, argv);
-    QVSDKManager::setQuarvoSDKVid(QStringLiteral("your-id"), QStringLiteral("login"));
+    // The local service, started by: quarvo-sandbox --port 8300
+    QVSDKManager::setServiceAddresses(QVServiceAddresses::at(QStringLiteral("http://127.0.0.1:8300")));
+    QVSDKManager::setQuarvoSDKVid(QStringLiteral("test-draw"), QStringLiteral("login"));
     LoginForm form;
     form.resize(420, 360);
     form.show();

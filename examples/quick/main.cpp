@@ -8,7 +8,9 @@ int main(int argc, char *argv[])
 {
     // Not a QGuiApplication: the badge and the popup are widgets, which appear over the Quick window.
     QApplication application(argc, argv);
-    QVSDKManager::setQuarvoSDKVid(QStringLiteral("your-id"), QStringLiteral("login"));
+    // The local service, started by: quarvo-sandbox --port 8300
+    QVSDKManager::setServiceAddresses(QVServiceAddresses::at(QStringLiteral("http://127.0.0.1:8300")));
+    QVSDKManager::setQuarvoSDKVid(QStringLiteral("test-draw"), QStringLiteral("login"));
 
     QVInvisibleManager verification;
     QObject::connect(&verification, &QVInvisibleManager::passed,

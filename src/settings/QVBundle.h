@@ -24,10 +24,10 @@ public:
     /// or empty.
     [[nodiscard]] QString localizedString(const QString &key, const QString &value,
                                           const QString &table) const;
-
-private:
+    /// The text for a key; null where the key is missing.
     [[nodiscard]] QString text(const QString &key, const QString &table) const;
 
+private:
     const QString m_path;
     mutable std::mutex m_mutex;
     mutable QHash<QString, QVStringsTable> m_tables;

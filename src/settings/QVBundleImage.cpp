@@ -66,6 +66,18 @@ QPixmap readPicture(const QString &folder, const QString &name, qreal devicePixe
     return {};
 }
 
+QPixmap keptPicture(const QString &folder, const QString &name, qreal devicePixelRatio)
+{
+    const QString cacheKey = folder + u'/' + name + u'@' + QString::number(devicePixelRatio);
+    QPixmap picture;
+    if (QPixmapCache::find(cacheKey, &picture))
+        return picture;
+    picture = readPicture(folder, name, devicePixelRatio);
+    if (!picture.isNull())
+        QPixmapCache::insert(cacheKey, picture);
+    return picture;
+}
+
 } // namespace
 
 std::shared_ptr<const QVBundle> qv_bundle()
@@ -83,15 +95,10 @@ QPixmap qv_imageFromBundleWithName(const QString &name)
 
 QPixmap qv_imageFromBundleWithName(const QString &name, qreal devicePixelRatio)
 {
-    const auto bundle = resourceBundle();
-    if (!bundle)
-        return {};
-    const QString cacheKey = bundle->path() + u'/' + name + u'@' + QString::number(devicePixelRatio);
     QPixmap picture;
-    if (QPixmapCache::find(cacheKey, &picture))
-        return picture;
-    picture = readPicture(bundle->path(), name, devicePixelRatio);
-    if (!picture.isNull())
-        QPixmapCache::insert(cacheKey, picture);
+    for (const auto &bundle : {QVMainBundle::shared().hostBundle(), resourceBundle()}) {
+        if (bundle && picture.isNull())
+            picture = keptPicture(bundle->path(), name, devicePixelRatio);
+    }
     return picture;
 }

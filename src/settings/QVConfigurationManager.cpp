@@ -6,6 +6,7 @@
 #include "settings/QVBundleImage.h"
 #include "settings/QVDeviceIdentifier.h"
 #include "settings/QVLanguage.h"
+#include "settings/QVMainBundle.h"
 
 #include <QNetworkAccessManager>
 
@@ -25,8 +26,11 @@ QVConfigurationManager::QVConfigurationManager()
 void QVConfigurationManager::setPreferredLanguage(const QString &language)
 {
     m_preferredLanguage = language;
-    const QString tag = language.isEmpty() ? qv_deviceLanguage() : language;
-    m_languageBundle = qv_bundle()->bundle(qv_languageFolderName(tag), QStringLiteral("lproj"));
+    const QString folder = qv_languageFolderName(language.isEmpty() ? qv_deviceLanguage() : language);
+    const QString type = QStringLiteral("lproj");
+    m_languageBundle = qv_bundle()->bundle(folder, type);
+    const auto hostBundle = QVMainBundle::shared().hostBundle();
+    m_hostLanguageBundle = hostBundle ? hostBundle->bundle(folder, type) : nullptr;
 }
 
 QString QVConfigurationManager::deviceId() const

@@ -48,6 +48,9 @@ public:
     /// The folder of the chosen language, null where the resource bundle lacks it.
     [[nodiscard]] std::shared_ptr<const QVBundle> languageBundle() const { return m_languageBundle; }
 
+    /// The same of the host's own bundle, whose texts go first.
+    [[nodiscard]] std::shared_ptr<const QVBundle> hostLanguageBundle() const { return m_hostLanguageBundle; }
+
     [[nodiscard]] QVServiceAddresses serviceAddresses() const { return m_serviceAddresses; }
     void setServiceAddresses(const QVServiceAddresses &addresses) { m_serviceAddresses = addresses; }
 
@@ -82,6 +85,7 @@ private:
     bool m_isOpenOutage = false;
     QString m_preferredLanguage;
     std::shared_ptr<const QVBundle> m_languageBundle;
+    std::shared_ptr<const QVBundle> m_hostLanguageBundle;
     QVServiceAddresses m_serviceAddresses;
     QVPopupPresentation m_popupPresentation = QVPopupPresentation::Automatic;
     QPointer<QNetworkAccessManager> m_networkAccessManager;

@@ -5,6 +5,11 @@
 
 QString qv_localizedStringForKey(const QString &key, const QString &value)
 {
-    const auto bundle = QVConfigurationManager::sharedManager().languageBundle();
-    return bundle ? bundle->localizedString(key, value, QStringLiteral("QVLocalizable")) : QString();
+    const QString table = QStringLiteral("QVLocalizable");
+    const auto &settings = QVConfigurationManager::sharedManager();
+    const auto hostBundle = settings.hostLanguageBundle();
+    if (const QString text = hostBundle ? hostBundle->text(key, table) : QString(); !text.isNull())
+        return text;
+    const auto bundle = settings.languageBundle();
+    return bundle ? bundle->localizedString(key, value, table) : QString();
 }

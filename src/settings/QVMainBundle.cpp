@@ -8,6 +8,7 @@
 #include <QFileInfo>
 
 #include <dlfcn.h>
+#include <utility>
 
 // Outside any namespace, as the macro wants it. A static library's resources are linked in and
 // registered only because of this call.
@@ -71,4 +72,16 @@ std::shared_ptr<const QVBundle> QVMainBundle::bundle(const QString &name)
             return *m_found.insert(name, found);
     }
     return nullptr;
+}
+
+std::shared_ptr<const QVBundle> QVMainBundle::hostBundle()
+{
+    const std::scoped_lock lock(m_mutex);
+    return m_hostBundle;
+}
+
+void QVMainBundle::setHostBundle(std::shared_ptr<const QVBundle> bundle)
+{
+    const std::scoped_lock lock(m_mutex);
+    m_hostBundle = std::move(bundle);
 }

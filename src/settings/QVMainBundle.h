@@ -21,10 +21,15 @@ public:
     [[nodiscard]] static QStringList defaultPlaces();
     void setPlaces(const QStringList &places);
 
+    /// A bundle that goes before QVResource.bundle and may lack some of it; null where there is none.
+    [[nodiscard]] std::shared_ptr<const QVBundle> hostBundle();
+    void setHostBundle(std::shared_ptr<const QVBundle> bundle);
+
 private:
     QVMainBundle();
 
     std::mutex m_mutex;
     QStringList m_places;
     QHash<QString, std::shared_ptr<const QVBundle>> m_found;
+    std::shared_ptr<const QVBundle> m_hostBundle;
 };

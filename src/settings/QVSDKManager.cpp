@@ -2,7 +2,9 @@
 
 #include "net/QVPlainAddress.h"
 #include "platform/QVMainThread.h"
+#include "settings/QVBundle.h"
 #include "settings/QVConfigurationManager.h"
+#include "settings/QVMainBundle.h"
 
 #include <QLoggingCategory>
 
@@ -37,6 +39,15 @@ void QVSDKManager::setQuarvoSDKVid(const QString &vid, const QString &scene)
 void QVSDKManager::setPreferredLanguage(const QString &language)
 {
     settings().setPreferredLanguage(language);
+}
+
+void QVSDKManager::setResourceBundle(const QString &path)
+{
+    auto bundle = path.isNull() ? nullptr : QVBundle::open(path);
+    if (!bundle && !path.isNull())
+        qCWarning(settingsLog, "No resource bundle: %s is no folder", qUtf8Printable(path));
+    QVMainBundle::shared().setHostBundle(std::move(bundle));
+    settings().setPreferredLanguage(settings().preferredLanguage());
 }
 
 void QVSDKManager::setOutageServer(const QString &address)

@@ -30,6 +30,12 @@ public:
     /// Chinese, every other one English. Null or empty follows the user's language.
     static void setPreferredLanguage(const QString &language);
 
+    /// Takes texts and pictures from a bundle of the host's own, the folder \a path, which may also be one
+    /// of the program's resources (":/brand/QVResource.bundle"). It may hold only what differs: what it lacks
+    /// comes from the component's own. Null, or what is no folder, which is warned of in the log, goes
+    /// back to those alone. Controls that are on screen keep what they show until it changes.
+    static void setResourceBundle(const QString &path);
+
     /// Sets the address of the host's own outage server, which takes over when the service is down. Plain
     /// HTTP to another machine works, and is warned of in the log.
     static void setOutageServer(const QString &address);

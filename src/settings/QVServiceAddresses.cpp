@@ -31,6 +31,14 @@ QVServiceAddresses::QVServiceAddresses(const QVServiceAddresses &other) = defaul
 QVServiceAddresses &QVServiceAddresses::operator=(const QVServiceAddresses &other) = default;
 QVServiceAddresses::~QVServiceAddresses() = default;
 
+QVServiceAddresses QVServiceAddresses::at(const QString &host)
+{
+    QVServiceAddresses addresses;
+    addresses.setApiHost(host);
+    addresses.setDownloadHost(host);
+    return addresses;
+}
+
 QString QVServiceAddresses::apiHost() const
 {
     return d->apiHost;

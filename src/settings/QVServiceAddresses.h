@@ -21,6 +21,13 @@ public:
     QVServiceAddresses &operator=(const QVServiceAddresses &other);
     ~QVServiceAddresses();
 
+    /// A service on one host, as the local one is: apiHost() and downloadHost() are \a host, the others are
+    /// as in a new value. Example:
+    /// \code
+    /// QVSDKManager::setServiceAddresses(QVServiceAddresses::at(QStringLiteral("http://127.0.0.1:8300")));
+    /// \endcode
+    [[nodiscard]] static QVServiceAddresses at(const QString &host);
+
     /// Host that answers configuration requests and names the host for all further ones.
     [[nodiscard]] QString apiHost() const;
     /// Changes apiHost().

@@ -29,10 +29,7 @@ int main(int argc, char *argv[])
 {
     QApplication application(argc, argv);
     const QString service = QApplication::arguments().value(1);
-    QVServiceAddresses addresses;
-    addresses.setApiHost(service);
-    addresses.setDownloadHost(service);
-    QVSDKManager::setServiceAddresses(addresses);
+    QVSDKManager::setServiceAddresses(QVServiceAddresses::at(service));
     QVSDKManager::setPreferredLanguage(QStringLiteral("en"));
     QVSDKManager::setQuarvoSDKVid(QStringLiteral("test-pass"), QStringLiteral("package"));
 

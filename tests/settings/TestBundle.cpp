@@ -4,6 +4,7 @@
 #include "settings/QVInternalConsistencyError.h"
 #include "settings/QVLocalization.h"
 #include "settings/QVMainBundle.h"
+#include "settings/QVSDKManager.h"
 #include "support/QVTestCase.h"
 
 #include <QBuffer>
@@ -43,9 +44,7 @@ private Q_SLOTS:
 
     void aPictureThatIsNoneIsAbsent()
     {
-        QByteArray vast;
-        QBuffer buffer(&vast);
-        QVERIFY(QImage(2049, 1, QImage::Format_Mono).save(&buffer, "PNG"));
+        const QByteArray vast = pngOf({2049, 1});
         for (const QByteArray &content : {QByteArray("<svg/>"), vast, QByteArray((1 << 20) + 1, 'P')}) {
             ship(q("p.png"), content);
             shipFolder();
@@ -70,6 +69,22 @@ private Q_SLOTS:
         QVERIFY(qv_localizedStringForKey(q("done"), q("instead")).isNull());
     }
 
+    void aHostsBundleMayHoldOnlyWhatDiffers()
+    {
+        ship(q("qv_draw_edit.png"), pngOf({7, 7}));
+        QVERIFY(QDir(bundlePath()).mkpath(q("en.lproj")));
+        ship(q("en.lproj/QVLocalizable.strings"), "\"done\" = \"Submit\";\n");
+        QVSDKManager::setPreferredLanguage(q("en"));
+        QVSDKManager::setResourceBundle(bundlePath());
+        QCOMPARE(qv_localizedStringForKey(q("done")), q("Submit"));
+        QCOMPARE(qv_localizedStringForKey(q("fail")), q("Not quite right. Try again."));
+        QCOMPARE(qv_imageFromBundleWithName(q("qv_draw_edit"), 1.0).size(), QSize(7, 7));
+        QCOMPARE(qv_imageFromBundleWithName(q("qv_draw_help"), 1.0).size(), QSize(20, 20));
+        QTest::ignoreMessage(QtWarningMsg, "No resource bundle: /nowhere is no folder");
+        QVSDKManager::setResourceBundle(q("/nowhere"));
+        QCOMPARE(qv_localizedStringForKey(q("done")), q("Done"));
+    }
+
     void aMissingBundleIsToldLoudly()
     {
         QVMainBundle::shared().setPlaces({m_folder->path()});
@@ -78,6 +93,13 @@ private Q_SLOTS:
     }
 
 private:
+    static QByteArray pngOf(QSize size)
+    {
+        QByteArray bytes;
+        QBuffer buffer(&bytes);
+        QImage(size, QImage::Format_Mono).save(&buffer, "PNG");
+        return bytes;
+    }
     QString bundlePath() const { return m_folder->filePath(q("QVResource.bundle")); }
     QString shippedPath(const QString &name) const
     {
