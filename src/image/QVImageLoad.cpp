@@ -108,7 +108,6 @@ void QVImageLoad::startDeadline()
 
 void QVImageLoad::stopDecoding()
 {
-    m_deadline.stop();
     if (!m_decoding)
         return;
     m_decoding->disconnect(this);

@@ -3,10 +3,10 @@
 #include <QBuffer>
 #include <QImage>
 
-[[nodiscard]] inline QByteArray qv_fileOf(const QImage &image, const char *format)
+[[nodiscard]] inline QByteArray qv_fileOf(const QImage &image, const char *format, int quality = -1)
 {
     QBuffer buffer;
-    image.save(&buffer, format);
+    image.save(&buffer, format, quality);
     return buffer.data();
 }
 

@@ -48,6 +48,17 @@ QImage plain(QSize size, const QColor &colour)
     return image;
 }
 
+/// All kinds of neighbours, so that an encoder tries everything.
+QImage colourful(QSize size)
+{
+    QImage image(size, QImage::Format_RGB32);
+    for (int y = 0; y < size.height(); ++y) {
+        for (int x = 0; x < size.width(); ++x)
+            image.setPixel(x, y, qRgb(x % 64, y % 64, x * y % 64));
+    }
+    return image;
+}
+
 } // namespace
 
 class TestImageDecoder : public QVTestCase
@@ -99,6 +110,9 @@ private Q_SLOTS:
             QColor(Qt::transparent));
         row("webp", qv_testPicture(size, green, "webp"), green);
         row("webp with transparency", qv_testPicture(size, glass, "webp"), glass);
+        constexpr int withoutLoss = 100;
+        row("webp without loss", qv_fileOf(colourful(size), "webp", withoutLoss), QColor(8, 36, 32));
+        row("webp with a palette", qv_fileOf(palette, "webp", withoutLoss), glass);
         row("first of 2 webp frames",
             PictureBombs::webPAnimation(
                 size, {qv_testPicture(size, green, "webp"), qv_testPicture(size, Qt::red, "webp")}),

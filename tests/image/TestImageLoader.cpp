@@ -46,6 +46,7 @@ private Q_SLOTS:
         load(probe, "/a", resources);
         expectPicture(probe, Qt::green);
         QCOMPARE(m_server->requests().size(), 3);
+        QVERIFY(waitFor([&] { return resources.children().isEmpty(); }));
         QCOMPARE(time().pendingCount(), 0);
     }
 
