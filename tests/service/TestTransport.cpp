@@ -18,9 +18,9 @@ QByteArray nested(int depth)
     return R"({"code":"0103","img":"a.png","deep":)" + QByteArray(depth, '[') + QByteArray(depth, ']') + '}';
 }
 
-QVScript redirectTo(const QByteArray &address)
+QVScript redirectTo(const QByteArray &address, int status = 302)
 {
-    return QVScript::answer({}, 302, "Location: " + address + "\r\n");
+    return QVScript::answer(goodBody, status, "Location: " + address + "\r\n");
 }
 
 QVScript cutShort()
@@ -150,13 +150,14 @@ private Q_SLOTS:
 
     void sendsPlainGetWithItsHeader()
     {
-        // Nothing of an answer is kept; a redirect is followed.
+        // Nothing of an answer is kept; five redirects are followed, and no other status is one.
         const QByteArray wishes = "Set-Cookie: id=7\r\nCache-Control: max-age=999\r\n";
         server().enqueue(QVScript::answer(goodBody, 200, wishes));
-        server().enqueue(redirectTo("/elsewhere"));
-        server().enqueue(QVScript::answer(goodBody));
+        for (const int status : {301, 302, 303, 307, 308, 300})
+            server().enqueue(redirectTo("/elsewhere", status));
         QCOMPARE(codeOfNext(), 0);
         QCOMPARE(codeOfNext(), 0);
+        QCOMPARE(server().requests().size(), 7);
         const QVReceivedRequest &request = server().requests().last();
         QCOMPARE(request.method + request.target, QByteArray("GET/elsewhere"));
         // From Qt 6.8 on names are in lower case, which means the same.

@@ -74,6 +74,28 @@ private Q_SLOTS:
         }
     }
 
+    void addressesAreValues()
+    {
+        using Addresses = QVServiceAddresses;
+        const QVCases<void (Addresses::*)(const QString &), QString (Addresses::*)() const> cases{
+            {&Addresses::setApiHost, &Addresses::apiHost},
+            {&Addresses::setDownloadHost, &Addresses::downloadHost},
+            {&Addresses::setImageHost, &Addresses::imageHost},
+            {&Addresses::setCdn, &Addresses::cdn},
+            {&Addresses::setHelpPage, &Addresses::helpPage},
+            {&Addresses::setOutageHelpPage, &Addresses::outageHelpPage}};
+        Addresses all;
+        for (const auto &[set, get] : cases) {
+            const Addresses before = all;
+            (all.*set)(q("https://other.example"));
+            QVERIFY(!(all == before));
+            QCOMPARE((all.*get)(), q("https://other.example"));
+            Addresses same = before;
+            (same.*set)(q("https://other.example"));
+            QVERIFY(all == same);
+        }
+    }
+
     void warnsOfOpenLines()
     {
         const QVCases<QString, bool> cases{{q("http://api.quarvo.example"), true},
