@@ -25,6 +25,11 @@ void QVImageLoader::prepare()
     resources().start([](const std::stop_token &) { (void)qv_decoderReads(QByteArrayLiteral("jpeg")); });
 }
 
+bool QVImageLoader::isWorking() const
+{
+    return m_resources && m_resources->isWorking();
+}
+
 void QVImageLoader::load(const QString &address, Completion completion)
 {
     qv_assertMainThread();

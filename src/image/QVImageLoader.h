@@ -27,6 +27,8 @@ public:
     /// Does ahead what the first load needs, so that its picture need not wait for it: a folder on disk
     /// and the decoder of the usual format.
     void prepare();
+    /// Whether a picture is being decoded, or read from disk.
+    [[nodiscard]] bool isWorking() const;
     void load(const QString &address, Completion completion);
 
 private:

@@ -1,5 +1,8 @@
 #include "draw/DrawService.h"
 
+#include "image/QVImageLoader.h"
+#include "net/QVBoundedDownload.h"
+#include "net/QVNetworkSession.h"
 #include "settings/QVSDKManager.h"
 #include "support/QVText.h"
 
@@ -55,6 +58,14 @@ void DrawService::extend(const QString &name, const QJsonObject &json)
 {
     for (auto member = json.begin(); member != json.end(); ++member)
         m_answers[name].insert(member.key(), member.value());
+}
+
+bool DrawService::isQuiet() const
+{
+    const auto downloads =
+        QVNetworkSession::shared().findChildren<QVBoundedDownload *>(Qt::FindDirectChildrenOnly);
+    return std::ranges::count(downloads, false, &QVBoundedDownload::isFinished) == m_server.heldCount() &&
+           !QVImageLoader::shared().isWorking();
 }
 
 QStringList DrawService::asked() const

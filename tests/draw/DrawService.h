@@ -28,6 +28,8 @@ public:
     void delay(const QString &name, std::chrono::milliseconds duration) { m_delays[name] = duration; }
     void breakPictures(bool broken) { m_picturesAreBroken = broken; }
 
+    /// Whether nothing is under way but what waits for its time.
+    [[nodiscard]] bool isQuiet() const;
     /// The names of all requests so far, but for the pictures.
     [[nodiscard]] QStringList asked() const;
     [[nodiscard]] qsizetype count(const QString &name) const;

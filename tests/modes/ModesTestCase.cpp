@@ -53,15 +53,12 @@ void ModesTestCase::answerForStatus(int status)
 
 void ModesTestCase::settle() const
 {
-    // Nothing tells when the network has nothing more to say; a quiet stretch of turns does.
-    qsizetype seen = -1;
-    for (int quiet = 0; quiet < 6; ++quiet) {
-        QTest::qWait(2);
+    const auto isQuiet = [this] {
+        QCoreApplication::processEvents();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        if (seen != m_service->asked().size())
-            quiet = 0;
-        seen = m_service->asked().size();
-    }
+        return m_service->isQuiet();
+    };
+    QVERIFY(waitFor(isQuiet));
 }
 
 void ModesTestCase::pass(std::chrono::milliseconds duration) const

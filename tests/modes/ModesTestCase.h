@@ -38,7 +38,7 @@ protected:
     /// Everything asked since it was last forgotten, but for pictures.
     [[nodiscard]] QStringList asked() const { return m_service->asked().mid(m_forgotten); }
     void forgetAsked() { m_forgotten = m_service->asked().size(); }
-    /// Runs the event loop until the network has been quiet for a while, without moving time.
+    /// Runs the event loop until nothing is under way but what waits for its time.
     void settle() const;
     /// Lets \a duration pass with everything that happens in it.
     void pass(std::chrono::milliseconds duration) const;

@@ -3,29 +3,9 @@
 #include "platform/QVScheduler.h"
 #include "support/QVText.h"
 
-#include <QPointer>
 #include <QSslSocket>
 
 #include <algorithm>
-
-namespace {
-
-void run(const QPointer<QSslSocket> &socket, QList<QVScript::Step> steps)
-{
-    while (socket && !steps.isEmpty()) {
-        const QVScript::Step step = steps.takeFirst();
-        if (step.kind == QVScript::Step::Kind::Wait) {
-            QVScheduler::shared().schedule(step.duration, [socket, steps] { run(socket, steps); });
-            return;
-        }
-        if (step.kind == QVScript::Step::Kind::Send)
-            socket->write(step.bytes);
-        else
-            socket->disconnectFromHost();
-    }
-}
-
-} // namespace
 
 QByteArrayList QVReceivedRequest::fields() const
 {
@@ -106,6 +86,33 @@ void QVScriptedServer::read(QSslSocket *socket)
         m_requests.append(request);
         run(socket, scriptFor(request).steps());
     }
+}
+
+void QVScriptedServer::run(const QPointer<QSslSocket> &socket, QList<QVScript::Step> steps)
+{
+    m_held.removeAll(socket);
+    while (socket && !steps.isEmpty()) {
+        const QVScript::Step step = steps.takeFirst();
+        if (step.kind == QVScript::Step::Kind::Wait) {
+            m_held.append(socket);
+            QVScheduler::shared().schedule(step.duration, [self = QPointer(this), socket, steps] {
+                if (self)
+                    self->run(socket, steps);
+            });
+            return;
+        }
+        if (step.kind == QVScript::Step::Kind::Send)
+            socket->write(step.bytes);
+        else
+            socket->disconnectFromHost();
+    }
+}
+
+qsizetype QVScriptedServer::heldCount() const
+{
+    return std::ranges::count_if(m_held, [](const auto &socket) {
+        return socket && socket->state() == QAbstractSocket::ConnectedState;
+    });
 }
 
 QVScript QVScriptedServer::scriptFor(const QVReceivedRequest &request)

@@ -2,14 +2,14 @@
 
 #include "support/QVScript.h"
 
+#include <QPointer>
 #include <QSslConfiguration>
+#include <QSslSocket>
 #include <QTcpServer>
 #include <QUrl>
 
 #include <functional>
 #include <optional>
-
-class QSslSocket;
 
 /// A request as it came over the wire.
 struct QVReceivedRequest
@@ -50,6 +50,8 @@ public:
     void setResponder(Responder responder) { m_responder = std::move(responder); }
 
     [[nodiscard]] const QList<QVReceivedRequest> &requests() const { return m_requests; }
+    /// How many requests wait for their time to be answered.
+    [[nodiscard]] qsizetype heldCount() const;
     [[nodiscard]] int connectionCount() const { return m_connectionCount; }
     /// How many connections have been ended by the other side or by a script.
     [[nodiscard]] int closedCount() const { return m_closedCount; }
@@ -59,12 +61,14 @@ protected:
 
 private:
     void read(QSslSocket *socket);
+    void run(const QPointer<QSslSocket> &socket, QList<QVScript::Step> steps);
     [[nodiscard]] QVScript scriptFor(const QVReceivedRequest &request);
 
     std::optional<QSslConfiguration> m_tls;
     QList<QVScript> m_scripts;
     Responder m_responder;
     QList<QVReceivedRequest> m_requests;
+    QList<QPointer<QSslSocket>> m_held;
     int m_connectionCount = 0;
     int m_closedCount = 0;
 };

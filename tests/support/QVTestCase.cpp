@@ -1,5 +1,7 @@
 #include "support/QVTestCase.h"
 
+#include "support/QVWait.h"
+
 #include <QRegularExpression>
 
 #include <map>
@@ -32,7 +34,7 @@ void QVTestCase::cleanup()
 
 bool QVTestCase::waitFor(const std::function<bool()> &condition)
 {
-    return QTest::qWaitFor(condition, 15000);
+    return qv_waitFor(condition);
 }
 
 bool QVTestRegistry::addFactory(const QString &name, Factory factory)

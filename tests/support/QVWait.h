@@ -4,7 +4,6 @@
 #include <QDeadlineTimer>
 #include <QTest>
 #include <QTimer>
-#include <QWidget>
 
 #include <functional>
 
@@ -27,7 +26,8 @@ inline bool qv_waitFor(const std::function<bool()> &condition, int milliseconds 
 
 /// Waits until a window that was shown has the keyboard. On Wayland only the compositor gives it, with no
 /// word from Qt Test; elsewhere a window manager may have to be asked.
-inline bool qv_becomesActive(QWidget &window)
+template<class Widget>
+bool qv_becomesActive(Widget &window)
 {
     window.activateWindow();
     return QTest::qWaitForWindowExposed(&window) && qv_waitFor([&window] { return window.isActiveWindow(); });
