@@ -3,6 +3,7 @@
 #include <Quarvo/QuarvoExport.h>
 
 #include <QMetaType>
+#include <QObject>
 #include <QString>
 #include <QVariantMap>
 
@@ -14,6 +15,11 @@
 /// service itself refused.
 class QUARVO_EXPORT QVError
 {
+    Q_GADGET
+    Q_PROPERTY(QString domain READ domain)
+    Q_PROPERTY(qint64 code READ code)
+    Q_PROPERTY(QVariantMap userInfo READ userInfo)
+
 public:
     /// No message, code 0.
     QVError() = default;

@@ -210,6 +210,37 @@ private Q_SLOTS:
         QVERIFY(!isReset || waitFor([this] { return service().count(config) == 1; }));
     }
 
+    void valuesAreKnownToTheMetaObjectSystem()
+    {
+        const QVariant error = QVariant::fromValue(QVError(q("No"), 7, {{q("key"), 1}}));
+        const auto read = [&error](const char *name) {
+            const QMetaObject &type = QVError::staticMetaObject;
+            return type.property(type.indexOfProperty(name)).readOnGadget(error.constData());
+        };
+        QCOMPARE(read("domain").toString() + read("code").toString(), q("No7"));
+        QCOMPARE(read("userInfo").toMap().value(q("key")).toInt(), 1);
+        QCOMPARE(QMetaEnum::fromType<QVClickStatus>().keyToValue("QVClickStatusFailed"), 5);
+        QCOMPARE(QMetaEnum::fromType<QVCloseReason>().keyToValue("WindowGone"), 2);
+
+        answerCode(config, q("0101"));
+        QVClickButton button;
+        QStringList queued;
+        connect(
+            &button, &QVClickButton::clickStatusChanged, this,
+            [&queued](QVClickStatus status) { queued.append(QVariant::fromValue(status).toString()); },
+            Qt::QueuedConnection);
+        connect(
+            &button, &QVClickButton::failed, this,
+            [&queued](const QVError &told) { queued.append(QString::number(told.code())); },
+            Qt::QueuedConnection);
+        button.show();
+        button.click();
+        QVERIFY(queued.isEmpty());
+        pass(10ms);
+        QCOMPARE(queued, words("QVClickStatusVerifying, QVClickStatusFailed, 101"));
+        QCOMPARE(button.property("clickStatus").toInt(), 5);
+    }
+
     void requestsGoTheHostsWay()
     {
         auto network = std::make_unique<CountingNetwork>();
