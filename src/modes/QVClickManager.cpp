@@ -24,7 +24,8 @@ public:
     QVClickManager *const q;
     QVWeakDelegate<QVClickManagerDelegate> delegate;
     QPointer<QVClickButton> button;
-    QVClickStatus lastStatus = QVClickStatusNormal;
+    /// Whether an attempt has begun whose end was not told yet and will not come by the delegate.
+    bool owesAnEnd = false;
     QVIdentity identity;
 };
 
@@ -34,9 +35,16 @@ void QVClickManager::Private::createButton()
     button->setDelegate(q);
     button->setVid(identity.ownVid);
     button->setScene(identity.ownScene);
-    lastStatus = button->clickStatus();
-    connect(button, &QVClickButton::clickStatusChanged, q,
-            [this](QVClickStatus status) { lastStatus = status; });
+    owesAnEnd = false;
+    connect(button, &QVClickButton::clickStatusChanged, q, [this](QVClickStatus status) {
+        const bool begins = status == QVClickStatusVerifying || status == QVClickStatusDrawing;
+        owesAnEnd = begins || (owesAnEnd && status != QVClickStatusPassed);
+    });
+    const auto settle = [this] {
+        owesAnEnd = false;
+    };
+    connect(button, &QVClickButton::failed, q, settle);
+    connect(button, &QVClickButton::closed, q, settle);
     connect(button, &QVClickButton::popupOpened, q, &QVClickManager::popupOpened);
     connect(button, &QVClickButton::outageStarted, q, &QVClickManager::outageStarted);
     connect(button, &QVClickButton::failed, q, &QVClickManager::failed);
@@ -47,7 +55,7 @@ void QVClickManager::Private::createButton()
 
 void QVClickManager::Private::buttonDestroyed() const
 {
-    if (lastStatus != QVClickStatusVerifying && lastStatus != QVClickStatusDrawing)
+    if (!owesAnEnd)
         return;
     // Not at once: the window around the button may be in its destructor, where its slots must not
     // be called any more.

@@ -93,7 +93,8 @@ void QVWindow::makeKeyAndVisible(QObject *host)
     watchHost();
     place();
     // Moving the focus comes last: what the host does in answer may destroy this.
-    m_focusTrap->activate();
+    if (m_isWanted)
+        m_focusTrap->activate();
 }
 
 void QVWindow::resignKeyAndHide()
@@ -142,6 +143,9 @@ void QVWindow::place()
     else
         standAlone(m_place, m_container);
     layOutScreen();
+    // The host may have dismissed it when it lost the focus on its way.
+    if (!m_isWanted)
+        return;
     show();
     raise();
     if (isWindow())
@@ -173,6 +177,7 @@ void QVWindow::placeAgain()
 void QVWindow::lieIn(QWidget *container)
 {
     if (parentWidget() != container || isWindow()) {
+        takeFocusAlong();
         hide();
         setWindowState(Qt::WindowNoState);
         setWindowModality(Qt::NonModal);
@@ -184,11 +189,20 @@ void QVWindow::lieIn(QWidget *container)
     setGeometry(container->rect());
 }
 
+void QVWindow::takeFocusAlong()
+{
+    // Qt would let the window that this one leaves go on pointing to what had the focus in here.
+    QWidget *const focused = window()->focusWidget();
+    if (focused && isAncestorOf(focused))
+        focused->clearFocus();
+}
+
 void QVWindow::standAlone(Place place, QObject *over)
 {
     const Qt::WindowFlags flags = place == Place::Screen ? screenFlags : cardFlags;
     // No parent: a disabled one would disable this, too, and a style sheet of its reach it.
     if (parentWidget() || windowFlags() != flags) {
+        takeFocusAlong();
         hide();
         setParent(nullptr, flags);
         // It was disabled with a host that it lay in.

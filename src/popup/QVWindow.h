@@ -62,6 +62,7 @@ private:
     void placeSoon();
     void placeAgain();
     void lieIn(QWidget *container);
+    void takeFocusAlong();
     void standAlone(Place place, QObject *over);
     void fitToHost();
     void layOutScreen();
