@@ -145,7 +145,8 @@ QByteArray DrawService::bodyFor(const QString &name)
 
 QByteArray DrawService::nextPicture()
 {
-    QImage picture(400, 230, QImage::Format_RGB32);
+    // Small, since its size does not matter here.
+    QImage picture(40, 23, QImage::Format_RGB32);
     picture.fill(QColor::fromHsv(++m_pictureCount * 40 % 360, 120, 200));
     QByteArray bytes;
     QBuffer buffer(&bytes);

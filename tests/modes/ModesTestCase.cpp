@@ -112,11 +112,15 @@ bool ModesTestCase::waitForPicture()
     return waitFor([] { return drawView() && drawView()->canInput().value_or(false); });
 }
 
+void ModesTestCase::strokeOn(QWidget &view) const
+{
+    const auto points = QVPointerInput::wave(view.rect().center() - QPoint(60, 0), 14, 9);
+    QVPointerInput::strokeWithMouse(view, points, [this] { advance(16ms); });
+}
+
 void ModesTestCase::stroke() const
 {
-    QVRenderDrawView &view = *drawView();
-    QVPointerInput::strokeWithMouse(view, QVPointerInput::wave(view.rect().center() - QPoint(150, 0), 40),
-                                    [this] { advance(16ms); });
+    strokeOn(*drawView());
 }
 
 void ModesTestCase::strokeAndVerify() const

@@ -55,6 +55,7 @@ protected:
     [[nodiscard]] static QVRenderDrawView *drawView();
     [[nodiscard]] static bool waitForPicture();
     /// Draws something that the service could be asked about.
+    void strokeOn(QWidget &view) const;
     void stroke() const;
     void strokeAndVerify() const;
     static void pressClose();

@@ -87,8 +87,11 @@ void QVPointerInput::release(QWidget &widget, QPoint point, Qt::MouseButton butt
 
 void QVPointerInput::click(QWidget &widget, QPoint point)
 {
+    const QPointer<QWidget> guard(&widget);
     press(widget, point);
-    release(widget, point);
+    // The press may have taken it away.
+    if (guard && windowOf(*guard))
+        release(*guard, point);
 }
 
 void QVPointerInput::strokeWithMouse(QWidget &widget, const Points &points, const Pause &pause)
