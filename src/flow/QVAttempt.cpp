@@ -44,12 +44,12 @@ void QVAttempt::start(const std::shared_ptr<QVPopup> &hidden)
 void QVAttempt::close(QVCloseReason reason)
 {
     const auto self = shared_from_this();
-    auto *const told = observer();
     if (!end())
         return;
+    // Gives the focus back, in answer to which the host may destroy the front-end.
     if (reason != QVCloseReason::User)
         dismissPopup();
-    if (told)
+    if (auto *const told = m_observer.get())
         told->attemptHasClosed(*this, reason);
 }
 
@@ -137,19 +137,19 @@ void QVAttempt::popupIsShown()
 void QVAttempt::handleSuccess(const QString &token)
 {
     const auto self = shared_from_this();
-    auto *const told = observer();
-    if (end() && told)
+    if (!end())
+        return;
+    if (auto *const told = m_observer.get())
         told->attemptHasPassed(*this, token);
 }
 
 void QVAttempt::handleError(const QVError &error)
 {
     const auto self = shared_from_this();
-    auto *const told = observer();
     if (!end())
         return;
     dismissPopup();
-    if (told)
+    if (auto *const told = m_observer.get())
         told->attemptHasFailed(*this, error);
 }
 
