@@ -128,13 +128,13 @@ bool QVClickButton::event(QEvent *event)
         QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(),
                            Qt::convertFromPlainText(statusText()), this);
         return true;
-    case QEvent::WindowDeactivate:
-        d->press.cancel();
-        break;
     default:
         break;
     }
-    return QAbstractButton::event(event);
+    const bool isHandled = QAbstractButton::event(event);
+    if (event->type() == QEvent::WindowDeactivate)
+        d->press.cancel();
+    return isHandled;
 }
 
 void QVClickButton::paintEvent(QPaintEvent *)
@@ -230,19 +230,20 @@ void QVClickButton::focusInEvent(QFocusEvent *event)
 
 void QVClickButton::focusOutEvent(QFocusEvent *event)
 {
-    d->press.cancel();
     QAbstractButton::focusOutEvent(event);
+    d->press.cancel();
 }
 
 void QVClickButton::hideEvent(QHideEvent *event)
 {
-    d->press.cancel();
     QAbstractButton::hideEvent(event);
+    d->pressHidden();
 }
 
 void QVClickButton::changeEvent(QEvent *event)
 {
+    QAbstractButton::changeEvent(event);
+    // Last, here and above: the host may destroy the button in answer.
     if (event->type() == QEvent::EnabledChange && !isEnabled())
         d->press.cancel();
-    QAbstractButton::changeEvent(event);
 }

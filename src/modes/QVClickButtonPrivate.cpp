@@ -178,6 +178,18 @@ void QVClickButtonPrivate::pressEnded(bool inside)
         Q_EMIT button->clicked();
 }
 
+void QVClickButtonPrivate::pressHidden()
+{
+    if (!press.isTracking())
+        return;
+    press.forget();
+    // Not at once: Qt goes on with a widget that it hides, which the host could destroy in answer.
+    QVScheduler::shared().schedule({}, [button = QPointer(q)] {
+        if (button && button->clickStatus() == QVClickStatusTouching && !button->d->press.isTracking())
+            button->d->pressEnded(false);
+    });
+}
+
 void QVClickButtonPrivate::clickButtonTouchDownAction()
 {
     // Requests follow when the finger is lifted.

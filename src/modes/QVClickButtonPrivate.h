@@ -36,6 +36,7 @@ public:
     void beginTrackingWithTouch(QPointF point) override;
     void pressMoved(bool inside) override;
     void pressEnded(bool inside) override;
+    void pressHidden();
     void clickButtonTouchDownAction();
     void clickButtonTouchDragInside();
     void clickButtonTouchDragOutside();

@@ -121,6 +121,7 @@ private Q_SLOTS:
         button.setFocus();
         for (const QString &step : steps)
             actions[step]();
+        advance(0ms);
         QTEST(int(button.clickStatus()), "status");
     }
 

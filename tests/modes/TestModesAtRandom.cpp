@@ -59,9 +59,9 @@ private Q_SLOTS:
         // A third of the hosts does nothing in its handlers, so that attempts can be counted exactly.
         m_reenters = seed % 3 > 0;
         m_kind = int(seed / 3 % 6);
-        const auto focus = connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *now) {
-            const QScopedValueRollback inFocus(m_isInEvent, true);
-            m_focused = now;
+        const auto focus = connect(qApp, &QApplication::focusChanged, this, [this] {
+            const QScopedValueRollback inEvent(m_isInEvent, true);
+            const QScopedValueRollback inFocus(m_isInFocusChange, true);
             reenter();
         });
         revive();
@@ -158,6 +158,9 @@ private:
                     const bool is = status == QVClickStatusVerifying || status == QVClickStatusDrawing;
                     m_clicked->attempts += is && !was ? 1 : 0;
                     was = is;
+                    // Qt may be about to hide or deactivate a window in which the button was pressed.
+                    const QScopedValueRollback inEvent(m_isInEvent,
+                                                       m_isInEvent || status < QVClickStatusVerifying);
                     reenter();
                 });
         if (m_kind == 0 && !m_embed) {
@@ -235,12 +238,14 @@ private:
     void destroyClick(bool withManager)
     {
         QPointer<QVClickButton> button = m_click ? m_click->button() : nullptr;
-        if (withManager && m_click) {
+        if (withManager && m_click && !m_isInFocusChange) {
             m_clicked->lose();
+            if (button)
+                disconnect(button, &QVClickButton::clickStatusChanged, button, nullptr);
             const auto manager = std::move(m_click);
         }
         // Qt still works on a widget that it is giving the focus to.
-        if (button && button == m_focused && m_isInEvent)
+        if (button && m_isInFocusChange)
             button->deleteLater();
         else
             delete button;
@@ -317,7 +322,8 @@ private:
     void startInvisible()
     {
         m_invisible->setAnimation(roll(3) > 0);
-        m_unseen->attempts += invisiblePopupIsShown() ? 0 : 1;
+        // One that is on screen goes on.
+        m_unseen->attempts += m_unseen->open() > 0 && invisiblePopupIsShown() ? 0 : 1;
         m_invisible->startInsivible();
     }
 
@@ -410,7 +416,7 @@ private:
     int m_depth = 0;
     /// Whether Qt is delivering an event, so that what receives it may only be deleted later.
     bool m_isInEvent = false;
-    QPointer<QWidget> m_focused;
+    bool m_isInFocusChange = false;
     QPointer<QWidget> m_top;
     QPointer<QWidget> m_form;
     QPointer<QDialog> m_wait;
