@@ -64,8 +64,7 @@ bool DrawService::isQuiet() const
 {
     const auto downloads =
         QVNetworkSession::shared().findChildren<QVBoundedDownload *>(Qt::FindDirectChildrenOnly);
-    return std::ranges::count(downloads, false, &QVBoundedDownload::isFinished) == m_server.heldCount() &&
-           !QVImageLoader::shared().isWorking();
+    return downloads.size() == m_server.heldCount() && !QVImageLoader::shared().isWorking();
 }
 
 QStringList DrawService::asked() const

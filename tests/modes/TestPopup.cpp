@@ -81,6 +81,9 @@ private Q_SLOTS:
         QCOMPARE(time().pendingCount(), 1);
         forgetAsked();
         pass(177s);
+        QCOMPARE(asked(), QStringList());
+        m_controller.lock()->displayWindow();
+        settle();
         QCOMPARE(asked(), QStringList{refresh});
         m_controller.lock()->dismissWindow();
         QCOMPARE(popupCount(), 0);
