@@ -10,6 +10,7 @@
 namespace {
 
 constexpr int pictureInset = 9;
+constexpr QColor hoveredColor(60, 60, 68);
 
 } // namespace
 
@@ -28,7 +29,7 @@ void QVCloseButton::paintEvent(QPaintEvent *)
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
     painter.setOpacity(isDown() ? pressedOpacity : 1.0);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(Qt::black);
+    painter.setBrush(isHovered() ? hoveredColor : QColor(Qt::black));
     painter.drawEllipse(rect());
     painter.drawPixmap(rect().marginsRemoved(QMargins() + pictureInset), m_cross);
     if (!qv_showsFocusRing(*this))

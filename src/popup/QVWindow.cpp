@@ -7,6 +7,7 @@
 #include "settings/QVLocalization.h"
 #include "settings/QVLocalizationKeys.h"
 #include "views/QVAccessibleRole.h"
+#include "views/QVColors.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -22,8 +23,8 @@
 
 namespace {
 
-constexpr QColor cardColor(255, 255, 255, 242);
 constexpr QColor dimColor(0, 0, 0, 102);
+constexpr double dimSeconds = 0.15;
 /// What a card in a window of its own is set off by, since not every platform draws a shadow.
 constexpr QColor edgeColor(0, 0, 0, 60);
 // That of the close button's disc, which nests in the top right corner.
@@ -63,7 +64,7 @@ QVWindow::QVWindow()
     setAttribute(Qt::WA_TranslucentBackground);
     setAcceptDrops(true);
     setCursor(Qt::ArrowCursor);
-    setFocusPolicy(Qt::StrongFocus);
+    setFocusPolicy(Qt::ClickFocus);
     setAccessibleName(qv_localizedStringForKey(QVKey::accessibleDialog));
     setLayoutDirection(Qt::LeftToRight);
 }
@@ -91,6 +92,10 @@ void QVWindow::makeKeyAndVisible(QObject *host)
     m_isWanted = true;
     m_presentation = chosenPresentation();
     watchHost();
+    m_dimming.start(0, 1, dimSeconds, [this](double part) {
+        m_dimmedPart = part;
+        update();
+    });
     place();
     // Moving the focus comes last: what the host does in answer may destroy this.
     if (m_isWanted)
@@ -294,15 +299,17 @@ void QVWindow::paintEvent(QPaintEvent *)
         painter.drawRect(rect().adjusted(0, 0, -1, -1));
         return;
     }
-    painter.fillRect(rect(), dimColor);
+    QColor dim = dimColor;
+    dim.setAlphaF(dim.alphaF() * static_cast<float>(m_dimmedPart));
+    painter.fillRect(rect(), dim);
     if (!m_geometry.isCard()) {
-        painter.fillRect(rect(), cardColor);
+        painter.fillRect(rect(), QVColors::surface);
         return;
     }
     painter.setRenderHint(QPainter::Antialiasing);
     QPainterPath card;
     card.addRoundedRect(popupScreen(), cardRadius, cardRadius);
-    painter.fillPath(card, cardColor);
+    painter.fillPath(card, QVColors::surface);
 }
 
 void QVWindow::resizeEvent(QResizeEvent *)

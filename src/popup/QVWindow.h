@@ -1,6 +1,7 @@
 #pragma once
 
 #include "flow/QVPopupGeometry.h"
+#include "layers/QVValueAnimation.h"
 
 #include <QPointer>
 #include <QWidget>
@@ -81,6 +82,8 @@ private:
     QPointer<QWidget> m_container;
     std::unique_ptr<QVHostWatch> m_hostWatch;
     std::unique_ptr<QVHostWatch> m_containerWatch;
+    QVValueAnimation m_dimming{this};
+    double m_dimmedPart = 1;
     Place m_place = Place::Layer;
     QVPopupPresentation m_presentation;
     QVPopupGeometry m_geometry;
