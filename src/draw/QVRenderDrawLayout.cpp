@@ -49,6 +49,14 @@ void QVRenderDrawLayout::setContentWidth(double contentWidth)
                     [this, contentWidth](QVConstraintMaker &make) { buildWidth(make, contentWidth); });
 }
 
+void QVRenderDrawLayout::setHelpShown(bool shown)
+{
+    m_layout.update(m_parts.helpButton, [shown](QVConstraintMaker &make) {
+        make.width().equalTo(shown ? buttonSize.width() : 0);
+    });
+    m_layout.layoutNow();
+}
+
 double QVRenderDrawLayout::excessWidth() const
 {
     if (m_style != QVVerifyStyleEmbed)
@@ -96,7 +104,7 @@ void QVRenderDrawLayout::placeControls()
         make.centerX().equalTo(m_parts.view);
     });
     m_layout.make(m_parts.helpButton, [this](QVConstraintMaker &make) {
-        make.size().equalTo(buttonSize);
+        make.size().equalTo(QSizeF(0, buttonSize.height()));
         make.top().equalTo(m_parts.imageView);
         make.right().equalTo(m_parts.imageView);
     });

@@ -28,6 +28,8 @@ public:
     void setContentWidth(double contentWidth);
     /// How much narrower than an embedded view its content has to be to fit.
     [[nodiscard]] double excessWidth() const;
+    /// A help button that is not shown takes no width.
+    void setHelpShown(bool shown);
     void layoutNow() { m_layout.layoutNow(); }
 
 private:

@@ -86,6 +86,7 @@ void QVRenderDrawParts::initControls()
 
     m_helpButton = makeButton(m_view, "helpButton", "qv_draw_help", QVKey::accessibleHelp);
     m_refreshButton = makeButton(m_view, "refreshButton", "qv_draw_refresh", QVKey::accessibleRefresh);
+    QWidget::setTabOrder(m_refreshButton, m_helpButton);
 }
 
 bool QVRenderDrawParts::isSeen() const
@@ -119,6 +120,7 @@ QVAdButton &QVRenderDrawParts::adButton()
         m_adButton = std::make_unique<QVAdButton>(m_imageView);
         m_adButton->setObjectName(QStringLiteral("adButton"));
         m_adButton->show();
+        QWidget::setTabOrder(m_helpButton, m_adButton.get());
         adButtonWasAdded(*m_adButton);
     }
     return *m_adButton;
@@ -185,6 +187,7 @@ void QVRenderDrawParts::setCaption(const QString &caption)
 void QVRenderDrawParts::setHelpButtonShown(bool shown)
 {
     m_helpButton->setAlpha(shown ? 1 : 0);
+    m_layout->setHelpShown(shown);
 }
 
 void QVRenderDrawParts::setRefreshButtonShown(bool shown)

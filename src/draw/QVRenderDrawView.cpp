@@ -7,6 +7,7 @@
 #include "flow/QVRenderDrawFlow.h"
 #include "platform/QVMainThread.h"
 #include "platform/QVPage.h"
+#include "settings/QVBundleImage.h"
 #include "views/QVCharVerifyInputView.h"
 #include "views/QVCustomActionButton.h"
 #include "views/QVRenderDrawImageView.h"
@@ -20,6 +21,14 @@
 namespace {
 
 constexpr double widestContent = 414;
+
+QCursor penCursor()
+{
+    // Where the tip of the pen is.
+    constexpr QPoint tip(2, 22);
+    return QCursor(qv_imageFromBundleWithName(QStringLiteral("qv_draw_pen")), tip.x(), tip.y());
+}
+
 /// What an embedded view asks of a host's layout: room for the picture and the character input.
 constexpr QSize embedSize(400, 270);
 /// The least that a curve can be seen and drawn in.
@@ -216,6 +225,10 @@ bool QVRenderDrawView::charVerifyInputViewDidClickedDoneButtonWithCharString(QVC
 void QVRenderDrawView::setDrawingEnabled(bool enabled)
 {
     m_keyPen->setReady(enabled);
+    if (enabled)
+        imageView().setCursor(penCursor());
+    else
+        imageView().unsetCursor();
 }
 
 void QVRenderDrawView::beginStroke(QPointF location)

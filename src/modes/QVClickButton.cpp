@@ -20,6 +20,7 @@ namespace {
 
 constexpr QSize usualSize(300, 44);
 constexpr QSize smallestSize(120, 40);
+constexpr QColor hoverTint(255, 255, 255, 30);
 
 bool pressesAtOnce(int key)
 {
@@ -40,6 +41,7 @@ QVClickButton::QVClickButton(QWidget *parent)
     qv_assertMainThread();
     // Taken here, since a host's widget around the button that takes touches leaves no mouse events.
     setAttribute(Qt::WA_AcceptTouchEvents);
+    setAttribute(Qt::WA_Hover);
     setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     // Every way of activating a button meets here.
@@ -141,6 +143,8 @@ void QVClickButton::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     painter.fillRect(rect(), d->background());
+    if (underMouse() && isEnabled() && d->takesInput())
+        painter.fillRect(rect(), hoverTint);
     if (!d->showsFocus || !hasFocus())
         return;
     painter.setPen(QPen(Qt::white, 2, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));

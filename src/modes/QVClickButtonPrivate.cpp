@@ -90,6 +90,7 @@ void QVClickButtonPrivate::setClickStatus(QVClickStatus status)
     if (const QString key = textKey(status); !key.isNull())
         setStatusText(qv_localizedStringForKey(key));
     q->setAttribute(Qt::WA_TransparentForMouseEvents, !takesInput());
+    q->setCursor(takesInput() ? Qt::PointingHandCursor : Qt::ArrowCursor);
     qv_setAccessibleBusy(q, isUnderWay());
     q->update();
     if (!changed)

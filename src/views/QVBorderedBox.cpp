@@ -4,14 +4,20 @@
 
 #include <QPainter>
 
+void QVBorderedBox::setIsEdited(bool isEdited)
+{
+    m_isEdited = isEdited;
+    update();
+}
+
 void QVBorderedBox::paintEvent(QPaintEvent *)
 {
-    constexpr qreal borderWidth = 0.5;
     constexpr qreal radius = 3;
-    constexpr qreal half = borderWidth / 2;
+    const qreal borderWidth = m_isEdited ? 2 : 0.5;
+    const qreal half = borderWidth / 2;
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(QVColors::lightGray, borderWidth));
+    painter.setPen(QPen(m_isEdited ? QVColors::accent : QVColors::lightGray, borderWidth));
     painter.setBrush(Qt::white);
     painter.drawRoundedRect(QRectF(rect()).marginsRemoved(QMarginsF(half, half, half, half)), radius, radius);
 }

@@ -10,6 +10,12 @@ class QVBorderedBox final : public QWidget
 public:
     using QWidget::QWidget;
 
+    /// A box that is typed in has the border that says so.
+    void setIsEdited(bool isEdited);
+
 protected:
     void paintEvent(QPaintEvent *event) override;
+
+private:
+    bool m_isEdited = false;
 };

@@ -38,6 +38,7 @@ QVCharVerifyInputView::QVCharVerifyInputView(QWidget *parent)
     placeElements();
     m_inputTF->setShouldBeginEditing([this] { return textFieldShouldBeginEditing(); });
     m_inputTF->setShouldReturn([this] { return textFieldShouldReturn(); });
+    connect(m_inputTF, &QVCharVerifyTextField::focusChanged, m_tfBackView, &QVBorderedBox::setIsEdited);
     connect(m_doneButton, &QAbstractButton::clicked, this,
             &QVCharVerifyInputView::doneButtonDidClickedAction);
 }

@@ -57,8 +57,10 @@ void QVCharVerifyInputViewDoneButton::keyPressEvent(QKeyEvent *event)
 void QVCharVerifyInputViewDoneButton::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
+    if (isHovered() && m_buttonStauts != loadingStauts)
+        painter.fillRect(rect(), QVColors::stripHover);
     painter.setOpacity(isDown() ? pressedOpacity : 1);
     m_title.paint(painter, rect(), QVColors::doneTitle());
     painter.setOpacity(1);
-    qv_paintFocusRing(painter, *this, QVColors::accent);
+    qv_paintFocusRing(painter, *this);
 }

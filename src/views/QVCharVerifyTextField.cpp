@@ -124,16 +124,19 @@ void QVCharVerifyTextField::focusInEvent(QFocusEvent *event)
 {
     const bool isReturning = m_wasEditing && isPassing(event->reason());
     m_wasEditing = isReturning || m_hasAsked || mayBegin();
-    if (m_wasEditing)
-        QLineEdit::focusInEvent(event);
-    else
+    if (!m_wasEditing) {
         refuseFocus(event->reason());
+        return;
+    }
+    QLineEdit::focusInEvent(event);
+    Q_EMIT focusChanged(true);
 }
 
 void QVCharVerifyTextField::focusOutEvent(QFocusEvent *event)
 {
     m_wasEditing = m_wasEditing && isPassing(event->reason());
     QLineEdit::focusOutEvent(event);
+    Q_EMIT focusChanged(false);
 }
 
 void QVCharVerifyTextField::refuseFocus(Qt::FocusReason reason)

@@ -28,6 +28,9 @@ public:
 
     [[nodiscard]] QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
 
+Q_SIGNALS:
+    void focusChanged(bool hasFocus);
+
 protected:
     bool event(QEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;

@@ -12,6 +12,7 @@ inline constexpr QColor accent(65, 141, 251);
 inline constexpr QColor lightGray(170, 170, 170);
 inline constexpr QColor picture(38, 38, 52);
 inline constexpr QColor strip(244, 244, 244);
+inline constexpr QColor stripHover(0, 0, 0, 12);
 
 // Alpha 0.7.
 inline constexpr QColor badge(0, 0, 0, 179);

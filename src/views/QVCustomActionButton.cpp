@@ -1,6 +1,5 @@
 #include "views/QVCustomActionButton.h"
 
-#include "views/QVColors.h"
 #include "views/QVFocusRing.h"
 
 #include <QPainter>
@@ -50,7 +49,13 @@ void QVCustomActionButton::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     m_layers.paint(painter);
-    qv_paintFocusRing(painter, *this, QVColors::accent);
+    if (isHovered()) {
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(hoverTint);
+        painter.drawEllipse(rect().marginsRemoved(m_insets));
+    }
+    qv_paintFocusRing(painter, *this);
 }
 
 void QVCustomActionButton::resizeEvent(QResizeEvent *event)

@@ -1,22 +1,41 @@
 #include "views/QVFocusRing.h"
 
+#include "views/QVAccessibleRole.h"
+#include "views/QVColors.h"
+
 #include <QPainter>
-#include <QWidget>
 
 bool qv_showsFocusRing(const QWidget &widget)
 {
     return widget.hasFocus() && widget.window()->testAttribute(Qt::WA_KeyboardFocusChange);
 }
 
-void qv_paintFocusRing(QPainter &painter, const QWidget &widget, const QColor &color)
+void qv_paintFocusRing(QPainter &painter, const QWidget &widget)
 {
     if (!qv_showsFocusRing(widget))
         return;
-    constexpr qreal width = 2;
+    constexpr qreal outerWidth = 4;
+    constexpr qreal innerWidth = 2;
     constexpr qreal radius = 3;
+    constexpr qreal half = outerWidth / 2;
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(color, width));
     painter.setBrush(Qt::NoBrush);
-    const QRectF ring = QRectF(widget.rect()).marginsRemoved(QMarginsF(width, width, width, width));
+    const QRectF ring = QRectF(widget.rect()).marginsRemoved(QMarginsF(half, half, half, half));
+    painter.setPen(QPen(Qt::white, outerWidth));
     painter.drawRoundedRect(ring, radius, radius);
+    painter.setPen(QPen(QVColors::accent, innerWidth));
+    painter.drawRoundedRect(ring, radius, radius);
+}
+
+QVFocusRing::QVFocusRing(QWidget *widget)
+    : QWidget(widget)
+{
+    qv_setAccessibleRole(this, QAccessible::NoRole);
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+}
+
+void QVFocusRing::paintEvent(QPaintEvent * /*event*/)
+{
+    QPainter painter(this);
+    qv_paintFocusRing(painter, *parentWidget());
 }

@@ -18,6 +18,8 @@
 
 namespace {
 
+constexpr std::chrono::milliseconds clearDelay{100};
+
 QString pictureOf(QVOverlaySurface::Bar bar)
 {
     switch (bar) {
@@ -49,6 +51,7 @@ QVRenderDrawImageView::QVRenderDrawImageView(QWidget *parent)
     setAttribute(Qt::WA_OpaquePaintEvent);
     setIsCharVerify(false);
     m_layers.root().addSublayer(m_loadingLayer);
+    m_focusRing = new QVFocusRing(this);
     connect(m_errorOverlayView, &QAbstractButton::clicked, this,
             &QVRenderDrawImageView::errorOverlayViewDidClickedAction);
     // Places the bars below the edge, so that the first one slides in like any later one.
@@ -78,6 +81,17 @@ void QVRenderDrawImageView::setIsCharVerify(bool isCharVerify)
 }
 
 void QVRenderDrawImageView::setImage(const QImage &image)
+{
+    m_image = image;
+    if (image.isNull() && isVisible() && !m_picture.image().isNull()) {
+        m_clearing.start(clearDelay, [this] { showNow({}); });
+        return;
+    }
+    m_clearing.stop();
+    showNow(image);
+}
+
+void QVRenderDrawImageView::showNow(const QImage &image)
 {
     m_picture.setImage(image);
     update();
@@ -117,6 +131,7 @@ void QVRenderDrawImageView::slideIn(Bar bar, const QString &text, bool acceptsTo
     view->setOverlayImage(qv_imageFromBundleWithName(pictureOf(bar)), text);
     keepClearOfStrip();
     view->setOnScreen(true);
+    m_focusRing->raise();
     placeBar(view);
     m_layout.animateLayout(QVOverlaySurface::slideDuration);
 }
@@ -180,13 +195,15 @@ void QVRenderDrawImageView::paintEvent(QPaintEvent *event)
     if (!m_picture.isOpaque())
         painter.fillRect(event->rect(), QVColors::picture);
     m_picture.paint(painter, size());
-    m_layers.paint(painter);
-    qv_paintFocusRing(painter, *this, QVColors::accent);
+    // Loading dots wait as long as the dark does on which they lie.
+    if (!m_clearing.isActive())
+        m_layers.paint(painter);
 }
 
 void QVRenderDrawImageView::resizeEvent(QResizeEvent *event)
 {
     QWidget::resizeEvent(event);
+    m_focusRing->setGeometry(rect());
     m_loadingLayer->setFrame(rect());
     m_loadingLayer->centerDots();
     keepClearOfStrip();

@@ -4,6 +4,7 @@
 #include "flow/QVRenderDrawImageViewDelegate.h"
 #include "layers/QVLayerHost.h"
 #include "layout/QVLayout.h"
+#include "platform/QVTimer.h"
 #include "views/QVColors.h"
 #include "views/QVScaledPicture.h"
 
@@ -12,6 +13,7 @@
 
 #include <memory>
 
+class QVFocusRing;
 class QVRenderDrawImageViewLoadingLayer;
 class QVRenderDrawOverlayView;
 
@@ -31,11 +33,12 @@ public:
     void setIsCharVerify(bool isCharVerify);
     void setDelegate(QVRenderDrawImageViewDelegate *delegate) { m_delegate = delegate; }
 
-    [[nodiscard]] QImage image() const { return m_picture.image(); }
-    [[nodiscard]] bool hasImage() const { return !m_picture.image().isNull(); }
+    [[nodiscard]] QImage image() const { return m_image; }
+    [[nodiscard]] bool hasImage() const { return !m_image.isNull(); }
     /// Names a sibling that lies over the bottom edge where the picture is narrow, once.
     void setStrip(QWidget *strip);
-    /// Shows a picture stretched into the bounds; a null one clears it.
+    /// Shows a picture stretched into the bounds; a null one clears it. The former one is seen a moment
+    /// longer, so that a next one that comes at once takes its place without a dark flash.
     void setImage(const QImage &image);
 
     [[nodiscard]] QVRenderDrawImageViewLoadingLayer &loadingLayer() const { return *m_loadingLayer; }
@@ -54,19 +57,24 @@ protected:
 
 private:
     QVRenderDrawOverlayView *addBar(const QString &name, const QColor &background, QVColors::Source text);
+    void showNow(const QImage &image);
     void placeBar(QVRenderDrawOverlayView *bar);
     [[nodiscard]] QVRenderDrawOverlayView *view(Bar bar) const;
     void errorOverlayViewDidClickedAction();
     void keepClearOfStrip();
 
     QVWeakDelegate<QVRenderDrawImageViewDelegate> m_delegate;
+    QImage m_image;
+    /// What is seen.
     QVScaledPicture m_picture;
+    QVTimer m_clearing;
     QVLayerHost m_layers;
     std::shared_ptr<QVRenderDrawImageViewLoadingLayer> m_loadingLayer;
     QVLayout m_layout;
     QVRenderDrawOverlayView *m_promptOverlayView;
     QVRenderDrawOverlayView *m_errorOverlayView;
     QVRenderDrawOverlayView *m_successOverlayView;
+    QVFocusRing *m_focusRing;
     QPointer<QWidget> m_strip;
     /// How much of the bars' height the strip lies over.
     int m_coveredHeight = 0;

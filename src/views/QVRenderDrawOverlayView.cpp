@@ -1,5 +1,6 @@
 #include "views/QVRenderDrawOverlayView.h"
 
+#include "settings/QVBundleImage.h"
 #include "views/QVAccessibleRole.h"
 #include "views/QVFocusRing.h"
 #include "views/QVLabel.h"
@@ -14,6 +15,7 @@ namespace {
 
 constexpr double usualHeight = 30;
 constexpr int labelInset = 10;
+constexpr int retrySide = 16;
 
 /// White text lies on a coloured bar.
 QVTextStyle styleFor(QVColors::Source text)
@@ -53,7 +55,18 @@ void QVRenderDrawOverlayView::setOverlayImage(const QPixmap &image, const QStrin
 
 int QVRenderDrawOverlayView::heightFor(int width) const
 {
-    return defaultHeight() + m_overlayLabel->extraHeightFor(width - 2 * labelInset);
+    return defaultHeight() + m_overlayLabel->extraHeightFor(width - labelInset - rightInset());
+}
+
+int QVRenderDrawOverlayView::rightInset() const
+{
+    return m_acceptsTouches ? 2 * labelInset + retrySide : labelInset;
+}
+
+QRect QVRenderDrawOverlayView::retryFrame() const
+{
+    const int middle = m_overlayLabel->geometry().center().y();
+    return {width() - labelInset - retrySide, middle - retrySide / 2, retrySide, retrySide};
 }
 
 void QVRenderDrawOverlayView::setCoveredHeight(int height)
@@ -65,6 +78,8 @@ void QVRenderDrawOverlayView::setCoveredHeight(int height)
 void QVRenderDrawOverlayView::setAcceptsTouches(bool accepts)
 {
     m_acceptsTouches = accepts;
+    m_layout.update(m_overlayLabel,
+                    [this](QVConstraintMaker &make) { make.right().equalTo(this).offset(-rightInset()); });
     updateInput();
 }
 
@@ -98,5 +113,9 @@ void QVRenderDrawOverlayView::paintEvent(QPaintEvent *event)
     QPainter painter(this);
     painter.setOpacity(isDown() ? pressedOpacity : 1);
     painter.fillRect(event->rect(), m_background);
-    qv_paintFocusRing(painter, *this, m_overlayLabel->color());
+    if (isHovered() && m_acceptsTouches)
+        painter.fillRect(event->rect(), hoverTint);
+    if (m_acceptsTouches)
+        painter.drawPixmap(retryFrame(), qv_imageFromBundleWithName(QStringLiteral("qv_draw_retry")));
+    qv_paintFocusRing(painter, *this);
 }

@@ -39,6 +39,9 @@ protected:
 
 private:
     void updateInput();
+    [[nodiscard]] int rightInset() const;
+    /// Where the mark is that says that a tap tries again.
+    [[nodiscard]] QRect retryFrame() const;
 
     QVLabel *m_overlayLabel;
     QVLayout m_layout;

@@ -8,6 +8,7 @@ QVTouchButton::QVTouchButton(QWidget *parent)
     : QAbstractButton(parent)
 {
     setAttribute(Qt::WA_AcceptTouchEvents);
+    setAttribute(Qt::WA_Hover);
     // Not by click: a tap must not take the focus away from where the user types.
     setFocusPolicy(Qt::TabFocus);
     connect(this, &QAbstractButton::pressed, this, [this] { setHighlighted(true); });

@@ -20,6 +20,11 @@ public:
 
 protected:
     static constexpr qreal pressedOpacity = 0.8;
+    /// Laid over a button that the pointer is on.
+    static constexpr QColor hoverTint{255, 255, 255, 45};
+
+    /// Whether the pointer is on it and would press it.
+    [[nodiscard]] bool isHovered() const { return underMouse() && isEnabled() && !isDown(); }
 
     bool event(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;

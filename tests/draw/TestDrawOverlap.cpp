@@ -124,7 +124,7 @@ private Q_SLOTS:
             QVPointerInput::move(view(), point);
             advance(40ms);
         }
-        QCOMPARE(service().count(q("refresh")), 1);
+        QVERIFY(waitFor([this] { return service().count(q("refresh")) == 1; }));
         QVERIFY(!picture().hasImage());
         QVPointerInput::release(view(), points.back());
         QVERIFY(waitFor([this] { return service().count(q("verify")) == 1; }));

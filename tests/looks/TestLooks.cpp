@@ -80,6 +80,7 @@ private:
         add("dots-late", [this] { return dots(650ms); });
         add("strip-empty", [this] { return strip({}, 0); });
         add("strip-typed", [this] { return strip(q("a4K"), 0); });
+        add("strip-edited", [this] { return editedStrip(); });
         add("strip-busy", [this] { return strip({}, 1); });
         add("strip-pressed", [this] { return strip(q("a4K"), 0, true); });
         add("strip-hant", [this] { return strip({}, 0, false, "zh-Hant"); });
@@ -97,6 +98,8 @@ private:
         add("button-failed", [this] { return button(QVClickStatusFailed, 600ms); });
         add("button-focused", [this] { return focusedButton(); });
         add("button-pressed", [this] { return pressedButton(); });
+        add("button-hovered", [this] { return hoveredButton(); });
+        add("panel-hovered", [this] { return hoveredPanel(); });
         add("badge-waiting", [this] { return badge(125ms); });
         add("badge-opening", [this] { return openedBadge(250ms); });
         add("badge-halo", [this] { return openedBadge(850ms); });
@@ -192,6 +195,13 @@ private:
         return shot();
     }
 
+    QImage editedStrip()
+    {
+        strip(q("a4K"), 0);
+        focusNext();
+        return shot();
+    }
+
     static QImage withContrast(const std::function<QImage()> &take)
     {
         QVSDKManager::setContrast(QVContrast::High);
@@ -234,6 +244,21 @@ private:
     {
         prepareHost({300, 64});
         makeButton().setFocus(Qt::TabFocusReason);
+        return shot();
+    }
+
+    QImage hoveredButton()
+    {
+        prepareHost({300, 64});
+        makeButton().setAttribute(Qt::WA_UnderMouse);
+        return shot();
+    }
+
+    QImage hoveredPanel()
+    {
+        showPanel();
+        for (const char *name : {"helpButton", "adButton"})
+            host().findChild<QWidget *>(QLatin1String(name))->setAttribute(Qt::WA_UnderMouse);
         return shot();
     }
 
