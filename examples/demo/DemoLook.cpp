@@ -24,7 +24,9 @@ const char *const light = R"(
     QTabBar::tab:selected { color: #418dfb; border-bottom: 2px solid #418dfb; font-weight: 600; }
     QTabBar::tab:focus { color: #1d4f9e; }
     QCheckBox { font-size: 13px; color: #344054; }
-    QComboBox { font-size: 13px; color: #344054; }
+    QComboBox { border: 1px solid #d0d5dd; border-radius: 6px; padding: 6px 10px; background: white;
+                font-size: 14px; color: #1d2433; }
+    QComboBox:focus { border-color: #418dfb; }
 )";
 
 // What differs in the other looks.
@@ -40,7 +42,7 @@ const char *const dark = R"(
     QTabBar::tab { color: #a3adc0; border-bottom-color: #323a4a; }
     QTabBar::tab:focus { color: #9cc4ff; }
     QCheckBox, QComboBox { color: #c9d1e0; }
-    QComboBox, QComboBox QAbstractItemView { background: #12151c; }
+    QComboBox, QComboBox QAbstractItemView { background: #12151c; border-color: #3d4659; }
 )";
 
 const char *const loud = R"(

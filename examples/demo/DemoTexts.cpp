@@ -15,7 +15,7 @@ struct Row
 constexpr std::array rows{
     Row{u"Welcome back", u"欢迎回来", u"歡迎回來"},
     Row{u"Sign in to your account", u"登录您的账户", u"登入您的帳戶"},
-    Row{u"Name", u"用户名", u"使用者名稱"},
+    Row{u"User name", u"用户名", u"使用者名稱"},
     Row{u"Password", u"密码", u"密碼"},
     Row{u"Sign in", u"登录", u"登入"},
     // The token is no proof before a server has asked about it, and the demo has none.
@@ -24,9 +24,9 @@ constexpr std::array rows{
     Row{u"Start again", u"重新开始", u"重新開始"},
     Row{u"Embedded", u"嵌入", u"內嵌"},
     Row{u"Click", u"点击", u"點擊"},
-    Row{u"Invisible", u"隐形", u"隱形"},
+    Row{u"Invisible", u"无感", u"無感"},
     Row{u"Language", u"语言", u"語言"},
-    Row{u"Use the outage service", u"使用宕机服务", u"使用備援服務"},
+    Row{u"Use the backup service", u"使用备用服务", u"使用備用服務"},
     Row{u"Events", u"事件", u"事件"},
 };
 

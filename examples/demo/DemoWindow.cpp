@@ -145,6 +145,10 @@ QWidget *DemoWindow::makeFields()
     m_password = new QLineEdit(fields);
     m_password->setEchoMode(QLineEdit::Password);
     m_result = makeLabel(QStringLiteral("result"), fields);
+    // The form must not jump when it comes.
+    QSizePolicy reserved = m_result->sizePolicy();
+    reserved.setRetainSizeWhenHidden(true);
+    m_result->setSizePolicy(reserved);
     m_result->hide();
     m_again = new QPushButton(fields);
     m_again->setObjectName(QStringLiteral("again"));
@@ -158,6 +162,12 @@ QWidget *DemoWindow::makeFields()
     layout->addWidget(makePages());
     layout->addWidget(m_result);
     layout->addWidget(m_again, 0, Qt::AlignHCenter);
+    QWidget *before = m_password;
+    for (QWidget *next : {static_cast<QWidget *>(m_click.clickButton()), static_cast<QWidget *>(m_signIn),
+                          static_cast<QWidget *>(m_again)}) {
+        setTabOrder(before, next);
+        before = next;
+    }
     return fields;
 }
 
@@ -319,8 +329,12 @@ void DemoWindow::translate()
     };
     m_title->setText(text(DemoText::Title));
     m_subtitle->setText(text(DemoText::Subtitle));
-    m_name->setPlaceholderText(text(DemoText::Name));
-    m_password->setPlaceholderText(text(DemoText::Password));
+    for (const auto &[field, name] : {std::pair(m_name, DemoText::Name), {m_password, DemoText::Password}}) {
+        field->setPlaceholderText(text(name));
+        field->setAccessibleName(text(name));
+    }
+    m_languages->setAccessibleName(text(DemoText::Language));
+    m_events->setAccessibleName(text(DemoText::Events));
     m_signIn->setText(text(DemoText::SignIn));
     m_result->setText(text(DemoText::Verified));
     m_again->setText(text(DemoText::Again));
