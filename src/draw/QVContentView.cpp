@@ -20,5 +20,5 @@ void QVContentView::paintEvent(QPaintEvent * /*event*/)
     if (m_strip->isHidden())
         return;
     const int top = m_picture->geometry().bottom() + 1;
-    QPainter(this).fillRect(0, top, width(), m_strip->y() - top, QVColors::strip);
+    QPainter(this).fillRect(0, top, width(), m_strip->y() - top, QVColors::strip());
 }

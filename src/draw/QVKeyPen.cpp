@@ -199,7 +199,7 @@ void QVKeyPen::paintEvent(QPaintEvent * /*event*/)
     const QPointF centre = QRectF(rect()).center();
     // Light within dark is seen on any picture.
     painter.setPen(QPen(Qt::black, 5));
-    painter.setBrush(m_isDown ? QBrush(QVColors::accent) : QBrush(Qt::NoBrush));
+    painter.setBrush(m_isDown ? QBrush(QVColors::accent()) : QBrush(Qt::NoBrush));
     painter.drawEllipse(centre, radius, radius);
     painter.setPen(QPen(Qt::white, 2));
     painter.drawEllipse(centre, radius, radius);

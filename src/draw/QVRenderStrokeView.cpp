@@ -103,6 +103,6 @@ void QVRenderStrokeView::drawOnCanvas(const QPointF *points, int count)
     QPainter painter(&m_canvas);
     painter.setRenderHint(QPainter::Antialiasing);
     // Round, so that lines drawn one by one join as if drawn in one go.
-    painter.setPen(QPen(QVColors::accent, lineWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.setPen(QPen(QVColors::accent(), lineWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter.drawPolyline(points, count);
 }

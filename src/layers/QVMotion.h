@@ -4,7 +4,7 @@
 class QVMotion
 {
 public:
-    /// True where the desktop's style animates nothing: then effects jump to their end and endless
-    /// ones stand still.
+    /// True where the host says so or the desktop's style animates nothing: then effects jump to their end
+    /// and endless ones stand still.
     [[nodiscard]] static bool isReduced();
 };

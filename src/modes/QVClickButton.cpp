@@ -16,6 +16,8 @@
 #include <QToolTip>
 #include <QTouchEvent>
 
+#include <algorithm>
+
 namespace {
 
 constexpr QSize usualSize(300, 44);
@@ -86,6 +88,18 @@ void QVClickButton::setScene(const QString &scene)
     d->identity.ownScene = scene;
 }
 
+int QVClickButton::cornerRadius() const
+{
+    return d->cornerRadius;
+}
+
+void QVClickButton::setCornerRadius(int radius)
+{
+    d->cornerRadius = std::max(0, radius);
+    d->layoutSubviews();
+    update();
+}
+
 QVClickStatus QVClickButton::clickStatus() const
 {
     return d->clickStatus;
@@ -142,13 +156,21 @@ bool QVClickButton::event(QEvent *event)
 void QVClickButton::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    painter.fillRect(rect(), d->background());
-    if (underMouse() && isEnabled() && d->takesInput())
-        painter.fillRect(rect(), hoverTint);
+    const double radius = d->paintedRadius();
+    painter.setRenderHint(QPainter::Antialiasing, radius > 0);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(d->background());
+    painter.drawRoundedRect(rect(), radius, radius);
+    if (underMouse() && isEnabled() && d->takesInput()) {
+        painter.setBrush(hoverTint);
+        painter.drawRoundedRect(rect(), radius, radius);
+    }
     if (!d->showsFocus || !hasFocus())
         return;
     painter.setPen(QPen(Qt::white, 2, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
-    painter.drawRect(rect().adjusted(3, 3, -3, -3));
+    painter.setBrush(Qt::NoBrush);
+    const double ringRadius = std::max(0.0, radius - 3);
+    painter.drawRoundedRect(rect().adjusted(3, 3, -3, -3), ringRadius, ringRadius);
 }
 
 void QVClickButton::resizeEvent(QResizeEvent *)

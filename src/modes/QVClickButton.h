@@ -28,6 +28,7 @@ class QUARVO_EXPORT QVClickButton : public QAbstractButton
     Q_PROPERTY(QVClickStatus clickStatus READ clickStatus NOTIFY clickStatusChanged)
     Q_PROPERTY(QString vid READ vid WRITE setVid)
     Q_PROPERTY(QString scene READ scene WRITE setScene)
+    Q_PROPERTY(int cornerRadius READ cornerRadius WRITE setCornerRadius)
 
 public:
     /// Ready to be clicked.
@@ -48,6 +49,11 @@ public:
     [[nodiscard]] QString scene() const;
     /// Takes effect for the next attempt.
     void setScene(const QString &scene);
+
+    /// The radius of the corners in logical pixels; 0 at first.
+    [[nodiscard]] int cornerRadius() const;
+    /// A negative \a radius counts as 0, a large one as half the button's height.
+    void setCornerRadius(int radius);
 
     /// How far the verification has come.
     [[nodiscard]] QVClickStatus clickStatus() const;

@@ -17,6 +17,7 @@
 
 #include <QPointer>
 
+#include <algorithm>
 #include <utility>
 
 using namespace std::chrono_literals;
@@ -80,7 +81,14 @@ void QVClickButtonPrivate::layoutSubviews() const
     waterRippleView->setGeometry(q->rect());
     clickStatusView->setGeometry(0, 0, statusWidth, q->height());
     clickStatusLabel->setGeometry(labelLeft, 0, q->width() - labelLeft - labelInset, q->height());
+    waterRippleView->setCornerRadius(paintedRadius());
+    clickStatusView->setCornerRadius(paintedRadius());
     describe();
+}
+
+double QVClickButtonPrivate::paintedRadius() const
+{
+    return std::min<double>(cornerRadius, std::min(q->width(), q->height()) / 2.0);
 }
 
 void QVClickButtonPrivate::setClickStatus(QVClickStatus status)
@@ -140,7 +148,7 @@ QColor QVClickButtonPrivate::background() const
 {
     if (clickStatus == QVClickStatusPassed)
         return QVColors::successBar;
-    return clickStatus == QVClickStatusFailed ? QVColors::errorBar : QVColors::accent;
+    return clickStatus == QVClickStatusFailed ? QVColors::errorBar : QVColors::accent();
 }
 
 bool QVClickButtonPrivate::pointInside(QPointF point) const

@@ -29,6 +29,8 @@ public:
     void setClickStatus(QVClickStatus status);
     [[nodiscard]] QColor background() const;
     void layoutSubviews() const;
+    /// As far as the button's size allows it.
+    [[nodiscard]] double paintedRadius() const;
 
     /// Whether touches and keys are heard.
     [[nodiscard]] bool takesInput() const;
@@ -65,6 +67,7 @@ public:
     QVClickStatus clickStatus = QVClickStatusNormal;
     QVPressTracker press{*this};
     bool showsFocus = false;
+    int cornerRadius = 0;
 
 private:
     void initAction();

@@ -85,11 +85,21 @@ void QVClickStatusView::setClickStatus(QVClickStatus status)
     }
 }
 
+void QVClickStatusView::setCornerRadius(qreal radius)
+{
+    m_cornerRadius = radius;
+    update();
+}
+
 void QVClickStatusView::paintEvent(QPaintEvent *event)
 {
     Q_UNUSED(event)
     QPainter painter(this);
-    painter.fillRect(rect(), stripColor);
+    painter.setRenderHint(QPainter::Antialiasing, m_cornerRadius > 0);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(stripColor);
+    // The corners on the right lie beyond the edge.
+    painter.drawRoundedRect(QRectF(0, 0, width() + m_cornerRadius, height()), m_cornerRadius, m_cornerRadius);
     m_host.paint(painter);
 }
 

@@ -21,6 +21,8 @@ public:
 
     [[nodiscard]] QVClickStatus clickStatus() const { return m_clickStatus; }
     void setClickStatus(QVClickStatus status);
+    /// Of the two corners on the left.
+    void setCornerRadius(qreal radius);
     /// Where the spinning arc's start comes from.
     void setRandomSource(RandomSource source) { m_random = std::move(source); }
 
@@ -61,6 +63,7 @@ private:
 
     QVClickStatus m_clickStatus = QVClickStatusNormal;
     RandomSource m_random;
+    qreal m_cornerRadius = 0;
     QVLayerHost m_host{*this};
     QPointF m_builtCentre;
     std::shared_ptr<QVLayer> m_normalLogoIV;

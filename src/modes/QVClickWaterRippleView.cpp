@@ -35,6 +35,11 @@ void QVClickWaterRippleView::beganWaterRippleAnimationAtPoint(QPointF point)
     m_waterRippleLayer = std::make_shared<QVLayer>();
     m_waterRippleLayer->setFrame(rect());
     m_waterRippleLayer->setFillColor(rippleColor);
+    if (m_cornerRadius > 0) {
+        QPainterPath button;
+        button.addRoundedRect(rect(), m_cornerRadius, m_cornerRadius);
+        m_waterRippleLayer->setMask(button);
+    }
     m_host.root().addSublayer(m_waterRippleLayer);
     // The diagonal reaches the far corner from any point.
     const qreal endRadius = std::hypot(float(width()), float(height()));

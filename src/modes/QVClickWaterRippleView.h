@@ -12,6 +12,8 @@ class QVClickWaterRippleView : public QWidget
 public:
     explicit QVClickWaterRippleView(QWidget *parent = nullptr);
 
+    /// That of the button, which no ripple leaves.
+    void setCornerRadius(qreal radius) { m_cornerRadius = radius; }
     /// Cuts off a ripple in progress.
     void beganWaterRippleAnimationAtPoint(QPointF point);
 
@@ -22,5 +24,6 @@ protected:
 
 private:
     QVLayerHost m_host{*this};
+    qreal m_cornerRadius = 0;
     std::shared_ptr<QVLayer> m_waterRippleLayer;
 };

@@ -294,7 +294,7 @@ void QVWindow::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     if (!m_geometry.isCard() && m_place == Place::OwnWindow && m_container) {
-        painter.fillRect(rect(), Qt::white);
+        painter.fillRect(rect(), QColor(QVColors::surface().rgb()));
         painter.setPen(edgeColor);
         painter.drawRect(rect().adjusted(0, 0, -1, -1));
         return;
@@ -303,13 +303,13 @@ void QVWindow::paintEvent(QPaintEvent *)
     dim.setAlphaF(dim.alphaF() * static_cast<float>(m_dimmedPart));
     painter.fillRect(rect(), dim);
     if (!m_geometry.isCard()) {
-        painter.fillRect(rect(), QVColors::surface);
+        painter.fillRect(rect(), QVColors::surface());
         return;
     }
     painter.setRenderHint(QPainter::Antialiasing);
     QPainterPath card;
     card.addRoundedRect(popupScreen(), cardRadius, cardRadius);
-    painter.fillPath(card, QVColors::surface);
+    painter.fillPath(card, QVColors::surface());
 }
 
 void QVWindow::resizeEvent(QResizeEvent *)

@@ -1,10 +1,12 @@
 #pragma once
 
 #include "platform/QuarvoCoreExport.h"
+#include "settings/QVAppearance.h"
 #include "settings/QVContrast.h"
 #include "settings/QVPopupPresentation.h"
 #include "settings/QVServiceAddresses.h"
 
+#include <QColor>
 #include <QNetworkAccessManager>
 #include <QPointer>
 #include <QString>
@@ -71,6 +73,16 @@ public:
     [[nodiscard]] QVContrast contrast() const { return m_contrast; }
     void setContrast(QVContrast contrast) { m_contrast = contrast; }
 
+    [[nodiscard]] QVAppearance appearance() const { return m_appearance; }
+    void setAppearance(QVAppearance appearance) { m_appearance = appearance; }
+
+    /// The host's own, invalid where it has none.
+    [[nodiscard]] QColor accentColor() const { return m_accentColor; }
+    void setAccentColor(const QColor &color) { m_accentColor = color; }
+
+    [[nodiscard]] bool isMotionReduced() const { return m_isMotionReduced; }
+    void setIsMotionReduced(bool isReduced) { m_isMotionReduced = isReduced; }
+
     /// The device identifier, looked up in the secure store at each call.
     [[nodiscard]] QString deviceId() const;
     /// Says that the device identifier will be asked for shortly.
@@ -92,4 +104,7 @@ private:
     std::chrono::milliseconds m_attemptTimeout{0};
     bool m_closesOnOutsideClick = false;
     QVContrast m_contrast = QVContrast::System;
+    QVAppearance m_appearance = QVAppearance::Light;
+    QColor m_accentColor;
+    bool m_isMotionReduced = false;
 };

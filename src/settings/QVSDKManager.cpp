@@ -93,3 +93,18 @@ void QVSDKManager::setContrast(QVContrast contrast)
 {
     settings().setContrast(contrast);
 }
+
+void QVSDKManager::setAppearance(QVAppearance appearance)
+{
+    settings().setAppearance(appearance);
+}
+
+void QVSDKManager::setAccentColor(const QColor &color)
+{
+    settings().setAccentColor(color.isValid() ? QColor(color.rgb()) : color);
+}
+
+void QVSDKManager::setReducedMotion(bool reduced)
+{
+    settings().setIsMotionReduced(reduced);
+}

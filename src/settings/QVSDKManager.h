@@ -1,5 +1,6 @@
 #pragma once
 
+#include <Quarvo/QVAppearance.h>
 #include <Quarvo/QVContrast.h>
 #include <Quarvo/QVPopupPresentation.h>
 #include <Quarvo/QuarvoExport.h>
@@ -8,6 +9,7 @@
 
 #include <chrono>
 
+class QColor;
 class QNetworkAccessManager;
 class QVServiceAddresses;
 
@@ -70,4 +72,18 @@ public:
     /// Chooses how far texts stand out from their ground; QVContrast::System at first. What is on screen
     /// follows when it is painted next.
     static void setContrast(QVContrast contrast);
+
+    /// Makes the popup's surface, the strip for characters and the captions light or dark;
+    /// QVAppearance::Light at first. Pictures, bars and buttons keep their colours. Call before the first
+    /// verification: a field for characters that exists already keeps the colour of its text.
+    static void setAppearance(QVAppearance appearance);
+
+    /// Paints with \a color what is blue at first: click button, stroke, loading dots, "Done" and focus.
+    /// White text lies on the click button, so \a color is to be a dark one. An invalid colour stands for the
+    /// product's own, 65, 141, 251; a translucent one counts as opaque.
+    static void setAccentColor(const QColor &color);
+
+    /// Lets nothing move, as where the desktop's style animates nothing: effects jump to their end. False, as
+    /// at first, leaves it to the style.
+    static void setReducedMotion(bool reduced);
 };

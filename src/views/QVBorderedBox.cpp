@@ -17,7 +17,7 @@ void QVBorderedBox::paintEvent(QPaintEvent *)
     const qreal half = borderWidth / 2;
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(m_isEdited ? QVColors::accent : QVColors::lightGray, borderWidth));
-    painter.setBrush(Qt::white);
+    painter.setPen(QPen(m_isEdited ? QVColors::accent() : QVColors::fieldBorder(), borderWidth));
+    painter.setBrush(QVColors::field());
     painter.drawRoundedRect(QRectF(rect()).marginsRemoved(QMarginsF(half, half, half, half)), radius, radius);
 }

@@ -111,5 +111,5 @@ void QVCharVerifyInputView::doneButtonDidClickedAction()
 
 void QVCharVerifyInputView::paintEvent(QPaintEvent *event)
 {
-    QPainter(this).fillRect(event->rect(), QVColors::strip);
+    QPainter(this).fillRect(event->rect(), QVColors::strip());
 }

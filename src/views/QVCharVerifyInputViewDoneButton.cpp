@@ -58,7 +58,7 @@ void QVCharVerifyInputViewDoneButton::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     if (isHovered() && m_buttonStauts != loadingStauts)
-        painter.fillRect(rect(), QVColors::stripHover);
+        painter.fillRect(rect(), QVColors::stripHover());
     painter.setOpacity(isDown() ? pressedOpacity : 1);
     m_title.paint(painter, rect(), QVColors::doneTitle());
     painter.setOpacity(1);

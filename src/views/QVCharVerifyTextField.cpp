@@ -33,11 +33,12 @@ QString isolatingSheet()
     return QStringLiteral(
                "QLineEdit { background: transparent; border: none; border-radius: 0px; margin: 0px;"
                " padding: 0px; min-width: 0px; min-height: 0px; max-width: 16777215px;"
-               " max-height: 16777215px; color: black; selection-color: white;"
+               " max-height: 16777215px; color: %3; selection-color: white;"
                " selection-background-color: %1; text-decoration: none; font: normal normal %2px"
-               " \"%3\"; lineedit-password-character: 9679; }")
-        .arg(QVColors::accent.name())
+               " \"%4\"; lineedit-password-character: 9679; }")
+        .arg(QVColors::accent().name())
         .arg(std::min(qv_systemFont(answerFontSize).pixelSize(), tallestAnswer))
+        .arg(QVColors::fieldText().name())
         .arg(family);
 }
 

@@ -8,11 +8,7 @@ namespace QVColors {
 /// Where a view takes a colour from whenever it is painted.
 using Source = QColor (*)();
 
-inline constexpr QColor accent(65, 141, 251);
-inline constexpr QColor lightGray(170, 170, 170);
 inline constexpr QColor picture(38, 38, 52);
-inline constexpr QColor strip(244, 244, 244);
-inline constexpr QColor stripHover(0, 0, 0, 12);
 
 // Alpha 0.7.
 inline constexpr QColor badge(0, 0, 0, 179);
@@ -20,8 +16,18 @@ inline constexpr QColor badge(0, 0, 0, 179);
 inline constexpr QColor promptBar(255, 255, 255, 204);
 inline constexpr QColor errorBar(238, 60, 64, 204);
 inline constexpr QColor successBar(0, 213, 159, 204);
-// Alpha 0.95.
-inline constexpr QColor surface(255, 255, 255, 242);
+
+/// The host's accent colour, or the product's own.
+[[nodiscard]] QColor accent();
+
+// These are light or dark, as the host wants it.
+/// Where a popup lies: alpha 0.95.
+[[nodiscard]] QColor surface();
+[[nodiscard]] QColor strip();
+[[nodiscard]] QColor stripHover();
+[[nodiscard]] QColor field();
+[[nodiscard]] QColor fieldText();
+[[nodiscard]] QColor fieldBorder();
 
 [[nodiscard]] QColor white();
 [[nodiscard]] QColor caption();

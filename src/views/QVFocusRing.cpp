@@ -23,7 +23,7 @@ void qv_paintFocusRing(QPainter &painter, const QWidget &widget)
     const QRectF ring = QRectF(widget.rect()).marginsRemoved(QMarginsF(half, half, half, half));
     painter.setPen(QPen(Qt::white, outerWidth));
     painter.drawRoundedRect(ring, radius, radius);
-    painter.setPen(QPen(QVColors::accent, innerWidth));
+    painter.setPen(QPen(QVColors::accent(), innerWidth));
     painter.drawRoundedRect(ring, radius, radius);
 }
 

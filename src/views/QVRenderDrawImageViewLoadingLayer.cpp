@@ -25,7 +25,7 @@ void QVRenderDrawImageViewLoadingLayer::startLoading()
     stopLoading();
     for (int i = 0; i < dotCount; ++i) {
         const auto dot = std::make_shared<QVLayer>();
-        dot->setBackgroundColor(QVColors::accent);
+        dot->setBackgroundColor(QVColors::accent());
         dot->setCornerRadius(dotSide / 2);
         dot->addAnimation(pulse(i), QStringLiteral("animation"));
         addSublayer(dot);

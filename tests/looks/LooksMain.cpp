@@ -12,5 +12,6 @@ int main(int argc, char *argv[])
     QFont font(QStringList{QStringLiteral("Looks Sans"), QStringLiteral("Looks Han")});
     font.setPixelSize(13);
     QApplication::setFont(font);
+    QApplication::setCursorFlashTime(0);
     return QVTestProgram::run();
 }

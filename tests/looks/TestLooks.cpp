@@ -98,6 +98,8 @@ private:
         add("button-failed", [this] { return button(QVClickStatusFailed, 600ms); });
         add("button-focused", [this] { return focusedButton(); });
         add("button-pressed", [this] { return pressedButton(); });
+        add("button-of-the-host", [this] { return hostsButton(); });
+        add("popup-dark", [this] { return darkPopup(); });
         add("button-hovered", [this] { return hoveredButton(); });
         add("panel-hovered", [this] { return hoveredPanel(); });
         add("badge-waiting", [this] { return badge(125ms); });
@@ -245,6 +247,28 @@ private:
         prepareHost({300, 64});
         makeButton().setFocus(Qt::TabFocusReason);
         return shot();
+    }
+
+    QImage hostsButton()
+    {
+        prepareHost({300, 64});
+        QVSDKManager::setAccentColor(QColor(110, 40, 160));
+        QVClickButton &made = makeButton();
+        made.setCornerRadius(12);
+        QVPointerInput::press(made, {5, 5});
+        advance(300ms);
+        const QImage seen = shot(2);
+        QVPointerInput::release(made, {5, 5});
+        QVSDKManager::setAccentColor({});
+        return seen;
+    }
+
+    QImage darkPopup()
+    {
+        QVSDKManager::setAppearance(QVAppearance::Dark);
+        const QImage seen = popup(Kind::Characters, {640, 480}, "zh-Hant");
+        QVSDKManager::setAppearance(QVAppearance::Light);
+        return seen;
     }
 
     QImage hoveredButton()
