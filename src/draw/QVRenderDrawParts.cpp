@@ -225,5 +225,5 @@ void QVRenderDrawParts::spinRefreshButton()
 {
     QVAnimation spin = QVAnimation::basic(QVLayerProperty::Rotation, 0.0, std::numbers::pi);
     spin.setDuration(spinSeconds);
-    m_refreshButton->layer().addAnimation(spin, QString());
+    m_refreshButton->layer().addAnimation(spin);
 }

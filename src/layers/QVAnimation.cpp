@@ -34,9 +34,9 @@ QVAnimation QVAnimation::group(std::vector<QVAnimation> animations)
 
 std::optional<double> QVAnimation::end() const
 {
-    if (m_duration > 0 && std::isinf(m_repeatCount))
+    if (m_repeatsForever && m_duration > 0)
         return std::nullopt;
-    return m_beginTime + (m_duration > 0 ? m_duration * m_repeatCount : 0);
+    return m_beginTime + m_duration;
 }
 
 void QVAnimation::apply(double time, const QVLayerProperties &model, QVLayerProperties &presented) const
@@ -45,7 +45,7 @@ void QVAnimation::apply(double time, const QVLayerProperties &model, QVLayerProp
     if (time < m_beginTime || (last && time >= *last))
         return;
     const double rounds = (time - m_beginTime) / m_duration;
-    const double progress = m_curve.valueAt(rounds - std::floor(rounds));
+    const double progress = m_curve.valueForProgress(rounds - std::floor(rounds));
     for (const QVAnimation &child : m_children)
         child.apply(progress * m_duration, model, presented);
     if (!m_values.empty())
@@ -54,14 +54,9 @@ void QVAnimation::apply(double time, const QVLayerProperties &model, QVLayerProp
 
 void QVAnimation::present(double progress, const QVLayerProperties &model, QVLayerProperties &presented) const
 {
-    if (!m_startsAtModel) {
-        presented.setValue(m_property, valueAt(progress));
-    } else if (m_property == QVLayerProperty::Scale) {
-        for (const QVLayerProperty scale : {QVLayerProperty::ScaleX, QVLayerProperty::ScaleY})
-            presented.setValue(scale, qv_blendedValue(model.value(scale), m_values.front(), progress));
-    } else {
-        presented.setValue(m_property, qv_blendedValue(model.value(m_property), m_values.front(), progress));
-    }
+    presented.setValue(m_property, m_startsAtModel
+                                       ? qv_blendedValue(model.value(m_property), m_values.front(), progress)
+                                       : valueAt(progress));
 }
 
 QVLayerValue QVAnimation::valueAt(double progress) const

@@ -1,10 +1,9 @@
 #pragma once
 
 #include "layers/QVLayerProperties.h"
-#include "layers/QVTimingCurve.h"
 
-#include <functional>
-#include <limits>
+#include <QEasingCurve>
+
 #include <optional>
 #include <vector>
 
@@ -14,9 +13,6 @@
 class QVAnimation
 {
 public:
-    /// Told once that the animation has stopped, and whether it had come to its end.
-    using Stopped = std::function<void(bool finished)>;
-
     /// From one value to another; without \a from, from the value set on the layer.
     [[nodiscard]] static QVAnimation basic(QVLayerProperty property, std::optional<QVLayerValue> from,
                                            QVLayerValue to);
@@ -30,14 +26,9 @@ public:
     void setDuration(double seconds) { m_duration = seconds; }
     /// When it begins, counted from when it is added.
     void setBeginTime(double seconds) { m_beginTime = seconds; }
-    void setRepeatCount(double count) { m_repeatCount = count; }
-    void setRepeatsForever() { m_repeatCount = std::numeric_limits<double>::infinity(); }
-    void setTimingCurve(QVTimingCurve curve) { m_curve = curve; }
-    void setRemovedOnCompletion(bool removed) { m_removedOnCompletion = removed; }
-    void setStopped(Stopped stopped) { m_stopped = std::move(stopped); }
+    void setRepeatsForever() { m_repeatsForever = true; }
+    void setTimingCurve(const QEasingCurve &curve) { m_curve = curve; }
 
-    [[nodiscard]] bool isRemovedOnCompletion() const { return m_removedOnCompletion; }
-    [[nodiscard]] const Stopped &stopped() const { return m_stopped; }
     /// When it ends, counted from when it is added; none if it never does.
     [[nodiscard]] std::optional<double> end() const;
     /// Writes into \a presented what the animation shows \a time after it was added.
@@ -52,13 +43,11 @@ private:
 
     QVLayerProperty m_property = QVLayerProperty::Opacity;
     bool m_startsAtModel = false;
-    bool m_removedOnCompletion = true;
+    bool m_repeatsForever = false;
     std::vector<QVLayerValue> m_values;
     std::vector<double> m_keyTimes;
     std::vector<QVAnimation> m_children;
     double m_duration = 0.25;
     double m_beginTime = 0;
-    double m_repeatCount = 1;
-    QVTimingCurve m_curve;
-    Stopped m_stopped;
+    QEasingCurve m_curve;
 };

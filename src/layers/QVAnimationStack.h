@@ -2,9 +2,6 @@
 
 #include "layers/QVAnimation.h"
 
-#include <QString>
-#include <QStringList>
-
 #include <chrono>
 
 /// The animations of one layer, in the order in which they were added; a later one wins.
@@ -12,18 +9,12 @@ class QVAnimationStack
 {
 public:
     using Time = std::chrono::nanoseconds;
-    using StoppedList = std::vector<QVAnimation::Stopped>;
 
-    /// Adds \a animation from \a time on. Under a key that is not empty it replaces what was there;
-    /// returns who has to be told of that.
-    StoppedList add(QVAnimation animation, const QString &key, Time time);
-    StoppedList remove(const QString &key);
-    StoppedList removeAll();
-    /// Ends what is over at \a time and appends who has to be told.
-    void finish(Time time, StoppedList &ended);
+    void add(const QVAnimation &animation, Time time);
+    void removeAll() { m_entries.clear(); }
+    /// Drops what is over at \a time.
+    void finish(Time time);
 
-    [[nodiscard]] QStringList keys() const;
-    [[nodiscard]] bool isEmpty() const { return m_entries.empty(); }
     /// Whether anything is still to come.
     [[nodiscard]] bool isRunning() const;
     /// When the next of those that end will do so.
@@ -33,11 +24,11 @@ public:
 private:
     struct Entry
     {
-        QString key;
         QVAnimation animation;
         Time start;
         std::optional<Time> end;
-        bool over = false;
+        /// Endless, but not to move.
+        bool isStill = false;
     };
 
     std::vector<Entry> m_entries;

@@ -63,7 +63,7 @@ void QVLayer::addSublayer(const std::shared_ptr<QVLayer> &layer)
     layer->m_superlayer = this;
     m_sublayers.push_back(layer);
     layer->invalidate();
-    layer->animationsChanged({});
+    layer->animationsChanged();
 }
 
 void QVLayer::removeFromSuperlayer()
@@ -87,44 +87,30 @@ void QVLayer::removeSublayers()
         m_sublayers.back()->removeFromSuperlayer();
 }
 
-void QVLayer::addAnimation(const QVAnimation &animation, const QString &key)
+void QVLayer::addAnimation(const QVAnimation &animation)
 {
     const Time now = QVTicker::shared().time();
     invalidate();
-    const auto replaced = m_animations.add(animation, key, now);
+    m_animations.add(animation, now);
     m_time = std::max(m_time, now);
     update();
     invalidate();
-    animationsChanged(replaced);
-}
-
-void QVLayer::removeAnimation(const QString &key)
-{
-    invalidate();
-    const auto stopped = m_animations.remove(key);
-    update();
-    invalidate();
-    animationsChanged(stopped);
+    animationsChanged();
 }
 
 void QVLayer::removeAllAnimations()
 {
     invalidate();
-    const auto stopped = m_animations.removeAll();
+    m_animations.removeAll();
     update();
     invalidate();
-    animationsChanged(stopped);
+    animationsChanged();
 }
 
-QVLayerProperties QVLayer::presentedAt(Time time) const
-{
-    return m_animations.presented(m_model, time);
-}
-
-bool QVLayer::present(Time time, QVAnimationStack::StoppedList &ended)
+bool QVLayer::present(Time time)
 {
     m_time = time;
-    m_animations.finish(time, ended);
+    m_animations.finish(time);
     return update();
 }
 
@@ -138,7 +124,7 @@ QVLayerContext *QVLayer::context() const
 
 bool QVLayer::update()
 {
-    QVLayerProperties next = presentedAt(m_time);
+    QVLayerProperties next = m_animations.presented(m_model, m_time);
     if (next == m_presented)
         return false;
     const bool strokeChanged = next.path != m_presented.path || next.strokeStart != m_presented.strokeStart ||
@@ -163,11 +149,8 @@ void QVLayer::invalidate() const
         shownIn->invalidate(rectInRoot());
 }
 
-void QVLayer::animationsChanged(const QVAnimationStack::StoppedList &stopped)
+void QVLayer::animationsChanged()
 {
     if (QVLayerContext *shownIn = context())
         shownIn->animationsChanged();
-    // Last: they may destroy this layer.
-    for (const auto &tell : stopped)
-        tell(false);
 }

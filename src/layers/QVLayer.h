@@ -49,13 +49,11 @@ public:
     void setStrokeStart(qreal start) { assign(m_model.strokeStart, start); }
     [[nodiscard]] qreal strokeEnd() const { return m_model.strokeEnd; }
     void setStrokeEnd(qreal end) { assign(m_model.strokeEnd, end); }
-    /// In radians, clockwise on screen, about the frame's centre, like the scales.
+    /// In radians, clockwise on screen, about the frame's centre, like the scale.
     [[nodiscard]] qreal rotation() const { return m_model.rotation; }
     void setRotation(qreal radians) { assign(m_model.rotation, radians); }
-    [[nodiscard]] qreal scaleX() const { return m_model.scaleX; }
-    void setScaleX(qreal scale) { assign(m_model.scaleX, scale); }
-    [[nodiscard]] qreal scaleY() const { return m_model.scaleY; }
-    void setScaleY(qreal scale) { assign(m_model.scaleY, scale); }
+    [[nodiscard]] qreal scale() const { return m_model.scale; }
+    void setScale(qreal scale) { assign(m_model.scale, scale); }
 
     /// An invalid colour draws nothing.
     [[nodiscard]] QColor backgroundColor() const { return m_backgroundColor; }
@@ -85,14 +83,11 @@ public:
     [[nodiscard]] const std::vector<std::shared_ptr<QVLayer>> &sublayers() const { return m_sublayers; }
     [[nodiscard]] QVLayer *superlayer() const { return m_superlayer; }
 
-    void addAnimation(const QVAnimation &animation, const QString &key);
-    void removeAnimation(const QString &key);
+    void addAnimation(const QVAnimation &animation);
     void removeAllAnimations();
-    [[nodiscard]] QStringList animationKeys() const { return m_animations.keys(); }
     [[nodiscard]] const QVAnimationStack &animations() const { return m_animations; }
 
-    /// What the layer shows at \a time, and what it showed when it was last moved on.
-    [[nodiscard]] QVLayerProperties presentedAt(Time time) const;
+    /// What the layer showed when it was last moved on.
     [[nodiscard]] const QVLayerProperties &presented() const { return m_presented; }
     /// The presented part of the path that is stroked.
     [[nodiscard]] const QPainterPath &strokePath() const { return m_strokePath; }
@@ -101,7 +96,7 @@ public:
     /// coordinates.
     [[nodiscard]] QRectF rectInRoot() const;
     /// Moves the layer on and ends what is over; tells whether it looks different.
-    bool present(Time time, QVAnimationStack::StoppedList &ended);
+    bool present(Time time);
 
     /// For the root of a tree.
     void setContext(QVLayerContext *context) { m_context = context; }
@@ -121,7 +116,7 @@ private:
     [[nodiscard]] QVLayerContext *context() const;
     bool update();
     void invalidate() const;
-    void animationsChanged(const QVAnimationStack::StoppedList &stopped);
+    void animationsChanged();
 
     QVLayer *m_superlayer = nullptr;
     QVLayerContext *m_context = nullptr;

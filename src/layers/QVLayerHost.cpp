@@ -64,7 +64,7 @@ void QVLayerHost::animationsChanged()
 {
     Outlook outlook;
     outlook.add(*m_root);
-    if (outlook.running || !m_ended.empty())
+    if (outlook.running)
         m_link.run(outlook.nextEnd);
     else
         m_link.stop();
@@ -73,11 +73,7 @@ void QVLayerHost::animationsChanged()
 void QVLayerHost::tick(QVTickerClient::Time time)
 {
     presentTree(*m_root, time);
-    const auto ended = std::exchange(m_ended, {});
     animationsChanged();
-    // Last: they may destroy this host.
-    for (const auto &tell : ended)
-        tell(true);
 }
 
 void QVLayerHost::appear(QVTickerClient::Time time)
@@ -89,7 +85,7 @@ void QVLayerHost::presentTree(QVLayer &layer, QVTickerClient::Time time)
 {
     if (layer.animations().isRunning()) {
         const QRectF before = layer.rectInRoot();
-        if (layer.present(time, m_ended))
+        if (layer.present(time))
             invalidate(before | layer.rectInRoot());
     }
     for (const auto &sublayer : layer.sublayers())

@@ -25,6 +25,4 @@ private:
     QWidget &m_widget;
     std::shared_ptr<QVLayer> m_root = std::make_shared<QVLayer>();
     QVFrameLink m_link;
-    // Told at the next tick, so that a widget that is just being shown is not changed under way.
-    QVAnimationStack::StoppedList m_ended;
 };

@@ -15,11 +15,8 @@ qreal *number(QVLayerProperties &properties, QVLayerProperty property)
         return &properties.strokeEnd;
     case QVLayerProperty::Rotation:
         return &properties.rotation;
-    case QVLayerProperty::ScaleX:
     case QVLayerProperty::Scale:
-        return &properties.scaleX;
-    case QVLayerProperty::ScaleY:
-        return &properties.scaleY;
+        return &properties.scale;
     case QVLayerProperty::Frame:
     case QVLayerProperty::Path:
         break;
@@ -57,8 +54,6 @@ QVLayerValue QVLayerProperties::value(QVLayerProperty property) const
 
 void QVLayerProperties::setValue(QVLayerProperty property, const QVLayerValue &value)
 {
-    if (property == QVLayerProperty::Scale)
-        setValue(QVLayerProperty::ScaleY, value);
     if (const auto *newFrame = std::get_if<QRectF>(&value); newFrame && property == QVLayerProperty::Frame)
         frame = *newFrame;
     if (const auto *newPath = std::get_if<QPainterPath>(&value); newPath && property == QVLayerProperty::Path)
@@ -69,12 +64,12 @@ void QVLayerProperties::setValue(QVLayerProperty property, const QVLayerValue &v
 
 QTransform QVLayerProperties::transform() const
 {
-    if (rotation == 0 && scaleX == 1 && scaleY == 1)
+    if (rotation == 0 && scale == 1)
         return QTransform::fromTranslate(frame.x(), frame.y());
     QTransform result;
     result.translate(frame.center().x(), frame.center().y());
     result.rotateRadians(rotation);
-    result.scale(scaleX, scaleY);
+    result.scale(scale, scale);
     result.translate(-frame.width() / 2, -frame.height() / 2);
     return result;
 }

@@ -6,8 +6,8 @@
 
 #include <variant>
 
-/// What of a layer can be animated. Scale stands for both scales at once.
-enum class QVLayerProperty { Frame, Path, Opacity, StrokeStart, StrokeEnd, Rotation, ScaleX, ScaleY, Scale };
+/// What of a layer can be animated.
+enum class QVLayerProperty { Frame, Path, Opacity, StrokeStart, StrokeEnd, Rotation, Scale };
 
 using QVLayerValue = std::variant<qreal, QRectF, QPainterPath>;
 
@@ -20,8 +20,7 @@ struct QVLayerProperties
     qreal strokeStart = 0;
     qreal strokeEnd = 1;
     qreal rotation = 0;
-    qreal scaleX = 1;
-    qreal scaleY = 1;
+    qreal scale = 1;
 
     [[nodiscard]] QVLayerValue value(QVLayerProperty property) const;
     /// A value of another kind than the property's changes nothing.

@@ -36,7 +36,8 @@ void QVValueAnimation::tick(Time time)
     const std::shared_ptr<Run> run = m_run;
     const Time passed = std::max(time - run->start, Time::zero());
     if (passed < run->duration) {
-        const double progress = m_curve.valueAt(double(passed.count()) / double(run->duration.count()));
+        const double progress =
+            m_curve.valueForProgress(double(passed.count()) / double(run->duration.count()));
         if (run->step)
             run->step(run->from + (run->to - run->from) * progress);
         return;

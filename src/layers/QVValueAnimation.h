@@ -1,7 +1,8 @@
 #pragma once
 
 #include "layers/QVFrameLink.h"
-#include "layers/QVTimingCurve.h"
+
+#include <QEasingCurve>
 
 #include <functional>
 #include <memory>
@@ -18,7 +19,7 @@ public:
     /// animation still ends in time.
     explicit QVValueAnimation(QWidget *widget = nullptr);
 
-    void setTimingCurve(QVTimingCurve curve) { m_curve = curve; }
+    void setTimingCurve(const QEasingCurve &curve) { m_curve = curve; }
     /// Calls \a step at once with \a from, then once a frame, and at the end with \a to; then
     /// \a completion, never before this call has returned. Both may destroy the animation. A start
     /// during a run replaces it, and its completion is not called.
@@ -39,7 +40,7 @@ private:
 
     void tick(Time time) override;
 
-    QVTimingCurve m_curve;
+    QEasingCurve m_curve;
     // Shared only with a call under way, which may destroy or replace it.
     std::shared_ptr<Run> m_run;
     QVFrameLink m_link;

@@ -5,15 +5,6 @@
 
 using Attribute = QVLayoutAttribute;
 
-namespace {
-
-bool growsInwards(Attribute attribute)
-{
-    return attribute != Attribute::Right && attribute != Attribute::Bottom;
-}
-
-} // namespace
-
 QVConstraintAmount &QVConstraintAmount::multipliedBy(double factor)
 {
     for (QVConstraintDraft &draft : std::span(m_maker.m_drafts).subspan(m_first))
@@ -25,13 +16,6 @@ QVConstraintAmount &QVConstraintAmount::offset(double constant)
 {
     for (QVConstraintDraft &draft : std::span(m_maker.m_drafts).subspan(m_first))
         draft.offset = constant;
-    return *this;
-}
-
-QVConstraintAmount &QVConstraintAmount::inset(double constant)
-{
-    for (QVConstraintDraft &draft : std::span(m_maker.m_drafts).subspan(m_first))
-        draft.offset = growsInwards(draft.attribute) ? constant : -constant;
     return *this;
 }
 
@@ -67,11 +51,6 @@ void QVConstraintSubject::equalTo(QSizeF size) const
         const double value = qv_isHorizontal(attribute) ? size.width() : size.height();
         m_maker.m_drafts.push_back({attribute, false, nullptr, attribute, 1, value});
     }
-}
-
-QVConstraintSubject QVConstraintMaker::edges()
-{
-    return subject({Attribute::Left, Attribute::Top, Attribute::Right, Attribute::Bottom});
 }
 
 QVConstraintSubject QVConstraintMaker::center()

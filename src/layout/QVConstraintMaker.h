@@ -28,8 +28,6 @@ public:
     /// Factor on the target's value; applies before the offset, wherever it is written.
     QVConstraintAmount &multipliedBy(double factor);
     QVConstraintAmount &offset(double constant);
-    /// Moves each edge towards the inside of the item.
-    QVConstraintAmount &inset(double constant);
 
 private:
     friend class QVConstraintSubject;
@@ -96,7 +94,6 @@ public:
     [[nodiscard]] QVConstraintSubject centerY() { return subject({QVLayoutAttribute::CenterY}); }
     [[nodiscard]] QVConstraintSubject width() { return subject({QVLayoutAttribute::Width}); }
     [[nodiscard]] QVConstraintSubject height() { return subject({QVLayoutAttribute::Height}); }
-    [[nodiscard]] QVConstraintSubject edges();
     [[nodiscard]] QVConstraintSubject center();
     [[nodiscard]] QVConstraintSubject size();
 

@@ -5,7 +5,6 @@
 #include "platform/QVScheduler.h"
 
 #include <QCoreApplication>
-#include <QDebug>
 #include <QEvent>
 #include <QLoggingCategory>
 #include <QWidget>
@@ -165,7 +164,7 @@ void QVLayout::place(const QVLayoutSolution &solution)
     }
 }
 
-void QVLayout::report(std::vector<QVLayoutProblem> problems)
+void QVLayout::report(const std::vector<QVLayoutProblem> &problems)
 {
     QStringList messages;
     const auto name = [this](ItemId id) {
@@ -177,7 +176,6 @@ void QVLayout::report(std::vector<QVLayoutProblem> problems)
             qCWarning(quarvoLayout, "%s", qUtf8Printable(messages.last()));
     }
     m_reported = std::move(messages);
-    m_problems = std::move(problems);
 }
 
 void QVLayout::apply()
@@ -250,14 +248,6 @@ void QVLayout::scheduleEnd(std::chrono::milliseconds duration, Completion comple
     });
 }
 
-QString QVLayout::description() const
-{
-    QStringList lines;
-    for (const QVLayoutConstraint &constraint : m_constraints)
-        lines.append(constraint.description([this](ItemId id) { return m_items.nameOf(id); }));
-    return lines.join(u'\n');
-}
-
 bool QVLayout::eventFilter(QObject *watched, QEvent *event)
 {
     const QEvent::Type type = event->type();
@@ -269,11 +259,4 @@ bool QVLayout::eventFilter(QObject *watched, QEvent *event)
         layoutNow();
     }
     return false;
-}
-
-QDebug operator<<(QDebug debug, const QVLayout &layout)
-{
-    const QDebugStateSaver saver(debug);
-    debug.nospace().noquote() << "QVLayout(\n" << layout.description() << ')';
-    return debug;
 }

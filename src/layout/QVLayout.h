@@ -48,13 +48,6 @@ public:
     /// comes once, after \a duration, even if another animation has taken over meanwhile; only the end
     /// of the layout or its container prevents it. A hidden container jumps to its new geometry.
     void animateLayout(std::chrono::milliseconds duration, Completion completion = {});
-    [[nodiscard]] bool isAnimating() const { return m_transition.isRunning(); }
-
-    [[nodiscard]] qsizetype constraintCount() const { return static_cast<qsizetype>(m_constraints.size()); }
-    /// What the last pass could not use.
-    [[nodiscard]] const std::vector<QVLayoutProblem> &problems() const { return m_problems; }
-    /// A line for each constraint, in the order of their addition.
-    [[nodiscard]] QString description() const;
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
@@ -71,7 +64,7 @@ private:
     void forgetDeadWidgets();
     void solve();
     void place(const QVLayoutSolution &solution);
-    void report(std::vector<QVLayoutProblem> problems);
+    void report(const std::vector<QVLayoutProblem> &problems);
     void apply();
     [[nodiscard]] Frames seenFrames() const;
     void startMotion();
@@ -82,7 +75,6 @@ private:
     QVLayoutItems m_items;
     ItemId m_containerId;
     std::vector<QVLayoutConstraint> m_constraints;
-    std::vector<QVLayoutProblem> m_problems;
     QStringList m_reported;
     /// Where the constrained widgets belong, in their parents' coordinates.
     Frames m_places;
@@ -90,5 +82,3 @@ private:
     QVValueAnimation m_motion;
     bool m_isApplying = false;
 };
-
-QDebug operator<<(QDebug debug, const QVLayout &layout);

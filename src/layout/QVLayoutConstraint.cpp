@@ -1,7 +1,5 @@
 #include "layout/QVLayoutConstraint.h"
 
-#include <QDebug>
-
 #include <cmath>
 
 bool qv_isHorizontal(QVLayoutAttribute attribute)
@@ -61,12 +59,4 @@ QString QVLayoutConstraint::description(const std::function<QString(ItemId)> &na
         text +=
             (offset < 0 ? QStringLiteral(" - ") : QStringLiteral(" + ")) + QString::number(std::abs(offset));
     return text;
-}
-
-QDebug operator<<(QDebug debug, const QVLayoutConstraint &constraint)
-{
-    const QDebugStateSaver saver(debug);
-    debug.nospace().noquote() << constraint.description(
-        [](QVLayoutConstraint::ItemId id) { return u'#' + QString::number(id); });
-    return debug;
 }

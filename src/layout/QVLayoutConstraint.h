@@ -4,8 +4,6 @@
 
 #include <functional>
 
-class QDebug;
-
 /// What of a rectangle a constraint sets or reads.
 enum class QVLayoutAttribute { Left, Right, CenterX, Width, Top, Bottom, CenterY, Height };
 
@@ -38,5 +36,3 @@ struct QVLayoutConstraint
 
     friend bool operator==(const QVLayoutConstraint &, const QVLayoutConstraint &) = default;
 };
-
-QDebug operator<<(QDebug debug, const QVLayoutConstraint &constraint);

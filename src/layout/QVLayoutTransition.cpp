@@ -1,6 +1,6 @@
 #include "layout/QVLayoutTransition.h"
 
-#include "layers/QVTimingCurve.h"
+#include "layers/QVEasing.h"
 
 #include <algorithm>
 
@@ -42,7 +42,7 @@ QRect QVLayoutTransition::seen(ItemId item, const QRect &place) const
         return place;
     const auto &[distance, start, duration] = found->second;
     const double progress = double((m_now - start).count()) / double(duration.count());
-    const double left = 1 - QVTimingCurve::easeInEaseOut().valueAt(progress);
+    const double left = 1 - QVEasing::easeInEaseOut().valueForProgress(progress);
     return place.adjusted(qRound(distance.left() * left), qRound(distance.top() * left),
                           qRound(distance.right() * left), qRound(distance.bottom() * left));
 }

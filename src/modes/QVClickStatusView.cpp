@@ -31,7 +31,6 @@ QVAnimation pulse()
     QVAnimation animation = QVAnimation::keyFrames(QVLayerProperty::Scale, {1.0, 0.9, 0.8, 0.9, 1.0});
     animation.setDuration(1);
     animation.setRepeatsForever();
-    animation.setRemovedOnCompletion(false);
     return animation;
 }
 
@@ -50,7 +49,7 @@ QPainterPath circlePath(QPointF centre, qreal radius)
 void restart(QVLayer &layer, const QVAnimation &animation)
 {
     layer.removeAllAnimations();
-    layer.addAnimation(animation, QString());
+    layer.addAnimation(animation);
 }
 
 } // namespace
@@ -228,7 +227,6 @@ void QVClickStatusView::statusLoadingLayerAnimation()
     QVAnimation spin = QVAnimation::basic(QVLayerProperty::Rotation, std::nullopt, 2 * pi);
     spin.setDuration(1);
     spin.setRepeatsForever();
-    spin.setRemovedOnCompletion(false);
     restart(statusLoadingLayer(), spin);
 }
 

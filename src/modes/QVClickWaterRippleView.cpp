@@ -47,7 +47,7 @@ void QVClickWaterRippleView::beganWaterRippleAnimationAtPoint(QPointF point)
     QVAnimation spread = QVAnimation::basic(QVLayerProperty::Path, circleAround(point, startRadius),
                                             circleAround(point, endRadius));
     spread.setDuration(spreadSeconds);
-    m_waterRippleLayer->addAnimation(spread, QString());
+    m_waterRippleLayer->addAnimation(spread);
 }
 
 void QVClickWaterRippleView::paintEvent(QPaintEvent *event)

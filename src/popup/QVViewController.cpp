@@ -1,6 +1,7 @@
 #include "popup/QVViewController.h"
 
 #include "draw/QVRenderDrawView.h"
+#include "layers/QVEasing.h"
 #include "layers/QVValueAnimation.h"
 #include "popup/QVCloseButton.h"
 #include "popup/QVUnfoldEffect.h"
@@ -129,7 +130,7 @@ void QVViewController::showRenderViewAnimation()
     if (!m_unfoldAnimation)
         m_unfoldAnimation = std::make_unique<QVValueAnimation>(m_renderView);
     // The platform's default curve for a lone animation; anything livelier makes the picture wobble.
-    m_unfoldAnimation->setTimingCurve(QVTimingCurve({0.25, 0.1}, {0.25, 1}));
+    m_unfoldAnimation->setTimingCurve(QVEasing::usual());
     m_unfoldAnimation->start(
         0, 1, unfoldSeconds,
         [unfold = m_unfold](double scale) {

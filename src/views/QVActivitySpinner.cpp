@@ -46,7 +46,8 @@ QVActivitySpinner::QVActivitySpinner(QWidget *parent)
 void QVActivitySpinner::startAnimating()
 {
     m_isAnimating = true;
-    m_ring->addAnimation(turning(), QStringLiteral("turning"));
+    m_ring->removeAllAnimations();
+    m_ring->addAnimation(turning());
     show();
 }
 

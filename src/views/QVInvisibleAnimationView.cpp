@@ -1,5 +1,6 @@
 #include "views/QVInvisibleAnimationView.h"
 
+#include "layers/QVEasing.h"
 #include "layers/QVPathGeometry.h"
 #include "settings/QVBundleImage.h"
 #include "settings/QVLocalization.h"
@@ -48,9 +49,9 @@ void moveTo(QVLayer &layer, const QRectF &from, const QRectF &to)
 {
     QVAnimation animation = QVAnimation::basic(QVLayerProperty::Frame, from, to);
     animation.setDuration(openSeconds);
-    animation.setTimingCurve(QVTimingCurve::easeOut());
+    animation.setTimingCurve(QVEasing::easeOut());
     layer.setFrame(to);
-    layer.addAnimation(animation, QString());
+    layer.addAnimation(animation);
 }
 
 } // namespace
@@ -108,8 +109,7 @@ void QVInvisibleAnimationView::startLoadingAnimation()
     QVAnimation spin = QVAnimation::basic(QVLayerProperty::Rotation, 0.0, 2 * pi);
     spin.setDuration(1);
     spin.setRepeatsForever();
-    spin.setRemovedOnCompletion(false);
-    arc.addAnimation(spin, QString());
+    arc.addAnimation(spin);
 }
 
 void QVInvisibleAnimationView::passAnimationComplete(std::function<void()> completion)
@@ -228,7 +228,7 @@ void QVInvisibleAnimationView::fillRing()
 {
     QVAnimation fill = QVAnimation::basic(QVLayerProperty::StrokeEnd, 0.0, 1.0);
     fill.setDuration(openSeconds);
-    circleAnimationLayer().addAnimation(fill, QString());
+    circleAnimationLayer().addAnimation(fill);
 }
 
 void QVInvisibleAnimationView::openStrip()
@@ -252,13 +252,13 @@ void QVInvisibleAnimationView::startHalo()
     const QPainterPath grown = qv_arcPath(bounds().center(), bounds().width() / 2 + haloGrowth, 0, 2 * pi);
     QVAnimation growth = QVAnimation::basic(QVLayerProperty::Path, passCircleAnimationLayer().path(), grown);
     growth.setDuration(haloSeconds);
-    growth.setTimingCurve(QVTimingCurve::easeOut());
+    growth.setTimingCurve(QVEasing::easeOut());
     QVAnimation fading = QVAnimation::basic(QVLayerProperty::Opacity, 0.5, 0.0);
     fading.setDuration(haloSeconds);
-    fading.setTimingCurve(QVTimingCurve::easeIn());
+    fading.setTimingCurve(QVEasing::easeIn());
     QVAnimation halo = QVAnimation::group({growth, fading});
     halo.setDuration(haloSeconds);
-    passCircleAnimationLayer().addAnimation(halo, QString());
+    passCircleAnimationLayer().addAnimation(halo);
 }
 
 qreal QVInvisibleAnimationView::labelWidth() const

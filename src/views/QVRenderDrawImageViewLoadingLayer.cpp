@@ -13,7 +13,6 @@ QVAnimation pulse(int index)
     QVAnimation animation = QVAnimation::keyFrames(QVLayerProperty::Scale, {1.0, 0.3, 1.0}, {0, 0.3, 1});
     animation.setDuration(0.75);
     animation.setRepeatsForever();
-    animation.setRemovedOnCompletion(false);
     animation.setBeginTime(0.12 * (index + 1));
     return animation;
 }
@@ -27,7 +26,7 @@ void QVRenderDrawImageViewLoadingLayer::startLoading()
         const auto dot = std::make_shared<QVLayer>();
         dot->setBackgroundColor(QVColors::accent());
         dot->setCornerRadius(dotSide / 2);
-        dot->addAnimation(pulse(i), QStringLiteral("animation"));
+        dot->addAnimation(pulse(i));
         addSublayer(dot);
     }
     centerDots();

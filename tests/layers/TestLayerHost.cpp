@@ -1,10 +1,13 @@
 #include "layers/QVLayerHost.h"
+#include "settings/QVSDKManager.h"
 #include "support/QVStillStyle.h"
 #include "support/QVTestCase.h"
 
 #include <QPaintEvent>
 #include <QPainter>
 #include <QWidget>
+
+#include <optional>
 
 using namespace std::chrono_literals;
 using Property = QVLayerProperty;
@@ -23,12 +26,11 @@ public:
         host.root().addSublayer(dot);
     }
 
-    void move(double seconds, QVAnimation::Stopped stopped = {})
+    void move(double seconds)
     {
         QVAnimation animation = QVAnimation::basic(Property::Frame, std::nullopt, QRectF(120, 20, 10, 10));
         animation.setDuration(seconds);
-        animation.setStopped(std::move(stopped));
-        dot->addAnimation(animation, QString());
+        dot->addAnimation(animation);
     }
 
     void turnForever()
@@ -36,7 +38,7 @@ public:
         QVAnimation animation = QVAnimation::basic(Property::Rotation, 0.0, 6.0);
         animation.setDuration(1);
         animation.setRepeatsForever();
-        dot->addAnimation(animation, QString());
+        dot->addAnimation(animation);
     }
 
     void paintEvent(QPaintEvent *event) override
@@ -116,37 +118,49 @@ private Q_SLOTS:
         QVERIFY(std::abs(canvas.dot->presented().rotation - 0.6) < 0.01);
     }
 
-    void stoppedCallbackMayTakeEverythingAway()
+    void reducedMotionKeepsEndlessLayersStillAndEndsTheOthers_data()
     {
-        auto canvas = std::make_unique<Canvas>();
-        show(*canvas);
-        int others = 0;
-        canvas->move(0.1, [&](bool) { canvas.reset(); });
-        canvas->move(0.1, [&](bool) { ++others; });
-        advance(200ms);
-        QVERIFY(!canvas);
-        QCOMPARE(others, 1);
-        QCOMPARE(time().pendingCount(), 0);
+        const auto row = addColumns<bool>({"isHostsWish"});
+        row("by the style", false);
+        row("by the host", true);
     }
 
     void reducedMotionKeepsEndlessLayersStillAndEndsTheOthers()
     {
-        const QVStillStyle still;
+        QFETCH(bool, isHostsWish);
+        std::optional<QVStillStyle> still;
+        QVSDKManager::setReducedMotion(isHostsWish);
+        if (!isHostsWish)
+            still.emplace();
         Canvas canvas;
         show(canvas);
         canvas.turnForever();
         QCOMPARE(time().pendingCount(), 0);
-        int stops = 0;
-        canvas.move(1, [&](bool finished) { stops += finished ? 1 : 100; });
-        QCOMPARE(stops, 0);
+        canvas.move(1);
         QCOMPARE(canvas.dot->presented().frame, QRectF(20, 20, 10, 10));
         advance(17ms);
-        QCOMPARE(stops, 1);
         QCOMPARE(time().pendingCount(), 0);
         QCOMPARE(canvas.dot->presented().rotation, 0.0);
     }
 
+    void treeRefusesCyclesAndMovesLayers()
+    {
+        const auto parent = std::make_shared<QVLayer>();
+        const auto child = std::make_shared<QVLayer>();
+        auto other = std::make_shared<QVLayer>();
+        parent->addSublayer(child);
+        child->addSublayer(parent);
+        child->addSublayer(child);
+        QVERIFY(child->sublayers().empty());
+        other->addSublayer(child);
+        QVERIFY(parent->sublayers().empty());
+        other.reset();
+        QCOMPARE(child->superlayer(), nullptr);
+    }
+
 private:
+    void finish() override { QVSDKManager::setReducedMotion(false); }
+
     void show(QWidget &widget)
     {
         widget.show();

@@ -46,7 +46,12 @@ private Q_SLOTS:
         QWidget *picture = child(*content);
         QWidget *button = child(*m_container);
         content->setGeometry(50, 40, 200, 100);
-        m_layout->make(picture, [&](QVConstraintMaker &make) { make.edges().equalTo(content).inset(5); });
+        m_layout->make(picture, [&](QVConstraintMaker &make) {
+            make.left().equalTo(content).offset(5);
+            make.right().equalTo(content).offset(-5);
+            make.top().equalTo(content).offset(5);
+            make.bottom().equalTo(content).offset(-5);
+        });
         m_layout->make(button, [&](QVConstraintMaker &make) {
             make.size().equalTo(30);
             make.top().equalTo(picture);
@@ -73,7 +78,6 @@ private Q_SLOTS:
         m_layout->update(box, top(-30));
         m_layout->layoutNow();
         QCOMPARE(box->y(), 270);
-        QCOMPARE(m_layout->constraintCount(), 2);
     }
 
     void constraintsEndWithTheirWidgets()
@@ -90,7 +94,6 @@ private Q_SLOTS:
         QCOMPARE(box->x(), 3);
         delete box;
         advance(0ms);
-        QCOMPARE(m_layout->constraintCount(), 0);
     }
 
     void reportsOnceAndGoesOn()
