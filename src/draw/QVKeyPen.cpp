@@ -5,6 +5,8 @@
 #include "settings/QVLocalizationKeys.h"
 #include "views/QVAccessibleRole.h"
 #include "views/QVColors.h"
+#include "views/QVFocusRing.h"
+#include "views/QVLabel.h"
 
 #include <QKeyEvent>
 #include <QPainter>
@@ -16,6 +18,7 @@
 namespace {
 
 constexpr int markSide = 21;
+constexpr QSize hintPadding(20, 12);
 // A stroke across the picture and back up and down fits into the points that a trace may have.
 constexpr double stepsAcross = 40;
 constexpr double fineStepsAcross = 160;
@@ -47,11 +50,16 @@ QVKeyPen::QVKeyPen(QWidget *view, QWidget *picture, QVPanGestureRecognizer &reco
     : QWidget(view)
     , m_picture(picture)
     , m_recognizer(recognizer)
+    , m_hint(new QVLabel({.pixelSize = 13, .mostLines = 4}, QVColors::white, QAccessible::NoRole, view))
 {
     setAttribute(Qt::WA_TransparentForMouseEvents);
     qv_setAccessibleRole(this, QAccessible::Notification);
     setObjectName(QStringLiteral("keyPen"));
     nameState();
+    m_hint->setObjectName(QStringLiteral("penHint"));
+    m_hint->setGround(QVColors::badge, hintPadding);
+    m_hint->setText(qv_localizedStringForKey(QVKey::accessiblePen));
+    m_hint->hide();
     resize(markSide, markSide);
     hide();
     picture->installEventFilter(this);
@@ -89,6 +97,20 @@ void QVKeyPen::nameState()
     setAccessibleName(qv_localizedStringForKey(m_isDown ? QVKey::accessiblePenDown : QVKey::accessiblePenUp));
 }
 
+void QVKeyPen::showHint()
+{
+    if (!m_isReady || !qv_showsFocusRing(*m_picture))
+        return;
+    const QRect picture(m_picture->mapTo(parentWidget(), QPoint(0, 0)), m_picture->size());
+    QRect box(QPoint(), m_hint->sizeFor(picture.width() - 2 * hintPadding.width()));
+    // Below the pen, and above a bar.
+    constexpr double part = 0.7;
+    box.moveCenter({picture.center().x(), picture.top() + qRound(part * picture.height())});
+    m_hint->setGeometry(box);
+    m_hint->show();
+    m_hint->raise();
+}
+
 bool QVKeyPen::eventFilter(QObject * /*watched*/, QEvent *event)
 {
     switch (event->type()) {
@@ -105,6 +127,9 @@ bool QVKeyPen::eventFilter(QObject * /*watched*/, QEvent *event)
         leave();
         return false;
     case QEvent::FocusIn:
+        showHint();
+        refresh();
+        return false;
     case QEvent::Resize:
     case QEvent::Move:
         refresh();
@@ -127,6 +152,7 @@ bool QVKeyPen::pressKey(const QKeyEvent &event)
 {
     if (!isPenKey(event))
         return false;
+    m_hint->hide();
     if (isArrow(event.key())) {
         m_heldArrows.insert(event.key());
         movePen(event.modifiers() & Qt::ShiftModifier);
@@ -176,6 +202,7 @@ void QVKeyPen::lowerOrLift()
 void QVKeyPen::leave()
 {
     m_heldArrows.clear();
+    m_hint->hide();
     if (isSteering())
         m_recognizer.cancel();
     refresh();

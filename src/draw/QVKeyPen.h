@@ -5,6 +5,7 @@
 #include <QWidget>
 
 class QKeyEvent;
+class QVLabel;
 class QVPanGestureRecognizer;
 
 /// Drawing with the keyboard: while the picture has the focus, the arrow keys move a pen over it,
@@ -30,6 +31,7 @@ protected:
 
 private:
     void nameState();
+    void showHint();
     [[nodiscard]] bool isPenKey(const QKeyEvent &event) const;
     bool pressKey(const QKeyEvent &event);
     void releaseKey(const QKeyEvent &event);
@@ -45,6 +47,8 @@ private:
     /// In parts of the picture, so that it stays in place when that is resized.
     QPointF m_place{0.1, 0.5};
     QSet<int> m_heldArrows;
+    /// Says which keys there are, until one is used.
+    QVLabel *m_hint;
     bool m_isReady = false;
     bool m_isDown = false;
 };

@@ -8,6 +8,7 @@
 #include <QWidget>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -85,6 +86,9 @@ bool QVPanEventFilter::handleMouse(QWidget *receiver, const QMouseEvent &event)
     if (m_isTakingFromControl)
         return !isOnControl;
     const QPointF location = isOnControl ? receiver->mapTo(m_view, event.position()) : event.position();
+    m_isPickedUp = m_isPickedUp && m_recognizer.pointer() == Pointer::Mouse;
+    if (takesClick(receiver, event))
+        return true;
     const bool wasDragging = m_recognizer.isDragging();
     const bool wasFollowed = m_recognizer.pointer() == Pointer::Mouse;
     if (event.type() == QEvent::MouseMove)
@@ -100,12 +104,31 @@ bool QVPanEventFilter::handleMouse(QWidget *receiver, const QMouseEvent &event)
                        : wasFollowed || m_recognizer.pointer() == Pointer::Mouse;
 }
 
+bool QVPanEventFilter::takesClick(QWidget *receiver, const QMouseEvent &event)
+{
+    if (event.type() == QEvent::MouseMove || event.button() != Qt::LeftButton)
+        return false;
+    if (m_isPickedUp && receiver != m_view) {
+        // The control's own click: the line is gone.
+        m_isPickedUp = false;
+        m_recognizer.cancel();
+        return false;
+    }
+    if (event.type() != QEvent::MouseButtonRelease)
+        return m_isPickedUp;
+    if (std::exchange(m_isPickedUp, false))
+        return false;
+    m_isPickedUp =
+        receiver == m_view && m_recognizer.pointer() == Pointer::Mouse && !m_recognizer.isDragging();
+    return m_isPickedUp;
+}
+
 void QVPanEventFilter::followMouse(Qt::MouseButtons buttons, QPointF location)
 {
     if (m_recognizer.pointer() != Pointer::Mouse)
         return;
     // A move without the button means that the release went elsewhere.
-    if (buttons & Qt::LeftButton)
+    if (m_isPickedUp || (buttons & Qt::LeftButton))
         move(Pointer::Mouse, location);
     else
         m_recognizer.cancel();

@@ -29,6 +29,8 @@ private:
     using Pointer = QVPanGestureRecognizer::Pointer;
 
     bool handleMouse(QWidget *receiver, const QMouseEvent &event);
+    /// Whether a click picks the pen up, or is the one that puts it down.
+    [[nodiscard]] bool takesClick(QWidget *receiver, const QMouseEvent &event);
     void followMouse(Qt::MouseButtons buttons, QPointF location);
     bool handleTouch(QWidget *receiver, QTouchEvent &event);
     bool pressTouch(QWidget *receiver, const QTouchEvent &event);
@@ -49,4 +51,7 @@ private:
     /// The control on which the pointer was pressed, until it is told that the press has left it.
     QPointer<QWidget> m_pressedControl;
     bool m_isTakingFromControl = false;
+    /// A click has picked the pen up, for those who cannot drag: it follows the mouse without a button until
+    /// the next click.
+    bool m_isPickedUp = false;
 };

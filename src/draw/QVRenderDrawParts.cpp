@@ -2,7 +2,6 @@
 
 #include "draw/QVAdButton.h"
 #include "draw/QVContentView.h"
-#include "draw/QVOutageBadge.h"
 #include "draw/QVRenderDrawLayout.h"
 #include "service/QVGetRefreshResponseModel.h"
 #include "settings/QVBundleImage.h"
@@ -15,12 +14,15 @@
 #include "views/QVLabel.h"
 #include "views/QVRenderDrawImageView.h"
 #include "views/QVRenderDrawOverlayView.h"
+#include "views/QVSpokenMessage.h"
 
 #include <numbers>
 
 namespace {
 
 constexpr int captionFontSize = 17;
+constexpr int badgeFontSize = 12;
+constexpr QSize badgePadding(10, 5);
 constexpr int buttonInset = 5;
 constexpr double spinSeconds = 0.3;
 
@@ -105,10 +107,12 @@ QRectF QVRenderDrawParts::imageFrame() const
     return QRectF(m_imageView->mapTo(m_view, QPoint(0, 0)), m_imageView->size());
 }
 
-QVOutageBadge &QVRenderDrawParts::outageLabel()
+QVLabel &QVRenderDrawParts::outageLabel()
 {
     if (!m_outageLabel) {
-        m_outageLabel = new QVOutageBadge(m_imageView);
+        m_outageLabel = new QVLabel({.pixelSize = badgeFontSize, .isItalic = true}, QVColors::white,
+                                    QAccessible::StaticText, m_imageView);
+        m_outageLabel->setGround(QVColors::badge, badgePadding);
         m_outageLabel->setObjectName(QStringLiteral("outageLabel"));
     }
     return *m_outageLabel;
@@ -214,10 +218,20 @@ void QVRenderDrawParts::setCharInputBusy(bool busy)
         m_charInputView->doneButton()->setButtonStauts(busy ? 1 : 0);
 }
 
+void QVRenderDrawParts::pictureHasExpired()
+{
+    if (!m_spokenMessage)
+        m_spokenMessage = new QVSpokenMessage(m_view);
+    m_spokenMessage->tell(qv_localizedStringForKey(QVKey::accessibleExpired));
+}
+
 void QVRenderDrawParts::setOutage(bool outage)
 {
-    if (outage)
+    if (outage) {
         outageLabel().setText(qv_localizedStringForKey(QVKey::outage));
+        // Whatever room the picture has: it may be far from its final size.
+        outageLabel().resize(outageLabel().sizeFor(QWIDGETSIZE_MAX));
+    }
     outageLabel().setVisible(outage);
 }
 

@@ -9,9 +9,9 @@ class QVAdButton;
 class QVCharVerifyInputView;
 class QVCustomActionButton;
 class QVLabel;
-class QVOutageBadge;
 class QVRenderDrawImageView;
 class QVRenderDrawLayout;
+class QVSpokenMessage;
 class QWidget;
 
 /// What a drawing captcha is made of on screen: the picture with its bars, caption, buttons, badge,
@@ -38,6 +38,7 @@ public:
     void setOutage(bool outage) override;
     void setAdLinkword(const std::shared_ptr<QVGetRefreshResponseModel> &answer) override;
     void setCharInputBusy(bool busy) override;
+    void pictureHasExpired() override;
     [[nodiscard]] bool isSeen() const override;
     [[nodiscard]] QRectF traceFrame() const override;
     [[nodiscard]] QRectF imageFrame() const override;
@@ -64,7 +65,7 @@ protected:
 private:
     void initContent();
     void initControls();
-    QVOutageBadge &outageLabel();
+    QVLabel &outageLabel();
     QVAdButton &adButton();
 
     QWidget *m_view;
@@ -74,7 +75,8 @@ private:
     QVLabel *m_captchaLabel = nullptr;
     QVCustomActionButton *m_helpButton = nullptr;
     QVCustomActionButton *m_refreshButton = nullptr;
-    QVOutageBadge *m_outageLabel = nullptr;
+    QVLabel *m_outageLabel = nullptr;
+    QVSpokenMessage *m_spokenMessage = nullptr;
     // Once taken out of the picture it stays out, with no parent to own it.
     std::unique_ptr<QVAdButton> m_adButton;
     std::unique_ptr<QVRenderDrawLayout> m_layout;

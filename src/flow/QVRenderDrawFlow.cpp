@@ -415,8 +415,10 @@ void QVRenderDrawFlow::replaceExpiredPicture()
 {
     // Nobody needs a new picture every three minutes of what nobody sees.
     m_isExpired = !surface().isSeen();
-    if (!m_isExpired)
-        requestRefreshFromQuarvoServer();
+    if (m_isExpired)
+        return;
+    surface().pictureHasExpired();
+    requestRefreshFromQuarvoServer();
 }
 
 void QVRenderDrawFlow::surfaceHasAppeared()

@@ -55,6 +55,9 @@ public:
 
     virtual void setCharInputBusy(bool busy) = 0;
 
+    /// The picture has been there for as long as one may be, and a new one is being asked for.
+    virtual void pictureHasExpired() = 0;
+
     // Notices for whoever watches the surface, who may destroy it or start anew in answer: they come last.
     virtual void outageHasStarted() = 0;
     virtual void pictureIsReady() = 0;

@@ -43,6 +43,7 @@ inline constexpr QLatin1String accessibleLoading("accessibleLoading");
 inline constexpr QLatin1String accessiblePen("accessiblePen");
 inline constexpr QLatin1String accessiblePenDown("accessiblePenDown");
 inline constexpr QLatin1String accessiblePenUp("accessiblePenUp");
+inline constexpr QLatin1String accessibleExpired("accessibleExpired");
 
 /// All of the above.
 inline constexpr QLatin1String all[] = {
@@ -78,6 +79,7 @@ inline constexpr QLatin1String all[] = {
     accessiblePen,
     accessiblePenDown,
     accessiblePenUp,
+    accessibleExpired,
 };
 
 } // namespace QVKey

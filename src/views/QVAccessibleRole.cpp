@@ -28,6 +28,7 @@ public:
         if (widget()->property(roleProperty).toInt() == QAccessible::NoRole)
             state.invisible = true;
         state.busy = widget()->property(busyProperty).toBool();
+        state.modal = role() == QAccessible::Dialog;
         return state;
     }
 

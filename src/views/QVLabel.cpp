@@ -25,11 +25,25 @@ void QVLabel::setText(const QString &text, const QPixmap &icon)
 QSize QVLabel::sizeHint() const
 {
     constexpr int margin = 10;
-    return m_text.sizeFor(std::max(0, parentWidget()->width() - 2 * margin));
+    return sizeFor(std::max(0, parentWidget()->width() - 2 * margin));
+}
+
+QSize QVLabel::sizeFor(int width) const
+{
+    return m_text.sizeFor(width - m_padding.width()) + m_padding;
+}
+
+void QVLabel::setGround(const QColor &ground, QSize padding)
+{
+    m_ground = ground;
+    m_padding = padding;
 }
 
 void QVLabel::paintEvent(QPaintEvent * /*event*/)
 {
     QPainter painter(this);
-    m_text.paint(painter, rect(), m_color());
+    if (m_ground.isValid())
+        painter.fillRect(rect(), m_ground);
+    const int side = m_padding.width() / 2;
+    m_text.paint(painter, rect().adjusted(side, 0, -side, 0), m_color());
 }

@@ -16,6 +16,9 @@ public:
     /// With a \a role other than QAccessible::NoRole, screen readers find the text.
     QVLabel(const QVTextStyle &style, QVColors::Source source, QAccessible::Role role, QWidget *parent);
 
+    /// Paints a box below the text, which reaches as far beyond it as \a padding says in all.
+    void setGround(const QColor &ground, QSize padding);
+
     [[nodiscard]] const QString &text() const { return m_text.text(); }
     void setText(const QString &text, const QPixmap &icon = {});
     [[nodiscard]] QColor color() const { return m_color(); }
@@ -25,6 +28,8 @@ public:
     [[nodiscard]] int extraHeightFor(int width) const { return m_text.extraHeightFor(width); }
     /// At most as wide as the parent, but for a margin.
     [[nodiscard]] QSize sizeHint() const override;
+    /// The size where the label may be \a width wide.
+    [[nodiscard]] QSize sizeFor(int width) const;
 
 protected:
     void paintEvent(QPaintEvent *event) override;
@@ -32,4 +37,6 @@ protected:
 private:
     QVPaintedText m_text;
     QVColors::Source m_color;
+    QColor m_ground;
+    QSize m_padding{0, 0};
 };

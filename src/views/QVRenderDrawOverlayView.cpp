@@ -100,9 +100,9 @@ void QVRenderDrawOverlayView::updateInput()
     const bool takesInput = m_acceptsTouches && m_isOnScreen;
     setAttribute(Qt::WA_TransparentForMouseEvents, !takesInput);
     setFocusPolicy(takesInput ? Qt::TabFocus : Qt::NoFocus);
-    // The label is what is read out; the bar is named where it can be pressed.
+    // The label is what is read out.
     qv_setAccessibleRole(this, takesInput ? QAccessible::Button : QAccessible::Grouping);
-    setAccessibleName(takesInput ? m_overlayLabel->accessibleName() : QString());
+    setAccessibleName(m_overlayLabel->accessibleName());
     setCursor(takesInput ? Qt::PointingHandCursor : Qt::ArrowCursor);
     if (!takesInput)
         clearFocus();

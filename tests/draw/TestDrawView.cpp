@@ -3,6 +3,7 @@
 #include "support/QVPixels.h"
 #include "views/QVLabel.h"
 #include "views/QVRenderDrawOverlayView.h"
+#include "views/QVSpokenMessage.h"
 #include "views/QVSystemFont.h"
 
 #include <QDesktopServices>
@@ -175,6 +176,35 @@ private Q_SLOTS:
         QVPointerInput::strokeWithMouse(view(), QVPointerInput::wave(from, 20, step));
         QVERIFY(waitFor([this] { return service().count(q("verify")) == 1; }));
         QCOMPARE(service().count(q("refresh")), 0);
+    }
+
+    void aClickPicksThePenUpAndAnotherEndsTheLine()
+    {
+        start(QVVerifyStyleEmbed);
+        const auto points = QVPointerInput::wave(frame("imageView").center() - QPoint(80, 0), 20, 8);
+        const auto drawByClicks = [&] {
+            QVPointerInput::click(view(), points.front());
+            for (const QPoint point : points)
+                QVPointerInput::move(view(), point);
+        };
+        // A click on a control is the control's, and the line is gone.
+        drawByClicks();
+        click("refreshButton");
+        QVERIFY(waitForReady(2));
+        QCOMPARE(service().count(q("verify")), 0);
+        drawByClicks();
+        QVPointerInput::click(view(), points.back());
+        QVERIFY(waitFor([this] { return service().count(q("verify")) == 1; }));
+    }
+
+    void saysThatThePictureIsReplaced()
+    {
+        start(QVVerifyStyleEmbed);
+        QVERIFY(!view().findChild<QVSpokenMessage *>());
+        advance(179s);
+        const auto *message = view().findChild<QVSpokenMessage *>();
+        QVERIFY(message && message->isVisible());
+        QCOMPARE(message->accessibleName(), q("Time for this picture is up. A new one is on its way."));
     }
 
     void looksTheSameFromRightToLeft()
