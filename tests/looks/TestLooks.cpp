@@ -14,6 +14,7 @@
 #include "views/QVInvisibleAnimationView.h"
 #include "views/QVRenderDrawImageView.h"
 
+#include <QApplication>
 #include <QPainter>
 
 using namespace std::chrono_literals;
@@ -38,6 +39,17 @@ private Q_SLOTS:
         const QImage seen = looks().at(static_cast<std::size_t>(index)).take();
         QVERIFY2(LookComparison::matches(QString::fromLatin1(QTest::currentDataTag()), seen),
                  "looks different; QUARVO_UPDATE_LOOKS=1 takes the new look for the right one");
+    }
+
+    void looksAsBeforeInAStyledHost_data() { looksAsBefore_data(); }
+
+    /// A host styles its own widgets by class or all at once; the component's look is its own.
+    void looksAsBeforeInAStyledHost()
+    {
+        m_hostsRules = q("* { background: red; color: green; border: 3px solid blue; font: italic 30px; }"
+                         "QLineEdit { padding: 8px; }");
+        QApplication::setPalette(QPalette(Qt::darkGreen, Qt::black));
+        looksAsBefore();
     }
 
     void everyPictureBelongsToALook()
@@ -116,6 +128,7 @@ private:
         add("popup-close-focused", [this] { return focusedClose(); });
         add("panel-controls", [this] { return panelControls(); });
         add("panel-pen", [this] { return panelPen(); });
+        add("panel-pen-keys", [this] { return panelPenKeys(); });
         add("panel-failed", [this] { return panelFailed(); });
         return all;
     }
@@ -129,6 +142,10 @@ private:
         QPalette palette;
         palette.setColor(QPalette::Window, ground);
         window->setPalette(palette);
+        window->setObjectName(q("host"));
+        if (!m_hostsRules.isEmpty())
+            qApp->setStyleSheet(m_hostsRules +
+                                q("#host { background: %1; border: none; }").arg(ground.name()));
         window->resize(size);
         replaceHost(std::move(window));
     }
@@ -398,6 +415,13 @@ private:
         return shot();
     }
 
+    QImage panelPenKeys()
+    {
+        showPanel();
+        focusNext();
+        return shot();
+    }
+
     QImage panelFailed()
     {
         answerCode(refresh, q("0105"));
@@ -411,11 +435,15 @@ private:
 
     void finish() override
     {
+        qApp->setStyleSheet(QString());
+        m_hostsRules.clear();
+        QApplication::setPalette(QPalette());
         m_panel.reset();
         ModesTestCase::finish();
     }
 
     std::unique_ptr<QVEmbedManager> m_panel;
+    QString m_hostsRules;
 };
 
 QV_TEST(TestLooks)
