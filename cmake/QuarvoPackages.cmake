@@ -12,6 +12,8 @@ set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_HOMEPAGE "https://quarvo.example")
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+# A host's own package learns from them what it needs.
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
 # The widgets' package finds the core's library where it was built.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS "${PROJECT_BINARY_DIR}/src")
 set(CPACK_DEBIAN_ENABLE_COMPONENT_DEPENDS OFF)
@@ -25,13 +27,12 @@ macro(quarvo_package component name section description)
   string(TOUPPER ${component} upper)
   set(CPACK_DEBIAN_${upper}_PACKAGE_NAME ${name})
   set(CPACK_DEBIAN_${upper}_PACKAGE_SECTION ${section})
-  set(CPACK_COMPONENT_${upper}_DESCRIPTION "${PROJECT_DESCRIPTION}\n${description}")
+  set(CPACK_COMPONENT_${upper}_DESCRIPTION "${description}")
 endmacro()
 
-# quarvo_library_package(COMPONENT NAME DESCRIPTION): a library, whose users learn from it which package they need.
+# quarvo_library_package(COMPONENT NAME DESCRIPTION): a library.
 macro(quarvo_library_package component name description)
   quarvo_package(${component} ${name} libs ${description})
-  set(CPACK_DEBIAN_${upper}_PACKAGE_GENERATE_SHLIBS ON)
   set(CPACK_DEBIAN_${upper}_PACKAGE_CONTROL_EXTRA "${PROJECT_BINARY_DIR}/debian/triggers")
 endmacro()
 
