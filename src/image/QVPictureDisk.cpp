@@ -65,12 +65,22 @@ QVPictureDisk::QVPictureDisk()
 
 QVPictureDisk::~QVPictureDisk()
 {
+    m_isEnding = true;
     m_thread.post([this] { m_store.reset(); });
+}
+
+void QVPictureDisk::post(QVTaskQueue::Task task)
+{
+    // A process that ends waits for what a slow disk is at, not for what it was still to do.
+    m_thread.post([this, task = std::move(task)] {
+        if (!m_isEnding)
+            task();
+    });
 }
 
 void QVPictureDisk::prepare()
 {
-    m_thread.post([this] { m_store->open(); });
+    post([this] { m_store->open(); });
 }
 
 void QVPictureDisk::write(const QString &address, const QByteArray &bytes)
@@ -78,12 +88,12 @@ void QVPictureDisk::write(const QString &address, const QByteArray &bytes)
     if (m_written.size() == mostRemembered)
         m_written.removeFirst();
     m_written.append(address);
-    m_thread.post([this, address, bytes] { m_store->write(QUrl(address), bytes); });
+    post([this, address, bytes] { m_store->write(QUrl(address), bytes); });
 }
 
 void QVPictureDisk::read(const QString &address)
 {
-    m_thread.post([this, address] {
+    post([this, address] {
         m_thread.answer(
             [this, address, bytes = m_store->read(QUrl(address))] { Q_EMIT wasRead(address, bytes); });
     });

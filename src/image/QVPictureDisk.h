@@ -4,6 +4,7 @@
 
 #include <QStringList>
 
+#include <atomic>
 #include <memory>
 
 /// The pictures on disk, in a thread of its own: nobody waits for a slow disk but a picture that is read from
@@ -32,7 +33,10 @@ private:
     /// What the thread works with.
     class Store;
 
+    void post(QVTaskQueue::Task task);
+
     std::unique_ptr<Store> m_store;
+    std::atomic<bool> m_isEnding = false;
     QStringList m_written;
     // Last: ends before what it works with.
     QVWorkerThread m_thread;

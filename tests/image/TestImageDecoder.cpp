@@ -9,6 +9,7 @@
 #include <QSemaphore>
 #include <QThreadPool>
 
+#include <ctime>
 #include <malloc.h>
 #include <sys/resource.h>
 #include <thread>
@@ -243,11 +244,10 @@ private Q_SLOTS:
                 image = qv_decodedImage(file, stop);
             });
             started.acquire();
-            QElapsedTimer timer;
-            timer.start();
+            const std::clock_t start = std::clock();
             decoder.request_stop();
             decoder.join();
-            QVERIFY2(timer.elapsed() < 700, qPrintable(QString::number(timer.elapsed())));
+            QVERIFY(std::clock() - start < CLOCKS_PER_SEC / 2);
             QVERIFY(image.isNull());
         }
     }
