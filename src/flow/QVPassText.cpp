@@ -24,9 +24,8 @@ QString seconds(const QString &milliseconds)
     constexpr double perSecond = 1000;
     // Room for the largest finite number. Unlike the printf family it knows no locale.
     std::array<char, 512> digits{};
-    const auto end =
-        std::to_chars(digits.data(), digits.data() + digits.size(),
-                      leadingNumber(milliseconds) / perSecond, std::chars_format::fixed, 1);
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(),
+                                   leadingNumber(milliseconds) / perSecond, std::chars_format::fixed, 1);
     return QString::fromLatin1(digits.data(), end.ptr - digits.data());
 }
 

@@ -1,6 +1,6 @@
 #include "secrets/QVPromptlessService.h"
 
-#include "secrets/QVSecretServiceStore.h"
+#include "secrets/QVGlibPointer.h"
 
 #include <cstdint>
 #include <libsecret/secret.h>

@@ -1,24 +1,12 @@
 #pragma once
 
+#include "secrets/QVGlibPointer.h"
 #include "secrets/QVSecureStore.h"
 
-#include <functional>
 #include <gio/gio.h>
-#include <memory>
 
 typedef struct _SecretService SecretService;
 typedef struct _SecretItem SecretItem;
-
-/// Gives back a GLib pointer by the function that its type needs.
-template<auto release>
-struct QVGlibRelease
-{
-    void operator()(auto *pointer) const { release(pointer); }
-};
-
-/// Owns one reference to a GObject.
-template<class T>
-using QVGlibPointer = std::unique_ptr<T, QVGlibRelease<g_object_unref>>;
 
 /// The store of a freedesktop.org desktop, its Secret Service. A call waits for the service, however long
 /// that takes. Used on the thread that made it, but for cancel().

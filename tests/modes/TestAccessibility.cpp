@@ -25,8 +25,8 @@ private Q_SLOTS:
         pass(300ms);
         QCOMPARE(found(*manager.embedView()),
                  QStringList({QStringLiteral("graphic: Picture to draw on"),
-                              QStringLiteral("text: Draw along the curve"),
-                              QStringLiteral("button: Help"), QStringLiteral("button: New picture")}));
+                              QStringLiteral("text: Draw along the curve"), QStringLiteral("button: Help"),
+                              QStringLiteral("button: New picture")}));
         QVERIFY(everyFocusableIsNamed(*manager.embedView()));
     }
 
@@ -91,7 +91,8 @@ private Q_SLOTS:
         QVEmbedManager manager;
         QVERIFY(showUntil(manager, &QVEmbedManager::failed));
         const QStringList all = found(*manager.embedView());
-        QVERIFY2(all.contains(QStringLiteral("button: Access denied. Try again.")), qPrintable(all.join(u'|')));
+        QVERIFY2(all.contains(QStringLiteral("button: Access denied. Try again.")),
+                 qPrintable(all.join(u'|')));
     }
 
     void theBadgeIsAMessage()

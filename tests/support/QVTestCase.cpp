@@ -19,7 +19,8 @@ std::map<QString, QVTestRegistry::Factory> &factories()
 void QVTestCase::init()
 {
     // All but what a platform says of itself, and what a host's developer reads of failures that tests make.
-    QTest::failOnWarning(QRegularExpression(q("^(?!This plugin does not support|QVncServer |Request for |No verification id)")));
+    QTest::failOnWarning(QRegularExpression(
+        q("^(?!This plugin does not support|QVncServer |Request for |No verification id)")));
     m_time = std::make_unique<QVVirtualScheduler>();
     prepare();
 }
