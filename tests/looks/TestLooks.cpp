@@ -13,6 +13,7 @@
 #include "views/QVCharVerifyTextField.h"
 #include "views/QVInvisibleAnimationView.h"
 #include "views/QVRenderDrawImageView.h"
+#include "views/QVRenderDrawOverlayView.h"
 
 #include <QApplication>
 #include <QPainter>
@@ -247,8 +248,11 @@ private:
             QVPointerInput::press(made, {100, 20});
         else if (status != QVClickStatusNormal)
             made.click();
-        settle();
-        if (status == QVClickStatusDrawing)
+        const bool opensPopup = status == QVClickStatusDrawing;
+        if (!waitFor(
+                [&] { return made.clickStatus() == status && bool(ModesTestCase::popup()) == opensPopup; }))
+            return {};
+        if (opensPopup)
             pressClose();
         // Counts the time from here.
         made.findChild<QVClickStatusView *>()->setClickStatus(status);
@@ -427,7 +431,10 @@ private:
         answerCode(refresh, q("0105"));
         showPanel();
         host().findChild<QAbstractButton *>(q("refreshButton"))->click();
-        pass(600ms);
+        const auto *bar = host().findChild<QVRenderDrawOverlayView *>(q("errorOverlayView"));
+        if (!waitFor([&] { return bar->isOnScreen(); }))
+            return {};
+        advance(300ms);
         return shot();
     }
 
