@@ -3,11 +3,13 @@
 /// \file
 /// Everything a host needs.
 
+#include <Quarvo/QVAppearance.h>
 #include <Quarvo/QVClickButton.h>
 #include <Quarvo/QVClickButtonDelegate.h>
 #include <Quarvo/QVClickManager.h>
 #include <Quarvo/QVClickManagerDelegate.h>
 #include <Quarvo/QVCloseReason.h>
+#include <Quarvo/QVContrast.h>
 #include <Quarvo/QVEmbedManager.h>
 #include <Quarvo/QVEmbedManagerDelegate.h>
 #include <Quarvo/QVEmbedPanel.h>

@@ -7,6 +7,7 @@
 enum class QVAppearance {
     /// The product's own look.
     Light,
+    /// Dark surfaces with light text.
     Dark,
     /// As light or dark as the application's palette.
     System,
