@@ -27,6 +27,8 @@ const char *const light = R"(
     QComboBox { border: 1px solid #d0d5dd; border-radius: 6px; padding: 6px 10px; background: white;
                 font-size: 14px; color: #1d2433; }
     QComboBox:focus { border-color: #418dfb; }
+    QComboBox::drop-down { border: none; width: 28px; }
+    QComboBox::down-arrow { image: url(:/demo/chevron.png); width: 12px; height: 12px; }
 )";
 
 // What differs in the other looks.
