@@ -29,6 +29,16 @@ void QVFocusTrap::activate()
     focusInside();
 }
 
+void QVFocusTrap::leaveWindow()
+{
+    QWidget *const focused = m_root->window()->focusWidget();
+    if (!focused || !holds(focused))
+        return;
+    m_isLeaving = true;
+    focused->clearFocus();
+    m_isLeaving = false;
+}
+
 void QVFocusTrap::moveInside()
 {
     if (m_active)
@@ -85,6 +95,8 @@ bool QVFocusTrap::isOnTop() const
 
 void QVFocusTrap::followFocus(QWidget *now)
 {
+    if (m_isLeaving)
+        return;
     // Other windows, and no window at all, are the user's choice.
     if (now ? now->window() != m_root->window() : !m_root->isActiveWindow())
         return;

@@ -15,6 +15,9 @@ public:
 
     [[nodiscard]] bool isActive() const { return m_active; }
     void activate();
+    /// Gives up the focus in a window that the root is about to leave: Qt would let that window go on
+    /// pointing to it.
+    void leaveWindow();
     /// Takes the focus again, after the root has moved to another window.
     void moveInside();
     /// Lets go; whoever had the focus before gets it back if it can still take it.
@@ -36,4 +39,5 @@ private:
     QPointer<QWidget> m_before;
     QPointer<QWidget> m_inside;
     bool m_active = false;
+    bool m_isLeaving = false;
 };

@@ -182,7 +182,7 @@ void QVWindow::placeAgain()
 void QVWindow::lieIn(QWidget *container)
 {
     if (parentWidget() != container || isWindow()) {
-        takeFocusAlong();
+        m_focusTrap->leaveWindow();
         hide();
         setWindowState(Qt::WindowNoState);
         setWindowModality(Qt::NonModal);
@@ -194,20 +194,12 @@ void QVWindow::lieIn(QWidget *container)
     setGeometry(container->rect());
 }
 
-void QVWindow::takeFocusAlong()
-{
-    // Qt would let the window that this one leaves go on pointing to what had the focus in here.
-    QWidget *const focused = window()->focusWidget();
-    if (focused && isAncestorOf(focused))
-        focused->clearFocus();
-}
-
 void QVWindow::standAlone(Place place, QObject *over)
 {
     const Qt::WindowFlags flags = place == Place::Screen ? screenFlags : cardFlags;
     // No parent: a disabled one would disable this, too, and a style sheet of its reach it.
     if (parentWidget() || windowFlags() != flags) {
-        takeFocusAlong();
+        m_focusTrap->leaveWindow();
         hide();
         setParent(nullptr, flags);
         // It was disabled with a host that it lay in.

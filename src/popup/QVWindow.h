@@ -63,7 +63,6 @@ private:
     void placeSoon();
     void placeAgain();
     void lieIn(QWidget *container);
-    void takeFocusAlong();
     void standAlone(Place place, QObject *over);
     void fitToHost();
     void layOutScreen();
