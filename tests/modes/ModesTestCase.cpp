@@ -21,6 +21,7 @@ void ModesTestCase::prepare()
     m_service = std::make_unique<DrawService>();
     m_service->extend(click, {{q("token"), q("click-token")}});
     m_forgotten = 0;
+    m_outcomes = std::make_unique<Outcomes>();
     QVSDKManager::setPreferredLanguage(q("en"));
     auto host = std::make_unique<QWidget>();
     host->resize(700, 600);
@@ -29,6 +30,9 @@ void ModesTestCase::prepare()
 
 void ModesTestCase::finish()
 {
+    destroy(false);
+    destroy(true);
+    m_outcomes.reset();
     m_host.reset();
     settle();
     m_service.reset();
@@ -69,6 +73,46 @@ void ModesTestCase::pass(std::chrono::milliseconds duration) const
         advance(std::min(left, stretch));
     }
     settle();
+}
+
+QVClickManager &ModesTestCase::clickManager()
+{
+    if (!m_click) {
+        m_click = std::make_unique<QVClickManager>();
+        m_outcomes->watch(m_click.get());
+        m_click->button()->setParent(m_host.get());
+        m_click->button()->setGeometry(100, 100, 300, 44);
+        m_click->button()->show();
+    }
+    return *m_click;
+}
+
+QVInvisibleManager &ModesTestCase::invisibleManager()
+{
+    if (!m_invisible) {
+        m_invisible = std::make_unique<QVInvisibleManager>();
+        m_invisible->setAnimation(false);
+        m_outcomes->watch(m_invisible.get());
+    }
+    return *m_invisible;
+}
+
+void ModesTestCase::start(bool isInvisible)
+{
+    if (isInvisible)
+        invisibleManager().startInsivible();
+    else
+        clickManager().button()->click();
+}
+
+void ModesTestCase::destroy(bool isInvisible)
+{
+    if (isInvisible)
+        m_invisible.reset();
+    else if (m_click)
+        delete m_click->button();
+    if (!isInvisible)
+        m_click.reset();
 }
 
 void ModesTestCase::replaceHost(std::unique_ptr<QWidget> host)

@@ -1,6 +1,10 @@
 #pragma once
 
 #include "draw/DrawService.h"
+#include "modes/Outcomes.h"
+#include "modes/QVClickButton.h"
+#include "modes/QVClickManager.h"
+#include "modes/QVInvisibleManager.h"
 #include "support/QVTestCase.h"
 
 #include <QWidget>
@@ -43,6 +47,16 @@ protected:
     /// Lets \a duration pass with everything that happens in it.
     void pass(std::chrono::milliseconds duration) const;
 
+    /// Made when it is first used, with its button on the host.
+    QVClickManager &clickManager();
+    /// Made when it is first used, without a badge.
+    QVInvisibleManager &invisibleManager();
+    /// What both managers say.
+    [[nodiscard]] Outcomes &outcomes() const { return *m_outcomes; }
+    void start(bool isInvisible);
+    /// Destroys a manager, and its button.
+    void destroy(bool isInvisible);
+
     [[nodiscard]] QWidget &host() const { return *m_host; }
     void replaceHost(std::unique_ptr<QWidget> host);
     void destroyHost() { m_host.reset(); }
@@ -63,5 +77,8 @@ protected:
 private:
     std::unique_ptr<DrawService> m_service;
     std::unique_ptr<QWidget> m_host;
+    std::unique_ptr<Outcomes> m_outcomes;
+    std::unique_ptr<QVClickManager> m_click;
+    std::unique_ptr<QVInvisibleManager> m_invisible;
     qsizetype m_forgotten = 0;
 };

@@ -1,12 +1,10 @@
 #include "modes/ModesTestCase.h"
 #include "modes/QVClickButton.h"
-#include "settings/QVLocalization.h"
 #include "support/QVPixels.h"
+#include "support/QVPointerInput.h"
 #include "views/QVLabel.h"
 
-#include <QAccessible>
 #include <QHelpEvent>
-#include <QPainter>
 #include <QToolTip>
 
 using namespace std::chrono_literals;
@@ -16,29 +14,6 @@ class TestClickButtonLook : public ModesTestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void colourOfStatus_data()
-    {
-        const auto row = addColumns<int, QColor>({"status", "colour"});
-        row("2", 2, QColor(65, 141, 251));
-        row("4", 4, QColor(0, 213, 159, 204));
-        row("5", 5, QColor(238, 60, 64, 204));
-    }
-
-    void colourOfStatus()
-    {
-        QFETCH(int, status);
-        QFETCH(QColor, colour);
-        QCOMPARE(painted().pixelColor(299, 0), QColor(65, 141, 251));
-        answerForStatus(status);
-        m_button->click();
-        QVERIFY(waitFor([&] { return int(m_button->clickStatus()) == status; }));
-        QImage expected(1, 1, QImage::Format_ARGB32);
-        expected.fill(Qt::transparent);
-        QPainter(&expected).fillRect(0, 0, 1, 1, colour);
-        QCOMPARE(painted().pixelColor(299, 0), expected.pixelColor(0, 0));
-        QCOMPARE(painted().pixelColor(60, 43), expected.pixelColor(0, 0));
-    }
-
     void fitsLongTexts()
     {
         auto *const label = m_button->findChild<QVLabel *>();
@@ -56,6 +31,21 @@ private Q_SLOTS:
         QCOMPARE(m_button->accessibleDescription(), QString());
         QVERIFY(QToolTip::text().contains(q("&lt;b&gt;")));
         QToolTip::hideText();
+    }
+
+    void theRippleStartsAtTheTouch()
+    {
+        const auto isLighter = [this](QPoint point) {
+            return painted(QWidget::DrawChildren).pixelColor(point) != QColor(65, 141, 251);
+        };
+        QVPointerInput::press(*m_button, QPoint(200, 22));
+        advance(50ms);
+        QVERIFY(isLighter({200, 40}));
+        QVERIFY(!isLighter({290, 40}) && !isLighter({110, 40}));
+        advance(449ms);
+        QVERIFY(isLighter({290, 40}) && isLighter({110, 40}));
+        advance(1ms);
+        QVERIFY(!isLighter({200, 40}));
     }
 
     void hostsStyleSheetDoesNotReachIt()

@@ -1,5 +1,4 @@
 #include "modes/ModesTestCase.h"
-#include "modes/Outcomes.h"
 #include "popup/QVCloseButton.h"
 #include "popup/QVWindow.h"
 #include "support/QVPointerInput.h"
@@ -36,10 +35,10 @@ private Q_SLOTS:
     {
         QFETCH(bool, isOpen);
         for (const bool closes : {false, true}) {
-            m_click->reset();
-            m_outcomes->clear();
+            clickManager().reset();
+            outcomes().clear();
             host().setEnabled(true);
-            m_click->button()->click();
+            clickManager().button()->click();
             if (isOpen)
                 QVERIFY(waitForPicture());
             host().setEnabled(false);
@@ -48,11 +47,11 @@ private Q_SLOTS:
             if (closes) {
                 pressClose();
                 settle();
-                QCOMPARE(m_outcomes->said(), words("popup, closed User"));
+                QCOMPARE(outcomes().said(), words("popup, closed User"));
             } else {
                 strokeAndVerify();
                 pass(1600ms);
-                QCOMPARE(m_outcomes->said(), words("popup, passed main-token"));
+                QCOMPARE(outcomes().said(), words("popup, passed main-token"));
             }
         }
     }
@@ -72,22 +71,22 @@ private Q_SLOTS:
         QFETCH(bool, isOpen);
         QDialog dialog(&host());
         dialog.resize(600, 500);
-        m_click->button()->setParent(&dialog);
-        m_click->button()->show();
+        clickManager().button()->setParent(&dialog);
+        clickManager().button()->show();
         showActive(dialog);
         start(isInvisible);
         if (isOpen)
             QVERIFY(waitForPicture());
         dialog.reject();
         pass(100ms);
-        QCOMPARE(m_outcomes->ends(), words("closed WindowGone"));
+        QCOMPARE(outcomes().ends(), words("closed WindowGone"));
         QCOMPARE(popupCount(), 0);
-        QCOMPARE(m_click->button()->clickStatus(), QVClickStatusNormal);
+        QCOMPARE(clickManager().button()->clickStatus(), QVClickStatusNormal);
         showActive(dialog);
-        m_outcomes->clear();
+        outcomes().clear();
         start(isInvisible);
         QVERIFY(waitForPicture());
-        QCOMPARE(m_outcomes->said(), words("popup"));
+        QCOMPARE(outcomes().said(), words("popup"));
     }
 
     void closesThePopupThenRejectsItsDialog()
@@ -95,13 +94,13 @@ private Q_SLOTS:
         auto dialog = std::make_unique<QDialog>(&host());
         dialog->resize(600, 500);
         showActive(*dialog);
-        m_invisible->startInsivible();
+        invisibleManager().startInsivible();
         QVERIFY(waitForPicture());
         pressClose();
         dialog->reject();
         settle();
         host().activateWindow();
-        m_invisible->startInsivible();
+        invisibleManager().startInsivible();
         QVERIFY(waitFor([] { return popup() && popup()->window()->isVisible(); }));
         QCOMPARE(popup()->window(), &host());
         dialog.reset();
@@ -113,7 +112,7 @@ private Q_SLOTS:
         QDialog wait(&host());
         wait.setModal(true);
         wait.resize(200, 100);
-        m_invisible->startInsivible();
+        invisibleManager().startInsivible();
         showActive(wait);
         QVERIFY(waitForPicture());
         QVERIFY(popup()->isWindow());
@@ -124,7 +123,7 @@ private Q_SLOTS:
         QVERIFY(popup());
         strokeAndVerify();
         pass(1600ms);
-        QCOMPARE(m_outcomes->said(), words("popup, passed main-token"));
+        QCOMPARE(outcomes().said(), words("popup, passed main-token"));
     }
 
     void startsAgainAsItsWindowCloses_data()
@@ -142,17 +141,17 @@ private Q_SLOTS:
             if (restarts++ == 0)
                 start(isInvisible);
         };
-        connect(m_click.get(), &QVClickManager::closed, this, restart);
-        connect(m_invisible.get(), &QVInvisibleManager::closed, this, restart);
+        connect(&clickManager(), &QVClickManager::closed, this, restart);
+        connect(&invisibleManager(), &QVInvisibleManager::closed, this, restart);
         start(isInvisible);
         QVERIFY(waitForPicture());
         host().close();
         pass(100ms);
-        m_click->reset();
-        m_invisible->reset();
-        QCOMPARE(m_outcomes->ends().size(), 2);
+        clickManager().reset();
+        invisibleManager().reset();
+        QCOMPARE(outcomes().ends().size(), 2);
         QCOMPARE(popupCount(), 0);
-        QCOMPARE(m_click->button()->clickStatus(), QVClickStatusNormal);
+        QCOMPARE(clickManager().button()->clickStatus(), QVClickStatusNormal);
     }
 
     void actsWhenThePopupTakesTheFocus_data()
@@ -180,16 +179,14 @@ private Q_SLOTS:
         start(isInvisible);
         pass(300ms);
         disconnect(connection);
-        if (m_click)
-            m_click->reset();
-        if (m_invisible)
-            m_invisible->reset();
+        clickManager().reset();
+        invisibleManager().reset();
         pass(100ms);
         // A manager whose button has gone tells of it; a manager that has gone does not.
         const int ends = action == q("delete") && isInvisible  ? 0
                          : action == q("start") && isInvisible ? 2
                                                                : 1;
-        QCOMPARE(m_outcomes->ends().size(), ends);
+        QCOMPARE(outcomes().ends().size(), ends);
         QCOMPARE(popupCount(), 0);
         QCOMPARE(time().pendingCount(), 0);
     }
@@ -210,7 +207,7 @@ private Q_SLOTS:
         QFETCH(QSize, size);
         QFETCH(bool, isOwnWindow);
         host().resize(size);
-        m_click->button()->click();
+        clickManager().button()->click();
         QVERIFY(waitForPicture());
         QCOMPARE(popup()->isWindow(), isOwnWindow);
         QVERIFY(popup()->rect().contains(pictureFrame().adjusted(0, -32, 0, 20)));
@@ -220,7 +217,7 @@ private Q_SLOTS:
 
     void shrinksUnderThePopup()
     {
-        m_click->button()->click();
+        clickManager().button()->click();
         QVERIFY(waitForPicture());
         QVERIFY(!popup()->isWindow());
         host().resize(300, 100);
@@ -229,22 +226,22 @@ private Q_SLOTS:
         QVERIFY(popup()->isAncestorOf(QApplication::focusWidget()) || popup()->hasFocus());
         strokeAndVerify();
         pass(1600ms);
-        QCOMPARE(m_outcomes->ends(), words("passed main-token"));
+        QCOMPARE(outcomes().ends(), words("passed main-token"));
     }
 
     void goesOnInAnotherWindow()
     {
-        m_invisible->startInsivible();
+        invisibleManager().startInsivible();
         QVERIFY(waitForPicture());
         pressClose();
         QWidget other;
         other.resize(700, 600);
         showActive(other);
         forgetAsked();
-        m_invisible->startInsivible();
+        invisibleManager().startInsivible();
         QCOMPARE(popup()->window(), &other);
         QCOMPARE(asked(), QStringList());
-        QCOMPARE(m_outcomes->said(), words("popup, closed User, popup"));
+        QCOMPARE(outcomes().said(), words("popup, closed User, popup"));
     }
 
     void startsAgainAndAgain()
@@ -252,33 +249,33 @@ private Q_SLOTS:
         QVSDKManager::setAttemptTimeout(3s);
         delay(outageSwitch, 1h);
         for (int i = 0; i < 3; ++i) {
-            m_invisible->startInsivible();
+            invisibleManager().startInsivible();
             pass(2500ms);
         }
         // Each attempt has its own three seconds.
-        QCOMPARE(m_outcomes->said(), words("failed -1001, failed -1001"));
+        QCOMPARE(outcomes().said(), words("failed -1001, failed -1001"));
         QVSDKManager::setAttemptTimeout(0s);
     }
 
     void closesOneOfTwoWindows()
     {
         delay(outageSwitch, 1h);
-        m_invisible->startInsivible();
+        invisibleManager().startInsivible();
         QWidget other;
         showActive(other);
-        m_invisible->startInsivible();
+        invisibleManager().startInsivible();
         host().close();
         pass(10ms);
-        QCOMPARE(m_outcomes->said(), words("closed WindowGone"));
+        QCOMPARE(outcomes().said(), words("closed WindowGone"));
         other.close();
         pass(10ms);
-        QCOMPARE(m_outcomes->said(), words("closed WindowGone, closed WindowGone"));
+        QCOMPARE(outcomes().said(), words("closed WindowGone, closed WindowGone"));
     }
 
     void isTouchedByTwoFingers()
     {
-        QVClickButton &button = *m_click->button();
-        const QPoint inside(20, 20);
+        QVClickButton &button = *clickManager().button();
+        const QPoint inside(120, 120);
         const QPoint outside(20, 300);
         auto touches = [&] {
             return QTest::touchEvent(host().windowHandle(), QVPointerInput::touchScreen());
@@ -297,13 +294,14 @@ private Q_SLOTS:
     void resetsAsSoonAsItIsDrawn()
     {
         service().answer(outageSwitch, {{q("active"), true}});
-        connect(m_click->button(), &QVClickButton::clickStatusChanged, this, [this](QVClickStatus status) {
-            if (status == QVClickStatusDrawing)
-                m_click->reset();
-        });
-        m_click->button()->click();
+        connect(clickManager().button(), &QVClickButton::clickStatusChanged, this,
+                [this](QVClickStatus status) {
+                    if (status == QVClickStatusDrawing)
+                        clickManager().reset();
+                });
+        clickManager().button()->click();
         pass(100ms);
-        QCOMPARE(m_outcomes->said(), words("closed HostReset"));
+        QCOMPARE(outcomes().said(), words("closed HostReset"));
         QCOMPARE(popupCount(), 0);
     }
 
@@ -314,28 +312,31 @@ private Q_SLOTS:
         view.resize(700, 600);
         auto *const form = new QWidget;
         auto *const layout = new QVBoxLayout(form);
-        layout->addWidget(m_click->button());
+        layout->addWidget(clickManager().button());
         scene.addWidget(form);
         QVEmbedManager embed;
         QSignalSpy ready(&embed, &QVEmbedManager::ready);
         scene.addWidget(embed.embedView());
         showActive(view);
-        m_click->button()->click();
+        clickManager().button()->click();
         QVERIFY(waitForPicture());
         QCOMPARE(popup()->window(), &view);
         pass(200ms);
         QVERIFY(waitFor([&] { return ready.count() == 1; }));
-        m_click->reset();
+        clickManager().reset();
         scene.clear();
     }
 
     void forgetsItsManager()
     {
-        auto *const button = m_click->button();
+        auto manager = std::make_unique<QVClickManager>();
+        auto *const button = manager->button();
+        button->setParent(&host());
+        button->show();
         Outcomes own;
         own.watch(button);
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression(q("QVClickManager was destroyed")));
-        m_click.reset();
+        manager.reset();
         pass(10ms);
         button->click();
         QVERIFY(waitForPicture());
@@ -346,14 +347,14 @@ private Q_SLOTS:
     void verifiesForTwoScenes()
     {
         QVSDKManager::setQuarvoSDKVid(q("process"), q("everywhere"));
-        m_click->setScene(q("login"));
-        m_click->button()->click();
+        clickManager().setScene(q("login"));
+        clickManager().button()->click();
         QVERIFY(waitForPicture());
         QCOMPARE(service().query(config).value(q("id")), q("process"));
         QCOMPARE(service().query(config).value(q("scene")), q("login"));
-        m_click->reset();
-        m_invisible->setVid(q("own"));
-        m_invisible->startInsivible();
+        clickManager().reset();
+        invisibleManager().setVid(q("own"));
+        invisibleManager().startInsivible();
         QVERIFY(waitForPicture());
         QCOMPARE(service().query(config).value(q("scene")), q("everywhere"));
         strokeAndVerify();
@@ -365,53 +366,35 @@ private Q_SLOTS:
     {
         service().answer(outageSwitch, {{q("active"), true}});
         service().answerBytes(outageGet, "?");
-        m_click->button()->click();
+        clickManager().button()->click();
         pass(100ms);
-        QCOMPARE(m_outcomes->said(), words("popup, in popup 3840"));
+        QCOMPARE(outcomes().said(), words("popup, in popup 3840"));
         pressClose();
-        QCOMPARE(m_outcomes->ends(), words("closed User"));
+        QCOMPARE(outcomes().ends(), words("closed User"));
     }
 
 private:
     void prepare() override
     {
         ModesTestCase::prepare();
-        m_outcomes = std::make_unique<Outcomes>();
-        m_click = std::make_unique<QVClickManager>();
-        m_invisible = std::make_unique<QVInvisibleManager>();
-        m_invisible->setAnimation(false);
-        m_outcomes->watch(m_click.get());
-        m_outcomes->watch(m_invisible.get());
-        m_click->button()->setParent(&host());
-        m_click->button()->setGeometry(0, 0, 200, 44);
-        m_click->button()->show();
+        (void)clickManager();
+        (void)invisibleManager();
     }
 
     void finish() override
     {
-        m_click.reset();
-        m_invisible.reset();
-        m_outcomes.reset();
         QVSDKManager::setQuarvoSDKVid({}, {});
         ModesTestCase::finish();
-    }
-
-    void start(bool isInvisible)
-    {
-        if (isInvisible)
-            m_invisible->startInsivible();
-        else
-            m_click->button()->click();
     }
 
     void act(const QString &action, bool isInvisible)
     {
         if (action == q("delete") && isInvisible)
-            m_invisible.reset();
+            destroy(true);
         else if (action == q("delete"))
-            delete m_click->button();
+            delete clickManager().button();
         else if (action == q("reset"))
-            isInvisible ? m_invisible->reset() : m_click->reset();
+            isInvisible ? invisibleManager().reset() : clickManager().reset();
         else if (action == q("start"))
             start(isInvisible);
         else if (action == q("close"))
@@ -428,10 +411,6 @@ private:
     }
 
     [[nodiscard]] static QRect closeFrame() { return popup()->findChild<QVCloseButton *>()->geometry(); }
-
-    std::unique_ptr<Outcomes> m_outcomes;
-    std::unique_ptr<QVClickManager> m_click;
-    std::unique_ptr<QVInvisibleManager> m_invisible;
 };
 
 QV_TEST(TestClumsyHosts)

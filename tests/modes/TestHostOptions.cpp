@@ -1,10 +1,6 @@
 #include "draw/QVRenderDrawView.h"
 #include "modes/ModesTestCase.h"
-#include "modes/Outcomes.h"
-#include "modes/QVClickButton.h"
-#include "modes/QVClickManager.h"
 #include "modes/QVEmbedManager.h"
-#include "modes/QVInvisibleManager.h"
 #include "popup/QVWindow.h"
 #include "settings/QVSDKManager.h"
 #include "support/QVPointerInput.h"
@@ -58,26 +54,18 @@ private Q_SLOTS:
         QVSDKManager::setAttemptTimeout(3s);
         if (!held.isEmpty())
             delay(held, 4s);
-        Outcomes clicked;
-        QVClickManager clicker;
-        clicked.watch(&clicker);
-        clicker.button()->setParent(&host());
-        clicker.button()->show();
-        clicker.button()->click();
-        Outcomes invisible;
-        QVInvisibleManager manager;
-        invisible.watch(&manager);
-        manager.startInsivible();
-        pass(2900ms);
-        QCOMPARE(clicked.ends().size() + invisible.ends().size(), 0);
-        pass(200ms);
-        QTEST(clicked.said(), "said");
-        QTEST(invisible.said(), "said");
-        QCOMPARE(clicker.button()->clickStatus(), QVClickStatusFailed);
-        QVERIFY(!popup());
-        pass(5s);
-        QCOMPARE(clicked.ends().size(), 1);
-        QCOMPARE(invisible.ends().size(), 1);
+        for (const bool isInvisible : {false, true}) {
+            outcomes().clear();
+            start(isInvisible);
+            pass(2900ms);
+            QCOMPARE(outcomes().ends().size(), 0);
+            pass(200ms);
+            QTEST(outcomes().said(), "said");
+            QVERIFY(!popup());
+            pass(5s);
+            QCOMPARE(outcomes().ends().size(), 1);
+        }
+        QCOMPARE(clickManager().button()->clickStatus(), QVClickStatusFailed);
     }
 
     void aPanelStartsAnewAfterItsTime()
@@ -97,47 +85,31 @@ private Q_SLOTS:
         QVERIFY(waitFor([&ready] { return ready.size() == 2; }));
     }
 
+    void successIsNotTimedOut_data()
+    {
+        const auto row = addColumns<bool, bool, QStringList>({"isInvisible", "draws", "said"});
+        row("click", false, true, words("popup, passed main-token"));
+        row("invisible", true, true, words("popup, passed main-token"));
+        row("badge", true, false, words("passed click-token"));
+    }
+
     void successIsNotTimedOut()
     {
-        QVSDKManager::setAttemptTimeout(400ms);
-        passByClick();
-        Outcomes outcomes;
-        QVInvisibleManager manager;
-        outcomes.watch(&manager);
-        manager.startInsivible();
-        settle();
-        pass(5s);
-        QCOMPARE(outcomes.said(), words("passed click-token"));
-    }
-
-    void anEarnedTokenIsNotTimedOut_data()
-    {
-        const auto row = addColumns<bool>({"isClicked"});
-        row("click", true);
-        row("invisible", false);
-    }
-
-    void anEarnedTokenIsNotTimedOut()
-    {
-        QFETCH(bool, isClicked);
+        QFETCH(bool, isInvisible);
+        QFETCH(bool, draws);
         QVSDKManager::setAttemptTimeout(3s);
-        Outcomes outcomes;
-        QVClickManager clicker;
-        QVInvisibleManager invisible;
-        outcomes.watch(&clicker);
-        outcomes.watch(&invisible);
-        clicker.button()->setParent(&host());
-        clicker.button()->show();
-        if (isClicked)
-            clicker.button()->click();
-        else
-            invisible.startInsivible();
-        QVERIFY(waitForPicture());
+        invisibleManager().setAnimation(true);
+        if (!draws) {
+            passByClick();
+            delay(click, 2900ms);
+        }
+        start(isInvisible);
+        QVERIFY(!draws || waitForPicture());
         pass(2s);
-        strokeAndVerify();
-        QCOMPARE(outcomes.said(), words("popup"));
+        if (draws)
+            strokeAndVerify();
         pass(5s);
-        QCOMPARE(outcomes.said(), words("popup, passed main-token"));
+        QTEST(outcomes().said(), "said");
     }
 
     void clicksBesideTheCard_data()
@@ -154,34 +126,27 @@ private Q_SLOTS:
         QFETCH(bool, isBeside);
         QVSDKManager::setPopupClosesOnOutsideClick(closes);
         host().resize(900, 700);
-        QVInvisibleManager manager;
-        Outcomes outcomes;
-        outcomes.watch(&manager);
-        manager.startInsivible();
+        start(true);
         QVERIFY(waitForPicture());
         const QRect card = popup()->popupScreen();
         QVPointerInput::click(*popup(), isBeside ? QPoint(10, 10) : card.topLeft() + QPoint(20, 20));
         QCOMPARE(!popup(), closes && isBeside);
-        QCOMPARE(outcomes.ends().size(), closes && isBeside ? 1 : 0);
+        QCOMPARE(outcomes().ends().size(), closes && isBeside ? 1 : 0);
     }
 
     void outageIsTold()
     {
         service().answer(outageSwitch, {{QStringLiteral("active"), true}});
-        QVClickManager clicker;
-        QVInvisibleManager invisible;
         QVEmbedManager embed;
-        QSignalSpy clickTold(&clicker, &QVClickManager::outageStarted);
-        QSignalSpy invisibleTold(&invisible, &QVInvisibleManager::outageStarted);
-        QSignalSpy embedTold(&embed, &QVEmbedManager::outageStarted);
-        clicker.button()->setParent(&host());
-        clicker.button()->show();
-        clicker.button()->click();
-        invisible.startInsivible();
+        const QSignalSpy clickTold(&clickManager(), &QVClickManager::outageStarted);
+        const QSignalSpy invisibleTold(&invisibleManager(), &QVInvisibleManager::outageStarted);
+        const QSignalSpy embedTold(&embed, &QVEmbedManager::outageStarted);
+        start(false);
+        start(true);
         embed.embedView()->setParent(&host());
         pass(300ms);
-        QVERIFY(waitFor([&] { return clickTold.size() == 1 && invisibleTold.size() == 1; }));
-        QVERIFY(waitFor([&] { return embedTold.size() == 1; }));
+        QCOMPARE(QList<qsizetype>({clickTold.size(), invisibleTold.size(), embedTold.size()}),
+                 QList<qsizetype>({1, 1, 1}));
     }
 
     void outageMayEndThePanel_data()

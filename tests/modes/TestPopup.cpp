@@ -142,6 +142,21 @@ private Q_SLOTS:
         QCOMPARE(m_opener->heard, words("close"));
     }
 
+    void unfoldsAtEachDisplay()
+    {
+        open();
+        QVERIFY(waitForPicture());
+        for (int i = 0; i < 2; ++i) {
+            m_controller.lock()->hiddenWindow();
+            advance(1s);
+            m_controller.lock()->displayWindow();
+            advance(249ms);
+            QVERIFY(drawView()->graphicsEffect());
+            advance(1ms);
+            QVERIFY(!drawView()->graphicsEffect());
+        }
+    }
+
     void staysAboveTheHostsWidgets()
     {
         open();
