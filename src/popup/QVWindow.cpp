@@ -247,6 +247,9 @@ void QVWindow::containerHides()
 {
     if (isHidden())
         return;
+    // A window of its own stays on screen, and Qt may be activating it at this moment.
+    if (m_place != Place::Layer)
+        return placeSoon();
     // It must not go with a window that came over its host's.
     place();
     m_focusTrap->moveInside();
