@@ -119,7 +119,7 @@ private Q_SLOTS:
         QVERIFY(popup()->rect().contains(pictureFrame()));
         // What many do as soon as something else is on screen.
         wait.close();
-        settle();
+        pass(1ms);
         QVERIFY(popup());
         strokeAndVerify();
         pass(1600ms);
