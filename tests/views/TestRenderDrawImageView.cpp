@@ -1,9 +1,14 @@
+#include "support/QVPixels.h"
 #include "support/QVPointerInput.h"
 #include "support/QVTestCase.h"
 #include "support/QVWait.h"
 #include "views/QVLabel.h"
 #include "views/QVRenderDrawImageView.h"
 #include "views/QVRenderDrawOverlayView.h"
+
+#include <QElapsedTimer>
+#include <QSemaphore>
+#include <QThreadPool>
 
 using namespace std::chrono_literals;
 
@@ -59,6 +64,22 @@ private Q_SLOTS:
         QCOMPARE(m_owner->taps, 3);
         QCOMPARE(m_owner->presses, 1);
         QCOMPARE(m_view->errorOverlayView()->y(), 200);
+    }
+
+    void paintsWhileTheHostsThreadsAreBusy()
+    {
+        constexpr int patience = 5000;
+        QThreadPool &pool = *QThreadPool::globalInstance();
+        QSemaphore busy;
+        for (int i = 0; i < pool.maxThreadCount(); ++i)
+            pool.start([&busy] { busy.tryAcquire(1, patience); });
+        m_view->setImage(QImage(1600, 920, QImage::Format_RGB32));
+        QElapsedTimer time;
+        time.start();
+        QVERIFY(!pixelsOf(*m_view, 3).isNull());
+        QVERIFY(time.elapsed() < patience - 1000);
+        busy.release(pool.maxThreadCount());
+        pool.waitForDone();
     }
 
 private:
