@@ -5,18 +5,33 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 
+#include <algorithm>
+
 namespace {
+
+// A hundred times what an answer has. Each element takes Qt some fifty bytes and a moment of the thread that
+// the user is waiting for.
+constexpr qsizetype mostElements = 10'000;
+
+bool isTooMuch(const QByteArray &body)
+{
+    return std::ranges::count_if(body, [](char each) { return each == ',' || each == '[' || each == '{'; }) >
+           mostElements;
+}
 
 // Qt reads only objects and arrays; a lone number or text is JSON as well.
 bool isLoneValue(const QByteArray &body)
 {
-    return QJsonDocument::fromJson('[' + body + ']').array().size() == 1;
+    const QByteArray start = body.trimmed().left(1);
+    return start != "{" && start != "[" && QJsonDocument::fromJson('[' + body + ']').array().size() == 1;
 }
 
 } // namespace
 
 QVJsonAnswer qv_readJsonAnswer(const QByteArray &body)
 {
+    if (isTooMuch(body))
+        return {std::nullopt, qv_networkError(QVNetworkError::notJson)};
     const QJsonDocument document = QJsonDocument::fromJson(body);
     if (document.isObject())
         return {document.object(), std::nullopt};
