@@ -1,6 +1,7 @@
 #include "image/QVWebPCodes.h"
 
 #include "image/QVBitReader.h"
+#include "image/QVPictureSize.h"
 #include "image/QVPrefixCode.h"
 
 #include <algorithm>
@@ -212,6 +213,9 @@ QVWebPCodes QVWebPCodes::ofPicture(QByteArrayView chunk)
         return {};
     Head head(chunk.sliced(1));
     const QSize size = head.takeSize();
+    // What follows is read for each pixel.
+    if (!qv_isPictureSizeAllowed(size.width(), size.height()))
+        return {};
     const int groups = head.takeGroups(size);
     return head.isBroken() ? QVWebPCodes() : QVWebPCodes{size, groups};
 }
