@@ -24,8 +24,10 @@ public:
     QVClickManager *const q;
     QVWeakDelegate<QVClickManagerDelegate> delegate;
     QPointer<QVClickButton> button;
-    /// Whether an attempt has begun whose end was not told yet and will not come by the delegate.
-    bool owesAnEnd = false;
+    bool isUnderWay = false;
+    /// Attempts whose end was not told yet and will not come by the delegate. A host that starts again in a
+    /// change of status makes it more than one.
+    int openAttempts = 0;
     QVIdentity identity;
 };
 
@@ -35,16 +37,18 @@ void QVClickManager::Private::createButton()
     button->setDelegate(q);
     button->setVid(identity.ownVid);
     button->setScene(identity.ownScene);
-    owesAnEnd = false;
+    isUnderWay = false;
+    openAttempts = 0;
     connect(button, &QVClickButton::clickStatusChanged, q, [this](QVClickStatus status) {
-        const bool begins = status == QVClickStatusVerifying || status == QVClickStatusDrawing;
-        owesAnEnd = begins || (owesAnEnd && status != QVClickStatusPassed);
+        const bool was = isUnderWay;
+        isUnderWay = status == QVClickStatusVerifying || status == QVClickStatusDrawing;
+        if (isUnderWay && !was)
+            ++openAttempts;
+        else if (status == QVClickStatusPassed)
+            --openAttempts;
     });
-    const auto settle = [this] {
-        owesAnEnd = false;
-    };
-    connect(button, &QVClickButton::failed, q, settle);
-    connect(button, &QVClickButton::closed, q, settle);
+    connect(button, &QVClickButton::failed, q, [this] { --openAttempts; });
+    connect(button, &QVClickButton::closed, q, [this] { --openAttempts; });
     connect(button, &QVClickButton::popupOpened, q, &QVClickManager::popupOpened);
     connect(button, &QVClickButton::outageStarted, q, &QVClickManager::outageStarted);
     connect(button, &QVClickButton::failed, q, &QVClickManager::failed);
@@ -55,14 +59,14 @@ void QVClickManager::Private::createButton()
 
 void QVClickManager::Private::buttonDestroyed() const
 {
-    if (!owesAnEnd)
-        return;
     // Not at once: the window around the button may be in its destructor, where its slots must not
     // be called any more.
-    QVScheduler::shared().schedule({}, [manager = QPointer(q)] {
-        if (manager)
-            Q_EMIT manager->closed(QVCloseReason::WindowGone);
-    });
+    for (int i = 0; i < openAttempts; ++i) {
+        QVScheduler::shared().schedule({}, [manager = QPointer(q)] {
+            if (manager)
+                Q_EMIT manager->closed(QVCloseReason::WindowGone);
+        });
+    }
 }
 
 QVClickManager::QVClickManager(QObject *parent)
