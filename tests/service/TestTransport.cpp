@@ -71,7 +71,8 @@ private Q_SLOTS:
         failed("not UTF-8", QVScript::answer("{\"code\":\"\xff\xfe\"}"), 3840);
         failed("bottomless", QVScript::answer(nested(100000)), 3840);
         failed("elements without end",
-               QVScript::answer(R"({"code":"0103","x":[)" + QByteArray("[0],").repeated(200000) + "0]}"), 3840);
+               QVScript::answer(R"({"code":"0103","x":[)" + QByteArray("[0],").repeated(200000) + "0]}"),
+               3840);
         failed("too large", QVScript::answer(QByteArray(goodBody).leftJustified(answerLimit + 1, ' ')), -1);
         failed("cut short", cutShort(), -1005, lostText);
         failed("closed at once", QVScript().close(), -1005, lostText);
