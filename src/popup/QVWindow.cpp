@@ -96,7 +96,11 @@ void QVWindow::makeKeyAndVisible(QObject *host)
         m_dimmedPart = part;
         update();
     });
-    place();
+    // Qt may be activating a window of its own at this moment.
+    if (isVisible() && isWindow())
+        placeSoon();
+    else
+        place();
     // Moving the focus comes last: what the host does in answer may destroy this.
     if (m_isWanted)
         m_focusTrap->activate();
