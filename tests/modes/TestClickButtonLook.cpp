@@ -52,16 +52,6 @@ private Q_SLOTS:
         QVERIFY(!isLighter({200, 40}));
     }
 
-    void hostsStyleSheetDoesNotReachIt()
-    {
-        const QImage before = painted(QWidget::DrawChildren);
-        host().setStyleSheet(q(
-            "* { background: yellow; color: red; font: bold 30px; border: 4px solid green; padding: 9px }"));
-        QCOMPARE(m_button->geometry(), QRect(100, 100, 300, 44));
-        // On nothing, soft edges come out a step lighter or darker.
-        QVERIFY(farthest(painted(QWidget::DrawChildren), before) <= 2);
-    }
-
     void showsFocusThatCameByKeyboard_data()
     {
         const auto row = addColumns<Qt::FocusReason, bool>({"reason", "shown"});
