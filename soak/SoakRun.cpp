@@ -90,7 +90,7 @@ bool SoakRun::verify(int number, QString &problem)
         solve();
     // Time stands still until the service has judged, or a request of a busy machine would time out.
     const bool isPassed =
-        isFine && qv_waitFor([this] { return !panel()->canDirectlyShow(); }) && qv_waitFor([this] {
+        isFine && qv_waitFor([] { return !panel()->canDirectlyShow(); }) && qv_waitFor([this] {
             m_time.advance(50ms);
             return !m_tokens.isEmpty();
         });
