@@ -148,7 +148,7 @@ void QVLayout::solve()
     m_items.describeTo(solver, m_container);
     QVLayoutSolution solution = solver.solve(m_constraints);
     place(solution);
-    report(std::move(solution.problems));
+    report(solution.problems);
 }
 
 void QVLayout::place(const QVLayoutSolution &solution)

@@ -48,7 +48,7 @@ private Q_SLOTS:
             return qEnvironmentVariableIsSet(name) ? qEnvironmentVariableIntValue(name) : otherwise;
         };
         const int first = number("QUARVO_FIRST_SEED", 1);
-        for (int seed = first; seed < first + number("QUARVO_SEEDS", 200); ++seed)
+        for (int seed = first; seed < first + number("QUARVO_SEEDS", 40); ++seed)
             QTest::addRow("%d", seed) << quint32(seed);
     }
 
