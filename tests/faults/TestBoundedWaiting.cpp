@@ -117,8 +117,13 @@ private:
         QVImageResources resources;
         static const QVScript picture = QVScript::answer(qv_testPicture({64, 64}, Qt::red, "png"));
         server().setResponder([](const QVReceivedRequest &) { return picture; });
-        return loads(resources, "/a.png") && loads(resources, "/b.png") && loads(resources, "/c.png") &&
-               loads(resources, "/a.png");
+        const bool isLoaded = loads(resources, "/a.png") && loads(resources, "/b.png") &&
+                              loads(resources, "/c.png") && loads(resources, "/a.png");
+        // The disk answers once it has written.
+        bool isWritten = false;
+        connect(&resources.disk(), &QVPictureDisk::wasRead, this, [&] { isWritten = true; });
+        resources.disk().read(q("none"));
+        return waitFor([&] { return isWritten; }) && isLoaded;
     }
 
     bool loads(QVImageResources &resources, const char *path)
