@@ -243,7 +243,7 @@ private:
     {
         prepareHost({300, 64});
         QVClickButton &made = makeButton();
-        answerForStatus(status);
+        answerForStatus(int(status));
         if (status == QVClickStatusTouching)
             QVPointerInput::press(made, {100, 20});
         else if (status != QVClickStatusNormal)

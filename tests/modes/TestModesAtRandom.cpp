@@ -159,8 +159,8 @@ private:
                     m_clicked->attempts += is && !was ? 1 : 0;
                     was = is;
                     // Qt may be about to hide or deactivate a window in which the button was pressed.
-                    const QScopedValueRollback inEvent(m_isInEvent,
-                                                       m_isInEvent || status < QVClickStatusVerifying);
+                    const bool isInEvent = m_isInEvent || status < QVClickStatusVerifying;
+                    const QScopedValueRollback<bool> inEvent(m_isInEvent, isInEvent);
                     reenter();
                 });
         if (m_kind == 0 && !m_embed) {
