@@ -197,7 +197,7 @@ private Q_SLOTS:
             server().setResponder(
                 [](const QVReceivedRequest &) { return QVScript::answer(R"({"code":"0103"})"); });
             Probe<Picture> probe;
-            probe.run([&](auto completed) {
+            probe.run([vid = vid](auto completed) {
                 return manager().requestGetWithApiServer(QString(), vid, q("c"), completed);
             });
             await(probe);
