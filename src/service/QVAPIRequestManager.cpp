@@ -2,6 +2,7 @@
 
 #include "model/QVModelMapper.h"
 #include "net/QVBoundedDownload.h"
+#include "net/QVNetworkError.h"
 #include "net/QVNetworkSession.h"
 #include "net/QVPlainAddress.h"
 #include "platform/QVMainThread.h"
@@ -54,6 +55,8 @@ QVCompletion<Record> logged(const char *what, QVCompletion<Record> completed)
             qCDebug(qv_serviceLog, "Request for %s answered", what);
         else if (error->code() == QVErrorClassification::wrongAnswerCode)
             qCDebug(qv_serviceLog, "Request for %s answered: wrong", what);
+        else if (error->code() == QVNetworkError::cancelled)
+            qCDebug(qv_serviceLog, "Request for %s given up", what);
         else
             qCWarning(qv_serviceLog, "Request for %s failed: %s (code %lld)", what,
                       qUtf8Printable(error->domain()), static_cast<long long>(error->code()));

@@ -265,7 +265,7 @@ private Q_SLOTS:
         button.reset();
         tap();
         QCOMPARE(presses, 1);
-        QVERIFY(!asked().isEmpty());
+        QVERIFY(waitFor([this] { return !asked().isEmpty(); }));
     }
 
     void closedPopupComesBackWithoutARequest_data() { addModes(); }
