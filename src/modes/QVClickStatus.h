@@ -34,4 +34,17 @@ public:
 
 /// How far a click verification has come.
 using QVClickStatus = QVClick::Status;
-using enum QVClick::Status;
+
+// As "using enum" does, which C++17 lacks.
+/// See QVClick::QVClickStatusNormal.
+inline constexpr QVClickStatus QVClickStatusNormal = QVClick::QVClickStatusNormal;
+/// See QVClick::QVClickStatusTouching.
+inline constexpr QVClickStatus QVClickStatusTouching = QVClick::QVClickStatusTouching;
+/// See QVClick::QVClickStatusVerifying.
+inline constexpr QVClickStatus QVClickStatusVerifying = QVClick::QVClickStatusVerifying;
+/// See QVClick::QVClickStatusDrawing.
+inline constexpr QVClickStatus QVClickStatusDrawing = QVClick::QVClickStatusDrawing;
+/// See QVClick::QVClickStatusPassed.
+inline constexpr QVClickStatus QVClickStatusPassed = QVClick::QVClickStatusPassed;
+/// See QVClick::QVClickStatusFailed.
+inline constexpr QVClickStatus QVClickStatusFailed = QVClick::QVClickStatusFailed;
