@@ -107,9 +107,12 @@ private Q_SLOTS:
         for (const int width : {414, 60}) {
             start(QVVerifyStyleEmbed, QSize(width, 400));
             view().resize(414, 400);
-            QCOMPARE(part("outageLabel")->geometry(),
-                     QRect({0, 0},
-                           QFontMetrics(font).size(Qt::TextSingleLine, q("Backup service")) + QSize(10, 5)));
+            const QRect badge = part("outageLabel")->geometry();
+            const QSize text = QFontMetrics(font).size(Qt::TextSingleLine, q("Backup service"));
+            QCOMPARE(badge.topLeft(), QPoint());
+            QCOMPARE(badge.height(), text.height() + 5);
+            // Qt 6.8 counts what leans out of a slanted text, too.
+            QVERIFY(std::abs(badge.width() - text.width() - 10) <= 3);
         }
     }
 
