@@ -2,6 +2,7 @@
 
 #include "views/QVOneLine.h"
 #include "views/QVScaledPicture.h"
+#include "views/QVSmoothScaling.h"
 #include "views/QVSystemFont.h"
 
 #include <QApplication>
@@ -27,6 +28,12 @@ double widest(const QStringList &lines, const QFontMetricsF &metrics)
     return width;
 }
 
+/// What the lines below the first one take.
+double extraHeight(const QStringList &lines, const QFontMetricsF &metrics)
+{
+    return metrics.lineSpacing() * double(std::max<qsizetype>(lines.size(), 1) - 1);
+}
+
 /// A blurred picture of the shape, in translucent black.
 QImage shadowOf(const QImage &shape)
 {
@@ -38,8 +45,7 @@ QImage shadowOf(const QImage &shape)
     painter.fillRect(shadow.rect(), QColor(0, 0, 0, strength));
     painter.end();
     const QSize small = (QSizeF(shape.size()) / (blur * shape.devicePixelRatio())).toSize();
-    return shadow.scaled(small.expandedTo({1, 1}), Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
-        .scaled(shape.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    return qv_smoothlyScaled(qv_smoothlyScaled(shadow, small.expandedTo({1, 1})), shape.size());
 }
 
 } // namespace
@@ -58,14 +64,13 @@ QSize QVPaintedText::sizeFor(int width) const
     const QFontMetricsF metrics(lines.font);
     const int wanted = qCeil(widest(lines.texts, metrics) + iconSpace(lines.font));
     return {lines.isElided ? width : std::min(width, wanted),
-            qCeil(metrics.height()) + extraHeightFor(width)};
+            qCeil(metrics.height()) + qCeil(extraHeight(lines.texts, metrics))};
 }
 
 int QVPaintedText::extraHeightFor(int width) const
 {
     const Lines lines = fitted({width, QWIDGETSIZE_MAX});
-    return qCeil(QFontMetricsF(lines.font).lineSpacing() *
-                 double(std::max<qsizetype>(lines.texts.size(), 1) - 1));
+    return qCeil(extraHeight(lines.texts, QFontMetricsF(lines.font)));
 }
 
 bool QVPaintedText::isElided(QSize room) const
@@ -161,7 +166,7 @@ void QVPaintedText::draw(QPainter &painter, QSize room) const
     // The icon takes part in the height of the line, as a letter of its own size would.
     const double ascent = std::max(metrics.ascent(), hasIcon ? iconSide - iconBelowBaseline : 0);
     const double descent = std::max(metrics.descent(), hasIcon ? iconBelowBaseline : 0);
-    const double extra = metrics.lineSpacing() * double(std::max<qsizetype>(lines.texts.size(), 1) - 1);
+    const double extra = extraHeight(lines.texts, metrics);
     const double space = iconSpace(lines.font);
     const double width = widest(lines.texts, metrics);
     const auto aligned = [&](double free) {
