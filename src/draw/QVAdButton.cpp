@@ -2,6 +2,7 @@
 
 #include "settings/QVLocalization.h"
 #include "settings/QVLocalizationKeys.h"
+#include "settings/QVText.h"
 #include "views/QVColors.h"
 #include "views/QVFocusRing.h"
 #include "views/QVOneLine.h"
@@ -24,16 +25,23 @@ QVAdButton::QVAdButton(QWidget *parent)
     : QVTouchButton(parent)
 {
     setCursor(Qt::PointingHandCursor);
+    qv_followLanguage(this, [this] { nameWord(); });
 }
 
 void QVAdButton::setWord(const QString &word, const QString &link)
 {
     m_word.setText(word);
     m_link = link;
-    setAccessibleName(qv_localizedStringForKey(QVKey::accessibleAdvertisement) + u' ' + qv_oneLine(word));
+    nameWord();
     const QSize size = m_word.sizeFor(widest - 2 * inset);
     setGeometry(0, 0, size.width() + 2 * inset, size.height() + heightBeyondText);
     update();
+}
+
+void QVAdButton::nameWord()
+{
+    setAccessibleName(qv_localizedStringForKey(QVKey::accessibleAdvertisement) + u' ' +
+                      qv_oneLine(m_word.text()));
 }
 
 void QVAdButton::paintEvent(QPaintEvent * /*event*/)

@@ -17,6 +17,8 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
+    void nameWord();
+
     // Not the button's text, in which an ampersand would mean a shortcut.
     QVPaintedText m_word{{.pixelSize = 12}};
     QString m_link;

@@ -3,6 +3,7 @@
 #include "flow/QVPanGestureRecognizer.h"
 #include "settings/QVLocalization.h"
 #include "settings/QVLocalizationKeys.h"
+#include "settings/QVText.h"
 #include "views/QVAccessibleRole.h"
 #include "views/QVColors.h"
 #include "views/QVFocusRing.h"
@@ -55,14 +56,24 @@ QVKeyPen::QVKeyPen(QWidget *view, QWidget *picture, QVPanGestureRecognizer &reco
     setAttribute(Qt::WA_TransparentForMouseEvents);
     qv_setAccessibleRole(this, QAccessible::Notification);
     setObjectName(QStringLiteral("keyPen"));
-    nameState();
     m_hint->setObjectName(QStringLiteral("penHint"));
     m_hint->setGround(QVColors::badge, hintPadding);
-    m_hint->setText(qv_localizedStringForKey(QVKey::accessiblePen));
     m_hint->hide();
     resize(markSide, markSide);
     hide();
     picture->installEventFilter(this);
+    qv_followLanguage(this, [this] { translate(); });
+}
+
+void QVKeyPen::translate()
+{
+    const QString old = std::exchange(m_help, qv_localizedStringForKey(QVKey::accessiblePen));
+    if (!old.isEmpty() && m_picture->accessibleDescription() == old)
+        m_picture->setAccessibleDescription(m_help);
+    m_hint->setText(m_help);
+    if (m_hint->isVisible())
+        placeHint();
+    nameState();
 }
 
 void QVKeyPen::setReady(bool ready)
@@ -70,10 +81,9 @@ void QVKeyPen::setReady(bool ready)
     m_isReady = ready;
     // The focus stays where it is while an answer is being checked.
     m_picture->setFocusPolicy(ready || m_picture->hasFocus() ? Qt::TabFocus : Qt::NoFocus);
-    const QString help = qv_localizedStringForKey(QVKey::accessiblePen);
     if (ready)
-        m_picture->setAccessibleDescription(help);
-    else if (m_picture->accessibleDescription() == help)
+        m_picture->setAccessibleDescription(m_help);
+    else if (m_picture->accessibleDescription() == m_help)
         m_picture->setAccessibleDescription(QString());
     refresh();
 }
@@ -101,14 +111,19 @@ void QVKeyPen::showHint()
 {
     if (!m_isReady || !qv_showsFocusRing(*m_picture))
         return;
+    placeHint();
+    m_hint->show();
+    m_hint->raise();
+}
+
+void QVKeyPen::placeHint()
+{
     const QRect picture(m_picture->mapTo(parentWidget(), QPoint(0, 0)), m_picture->size());
     QRect box(QPoint(), m_hint->sizeFor(picture.width() - 2 * hintPadding.width()));
     // Below the pen, and above a bar.
     constexpr double part = 0.7;
     box.moveCenter({picture.center().x(), picture.top() + qRound(part * picture.height())});
     m_hint->setGeometry(box);
-    m_hint->show();
-    m_hint->raise();
 }
 
 bool QVKeyPen::eventFilter(QObject * /*watched*/, QEvent *event)

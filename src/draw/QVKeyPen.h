@@ -31,7 +31,9 @@ protected:
 
 private:
     void nameState();
+    void translate();
     void showHint();
+    void placeHint();
     [[nodiscard]] bool isPenKey(const QKeyEvent &event) const;
     bool pressKey(const QKeyEvent &event);
     void releaseKey(const QKeyEvent &event);
@@ -49,6 +51,7 @@ private:
     QSet<int> m_heldArrows;
     /// Says which keys there are, until one is used.
     QVLabel *m_hint;
+    QString m_help;
     bool m_isReady = false;
     bool m_isDown = false;
 };

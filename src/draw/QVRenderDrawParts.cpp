@@ -7,6 +7,7 @@
 #include "settings/QVBundleImage.h"
 #include "settings/QVLocalization.h"
 #include "settings/QVLocalizationKeys.h"
+#include "settings/QVText.h"
 #include "views/QVCharVerifyInputView.h"
 #include "views/QVCharVerifyInputViewDoneButton.h"
 #include "views/QVColors.h"
@@ -33,7 +34,9 @@ QVCustomActionButton *makeButton(QWidget *parent, const char *name, const char *
     button->setObjectName(QLatin1String(name));
     button->setImage(qv_imageFromBundleWithName(QLatin1String(picture)));
     button->setImageEdgeInsets(QMargins(buttonInset, buttonInset, buttonInset, buttonInset));
-    button->setAccessibleName(qv_localizedStringForKey(accessibleKey));
+    qv_followLanguage(button, [button, accessibleKey] {
+        button->setAccessibleName(qv_localizedStringForKey(accessibleKey));
+    });
     button->setAlpha(0);
     return button;
 }
@@ -85,6 +88,7 @@ void QVRenderDrawParts::initControls()
         new QVLabel({.pixelSize = captionFontSize}, QVColors::caption, QAccessible::StaticText, m_view);
     m_captchaLabel->setObjectName(QStringLiteral("captchaLabel"));
     m_captchaLabel->hide();
+    qv_followLanguage(m_view, [this] { m_captchaLabel->setText(m_caption.text()); });
 
     m_helpButton = makeButton(m_view, "helpButton", "qv_draw_help", QVKey::accessibleHelp);
     m_refreshButton = makeButton(m_view, "refreshButton", "qv_draw_refresh", QVKey::accessibleRefresh);
@@ -114,6 +118,11 @@ QVLabel &QVRenderDrawParts::outageLabel()
                                     QAccessible::StaticText, m_imageView);
         m_outageLabel->setGround(QVColors::badge, badgePadding);
         m_outageLabel->setObjectName(QStringLiteral("outageLabel"));
+        qv_followLanguage(m_outageLabel, [label = m_outageLabel] {
+            label->setText(qv_localizedStringForKey(QVKey::outage));
+            // Whatever room the picture has: it may be far from its final size.
+            label->resize(label->sizeFor(QWIDGETSIZE_MAX));
+        });
     }
     return *m_outageLabel;
 }
@@ -160,7 +169,7 @@ bool QVRenderDrawParts::hasPicture() const
     return m_imageView->hasImage();
 }
 
-void QVRenderDrawParts::slideIn(Bar bar, const QString &text, bool acceptsTouches)
+void QVRenderDrawParts::slideIn(Bar bar, const QVText &text, bool acceptsTouches)
 {
     m_imageView->slideIn(bar, text, acceptsTouches);
 }
@@ -181,10 +190,11 @@ void QVRenderDrawParts::updateContentWidthHeightQVVerifyPercentage(bool isCharVe
     m_layout->setIsCharVerify(isCharVerify, contentViewWidth());
 }
 
-void QVRenderDrawParts::setCaption(const QString &caption)
+void QVRenderDrawParts::setCaption(const QVText &caption)
 {
+    m_caption = caption;
     if (!caption.isNull())
-        m_captchaLabel->setText(caption);
+        m_captchaLabel->setText(caption.text());
     m_captchaLabel->setVisible(!caption.isNull());
 }
 
@@ -222,16 +232,11 @@ void QVRenderDrawParts::pictureHasExpired()
 {
     if (!m_spokenMessage)
         m_spokenMessage = new QVSpokenMessage(m_view);
-    m_spokenMessage->tell(qv_localizedStringForKey(QVKey::accessibleExpired));
+    m_spokenMessage->tell(QVKey::accessibleExpired);
 }
 
 void QVRenderDrawParts::setOutage(bool outage)
 {
-    if (outage) {
-        outageLabel().setText(qv_localizedStringForKey(QVKey::outage));
-        // Whatever room the picture has: it may be far from its final size.
-        outageLabel().resize(outageLabel().sizeFor(QWIDGETSIZE_MAX));
-    }
     outageLabel().setVisible(outage);
 }
 

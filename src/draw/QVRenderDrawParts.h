@@ -27,11 +27,11 @@ public:
     void clearPicture() override;
     void showFailedPicture() override;
     [[nodiscard]] bool hasPicture() const override;
-    void slideIn(Bar bar, const QString &text, bool acceptsTouches) override;
+    void slideIn(Bar bar, const QVText &text, bool acceptsTouches) override;
     void slideOut(Bar bar) override;
     void setIsCharVerify(bool isCharVerify) override;
     void updateContentWidthHeightQVVerifyPercentage(bool isCharVerify) override;
-    void setCaption(const QString &caption) override;
+    void setCaption(const QVText &caption) override;
     void setHelpButtonShown(bool shown) override;
     void setRefreshButtonShown(bool shown) override;
     void setRefreshButtonEnabled(bool enabled) override;
@@ -73,6 +73,7 @@ private:
     QVRenderDrawImageView *m_imageView = nullptr;
     QVCharVerifyInputView *m_charInputView = nullptr;
     QVLabel *m_captchaLabel = nullptr;
+    QVText m_caption;
     QVCustomActionButton *m_helpButton = nullptr;
     QVCustomActionButton *m_refreshButton = nullptr;
     QVLabel *m_outageLabel = nullptr;

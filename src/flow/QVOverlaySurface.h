@@ -1,8 +1,7 @@
 #pragma once
 
 #include "platform/QVDelegate.h"
-
-#include <QString>
+#include "settings/QVText.h"
 
 #include <chrono>
 
@@ -15,6 +14,6 @@ public:
     static constexpr std::chrono::milliseconds slideDuration{200};
 
     /// Lays \a bar over the others. One that takes no touches lets them through to what lies below.
-    virtual void slideIn(Bar bar, const QString &text, bool acceptsTouches) = 0;
+    virtual void slideIn(Bar bar, const QVText &text, bool acceptsTouches) = 0;
     virtual void slideOut(Bar bar) = 0;
 };

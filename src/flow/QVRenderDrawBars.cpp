@@ -1,8 +1,6 @@
 #include "flow/QVRenderDrawBars.h"
 
-#include "platform/QVError.h"
 #include "platform/QVScheduler.h"
-#include "settings/QVLocalization.h"
 #include "settings/QVLocalizationKeys.h"
 
 namespace {
@@ -20,15 +18,14 @@ QVRenderDrawBars::QVRenderDrawBars(QVOverlaySurface *surface, QVRenderDrawImageV
 void QVRenderDrawBars::showPrompt(bool isCharVerify)
 {
     if (!m_showView || m_showView == Bar::Prompt)
-        slideIn(Bar::Prompt,
-                qv_localizedStringForKey(isCharVerify ? QVKey::characterCaptcha : QVKey::drawCaptcha));
+        slideIn(Bar::Prompt, isCharVerify ? QVKey::characterCaptcha : QVKey::drawCaptcha);
 }
 
-void QVRenderDrawBars::showError(const QVError &error, bool canClicked)
+void QVRenderDrawBars::showError(const QVText &message, bool canClicked)
 {
     hiddenPrompt();
     m_errorAcceptsTouches = canClicked;
-    slideIn(Bar::Error, error.domain());
+    slideIn(Bar::Error, message);
     if (canClicked)
         return;
     // Never cancelled: what is shown when the time has come decides what happens.
@@ -48,7 +45,7 @@ void QVRenderDrawBars::hiddenDelayError()
         delegate->renderDrawImageViewHiddenDelayErrorCompleted();
 }
 
-void QVRenderDrawBars::showSuccess(const QString &text)
+void QVRenderDrawBars::showSuccess(const QVText &text)
 {
     hiddenPrompt();
     hiddenError();
@@ -62,7 +59,7 @@ void QVRenderDrawBars::hiddernAll()
     hiddenError();
 }
 
-void QVRenderDrawBars::slideIn(Bar bar, const QString &text)
+void QVRenderDrawBars::slideIn(Bar bar, const QVText &text)
 {
     m_showView = bar;
     if (auto *const surface = m_surface.get())

@@ -7,8 +7,6 @@
 #include <memory>
 #include <optional>
 
-class QVError;
-
 /// Decides which of the three bars lies over the picture, which may replace which, and how long the one of
 /// a wrong answer stays.
 class QUARVO_CORE_EXPORT QVRenderDrawBars final : public std::enable_shared_from_this<QVRenderDrawBars>
@@ -24,16 +22,16 @@ public:
     /// Does nothing while an error or a success is shown.
     void showPrompt(bool isCharVerify);
     void hiddenPrompt() { slideOut(Bar::Prompt); }
-    /// Shows the error's domain. One that cannot be clicked goes by itself after a while.
-    void showError(const QVError &error, bool canClicked);
+    /// One that cannot be clicked goes by itself after a while.
+    void showError(const QVText &message, bool canClicked);
     void hiddenError() { slideOut(Bar::Error); }
-    void showSuccess(const QString &text);
+    void showSuccess(const QVText &text);
     void hiddenSuccess() { slideOut(Bar::Success); }
     void hiddernAll();
 
 private:
     void hiddenDelayError();
-    void slideIn(Bar bar, const QString &text);
+    void slideIn(Bar bar, const QVText &text);
     void slideOut(Bar bar);
 
     const QVWeakDelegate<QVOverlaySurface> m_surface;

@@ -11,7 +11,6 @@
 #include "service/QVGetOutageResponseModel.h"
 #include "service/QVVerifyResponseModel.h"
 #include "settings/QVConfigurationManager.h"
-#include "settings/QVLocalization.h"
 #include "settings/QVLocalizationKeys.h"
 
 #include <QImage>
@@ -310,7 +309,7 @@ void QVRenderDrawFlow::enterOutage()
     surface().setHelpButtonShown(true);
     requestGetFromOutageServer();
     if (!isEmbedded())
-        surface().setCaption(qv_localizedStringForKey(QVKey::drawCaptcha));
+        surface().setCaption(QVKey::drawCaptcha);
 }
 
 void QVRenderDrawFlow::handleConfigResponseFromQuarvoServer(const QVClickSequence::Config &config)
@@ -318,8 +317,8 @@ void QVRenderDrawFlow::handleConfigResponseFromQuarvoServer(const QVClickSequenc
     m_quarvoConfig = config;
     const bool isCharacters = config->type() == QLatin1String("character");
     surface().setIsCharVerify(isCharacters);
-    const QString key = isCharacters ? QVKey::characterCaptcha : QVKey::drawCaptcha;
-    surface().setCaption(isEmbedded() ? QString() : qv_localizedStringForKey(key));
+    const QVText caption = isCharacters ? QVKey::characterCaptcha : QVKey::drawCaptcha;
+    surface().setCaption(isEmbedded() ? QVText() : caption);
     surface().setHelpButtonShown(config->guide());
     surface().setRefreshButtonShown(true);
     surface().updateContentWidthHeightQVVerifyPercentage(isCharacters);
@@ -448,7 +447,7 @@ void QVRenderDrawFlow::handlePicture(const QImage &picture, bool failed)
 {
     surface().hiddenLoadingAnimation();
     if (failed) {
-        handleRequestError(QVError(qv_localizedStringForKey(QVKey::loadFaild), pictureErrorCode), true);
+        handleRequestError(QVError({}, pictureErrorCode), QVKey::loadFaild, true);
         return;
     }
     surface().setPicture(picture);
@@ -466,7 +465,7 @@ void QVRenderDrawFlow::handleRequestVerifySuccess(const QVVerifyResponseModel &v
     surface().hiddenLoadingAnimation();
     surface().setRefreshButtonShown(false);
     setDrawingEnabled(false);
-    m_bars->showSuccess(qv_passText(verify));
+    m_bars->showSuccess(QVText([verify] { return qv_passText(verify); }));
     // Holds the flow: the token reaches the delegate even when the view has gone meanwhile.
     QVScheduler::shared().schedule(successNoticeDelay, [flow = shared_from_this(), token = verify.token()] {
         if (auto *delegate = flow->m_delegate.get())
@@ -480,7 +479,7 @@ void QVRenderDrawFlow::handleWrongAnswer(const QVError &error)
 {
     const qint64 count = countWrongAnswer();
     surface().setRefreshButtonEnabled(true);
-    handleRequestError(QVError(qv_localizedStringForKey(QVKey::fail), error.code(), error.userInfo()), false);
+    handleRequestError(error, QVKey::fail, false);
     // Equal, not at least: the service may send a picture with a count of its own.
     if (count == triesPerPicture)
         refreshButtonDidClickedAction();
@@ -500,6 +499,11 @@ qint64 QVRenderDrawFlow::countWrongAnswer()
 
 void QVRenderDrawFlow::handleRequestError(const QVError &error, bool canClickRefresh)
 {
+    handleRequestError(error, QVErrorClassification::message(error), canClickRefresh);
+}
+
+void QVRenderDrawFlow::handleRequestError(const QVError &error, const QVText &message, bool canClickRefresh)
+{
     surface().setRefreshButtonShown(!canClickRefresh);
     if (canClickRefresh) {
         m_deadline.stop();
@@ -509,9 +513,9 @@ void QVRenderDrawFlow::handleRequestError(const QVError &error, bool canClickRef
         clearGetRefreshModel();
         surface().setAdLinkword(nullptr);
     }
-    m_bars->showError(error, canClickRefresh);
+    m_bars->showError(message, canClickRefresh);
     if (canClickRefresh)
-        surface().attemptHasFailed(error);
+        surface().attemptHasFailed(QVError(message.text(), error.code(), error.userInfo()));
 }
 
 void QVRenderDrawFlow::clearGetRefreshModel()

@@ -119,6 +119,7 @@ private:
     void handleWrongAnswer(const QVError &error);
     [[nodiscard]] qint64 countWrongAnswer();
     void handleRequestError(const QVError &error, bool canClickRefresh);
+    void handleRequestError(const QVError &error, const QVText &message, bool canClickRefresh);
     void clearGetRefreshModel();
     [[nodiscard]] Picture heldPicture() const;
 

@@ -7,7 +7,6 @@
 #include <memory>
 
 class QImage;
-class QString;
 class QVError;
 class QVGetRefreshResponseModel;
 
@@ -31,7 +30,7 @@ public:
     virtual void setIsCharVerify(bool isCharVerify) = 0;
     virtual void updateContentWidthHeightQVVerifyPercentage(bool isCharVerify) = 0;
     /// Shows a caption; a null one is hidden.
-    virtual void setCaption(const QString &caption) = 0;
+    virtual void setCaption(const QVText &caption) = 0;
     virtual void setHelpButtonShown(bool shown) = 0;
     virtual void setRefreshButtonShown(bool shown) = 0;
     virtual void setRefreshButtonEnabled(bool enabled) = 0;

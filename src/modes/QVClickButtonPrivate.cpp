@@ -7,8 +7,8 @@
 #include "platform/QVScheduler.h"
 #include "popup/QVHosts.h"
 #include "popup/QVWidgetPresenter.h"
+#include "service/QVErrorClassification.h"
 #include "settings/QVConfigurationManager.h"
-#include "settings/QVLocalization.h"
 #include "settings/QVLocalizationKeys.h"
 #include "views/QVAccessibleRole.h"
 #include "views/QVColors.h"
@@ -27,8 +27,8 @@ namespace {
 constexpr auto successDelay = 500ms;
 constexpr int labelInset = 10;
 
-/// The key of the text that goes with a status; null where the text stays.
-QString textKey(QVClickStatus status)
+/// The text that goes with a status; null where the text stays.
+QVText textOf(QVClickStatus status)
 {
     switch (status) {
     case QVClickStatusNormal:
@@ -61,6 +61,7 @@ void QVClickButtonPrivate::initAction()
 {
     setupSubviews();
     setClickStatus(QVClickStatusNormal);
+    qv_followLanguage(q, [this] { showStatusText(); });
 }
 
 void QVClickButtonPrivate::setupSubviews()
@@ -95,8 +96,8 @@ void QVClickButtonPrivate::setClickStatus(QVClickStatus status)
 {
     const bool changed = std::exchange(clickStatus, status) != status;
     clickStatusView->setClickStatus(status);
-    if (const QString key = textKey(status); !key.isNull())
-        setStatusText(qv_localizedStringForKey(key));
+    if (const QVText text = textOf(status); !text.isNull())
+        setStatusText(text);
     q->setAttribute(Qt::WA_TransparentForMouseEvents, !takesInput());
     q->setCursor(takesInput() ? Qt::PointingHandCursor : Qt::ArrowCursor);
     qv_setAccessibleBusy(q, isUnderWay());
@@ -107,8 +108,15 @@ void QVClickButtonPrivate::setClickStatus(QVClickStatus status)
     Q_EMIT q->clickStatusChanged(status);
 }
 
-void QVClickButtonPrivate::setStatusText(const QString &text)
+void QVClickButtonPrivate::setStatusText(const QVText &text)
 {
+    m_statusText = text;
+    showStatusText();
+}
+
+void QVClickButtonPrivate::showStatusText()
+{
+    const QString text = m_statusText.text();
     if (text == clickStatusLabel->text())
         return;
     clickStatusLabel->setText(text);
@@ -126,7 +134,7 @@ void QVClickButtonPrivate::readOut()
     }
     if (!m_spokenMessage)
         m_spokenMessage = new QVSpokenMessage(q);
-    m_spokenMessage->tell(clickStatusLabel->text());
+    m_spokenMessage->tell(m_statusText);
 }
 
 void QVClickButtonPrivate::describe() const
@@ -291,7 +299,7 @@ void QVClickButtonPrivate::handleSuccess(const QString &token)
 void QVClickButtonPrivate::handleError(const QVError &error)
 {
     const QPointer<QVClickButton> button(q);
-    setStatusText(error.domain());
+    setStatusText(QVErrorClassification::message(error));
     setClickStatus(QVClickStatusFailed);
     if (button)
         Q_EMIT button->failed(error);

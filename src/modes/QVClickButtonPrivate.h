@@ -3,6 +3,7 @@
 #include "flow/QVAttempts.h"
 #include "modes/QVClickStatus.h"
 #include "modes/QVPressTracker.h"
+#include "settings/QVText.h"
 
 #include <QColor>
 
@@ -72,7 +73,8 @@ public:
 private:
     void initAction();
     void setupSubviews();
-    void setStatusText(const QString &text);
+    void setStatusText(const QVText &text);
+    void showStatusText();
     /// Tells screen readers of what happened, which nothing else does when it happens by itself.
     void readOut();
     /// Offers screen readers the text where its end is not shown.
@@ -81,6 +83,7 @@ private:
     void handleSuccess(const QString &token);
     void handleError(const QVError &error);
 
+    QVText m_statusText;
     QVSpokenMessage *m_spokenMessage = nullptr;
     QVAttempts m_attempts;
 };

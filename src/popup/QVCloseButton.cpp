@@ -3,6 +3,7 @@
 #include "settings/QVBundleImage.h"
 #include "settings/QVLocalization.h"
 #include "settings/QVLocalizationKeys.h"
+#include "settings/QVText.h"
 #include "views/QVFocusRing.h"
 
 #include <QPainter>
@@ -20,7 +21,7 @@ QVCloseButton::QVCloseButton(QWidget *parent)
 {
     setFixedSize(defaultSize());
     setCursor(Qt::PointingHandCursor);
-    setAccessibleName(qv_localizedStringForKey(QVKey::accessibleClose));
+    qv_followLanguage(this, [this] { setAccessibleName(qv_localizedStringForKey(QVKey::accessibleClose)); });
 }
 
 void QVCloseButton::paintEvent(QPaintEvent *)

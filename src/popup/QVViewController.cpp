@@ -10,6 +10,7 @@
 #include "service/QVConfigResponseModel.h"
 #include "settings/QVLocalization.h"
 #include "settings/QVLocalizationKeys.h"
+#include "settings/QVText.h"
 #include "views/QVColors.h"
 #include "views/QVLabel.h"
 
@@ -71,8 +72,11 @@ void QVViewController::setupSubviews()
     m_supportLabel = new QVLabel({.pixelSize = supportFontSize, .alignment = Qt::AlignRight},
                                  QVColors::supportText, QAccessible::StaticText, m_showWindow);
     m_supportLabel->setObjectName(QStringLiteral("supportLabel"));
-    m_supportLabel->setText(qv_localizedStringForKey(QVKey::support));
-    layoutSubviews();
+    qv_followLanguage(&m_context, [this] {
+        if (m_supportLabel)
+            m_supportLabel->setText(qv_localizedStringForKey(QVKey::support));
+        layoutSubviews();
+    });
     m_renderView->handleConfigResponseFromQuarvoServer(m_config, m_clickResp);
 }
 

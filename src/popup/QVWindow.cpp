@@ -6,6 +6,7 @@
 #include "settings/QVConfigurationManager.h"
 #include "settings/QVLocalization.h"
 #include "settings/QVLocalizationKeys.h"
+#include "settings/QVText.h"
 #include "views/QVAccessibleRole.h"
 #include "views/QVColors.h"
 
@@ -65,7 +66,7 @@ QVWindow::QVWindow()
     setAcceptDrops(true);
     setCursor(Qt::ArrowCursor);
     setFocusPolicy(Qt::ClickFocus);
-    setAccessibleName(qv_localizedStringForKey(QVKey::accessibleDialog));
+    qv_followLanguage(this, [this] { setAccessibleName(qv_localizedStringForKey(QVKey::accessibleDialog)); });
     setLayoutDirection(Qt::LeftToRight);
 }
 

@@ -72,8 +72,12 @@ QVError QVErrorClassification::parseError(const std::optional<QVError> &error)
 {
     if (!error)
         return QVError(QStringLiteral("No Error!!!"));
+    return QVError(message(*error).text(), error->code(), error->userInfo());
+}
+
+QVText QVErrorClassification::message(const QVError &error)
+{
     const auto key =
-        isQVCustomError(*error) ? serviceMessageKey(error->code()) : platformMessageKey(error->code());
-    const QString message = key ? qv_localizedStringForKey(*key) : systemErrorMessage();
-    return QVError(message, error->code(), error->userInfo());
+        isQVCustomError(error) ? serviceMessageKey(error.code()) : platformMessageKey(error.code());
+    return key ? QVText(*key) : QVText(systemErrorMessage);
 }

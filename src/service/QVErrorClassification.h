@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/QVError.h"
+#include "settings/QVText.h"
 
 #include <optional>
 
@@ -21,6 +22,8 @@ public:
     [[nodiscard]] static bool isQVCustomError(const QVError &error);
     /// The error for an answer that was no success, or that was no record at all.
     [[nodiscard]] static QVError customErrorWithErrorResponse(const QVResponseModel *response);
+    /// The message for a classified error, in whatever language is in force.
+    [[nodiscard]] static QVText message(const QVError &error);
     /// Chooses the message by the code; code and extra information stay as they are.
     [[nodiscard]] static QVError parseError(const std::optional<QVError> &error);
 };

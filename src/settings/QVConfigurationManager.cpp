@@ -7,6 +7,7 @@
 #include "settings/QVDeviceIdentifier.h"
 #include "settings/QVLanguage.h"
 #include "settings/QVMainBundle.h"
+#include "settings/QVText.h"
 
 #include <QNetworkAccessManager>
 
@@ -31,6 +32,7 @@ void QVConfigurationManager::setPreferredLanguage(const QString &language)
     m_languageBundle = qv_bundle()->bundle(folder, type);
     const auto hostBundle = QVMainBundle::shared().hostBundle();
     m_hostLanguageBundle = hostBundle ? hostBundle->bundle(folder, type) : nullptr;
+    Q_EMIT QVLanguageNotice::shared().languageChanged();
 }
 
 QString QVConfigurationManager::deviceId() const

@@ -16,7 +16,7 @@ class QVServiceAddresses;
 /// The entry point: a host says here who it is, before it shows any verification.
 ///
 /// What is set holds for the whole process and ends with it. A change takes effect for the next
-/// request or text, not for one already under way; only setOutageOpen() also takes effect
+/// request, not for one already under way; only setOutageOpen() also takes effect
 /// while the outage switch is being asked. Nothing is checked: an empty id is sent as it is.
 /// Call from the user-interface thread, once the application object exists.
 class QUARVO_EXPORT QVSDKManager
@@ -29,13 +29,14 @@ public:
     static void setQuarvoSDKVid(const QString &vid, const QString &scene);
 
     /// Chooses the language of the texts by a tag: one that contains "zh-Hans" or "zh-Hant" gives
-    /// Chinese, every other one English. Null or empty follows the user's language.
+    /// Chinese, every other one English. Null or empty stands for the user's language, as the desktop names
+    /// it at the time of the call. Everything on screen changes at once; what is under way goes on.
     static void setPreferredLanguage(const QString &language);
 
     /// Takes texts and pictures from a bundle of the host's own, the folder \a path, which may also be one
     /// of the program's resources (":/brand/QVResource.bundle"). It may hold only what differs: what it lacks
     /// comes from the component's own. Null, or what is no folder, which is warned of in the log, goes
-    /// back to those alone. Controls that are on screen keep what they show until it changes.
+    /// back to those alone. Texts that are on screen change at once, pictures when they are shown next.
     static void setResourceBundle(const QString &path);
 
     /// Sets the address of the host's own outage server, which takes over when the service is down. Plain

@@ -2,6 +2,7 @@
 
 #include "settings/QVLocalization.h"
 #include "settings/QVLocalizationKeys.h"
+#include "settings/QVText.h"
 #include "views/QVAccessibleRole.h"
 #include "views/QVBorderedBox.h"
 #include "views/QVCharVerifyInputViewDoneButton.h"
@@ -50,8 +51,10 @@ void QVCharVerifyInputView::nameElements()
     qv_setAccessibleRole(m_tfBackView, QAccessible::NoRole);
     m_inputTF->setObjectName(QStringLiteral("inputTF"));
     m_doneButton->setObjectName(QStringLiteral("doneButton"));
-    m_inputTF->setPlaceholder(qv_localizedStringForKey(QVKey::characterCaptchaHolder));
-    m_inputTF->setAccessibleName(qv_localizedStringForKey(QVKey::accessibleAnswer));
+    qv_followLanguage(m_inputTF, [field = m_inputTF] {
+        field->setPlaceholder(qv_localizedStringForKey(QVKey::characterCaptchaHolder));
+        field->setAccessibleName(qv_localizedStringForKey(QVKey::accessibleAnswer));
+    });
 }
 
 void QVCharVerifyInputView::placeElements()

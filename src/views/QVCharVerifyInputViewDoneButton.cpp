@@ -2,6 +2,7 @@
 
 #include "settings/QVLocalization.h"
 #include "settings/QVLocalizationKeys.h"
+#include "settings/QVText.h"
 #include "views/QVAccessibleRole.h"
 #include "views/QVActivitySpinner.h"
 #include "views/QVColors.h"
@@ -17,10 +18,15 @@ QVCharVerifyInputViewDoneButton::QVCharVerifyInputViewDoneButton(QWidget *parent
 {
     qv_setAccessibleRole(this, QAccessible::Button);
     m_indicatorView->setObjectName(QStringLiteral("indicatorView"));
-    setAccessibleName(qv_localizedStringForKey(QVKey::done));
     m_layout.make(m_indicatorView, [this](QVConstraintMaker &make) {
         make.center().equalTo(this);
         make.size().equalTo(QVActivitySpinner::defaultSide);
+    });
+    qv_followLanguage(this, [this] {
+        setAccessibleName(qv_localizedStringForKey(QVKey::done));
+        if (!m_title.text().isEmpty())
+            m_title.setText(accessibleName());
+        update();
     });
     setButtonStauts(normalStauts);
 }
@@ -35,7 +41,7 @@ void QVCharVerifyInputViewDoneButton::setButtonStauts(int status)
         m_indicatorView->stopAnimating();
     }
     if (status == normalStauts)
-        m_title.setText(qv_localizedStringForKey(QVKey::done));
+        m_title.setText(accessibleName());
     qv_setAccessibleBusy(this, status == loadingStauts);
     setCursor(status == loadingStauts ? Qt::ArrowCursor : Qt::PointingHandCursor);
     update();

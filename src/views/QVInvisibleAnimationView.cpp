@@ -3,7 +3,6 @@
 #include "layers/QVEasing.h"
 #include "layers/QVPathGeometry.h"
 #include "settings/QVBundleImage.h"
-#include "settings/QVLocalization.h"
 #include "settings/QVLocalizationKeys.h"
 #include "views/QVAccessibleRole.h"
 
@@ -58,11 +57,12 @@ void moveTo(QVLayer &layer, const QRectF &from, const QRectF &to)
 
 QVInvisibleAnimationView::QVInvisibleAnimationView(QWidget *parent)
     : QWidget(parent)
+    , m_name(QVKey::inVerify)
     , m_random([] { return QRandomGenerator::global()->generate(); })
 {
     setAttribute(Qt::WA_TransparentForMouseEvents);
     qv_setAccessibleRole(this, QAccessible::Notification);
-    setAccessibleName(qv_localizedStringForKey(QVKey::inVerify));
+    qv_followLanguage(this, [this] { setAccessibleName(m_name.text()); });
     setFrame({0, 0, defaultWidth(), defaultWidth()});
 }
 
@@ -114,7 +114,8 @@ void QVInvisibleAnimationView::startLoadingAnimation()
 
 void QVInvisibleAnimationView::passAnimationComplete(std::function<void()> completion)
 {
-    setAccessibleName(qv_localizedStringForKey(QVKey::clickPass));
+    m_name = QVKey::clickPass;
+    setAccessibleName(m_name.text());
     qv_readOut(this);
     clearLayers();
     openStrip();

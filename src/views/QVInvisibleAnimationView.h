@@ -1,6 +1,7 @@
 #pragma once
 
 #include "layers/QVLayerHost.h"
+#include "settings/QVText.h"
 
 #include <QWidget>
 
@@ -65,6 +66,7 @@ private:
     [[nodiscard]] qreal openLength() const;
     [[nodiscard]] QMargins overflow() const;
 
+    QVText m_name;
     RandomSource m_random;
     QVLayerHost m_host{*this};
     QSize m_frameSize;

@@ -3,6 +3,7 @@
 #include "settings/QVBundleImage.h"
 #include "settings/QVLocalization.h"
 #include "settings/QVLocalizationKeys.h"
+#include "settings/QVText.h"
 #include "views/QVAccessibleRole.h"
 #include "views/QVColors.h"
 #include "views/QVFocusRing.h"
@@ -49,13 +50,12 @@ QVRenderDrawImageView::QVRenderDrawImageView(QWidget *parent)
     setObjectName(QStringLiteral("imageView"));
     qv_setAccessibleRole(this, QAccessible::Graphic);
     setAttribute(Qt::WA_OpaquePaintEvent);
-    setIsCharVerify(false);
     m_layers.root().addSublayer(m_loadingLayer);
     m_focusRing = new QVFocusRing(this);
     connect(m_errorOverlayView, &QAbstractButton::clicked, this,
             &QVRenderDrawImageView::errorOverlayViewDidClickedAction);
     // Places the bars below the edge, so that the first one slides in like any later one.
-    m_layout.layoutNow();
+    qv_followLanguage(this, [this] { translate(); });
 }
 
 QVRenderDrawImageView::~QVRenderDrawImageView() = default;
@@ -76,8 +76,21 @@ QVRenderDrawOverlayView *QVRenderDrawImageView::addBar(const QString &name, cons
 
 void QVRenderDrawImageView::setIsCharVerify(bool isCharVerify)
 {
+    m_isCharVerify = isCharVerify;
     setAccessibleName(
         qv_localizedStringForKey(isCharVerify ? QVKey::accessibleAnswer : QVKey::accessiblePicture));
+}
+
+void QVRenderDrawImageView::translate()
+{
+    setIsCharVerify(m_isCharVerify);
+    if (m_isLoading)
+        setAccessibleDescription(qv_localizedStringForKey(QVKey::accessibleLoading));
+    for (auto *bar : {m_promptOverlayView, m_errorOverlayView, m_successOverlayView}) {
+        bar->translate();
+        placeBar(bar);
+    }
+    m_layout.layoutNow();
 }
 
 void QVRenderDrawImageView::setImage(const QImage &image)
@@ -100,6 +113,7 @@ void QVRenderDrawImageView::showNow(const QImage &image)
 void QVRenderDrawImageView::showLoadingAnimation()
 {
     m_loadingLayer->startLoading();
+    m_isLoading = true;
     setAccessibleDescription(qv_localizedStringForKey(QVKey::accessibleLoading));
     qv_setAccessibleBusy(this, true);
 }
@@ -107,6 +121,7 @@ void QVRenderDrawImageView::showLoadingAnimation()
 void QVRenderDrawImageView::hiddenLoadingAnimation()
 {
     m_loadingLayer->stopLoading();
+    m_isLoading = false;
     qv_setAccessibleBusy(this, false);
     setAccessibleDescription(QString());
 }
@@ -124,7 +139,7 @@ QVRenderDrawOverlayView *QVRenderDrawImageView::view(Bar bar) const
     return m_successOverlayView;
 }
 
-void QVRenderDrawImageView::slideIn(Bar bar, const QString &text, bool acceptsTouches)
+void QVRenderDrawImageView::slideIn(Bar bar, const QVText &text, bool acceptsTouches)
 {
     auto *const view = this->view(bar);
     view->setAcceptsTouches(acceptsTouches);

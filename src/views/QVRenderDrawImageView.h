@@ -47,7 +47,7 @@ public:
     [[nodiscard]] QVRenderDrawOverlayView *successOverlayView() const { return m_successOverlayView; }
     void showLoadingAnimation();
     void hiddenLoadingAnimation();
-    void slideIn(Bar bar, const QString &text, bool acceptsTouches);
+    void slideIn(Bar bar, const QVText &text, bool acceptsTouches);
     void slideOut(Bar bar);
 
 protected:
@@ -58,6 +58,7 @@ protected:
 private:
     QVRenderDrawOverlayView *addBar(const QString &name, const QColor &background, QVColors::Source text);
     void showNow(const QImage &image);
+    void translate();
     void placeBar(QVRenderDrawOverlayView *bar);
     [[nodiscard]] QVRenderDrawOverlayView *view(Bar bar) const;
     void errorOverlayViewDidClickedAction();
@@ -75,6 +76,8 @@ private:
     QVRenderDrawOverlayView *m_errorOverlayView;
     QVRenderDrawOverlayView *m_successOverlayView;
     QVFocusRing *m_focusRing;
+    bool m_isCharVerify = false;
+    bool m_isLoading = false;
     QPointer<QWidget> m_strip;
     /// How much of the bars' height the strip lies over.
     int m_coveredHeight = 0;

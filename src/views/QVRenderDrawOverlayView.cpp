@@ -47,9 +47,16 @@ int QVRenderDrawOverlayView::defaultHeight()
     return static_cast<int>(std::lround(usualHeight * qv_textScale()));
 }
 
-void QVRenderDrawOverlayView::setOverlayImage(const QPixmap &image, const QString &text)
+void QVRenderDrawOverlayView::setOverlayImage(const QPixmap &image, const QVText &text)
 {
-    m_overlayLabel->setText(text, image);
+    m_image = image;
+    m_text = text;
+    translate();
+}
+
+void QVRenderDrawOverlayView::translate()
+{
+    m_overlayLabel->setText(m_text.text(), m_image);
     updateInput();
 }
 

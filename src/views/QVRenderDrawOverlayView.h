@@ -1,6 +1,7 @@
 #pragma once
 
 #include "layout/QVLayout.h"
+#include "settings/QVText.h"
 #include "views/QVColors.h"
 #include "views/QVTouchButton.h"
 
@@ -19,7 +20,9 @@ public:
 
     [[nodiscard]] QVLabel *overlayLabel() const { return m_overlayLabel; }
     /// Without a picture, or with a null text, the other one stands alone.
-    void setOverlayImage(const QPixmap &image, const QString &text);
+    void setOverlayImage(const QPixmap &image, const QVText &text);
+    /// Shows the text in the language in force.
+    void translate();
     /// The bar's height where it is \a width wide: the default one, more where the text takes two lines.
     [[nodiscard]] int heightFor(int width) const;
 
@@ -44,6 +47,8 @@ private:
     [[nodiscard]] QRect retryFrame() const;
 
     QVLabel *m_overlayLabel;
+    QPixmap m_image;
+    QVText m_text;
     QVLayout m_layout;
     QColor m_background;
     bool m_acceptsTouches = false;

@@ -10,11 +10,13 @@ QVSpokenMessage::QVSpokenMessage(QWidget *control)
     qv_setAccessibleRole(this, QAccessible::Notification);
     resize(0, 0);
     hide();
+    qv_followLanguage(this, [this] { setAccessibleName(qv_oneLine(m_message.text())); });
 }
 
-void QVSpokenMessage::tell(const QString &message)
+void QVSpokenMessage::tell(const QVText &message)
 {
-    setAccessibleName(qv_oneLine(message));
+    m_message = message;
+    setAccessibleName(qv_oneLine(message.text()));
     qv_readOut(this);
     show();
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "settings/QVText.h"
+
 #include <QWidget>
 
 /// What a control tells screen readers besides its name. A changed name alone is not heard: Qt sends it in
@@ -12,5 +14,8 @@ class QVSpokenMessage final : public QWidget
 public:
     explicit QVSpokenMessage(QWidget *control);
 
-    void tell(const QString &message);
+    void tell(const QVText &message);
+
+private:
+    QVText m_message;
 };

@@ -1,5 +1,4 @@
 #include "flow/QVRenderDrawBars.h"
-#include "platform/QVError.h"
 #include "settings/QVSDKManager.h"
 #include "support/QVTestCase.h"
 
@@ -8,11 +7,11 @@ namespace {
 /// Keeps which bar lies on top, and what it says.
 struct Screen final : QVOverlaySurface, QVRenderDrawImageViewDelegate
 {
-    void slideIn(Bar bar, const QString &text, bool acceptsTouches) override
+    void slideIn(Bar bar, const QVText &text, bool acceptsTouches) override
     {
         shown.removeAll(bar);
         shown.append(bar);
-        said = text;
+        said = text.text();
         takesTaps = acceptsTouches;
     }
     void slideOut(Bar bar) override { shown.removeAll(bar); }
@@ -86,7 +85,7 @@ private:
         if (step == 'p' || step == 'c')
             bars.showPrompt(step == 'c');
         else if (step == 'e' || step == 't')
-            bars.showError(QVError(step == 't' ? q("failed") : q("wrong")), step == 't');
+            bars.showError(step == 't' ? q("failed") : q("wrong"), step == 't');
         else if (step == 's')
             bars.showSuccess(q("passed"));
         else if (step == 'P')

@@ -1,0 +1,20 @@
+#include "settings/QVText.h"
+
+#include "settings/QVLocalization.h"
+
+QVText::QVText(QLatin1String key)
+    : m_source([key] { return qv_localizedStringForKey(key); })
+{
+}
+
+QVText::QVText(const QString &text)
+    : m_source(text.isNull() ? Source() : [text] { return text; })
+{
+}
+
+QVLanguageNotice &QVLanguageNotice::shared()
+{
+    // Never destroyed, like the settings.
+    static auto *const notice = new QVLanguageNotice;
+    return *notice;
+}
