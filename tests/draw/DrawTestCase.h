@@ -4,7 +4,6 @@
 #include "draw/QVRenderDrawView.h"
 #include "flow/QVRenderDrawViewDelegate.h"
 #include "flow/QVVerifyStyle.h"
-#include "platform/QVError.h"
 #include "support/QVPointerInput.h"
 #include "support/QVTestCase.h"
 #include "views/QVRenderDrawImageView.h"
@@ -15,67 +14,59 @@ class QVRenderDrawOverlayView;
 
 /// Tests of the drawing captcha as a user sees it: in a window, by real input, against a service that
 /// answers as the test tells it.
-class DrawTestCase : public QVTestCase
+class DrawTestCase : public QVTestCase, public QVRenderDrawViewDelegate
 {
     Q_OBJECT
 
+public:
+    void renderDrawViewHasPassed() override { told.append(q("passed")); }
+    void renderDrawViewVerifySuccess(const QString &token) override { told.append(token); }
+
 protected:
-    struct Listener : QVRenderDrawViewDelegate
-    {
-        void renderDrawViewVerifySuccess(const QString &token) override { tokens.append(token); }
-
-        QStringList tokens;
-    };
-
     void prepare() override;
     void finish() override;
 
     /// Shows a view of \a size in a window. Nothing is asked yet.
     void show(QVVerifyStyle style, QSize size = QSize(414, 400));
-    /// Starts the view as its hosts do, and waits for the picture.
-    void start(QVVerifyStyle style, QSize size = QSize(414, 400));
-    /// Ends the view's life.
+    /// Starts the shown view as its hosts do.
+    void start();
+    /// Starts a view and waits for its picture, and for the bars and the shape to come to rest.
+    void startWithPicture(QVVerifyStyle style, QSize size = QSize(414, 400));
     void destroyView() { delete std::exchange(m_view, nullptr); }
 
     [[nodiscard]] DrawService &service() const { return *m_service; }
-    [[nodiscard]] QVRenderDrawView &view() const { return *m_view; }
+    /// The view, or null where there is none.
+    [[nodiscard]] QVRenderDrawView *view() const { return m_view; }
     template<class Part = QWidget>
-    [[nodiscard]] Part *part(const char *name) const
+    [[nodiscard]] Part *part(const QString &name) const
     {
-        return m_host->findChild<Part *>(QLatin1String(name));
+        return m_host->findChild<Part *>(name);
     }
-    [[nodiscard]] QVRenderDrawImageView &picture() const { return *part<QVRenderDrawImageView>("imageView"); }
-    [[nodiscard]] bool isShown(const char *name) const { return part(name) && part(name)->isVisible(); }
+    [[nodiscard]] QVRenderDrawImageView &picture() const
+    {
+        return *part<QVRenderDrawImageView>(q("imageView"));
+    }
+    [[nodiscard]] bool isShown(const QString &name) const { return part(name) && part(name)->isVisible(); }
     /// Where a part is in the view.
-    [[nodiscard]] QRect frame(const char *name) const;
-    /// The bar that is up: "promptOverlayView", "errorOverlayView" …, or nothing.
-    [[nodiscard]] QString bar() const;
-    [[nodiscard]] QString barText() const;
-    [[nodiscard]] QVRenderDrawOverlayView *shownBar() const;
+    [[nodiscard]] QRect frame(const QString &name) const;
+    /// The bar that is up, or null.
+    [[nodiscard]] QVRenderDrawOverlayView *bar() const;
 
-    /// Draws a stroke that is sent, over the middle of the picture, 20 ms a position.
-    void draw();
-    void click(const char *name) const;
-    /// Wait until the view has told so many of each since the test began.
-    [[nodiscard]] bool waitForReady(int count = 1) const
+    /// Points of a stroke that is sent, over the middle of the picture or from that of another part.
+    [[nodiscard]] QVPointerInput::Points stroke(const QString &part = {}) const;
+    void click(const QString &name) const;
+    /// Waits until the view has told something so many times.
+    [[nodiscard]] bool waitForTold(const char *what, int count = 1) const
     {
-        return waitFor([&] { return readyCount >= count; });
+        return waitFor([&] { return told.count(q(what)) >= count; });
     }
-    [[nodiscard]] bool waitForWrongAnswer(int count = 1) const
-    {
-        return waitFor([&] { return wrongCount >= count; });
-    }
-    [[nodiscard]] bool waitForFailure() const
-    {
-        return waitFor([&] { return !failures.isEmpty(); });
-    }
+    /// Runs the event loop until nothing is under way but what waits for its time.
+    void settle() const;
     /// Lets \a duration pass in small steps, with all traffic that happens in it.
     void pass(std::chrono::milliseconds duration) const;
 
-    Listener listener;
-    int readyCount = 0;
-    int wrongCount = 0;
-    QList<QVError> failures;
+    /// What the view has told, by signals and to its delegate.
+    QStringList told;
 
 private:
     std::unique_ptr<DrawService> m_service;

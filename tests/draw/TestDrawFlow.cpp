@@ -1,301 +1,70 @@
 #include "draw/DrawTestCase.h"
 #include "service/QVClickResponseModel.h"
 #include "service/QVConfigResponseModel.h"
+#include "settings/QVSDKManager.h"
 #include "views/QVCharVerifyInputViewDoneButton.h"
 #include "views/QVCharVerifyTextField.h"
+#include "views/QVLabel.h"
+#include "views/QVRenderDrawOverlayView.h"
+#include "views/QVSpokenMessage.h"
 
 using namespace std::chrono_literals;
+using namespace QVPointerInput;
 
-/// The main service's side of the conversation.
+/// Conversations of the view with the service: what each step of the user, the host or the clock leads to.
 class TestDrawFlow : public DrawTestCase
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void asksForAPicture_data()
+    void conversations_data()
     {
-        const auto row = addColumns<int, QByteArray, QString, QString>(
-            {"style", "switchAnswer", "type", "pictureRequest"});
-        const QByteArray off = R"({"active":false})";
-        row("embedded", 0, off, "embed", "get");
-        row("popup", 1, off, "popup", "click");
-        row("invisible", 2, off, "invisible", "click");
-        row("unknown", 9, off, "", "click");
-        row("switch is no object", 0, QByteArray("[]"), "embed", "get");
+        // Behind each step what the service is asked, then what the view tells or shows.
+        const auto row = addColumns<QString>({"steps"});
+        addStarts(row);
+        addStrokes(row);
+        addPointers(row);
+        addFailures(row);
+        addPictures(row);
+        addOutages(row);
+        addCharacters(row);
+        addWaits(row);
     }
 
-    void asksForAPicture()
+    void conversations()
     {
-        QFETCH(int, style);
-        QFETCH(QString, pictureRequest);
-        QFETCH(QByteArray, switchAnswer);
-        service().answerBytes(q("switch"), switchAnswer);
-        start(QVVerifyStyle(style));
-        QCOMPARE(service().asked(), QStringList({q("switch"), q("config"), pictureRequest}));
-        QTEST(service().query(q("config")).value(q("type")), "type");
-        QCOMPARE(service().query(q("config")).value(q("scene")), q("3"));
-        QCOMPARE(service().query(pictureRequest).value(q("challenge")), q("main-challenge"));
-        QVERIFY(picture().hasImage());
-        QVERIFY(view().canDirectlyShow());
-        QCOMPARE(view().canInput(), std::optional(true));
-        const bool isEmbedded = style == QVVerifyStyleEmbed;
-        QCOMPARE(bar(), isEmbedded ? q("promptOverlayView") : QString());
-        QCOMPARE(isShown("captchaLabel"), !isEmbedded);
-        QVERIFY(isShown("refreshButton"));
-        QVERIFY(!isShown("helpButton"));
-        QVERIFY(!isShown("charInputView"));
-    }
-
-    void passes()
-    {
-        start(QVVerifyStyleEmbed);
-        draw();
-        QVERIFY(waitFor([this] { return bar() == QLatin1String("successOverlayView"); }));
-        const auto query = service().query(q("verify"));
-        QCOMPARE(query.value(q("challenge")), q("main-challenge"));
-        QCOMPARE(query.value(q("v")).size(), 20 * 9);
-        // The clock starts when the drag is recognised, with the second of 20 positions. A double of
-        // seconds since 1970 is good for a fraction of a microsecond, so 360 ms may fall just short.
-        QVERIFY(QStringList({q("359"), q("360")}).contains(query.value(q("drawtime"))));
-        QVERIFY(!isShown("refreshButton"));
-        QVERIFY(!view().canDirectlyShow());
-        advance(999ms);
-        QCOMPARE(listener.tokens, QStringList());
-        advance(1ms);
-        QCOMPARE(listener.tokens, QStringList{q("main-token")});
-        // Passed for good: nothing more can be drawn, and no countdown runs.
-        draw();
-        advance(200s);
-        QCOMPARE(service().count(q("verify")), 1);
-        QCOMPARE(service().count(q("refresh")), 0);
-        QCOMPARE(listener.tokens.size(), 1);
-    }
-
-    void passesByClick()
-    {
-        service().answer(q("click"), {{q("code"), q("0103")}, {q("token"), q("click-token")}});
-        show(QVVerifyStylePopup);
-        view().requestQuarvoConfigAction();
-        QVERIFY(waitFor([this] { return bar() == QLatin1String("successOverlayView"); }));
-        QCOMPARE(barText(), q("Verified"));
-        QVERIFY(!picture().hasImage());
-        QVERIFY(!view().canDirectlyShow());
-        advance(1s);
-        QCOMPARE(listener.tokens, QStringList{q("click-token")});
-        QVERIFY(time().advanceUntilIdle(1s));
-    }
-
-    void givesTwoTriesOnAPicture()
-    {
-        service().answerCode(q("verify"), q("0104"));
-        start(QVVerifyStyleEmbed);
-        const QImage first = picture().image();
-        draw();
-        QVERIFY(waitForWrongAnswer());
-        QCOMPARE(bar(), q("errorOverlayView"));
-        QCOMPARE(barText(), q("Not quite right. Try again."));
-        QVERIFY(isShown("refreshButton") && part("refreshButton")->isEnabled());
-        QCOMPARE(picture().image(), first);
-        // The message goes by itself, and the prompt comes back.
-        advance(999ms);
-        QCOMPARE(bar(), q("errorOverlayView"));
-        advance(1ms);
-        QCOMPARE(bar(), q("promptOverlayView"));
-        QCOMPARE(service().count(q("refresh")), 0);
-
-        draw();
-        QVERIFY(waitForReady(2));
-        QCOMPARE(wrongCount, 2);
-        QCOMPARE(service().count(q("refresh")), 1);
-        QVERIFY(picture().image() != first);
-        QCOMPARE(failures.size(), 0);
-    }
-
-    void theServicesOwnCountOfTriesCounts()
-    {
-        service().answerCode(q("verify"), q("0104"));
-        service().extend(q("get"), {{q("verifyCount"), 1}});
-        start(QVVerifyStyleEmbed);
-        draw();
-        QVERIFY(waitForReady(2));
-        QCOMPARE(wrongCount, 1);
-        QCOMPARE(service().count(q("refresh")), 1);
-    }
-
-    void keepsThePromptAwayDuringAStroke()
-    {
-        service().answerCode(q("verify"), q("0104"));
-        start(QVVerifyStyleEmbed);
-        draw();
-        QVERIFY(waitForWrongAnswer());
-        advance(300ms);
-        const QPoint place = frame("imageView").center();
-        QVPointerInput::press(view(), place);
-        QVPointerInput::move(view(), place + QPoint(20, 0));
-        QCOMPARE(bar(), QString());
-        advance(2s);
-        QCOMPARE(bar(), QString());
-        QVPointerInput::release(view(), place + QPoint(20, 0));
-        QCOMPARE(bar(), q("promptOverlayView"));
-    }
-
-    void rejectsAShortStrokeByTheStyle_data()
-    {
-        const auto row = addColumns<int, QString>({"style", "barAfter"});
-        row("embedded", 0, "promptOverlayView");
-        row("popup", 1, "");
-    }
-
-    void rejectsAShortStrokeByTheStyle()
-    {
-        QFETCH(int, style);
-        start(QVVerifyStyle(style));
-        const auto points = QVPointerInput::wave(frame("imageView").topLeft() + QPoint(40, 80), 9, 8);
-        QVPointerInput::strokeWithFinger(view(), points);
-        QTest::qWait(20);
-        QCOMPARE(service().count(q("verify")), 0);
-        QTEST(bar(), "barAfter");
-        draw();
-        QVERIFY(waitFor([this] { return service().count(q("verify")) == 1; }));
-    }
-
-    void refreshesByButton()
-    {
-        start(QVVerifyStylePopup);
-        const QImage first = picture().image();
-        click("refreshButton");
-        QVERIFY(!picture().hasImage());
-        QVERIFY(!part("refreshButton")->isEnabled());
-        QVERIFY(waitForReady(2));
-        QVERIFY(picture().image() != first);
-        QVERIFY(part("refreshButton")->isEnabled());
-        QCOMPARE(service().asked().mid(3), QStringList{q("refresh")});
-    }
-
-    void startsAnewWhenThePictureFails()
-    {
-        service().breakPictures(true);
-        service().extend(q("config"), {{q("guide"), true}});
-        show(QVVerifyStyleEmbed);
-        advance(100ms);
-        QVERIFY(waitForFailure());
-        QCOMPARE(failures.first(), QVError(q("Picture not loaded. Try again."), 10000));
-        QCOMPARE(bar(), q("errorOverlayView"));
-        QVERIFY(picture().hasImage());
-        QVERIFY(!view().canDirectlyShow());
-        QVERIFY(!isShown("refreshButton"));
-        QVERIFY(isShown("helpButton"));
-        advance(5s);
-        QCOMPARE(bar(), q("errorOverlayView"));
-        draw();
-
-        service().breakPictures(false);
-        click("errorOverlayView");
-        QCOMPARE(bar(), QString());
-        QVERIFY(!picture().hasImage());
-        QVERIFY(!isShown("helpButton"));
-        QVERIFY(waitForReady());
-        QCOMPARE(service().asked(),
-                 QStringList({q("switch"), q("config"), q("get"), q("switch"), q("config"), q("get")}));
-    }
-
-    void showsAFailureOfEachRequest_data()
-    {
-        const auto row = addColumns<int, QString>({"style", "request"});
-        row("switch", 0, "switch");
-        row("configuration", 0, "config");
-        row("picture", 0, "get");
-        row("click", 1, "click");
-        row("refresh", 1, "refresh");
-        row("verify", 1, "verify");
-        row("outage picture", 1, "outage get");
-    }
-
-    void showsAFailureOfEachRequest()
-    {
-        QFETCH(int, style);
-        QFETCH(QString, request);
-        service().answerCode(request, q("1002"));
-        if (request == q("switch"))
-            service().answerBytes(request, "no JSON");
-        if (request == q("outage get"))
-            service().answer(q("switch"), {{q("active"), true}});
-        show(QVVerifyStyle(style));
-        view().requestQuarvoConfigAction();
-        if (request == QLatin1String("refresh") || request == QLatin1String("verify")) {
-            QVERIFY(waitForReady());
-            if (request == QLatin1String("refresh"))
-                click("refreshButton");
+        QFETCH(QString, steps);
+        QStringList seen;
+        for (const QString &line : steps.split(q(", "))) {
+            const QString step = line.section(q(" -> "), 0, 0);
+            const qsizetype asked = service().asked().size();
+            told.clear();
+            if (step.endsWith(q("ms")))
+                pass(1ms * step.chopped(2).toInt());
             else
-                draw();
+                QVERIFY2(QMetaObject::invokeMethod(this, step.section(u' ', 0, 0).toLatin1().constData(),
+                                                   Q_ARG(QString, step.section(u' ', 1))),
+                         qPrintable(step));
+            settle();
+            const QStringList log = service().asked().mid(asked) + told;
+            seen.append(log.isEmpty() ? step : step + q(" -> ") + log.join(u' '));
         }
-        QVERIFY(waitForFailure());
-        QCOMPARE(failures.first().code(), request == q("switch") ? 3840 : 1002);
-        QCOMPARE(barText(), failures.first().domain());
-        QVERIFY(picture().hasImage());
-        QVERIFY(!view().canDirectlyShow());
-        QVERIFY(!isShown("refreshButton"));
-        QVERIFY(picture().accessibleDescription().isEmpty());
-        advance(200s);
-        QCOMPARE(service().count(q("refresh")), request == QLatin1String("refresh") ? 1 : 0);
-        QCOMPARE(time().pendingCount(), 0);
-    }
-
-    void replacesAPictureInTimeWhereItIsSeen()
-    {
-        start(QVVerifyStyleEmbed);
-        advance(180s);
-        QVERIFY(waitForReady(2));
-        QCOMPARE(service().count(q("refresh")), 1);
-        // Hidden for less, it comes back as it is; hidden for longer, it is asked for once, when it is seen.
-        for (const auto &[time, requests] : QVCases<std::chrono::seconds, int>{{170s, 1}, {600s, 2}}) {
-            view().window()->hide();
-            advance(time);
-            QCOMPARE(service().count(q("refresh")), 1);
-            view().window()->show();
-            QVERIFY(waitForReady(requests + 1));
-            QCOMPARE(service().count(q("refresh")), requests);
-        }
+        QCOMPARE(seen, steps.split(q(", ")));
     }
 
     void usesAnswersThatTheHostHolds()
     {
         show(QVVerifyStylePopup);
         const auto click = std::make_shared<QVClickResponseModel>();
-        view().handleConfigResponseFromQuarvoServer(nullptr, click);
-        QVERIFY(waitForReady());
+        view()->handleConfigResponseFromQuarvoServer(nullptr, click);
+        QVERIFY(waitForTold("ready"));
         QCOMPARE(service().count(q("switch")), 1);
 
         const auto config = std::make_shared<QVConfigResponseModel>();
         config->setCdn_servers({q("http://127.0.0.1:1/none")});
-        config->setChallenge(q("held"));
-        view().handleConfigResponseFromQuarvoServer(config, click);
+        view()->handleConfigResponseFromQuarvoServer(config, click);
         QCOMPARE(config->getRefreshCount(), 1);
-        QVERIFY(waitForFailure());
-    }
-
-    void typesCharacters()
-    {
-        service().extend(q("config"), {{q("type"), q("character")}});
-        service().answerCode(q("verify"), q("0104"));
-        start(QVVerifyStyleEmbed);
-        QVERIFY(isShown("charInputView"));
-        QCOMPARE(barText(), q("Type the characters you see"));
-        draw();
-        type(q("Ab 9"));
-        const auto *done = part<QVCharVerifyInputViewDoneButton>("doneButton");
-        QCOMPARE(done->buttonStauts(), 1);
-        QVERIFY(waitForWrongAnswer());
-        QCOMPARE(done->buttonStauts(), 0);
-        const auto query = service().query(q("verify"));
-        QCOMPARE(query.value(q("v")), q("Ab 9"));
-        QCOMPARE(query.value(q("drawtime")), q("0"));
-        QCOMPARE(service().count(q("verify")), 1);
-        type(q("abcd"));
-        view().reset();
-        QCOMPARE(done->buttonStauts(), 0);
-        QVERIFY(waitForReady(2));
-        QCOMPARE(wrongCount, 1);
+        QVERIFY(waitForTold("failed 10000"));
     }
 
     void startsWhenItIsPutIntoAParent()
@@ -305,20 +74,432 @@ private Q_SLOTS:
         advance(1s);
         loose.setParent(&first);
         advance(99ms);
-        QTest::qWait(10);
+        settle();
         QCOMPARE(service().asked(), QStringList());
         advance(1ms);
         QVERIFY(waitFor([this] { return service().count(q("get")) == 1; }));
     }
 
 private:
-    void type(const QString &text) const
+    static void addStarts(const auto &row)
     {
-        auto *field = part<QVCharVerifyTextField>("inputTF");
+        row("embedded",
+            "begin embed -> switch config get ready, look -> 'Draw along the curve' picture 1 refreshButton, "
+            "tell config type -> embed, tell config scene -> 3, tell get challenge -> main-challenge");
+        row("popup",
+            "begin popup -> switch config click ready, "
+            "look -> picture 1 caption 'Draw along the curve' refreshButton, tell config type -> popup, "
+            "tell click challenge -> main-challenge");
+        row("invisible", "begin invisible -> switch config click ready, tell config type -> invisible");
+        row("unknown style", "begin unknown -> switch config click ready, tell config type -> ");
+        row("switch is no object", "bytes [], begin embed -> switch config get ready");
+        row("passed by click",
+            "say click 0103, begin popup -> switch config click passed, "
+            "look -> 'Verified' caption 'Draw along the curve', 999ms, 1ms -> click-token");
+    }
+    static void addStrokes(const auto &row)
+    {
+        row("passes after a second, for good",
+            "begin embed -> switch config get ready, draw -> verify passed, look -> 'Verified' image, 999ms, "
+            "1ms -> main-token, draw, 200000ms");
+        row("what a stroke sends", "begin embed -> switch config get ready, draw -> verify passed, "
+                                   "tell verify challenge -> main-challenge, tell verify drawtime -> 360");
+        row("two tries a picture",
+            "say verify 0104, begin embed -> switch config get ready, draw -> verify wrong, "
+            "look -> 'Not quite right. Try again.' picture 1 refreshButton, 999ms, "
+            "look -> 'Not quite right. Try again.' picture 1 refreshButton, 1ms, "
+            "look -> 'Draw along the curve' picture 1 refreshButton, draw -> verify refresh wrong ready, "
+            "look -> 'Not quite right. Try again.' picture 2 refreshButton");
+        row("the service's own count of tries",
+            "say verify 0104, count 1, begin embed -> switch config get ready, "
+            "draw -> verify refresh wrong ready");
+        row("no prompt during a stroke",
+            "say verify 0104, begin embed -> switch config get ready, draw -> verify wrong, press, jump, "
+            "look -> picture 1 refreshButton, 2000ms, look -> picture 1 refreshButton, lift, "
+            "look -> 'Draw along the curve' picture 1 refreshButton");
+        row("short, embedded", "begin embed -> switch config get ready, dash, look -> 'Draw along the curve' "
+                               "picture 1 refreshButton, "
+                               "draw -> verify passed");
+        row("short, popup",
+            "begin popup -> switch config click ready, dash, "
+            "look -> picture 1 caption 'Draw along the curve' refreshButton, draw -> verify passed");
+        row("across two sizes",
+            "begin embed -> switch config get ready, press, move, resize, lift, draw -> verify passed");
+        row("begun before the picture is replaced",
+            "say verify 0104, hold refresh 3000, begin embed -> switch config get ready, 178500ms, "
+            "press, move -> refresh, look -> loading refreshButton disabled, lift -> verify wrong, press, "
+            "jump, 3000ms -> ready, "
+            "lift");
+        row("two judgements",
+            "say verify 0104, hold verify 1000, hold refresh 3000, begin embed -> switch config get ready, "
+            "draw -> verify, draw -> verify, look -> picture 1 refreshButton disabled, "
+            "2500ms -> refresh wrong wrong, look -> 'Draw along the curve' loading refreshButton disabled");
+        row("two judgements, right",
+            "hold verify 1000, begin embed -> switch config get ready, draw -> verify, draw -> verify, "
+            "2500ms -> passed main-token");
+        row("wrong about a replaced picture",
+            "say verify 0104, hold verify 4000, begin embed -> switch config get ready, 176000ms, "
+            "draw -> verify, 3000ms -> refresh ready, 2000ms, "
+            "look -> 'Draw along the curve' picture 2 refreshButton");
+        row("right about a replaced picture",
+            "hold verify 3000, hold refresh 4000, begin popup -> switch config click ready, 176000ms, "
+            "draw -> verify, 3000ms -> refresh passed, "
+            "look -> 'Verified' caption 'Draw along the curve', 6000ms -> main-token");
+    }
+    static void addPointers(const auto &row)
+    {
+        for (const char *by :
+             {"finger", "pen", "finger refreshButton", "draw captchaLabel", "draw refreshButton",
+              "draw helpButton", "draw adButton", "twoFingers imageView", "twoFingers refreshButton",
+              "tap imageView, move, tap imageView"})
+            row(by, q("guide true, ad click, begin popup -> switch config click ready, %1 -> verify passed, "
+                      "look -> 'Verified' image caption 'Draw along the curve' adButton helpButton")
+                        .arg(q(by)));
+        row("disabled",
+            "begin embed -> switch config get ready, enabled false, draw, finger, pen, enabled true");
+        row("taps on controls",
+            "begin embed -> switch config get ready, tap refreshButton -> refresh ready, "
+            "fingerTap refreshButton -> refresh ready, hold refresh 100, tap refreshButton -> refresh, "
+            "fingerTap refreshButton, 100ms -> ready");
+        row("a tap on a control instead of the line's end",
+            "begin embed -> switch config get ready, tap imageView, move, tap refreshButton -> refresh "
+            "ready");
+        row("other mouse buttons",
+            "begin embed -> switch config get ready, pressRight, move, liftRight, press, move, pressRight, "
+            "liftRight, lift -> verify passed");
+        for (const char *by : {"lose release", "lose touch", "lose dialog", "press",
+                               "window hidden, window shown", "enabled false, enabled true"})
+            row(by,
+                q("begin embed -> switch config get ready, press, jump, look -> picture 1 refreshButton, %1, "
+                  "look -> 'Draw along the curve' picture 1 refreshButton, lift")
+                    .arg(q(by)));
+        row("by keys", "begin embed -> switch config get ready, keys Space Right*15 Space -> verify passed");
+        row("too short by keys", "begin embed -> switch config get ready, keys Space Right*4 Space");
+        row("escaped by keys", "begin embed -> switch config get ready, keys Space Right*15 Escape Space");
+        row("by keys, the focus goes",
+            "begin embed -> switch config get ready, keys Space Right*15, blur, keys Space");
+        row("by keys, disabled",
+            "begin embed -> switch config get ready, keys Space Right*15, enabled false, enabled true, "
+            "keys Space");
+    }
+    static void addFailures(const auto &row)
+    {
+        // Behind each of them nothing may be left that waits.
+        const auto failed = [&row](const char *name, const char *steps) {
+            row(name, q(steps) + q(", 200000ms, idle -> yes"));
+        };
+        failed("switch fails", "bytes nonsense, begin embed -> switch failed 3840, "
+                               "look -> 'Something went wrong (request failed)' image");
+        failed(
+            "configuration fails",
+            "say config 1002, begin embed -> switch config failed 1002, look -> 'Expired. Try again.' image");
+        failed("picture fails", "say get 1002, guide true, begin embed -> switch config get failed 1002, "
+                                "look -> 'Expired. Try again.' image helpButton");
+        failed("click fails", "say click 0101, begin popup -> switch config click failed 101, "
+                              "look -> 'Access denied. Try again.' image caption 'Draw along the curve'");
+        failed("refresh fails",
+               "say refresh 0105, begin embed -> switch config get ready, "
+               "tap refreshButton -> refresh failed 105, look -> 'Too fast. Wait a moment.' image");
+        failed("verify fails",
+               "say verify 1002, ad get, begin embed -> switch config get ready, "
+               "look -> 'Draw along the curve' picture 1 adButton refreshButton, draw -> verify failed 1002, "
+               "look -> 'Expired. Try again.' image");
+        failed(
+            "outage picture fails",
+            "outage true, say outage get 1002, begin popup -> switch outage get outage failed 1002, look -> "
+            "'Expired. Try again.' image caption 'Draw along the curve' outageLabel helpButton");
+        row("starts anew where a picture does not load",
+            "guide true, broken true, begin embed -> switch config get failed 10000, "
+            "look -> 'Picture not loaded. Try again.' image helpButton, 5000ms, draw, "
+            "look -> 'Picture not loaded. Try again.' image helpButton, broken false, hold switch 100, "
+            "tap errorOverlayView -> switch, look -> loading, 200ms -> config get ready");
+    }
+    static void addPictures(const auto &row)
+    {
+        row("refreshed by the button",
+            "hold refresh 100, ad click, begin popup -> switch config click ready, "
+            "look -> picture 1 caption 'Draw along the curve' adButton refreshButton, tap refreshButton -> "
+            "refresh, "
+            "look -> loading caption 'Draw along the curve' refreshButton disabled, 100ms -> ready, "
+            "look -> picture 2 caption 'Draw along the curve' refreshButton");
+        row("replaced in time", "begin embed -> switch config get ready, 178999ms, 1ms -> refresh ready, "
+                                "spoken -> Time for this picture is up. A new one is on its way.");
+        row("replaced when it is seen",
+            "begin embed -> switch config get ready, window hidden, 170000ms, window shown, window hidden, "
+            "600000ms, window shown -> refresh ready");
+        row("no help in the next configuration",
+            "guide true, begin embed -> switch config get ready, "
+            "look -> 'Draw along the curve' picture 1 helpButton refreshButton, guide false, "
+            "reset -> switch config get ready, look -> 'Draw along the curve' picture 2 refreshButton");
+    }
+    static void addOutages(const auto &row)
+    {
+        row("outage, embedded, by force",
+            "force true, begin embed -> switch outage get outage ready, "
+            "look -> 'Draw along the curve' picture 1 outageLabel helpButton refreshButton");
+        row("outage, popup",
+            "outage true, begin popup -> switch outage get outage ready, "
+            "look -> picture 1 caption 'Draw along the curve' outageLabel helpButton refreshButton");
+        row("outage by grid cells",
+            "outage true, begin embed -> switch outage get outage ready, corners -> outage verify passed, "
+            "look -> 'Verified' image outageLabel helpButton, tell outage verify v -> 0c3f, "
+            "tell outage verify challenge -> outage-challenge, 1000ms -> outage-token");
+        row("outage: two tries a picture",
+            "outage true, say outage verify 0104, begin embed -> switch outage get outage ready, "
+            "draw -> outage verify wrong, "
+            "look -> 'Not quite right. Try again.' picture 1 outageLabel helpButton refreshButton, "
+            "draw -> outage verify outage get wrong ready, hold outage get 100, tap refreshButton -> outage "
+            "get, "
+            "look -> 'Not quite right. Try again.' loading outageLabel helpButton, 100ms -> ready");
+        row("outage: strokes stay in the picture",
+            "outage true, begin embed -> switch outage get outage ready, stray above, stray below, stray "
+            "out, "
+            "look -> 'Draw along the curve' picture 1 outageLabel helpButton refreshButton, "
+            "draw -> outage verify passed");
+        row("an outage ends",
+            "outage true, begin embed -> switch outage get outage ready, outage false, "
+            "reset -> switch config get ready, look -> 'Draw along the curve' picture 2 refreshButton, "
+            "stray above -> verify passed");
+    }
+    static void addCharacters(const auto &row)
+    {
+        row("characters, wrong",
+            "kind character, say verify 0104, hold verify 100, begin embed -> switch config get ready, "
+            "look -> 'Type the characters you see' picture 1 refreshButton charInputView, draw, type Ab 9 -> "
+            "verify, "
+            "look -> 'Type the characters you see' picture 1 refreshButton charInputView disabled busy, "
+            "100ms -> wrong, "
+            "look -> 'Not quite right. Try again.' picture 1 refreshButton charInputView, tell verify v -> "
+            "Ab 9, "
+            "tell verify drawtime -> 0");
+        row("characters, reset while checked",
+            "kind character, hold verify 500, begin embed -> switch config get ready, type a -> verify, "
+            "reset -> switch config get ready, "
+            "look -> 'Type the characters you see' picture 2 refreshButton charInputView, 500ms");
+        row("characters, popup",
+            "kind character, begin popup -> switch config click ready, "
+            "look -> picture 1 caption 'Type the characters you see' refreshButton charInputView");
+        row("from characters to drawing",
+            "kind character, begin embed -> switch config get ready, kind draw, "
+            "reset -> switch config get ready, look -> 'Draw along the curve' picture 2 refreshButton, "
+            "draw -> verify passed");
+        row("from characters to an outage",
+            "kind character, begin embed -> switch config get ready, outage true, "
+            "reset -> switch outage get outage ready, "
+            "look -> 'Draw along the curve' picture 2 outageLabel helpButton refreshButton, "
+            "draw -> outage verify passed");
+    }
+    /// The view goes, or starts anew, in each state that waits for an answer.
+    static void addWaits(const auto &row)
+    {
+        const QVCases<QString, QString> cases{
+            {q("switch"), q("begin embed -> switch")},
+            {q("config"), q("begin embed -> switch config")},
+            {q("get"), q("begin embed -> switch config get")},
+            {q("picture"), q("begin embed -> switch config get")},
+            {q("refresh"), q("begin embed -> switch config get ready, tap refreshButton -> refresh")},
+            {q("verify"), q("begin embed -> switch config get ready, draw -> verify")},
+            {q("outage get"), q("outage true, begin embed -> switch outage get outage")},
+            {q("outage picture"), q("outage true, begin embed -> switch outage get outage")}};
+        for (const auto &[held, steps] : cases) {
+            row(qPrintable(held + q(", destroyed")),
+                q("hold %1 1000, %2, destroy, 1500ms, idle -> yes").arg(held, steps));
+            row(qPrintable(held + q(", reset")),
+                q("hold %1 1000, %2, hold %1 0, outage false, reset -> switch config get ready, 1500ms")
+                    .arg(held, steps));
+        }
+        row("passed, destroyed",
+            "begin embed -> switch config get ready, draw -> verify passed, destroy, 1000ms -> main-token");
+    }
+
+    // What the service answers from now on.
+    Q_INVOKABLE void outage(const QString &is) { answer("switch", "active", is == q("true")); }
+    Q_INVOKABLE void guide(const QString &is) { answer("config", "guide", is == q("true")); }
+    Q_INVOKABLE void kind(const QString &type) { answer("config", "type", type); }
+    Q_INVOKABLE void count(const QString &number) { answer("get", "verifyCount", number); }
+    Q_INVOKABLE void ad(const QString &request) { answer(request.toLatin1(), "adlinkword", q("word")); }
+    Q_INVOKABLE void say(const QString &what) { answer(front(what).toLatin1(), "code", back(what)); }
+    Q_INVOKABLE void bytes(const QString &body) { service().answerBytes(q("switch"), body.toUtf8()); }
+    Q_INVOKABLE void hold(const QString &what) { service().delay(front(what), 1ms * back(what).toInt()); }
+    Q_INVOKABLE void broken(const QString &is) { service().breakPictures(is == q("true")); }
+    Q_INVOKABLE void force(const QString &is) { QVSDKManager::setOutageOpen(is == q("true")); }
+
+    void answer(const QByteArray &request, const char *member, const QJsonValue &value)
+    {
+        service().extend(QString::fromLatin1(request), {{q(member), value}});
+    }
+    // All words but the last, and the last.
+    static QString front(const QString &words) { return words.section(u' ', 0, -2); }
+    static QString back(const QString &words) { return words.section(u' ', -1); }
+
+    // What the host does.
+    Q_INVOKABLE void begin(const QString &style)
+    {
+        const QStringList styles{q("embed"), q("popup"), q("invisible")};
+        show(QVVerifyStyle(styles.contains(style) ? styles.indexOf(style) : 9));
+        start();
+    }
+    Q_INVOKABLE void reset(const QString &)
+    {
+        view()->reset();
+        QVERIFY(waitForTold("ready"));
+    }
+    Q_INVOKABLE void resize(const QString &) { view()->resize(view()->width() - 1, 300); }
+    Q_INVOKABLE void window(const QString &is) { view()->window()->setVisible(is == q("shown")); }
+    Q_INVOKABLE void enabled(const QString &is) { view()->setEnabled(is == q("true")); }
+    Q_INVOKABLE void destroy(const QString &) { destroyView(); }
+
+    // What the test wants to know.
+    Q_INVOKABLE void idle(const QString &) { told.append(time().pendingCount() == 0 ? q("yes") : q("no")); }
+    Q_INVOKABLE void tell(const QString &what) { told.append(service().query(front(what))[back(what)]); }
+    Q_INVOKABLE void spoken(const QString &)
+    {
+        told.append(view()->findChild<QVSpokenMessage *>()->accessibleName());
+    }
+
+    // What the user does, at the named part of the view.
+    Q_INVOKABLE void draw(const QString &part) { strokeWithMouse(*view(), stroke(part), m_pause); }
+    Q_INVOKABLE void finger(const QString &part) { strokeWithFinger(*view(), stroke(part), m_pause); }
+    Q_INVOKABLE void pen(const QString &part) { strokeWithPen(*view(), stroke(part), m_pause); }
+    Q_INVOKABLE void tap(const QString &part) { strokeWithMouse(*view(), tapped(part)); }
+    Q_INVOKABLE void fingerTap(const QString &part) { strokeWithFinger(*view(), tapped(part)); }
+    Q_INVOKABLE void press(const QString &) { QVPointerInput::press(*view(), stroke().front()); }
+    Q_INVOKABLE void lift(const QString &) { release(*view(), stroke().back()); }
+    Q_INVOKABLE void jump(const QString &) { QVPointerInput::move(*view(), stroke().back()); }
+    Q_INVOKABLE void move(const QString &)
+    {
+        for (const QPoint point : stroke()) {
+            QVPointerInput::move(*view(), point);
+            advance(40ms);
+        }
+    }
+    Q_INVOKABLE void pressRight(const QString &)
+    {
+        QVPointerInput::press(*view(), stroke().front(), Qt::RightButton);
+    }
+    Q_INVOKABLE void liftRight(const QString &) { release(*view(), stroke().back(), Qt::RightButton); }
+    Q_INVOKABLE void blur(const QString &) { picture().clearFocus(); }
+    Q_INVOKABLE void keys(const QString &keys)
+    {
+        picture().setFocus(Qt::TabFocusReason);
+        for (const QString &key : keys.split(u' ')) {
+            for (int i = 0; i < std::max(1, key.section(u'*', 1).toInt()); ++i) {
+                advance(30ms);
+                QTest::keySequence(&picture(), QKeySequence(key.section(u'*', 0, 0)));
+            }
+        }
+    }
+    Q_INVOKABLE void type(const QString &text)
+    {
+        auto *field = part<QVCharVerifyTextField>(q("inputTF"));
         QVPointerInput::click(*field, field->rect().center());
         QTest::keyClicks(field, text);
-        click("doneButton");
+        click(q("doneButton"));
     }
+    Q_INVOKABLE void dash(const QString &)
+    {
+        Points points = stroke();
+        points.resize(9);
+        strokeWithFinger(*view(), points);
+    }
+    /// Begins above or below the picture, or leaves it.
+    Q_INVOKABLE void stray(const QString &side)
+    {
+        const QRect area = frame(q("imageView"));
+        Points points = stroke();
+        points[side == q("out") ? 15 : 0].setY(side == q("above") ? area.top() - 8 : area.bottom() + 1);
+        strokeWithMouse(*view(), points, m_pause);
+    }
+    /// From the top left down, up to the top right and down again.
+    Q_INVOKABLE void corners(const QString &)
+    {
+        const QRect area = frame(q("imageView")).adjusted(20, 20, -20, -20);
+        const QPoint ends[] = {area.topLeft(), area.bottomLeft(), area.topRight(), area.bottomRight()};
+        Points points;
+        for (int i = 0; i < 21; ++i)
+            points.push_back(ends[i / 7] + (ends[i / 7 + 1] - ends[i / 7]) * (i % 7) / 6);
+        strokeWithFinger(*view(), points, m_pause);
+    }
+    /// As unsteady as a finger is.
+    [[nodiscard]] Points tapped(const QString &part) const
+    {
+        const QPoint place = frame(part).center();
+        return {place, place + QPoint(4, -4)};
+    }
+    /// The other finger comes and goes during the stroke.
+    Q_INVOKABLE void twoFingers(const QString &otherOn)
+    {
+        const Points points = stroke();
+        const QPoint other = frame(otherOn).center();
+        for (std::size_t i = 0; i <= points.size(); ++i) {
+            auto event = QTest::touchEvent(view()->window(), touchScreen());
+            if (i == 0)
+                event.press(0, points[i], view());
+            else if (i == points.size())
+                event.release(0, points.back(), view());
+            else
+                event.move(0, points[i], view());
+            if (i == 3)
+                event.press(1, other, view());
+            else if (i == 4)
+                event.move(1, other + QPoint(0, -8), view());
+            else if (i == 5)
+                event.release(1, other, view());
+        }
+    }
+    /// The drag under way goes on without the view.
+    Q_INVOKABLE void lose(const QString &way)
+    {
+        if (way == q("release")) {
+            QMouseEvent move(QEvent::MouseMove, QPointF(80, 80), QPointF(80, 80), Qt::NoButton, Qt::NoButton,
+                             Qt::NoModifier);
+            QCoreApplication::sendEvent(view(), &move);
+        } else if (way == q("touch")) {
+            QTest::touchEvent(view()->window(), touchScreen()).press(0, stroke()[0], view());
+            QTest::touchEvent(view()->window(), touchScreen()).move(0, stroke()[9], view());
+            QTouchEvent cancel(QEvent::TouchCancel, touchScreen());
+            QCoreApplication::sendEvent(view()->window()->windowHandle(), &cancel);
+        } else {
+            QWidget dialog;
+            dialog.setWindowModality(Qt::ApplicationModal);
+            dialog.show();
+        }
+    }
+
+    /// What can be seen: the text of the bar, the picture and by which answer it came, and all else.
+    Q_INVOKABLE void look(const QString &)
+    {
+        QStringList seen;
+        if (bar())
+            seen.append(q("'%1'").arg(bar()->overlayLabel()->text().trimmed()));
+        if (view()->canDirectlyShow() && picture().hasImage())
+            seen.append(q("picture %1").arg(qRound(picture().image().pixelColor(5, 5).hue() / 40.0)));
+        else if (picture().hasImage())
+            seen.append(q("image"));
+        if (picture().accessibleDescription() == q("Loading"))
+            seen.append(q("loading"));
+        if (isShown(q("captchaLabel")))
+            seen.append(q("caption '%1'").arg(part<QVLabel>(q("captchaLabel"))->text()));
+        for (const char *name : {"adButton", "outageLabel", "helpButton", "refreshButton", "charInputView"}) {
+            if (isShown(q(name)))
+                seen.append(q(name));
+        }
+        if (isShown(q("refreshButton")) && !part(q("refreshButton"))->isEnabled())
+            seen.append(q("disabled"));
+        if (part<QVCharVerifyInputViewDoneButton>(q("doneButton"))->buttonStauts() == 1)
+            seen.append(q("busy"));
+        told.append(seen.join(u' '));
+    }
+
+    void prepare() override
+    {
+        DrawTestCase::prepare();
+        service().extend(q("click"), {{q("token"), q("click-token")}});
+    }
+
+    const Pause m_pause = [this] {
+        advance(20ms);
+    };
 };
 
 QV_TEST(TestDrawFlow)

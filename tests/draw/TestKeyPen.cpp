@@ -3,7 +3,7 @@
 
 using namespace std::chrono_literals;
 
-/// Drawing with the keyboard alone.
+/// The pen that is moved by keys. What its strokes lead to is among the conversations.
 class TestKeyPen : public DrawTestCase
 {
     Q_OBJECT
@@ -13,89 +13,52 @@ private Q_SLOTS:
     {
         show(QVVerifyStyleEmbed);
         QVERIFY(!(picture().focusPolicy() & Qt::TabFocus));
-        advance(100ms);
-        QVERIFY(waitForReady());
+        start();
+        QVERIFY(waitForTold("ready"));
         for (int i = 0; i < 5 && !picture().hasFocus(); ++i)
-            QTest::keyClick(view().window(), Qt::Key_Tab);
+            QTest::keyClick(view()->window(), Qt::Key_Tab);
         QVERIFY(picture().hasFocus());
-        QVERIFY(pen().isVisible());
+        QVERIFY(part(q("keyPen"))->isVisible());
         QVERIFY(!picture().accessibleDescription().isEmpty());
     }
 
-    void aStrokeIsSentLikeAnyOther()
+    void moves_data()
     {
-        begin();
-        const QPoint start = pen().geometry().center();
-        press(Qt::Key_Space);
-        press(Qt::Key_Right, 15);
-        QCOMPARE(pen().geometry().center().x() - start.x(), qRound(15 * picture().width() / 40.0));
-        press(Qt::Key_Space);
-        QVERIFY(waitForWrongAnswer());
-        // The press and the moves, in three parts of equal length.
-        QCOMPARE(service().query(QStringLiteral("verify")).value(QStringLiteral("v")).size() % 3, 0);
-        QCOMPARE(service().count(QStringLiteral("verify")), 1);
+        // In steps, of which the picture is 40 wide.
+        const auto row = addColumns<QList<int>, Qt::KeyboardModifiers, QPointF>({"keys", "modifiers", "way"});
+        row("right", QList<int>(15, Qt::Key_Right), Qt::KeyboardModifiers(), QPointF(15, 0));
+        row("in small steps", QList<int>(15, Qt::Key_Up), Qt::KeyboardModifiers(Qt::ShiftModifier),
+            QPointF(0, -3.75));
+        row("two at once go aslant", QList<int>{Qt::Key_Right, Qt::Key_Down, -Qt::Key_Right, Qt::Key_Down},
+            Qt::KeyboardModifiers(), QPointF(2, 2));
+        row("to the corner", QList<int>(60, Qt::Key_Left) + QList<int>(60, Qt::Key_Up),
+            Qt::KeyboardModifiers(), QPointF(-4, -11.5));
     }
 
-    void twoArrowsGoAslant()
+    void moves()
     {
-        begin();
-        const QPoint start = pen().geometry().center();
-        QTest::keyPress(&picture(), Qt::Key_Right);
-        QTest::keyPress(&picture(), Qt::Key_Down);
-        QTest::keyRelease(&picture(), Qt::Key_Right);
-        QTest::keyPress(&picture(), Qt::Key_Down);
-        const QPointF way = pen().geometry().center() - start;
-        const double step = picture().width() / 40.0;
-        QVERIFY(std::abs(way.x() - 2 * step) <= 1 && std::abs(way.y() - 2 * step) <= 1);
-    }
-
-    void staysInThePicture()
-    {
-        begin();
-        press(Qt::Key_Left, 60);
-        press(Qt::Key_Up, 60);
-        QVERIFY(frame("imageView").contains(pen().geometry().center()));
-        press(Qt::Key_Right, 100, Qt::ShiftModifier);
-        press(Qt::Key_Down, 500);
-        QVERIFY(frame("imageView").contains(pen().geometry().center()));
-    }
-
-    void comesToNothing_data()
-    {
-        QTest::addColumn<int>("by");
-        QTest::newRow("escape") << 0;
-        QTest::newRow("the focus goes") << 1;
-        QTest::newRow("disabled") << 2;
-        QTest::newRow("too short") << 3;
-    }
-
-    void comesToNothing()
-    {
-        QFETCH(int, by);
-        begin();
-        press(Qt::Key_Space);
-        press(Qt::Key_Right, by == 3 ? 4 : 15);
-        if (by == 0)
-            press(Qt::Key_Escape);
-        else if (by == 1)
-            picture().clearFocus();
-        else if (by == 2)
-            view().setEnabled(false);
-        else
-            press(Qt::Key_Space);
-        pass(500ms);
-        QCOMPARE(service().count(QStringLiteral("verify")), 0);
-        view().setEnabled(true);
+        QFETCH(QList<int>, keys);
+        QFETCH(Qt::KeyboardModifiers, modifiers);
+        QFETCH(QPointF, way);
+        startWithPicture(QVVerifyStyleEmbed);
         picture().setFocus(Qt::TabFocusReason);
-        press(Qt::Key_Space);
-        press(Qt::Key_Right, 15);
-        press(Qt::Key_Space);
-        QVERIFY(waitForWrongAnswer());
+        const QPoint start = part(q("keyPen"))->geometry().center();
+        for (const int key : keys) {
+            advance(30ms);
+            if (key < 0)
+                QTest::keyRelease(&picture(), Qt::Key(-key), modifiers);
+            else
+                QTest::keyPress(&picture(), Qt::Key(key), modifiers);
+        }
+        const QPointF seen = QPointF(part(q("keyPen"))->geometry().center() - start) * 40 / picture().width();
+        QVERIFY2(std::abs(seen.x() - way.x()) < 0.1 && std::abs(seen.y() - way.y()) < 0.1,
+                 qPrintable(q("%1 %2").arg(seen.x()).arg(seen.y())));
     }
 
     void leavesOtherKeysAlone()
     {
-        begin();
+        startWithPicture(QVVerifyStyleEmbed);
+        picture().setFocus(Qt::TabFocusReason);
         QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
         QCoreApplication::sendEvent(&picture(), &escape);
         QVERIFY(!escape.isAccepted());
@@ -103,28 +66,6 @@ private Q_SLOTS:
         copy.ignore();
         QCoreApplication::sendEvent(&picture(), &copy);
         QVERIFY(!copy.isAccepted());
-    }
-
-private:
-    void begin()
-    {
-        service().answerCode(QStringLiteral("verify"), QStringLiteral("0104"));
-        start(QVVerifyStyleEmbed);
-        picture().setFocus(Qt::TabFocusReason);
-        QVERIFY(picture().hasFocus());
-    }
-
-    [[nodiscard]] QVKeyPen &pen() const
-    {
-        return *dynamic_cast<QVKeyPen *>(view().findChild<QWidget *>(QStringLiteral("keyPen")));
-    }
-
-    void press(Qt::Key key, int times = 1, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const
-    {
-        for (int i = 0; i < times; ++i) {
-            advance(30ms);
-            QTest::keyClick(&picture(), key, modifiers);
-        }
     }
 };
 
