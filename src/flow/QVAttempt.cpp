@@ -4,15 +4,9 @@
 #include "flow/QVPopupPresenter.h"
 #include "service/QVClickResponseModel.h"
 #include "service/QVErrorClassification.h"
+#include "service/QVServiceLog.h"
 
 #include <utility>
-
-namespace {
-
-/// The code of the error where the user has to draw and no popup can be shown.
-constexpr qint64 popupCannotBeShown = 10001;
-
-} // namespace
 
 QVAttempt::QVAttempt(QVVerifyStyle style, QVIdentity identity, const QVPopupPresenter &presenter,
                      QObject *host, QVAttemptObserver *observer)
@@ -117,7 +111,9 @@ void QVAttempt::showVerifyControllerWithConfig(const QVClickSequence::Config &co
         return;
     }
     if (!m_presenter.canShowOver(m_host)) {
-        handleError(QVErrorClassification::parseError(QVError({}, popupCannotBeShown)));
+        qCWarning(qv_serviceLog,
+                  "No popup can be shown: there is no QApplication, or a Quick window covers all");
+        handleError(QVErrorClassification::parseError(QVError({}, QVError::CannotBeShown)));
         return;
     }
     const auto popup = m_presenter.open(m_style, config, click, this);

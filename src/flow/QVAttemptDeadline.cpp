@@ -13,6 +13,6 @@ void QVAttemptDeadline::start(Expired expired)
     if (timeout.count() <= 0)
         return;
     m_timer.start(timeout, [expired = std::move(expired)] {
-        expired(QVErrorClassification::parseError(qv_networkError(QVNetworkError::timedOut)));
+        expired(QVErrorClassification::parseError(qv_networkError(QVError::TimedOut)));
     });
 }

@@ -22,7 +22,6 @@ namespace {
 
 constexpr auto embedStartDelay = std::chrono::milliseconds(100);
 constexpr auto successNoticeDelay = std::chrono::seconds(1);
-constexpr qint64 pictureErrorCode = 10000;
 constexpr qint64 triesPerPicture = 2;
 
 QVAPIRequestManager &service()
@@ -447,7 +446,7 @@ void QVRenderDrawFlow::handlePicture(const QImage &picture, bool failed)
 {
     surface().hiddenLoadingAnimation();
     if (failed) {
-        handleRequestError(QVError({}, pictureErrorCode), QVKey::loadFaild, true);
+        handleRequestError(QVError({}, QVError::PictureNotLoaded), QVKey::loadFaild, true);
         return;
     }
     surface().setPicture(picture);

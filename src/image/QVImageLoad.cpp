@@ -76,7 +76,7 @@ void QVImageLoad::handleDownload(const QVBoundedDownload::Result &result)
     if (result.error)
         return fail(result.error->code());
     if (result.httpStatus >= QVNetworkError::firstErrorStatus)
-        return fail(QVNetworkError::other);
+        return fail(QVError::OtherFailure);
     m_bytes = result.body;
     decode(m_bytes);
 }
@@ -93,7 +93,7 @@ void QVImageLoad::decode(const QByteArray &bytes)
 void QVImageLoad::handleDecoded(const QImage &image)
 {
     if (image.isNull())
-        return fail(QVNetworkError::other);
+        return fail(QVError::OtherFailure);
     m_resources.remember(m_address, image);
     if (m_isForDisk)
         m_resources.disk().write(m_address, m_bytes);
@@ -103,7 +103,7 @@ void QVImageLoad::handleDecoded(const QImage &image)
 void QVImageLoad::startDeadline()
 {
     m_deadline.start(m_start + limits.deadline - QVScheduler::shared().now(),
-                     [this] { fail(QVNetworkError::timedOut); });
+                     [this] { fail(QVError::TimedOut); });
 }
 
 void QVImageLoad::stopDecoding()

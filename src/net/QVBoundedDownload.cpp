@@ -13,11 +13,11 @@ constexpr int maximumRedirects = 5;
 std::optional<qint64> faultOf(const QUrl &address)
 {
     if (!address.isValid() || address.isEmpty())
-        return QVNetworkError::badAddress;
+        return QVError::BadAddress;
     if (address.scheme() != QLatin1String("https") && address.scheme() != QLatin1String("http"))
-        return QVNetworkError::unsupportedAddress;
+        return QVError::UnsupportedAddress;
     if (address.host().isEmpty())
-        return QVNetworkError::badAddress;
+        return QVError::BadAddress;
     return std::nullopt;
 }
 
@@ -57,7 +57,7 @@ QVBoundedDownload::QVBoundedDownload(QVNetworkSession &own, QNetworkAccessManage
     , m_completion(std::move(completion))
 {
     m_request.setSslConfiguration(qv_verifyingTls());
-    m_deadline.start(m_limits.deadline, [this] { failLater(QVNetworkError::timedOut); });
+    m_deadline.start(m_limits.deadline, [this] { failLater(QVError::TimedOut); });
 }
 
 QVBoundedDownload::~QVBoundedDownload()
@@ -97,7 +97,7 @@ void QVBoundedDownload::follow(const QByteArray &location)
 {
     const QUrl target = m_request.url().resolved(QUrl::fromEncoded(location));
     if (++m_redirects > maximumRedirects || faultOf(target) || isLessSafe(m_request.url(), target))
-        return failLater(QVNetworkError::other);
+        return failLater(QVError::OtherFailure);
     m_request.setUrl(target);
     ask();
 }

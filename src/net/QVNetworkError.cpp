@@ -23,31 +23,31 @@ bool isOffline()
 
 qint64 codeOfUnreachable(qint64 code)
 {
-    return isOffline() ? QVNetworkError::notConnected : code;
+    return isOffline() ? QVError::NotConnected : code;
 }
 
 qint64 codeOf(QNetworkReply::NetworkError error)
 {
     switch (error) {
     case QNetworkReply::ConnectionRefusedError:
-        return QVNetworkError::cannotConnect;
+        return QVError::CannotConnect;
     case QNetworkReply::RemoteHostClosedError:
-        return QVNetworkError::connectionLost;
+        return QVError::ConnectionLost;
     case QNetworkReply::HostNotFoundError:
-        return codeOfUnreachable(QVNetworkError::hostNotFound);
+        return codeOfUnreachable(QVError::HostNotFound);
     case QNetworkReply::TimeoutError:
     // The time-out of a host's own manager.
     case QNetworkReply::OperationCanceledError:
-        return QVNetworkError::timedOut;
+        return QVError::TimedOut;
     case QNetworkReply::SslHandshakeFailedError:
-        return QVNetworkError::tlsFailure;
+        return QVError::TlsFailed;
     case QNetworkReply::TemporaryNetworkFailureError:
     case QNetworkReply::NetworkSessionFailedError:
-        return QVNetworkError::notConnected;
+        return QVError::NotConnected;
     case QNetworkReply::UnknownNetworkError:
-        return codeOfUnreachable(QVNetworkError::other);
+        return codeOfUnreachable(QVError::OtherFailure);
     default:
-        return QVNetworkError::other;
+        return QVError::OtherFailure;
     }
 }
 

@@ -6,20 +6,10 @@
 
 #include <optional>
 
-/// The codes of failures that are not the service's own. Their numbers are part of what hosts see.
 namespace QVNetworkError {
 
-inline constexpr qint64 other = -1;
+/// The code of a request that was given up, which no host sees.
 inline constexpr qint64 cancelled = -999;
-inline constexpr qint64 badAddress = -1000;
-inline constexpr qint64 timedOut = -1001;
-inline constexpr qint64 unsupportedAddress = -1002;
-inline constexpr qint64 hostNotFound = -1003;
-inline constexpr qint64 cannotConnect = -1004;
-inline constexpr qint64 connectionLost = -1005;
-inline constexpr qint64 notConnected = -1009;
-inline constexpr qint64 tlsFailure = -1200;
-inline constexpr qint64 notJson = 3840;
 
 /// HTTP statuses from here on say that something went wrong.
 inline constexpr int firstErrorStatus = 400;

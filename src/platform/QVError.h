@@ -10,9 +10,15 @@
 /// Why something failed, ready to be shown.
 ///
 /// The domain is the message for the user, in the language in force when the failure happened; the
-/// code is the service's own (101, 104, 1002 …) or the platform's (-1001 timed out, -1005
-/// connection lost, 3840 not JSON …). The extra information holds "QVCustonErrorKey" when the
-/// service itself refused.
+/// code is one of QVError::Code, or the number of a refusal that this version does not know. The extra
+/// information holds "QVCustonErrorKey" when the service itself refused.
+///
+/// \code
+/// connect(&verification, &QVClickManager::failed, this, [this](const QVError &error) {
+///     if (error.code() == QVError::NotConnected)
+///         showOffline();
+/// });
+/// \endcode
 class QUARVO_EXPORT QVError
 {
     Q_GADGET
@@ -21,6 +27,29 @@ class QUARVO_EXPORT QVError
     Q_PROPERTY(QVariantMap userInfo READ userInfo)
 
 public:
+    /// What a failure means. The numbers are those of the service and of the platform, and stay the same.
+    enum Code : qint64 {
+        UnexpectedAnswer = 0,       ///< The answer is JSON, but none of the service's.
+        AccessDenied = 101,         ///< The service does not accept the verification id.
+        RefreshTooFast = 105,       ///< New pictures were asked for too fast.
+        TooManyRefreshes = 106,     ///< New pictures were asked for too often.
+        TooManyAttempts = 315,      ///< Too many attempts came from this device or address.
+        Expired = 1002,             ///< The picture was answered too late, or twice.
+        OtherFailure = -1,          ///< Anything that has no other code, such as an answer that is too large.
+        BadAddress = -1000,         ///< An address is malformed, or names no host.
+        TimedOut = -1001,           ///< No answer in time, or the attempt took longer than the host lets it.
+        UnsupportedAddress = -1002, ///< An address is neither http nor https, or empty.
+        HostNotFound = -1003,       ///< The server's name is not known.
+        CannotConnect = -1004,      ///< Nobody listens at the address.
+        ConnectionLost = -1005,     ///< The connection ended before the answer was there.
+        NotConnected = -1009,       ///< The machine has no network.
+        TlsFailed = -1200,          ///< The connection could not be secured.
+        NotJson = 3840,             ///< The answer is no JSON.
+        PictureNotLoaded = 10000,   ///< The picture is missing, too large, or none.
+        CannotBeShown = 10001,      ///< The user has to draw, and nothing can be shown to draw on.
+    };
+    Q_ENUM(Code)
+
     /// No message, code 0.
     QVError() = default;
     /// An error as it is to be shown.

@@ -15,15 +15,15 @@ QString customErrorKey()
 std::optional<QLatin1String> serviceMessageKey(qint64 code)
 {
     switch (code) {
-    case 101:
+    case QVError::AccessDenied:
         return QVKey::accessDenied;
-    case 105:
+    case QVError::RefreshTooFast:
         return QVKey::refreshTooFast;
-    case 106:
+    case QVError::TooManyRefreshes:
         return QVKey::refreshMany;
-    case 315:
+    case QVError::TooManyAttempts:
         return QVKey::requestToMouch;
-    case 1002:
+    case QVError::Expired:
         return QVKey::expired;
     default:
         return std::nullopt;
@@ -33,10 +33,10 @@ std::optional<QLatin1String> serviceMessageKey(qint64 code)
 std::optional<QLatin1String> platformMessageKey(qint64 code)
 {
     switch (code) {
-    case QVNetworkError::timedOut:
+    case QVError::TimedOut:
         return QVKey::timedOut;
-    case QVNetworkError::connectionLost:
-    case QVNetworkError::notConnected:
+    case QVError::ConnectionLost:
+    case QVError::NotConnected:
         // Being offline reads the same as losing the connection.
         return QVKey::connectionLost;
     default:
@@ -64,7 +64,7 @@ bool QVErrorClassification::isQVCustomError(const QVError &error)
 
 QVError QVErrorClassification::customErrorWithErrorResponse(const QVResponseModel *response)
 {
-    const qint64 code = response ? response->code().toLongLong() : 0;
+    const qint64 code = response ? response->code().toLongLong() : QVError::UnexpectedAnswer;
     return parseError(QVError(qv_localizedStringForKey(QVKey::otherRequestError), code, customUserInfo()));
 }
 

@@ -31,11 +31,11 @@ bool isLoneValue(const QByteArray &body)
 QVJsonAnswer qv_readJsonAnswer(const QByteArray &body)
 {
     if (isTooMuch(body))
-        return {std::nullopt, qv_networkError(QVNetworkError::notJson)};
+        return {std::nullopt, qv_networkError(QVError::NotJson)};
     const QJsonDocument document = QJsonDocument::fromJson(body);
     if (document.isObject())
         return {document.object(), std::nullopt};
     if (document.isArray() || isLoneValue(body))
         return {};
-    return {std::nullopt, qv_networkError(QVNetworkError::notJson)};
+    return {std::nullopt, qv_networkError(QVError::NotJson)};
 }
