@@ -40,7 +40,7 @@ QVClickButton::QVClickButton(QWidget *parent)
     : QAbstractButton(parent)
     , d(std::make_unique<QVClickButtonPrivate>(this))
 {
-    qv_assertMainThread();
+    qv_mayCall(Q_FUNC_INFO);
     // Taken here, since a host's widget around the button that takes touches leaves no mouse events.
     setAttribute(Qt::WA_AcceptTouchEvents);
     setAttribute(Qt::WA_Hover);
@@ -65,6 +65,8 @@ QVClickButtonDelegate *QVClickButton::delegate() const
 
 void QVClickButton::setDelegate(QVClickButtonDelegate *delegate)
 {
+    if (!qv_mayCall(Q_FUNC_INFO))
+        return;
     d->delegate = delegate;
 }
 
@@ -75,6 +77,8 @@ QString QVClickButton::vid() const
 
 void QVClickButton::setVid(const QString &vid)
 {
+    if (!qv_mayCall(Q_FUNC_INFO))
+        return;
     d->identity.ownVid = vid;
 }
 
@@ -85,6 +89,8 @@ QString QVClickButton::scene() const
 
 void QVClickButton::setScene(const QString &scene)
 {
+    if (!qv_mayCall(Q_FUNC_INFO))
+        return;
     d->identity.ownScene = scene;
 }
 
@@ -95,6 +101,8 @@ int QVClickButton::cornerRadius() const
 
 void QVClickButton::setCornerRadius(int radius)
 {
+    if (!qv_mayCall(Q_FUNC_INFO))
+        return;
     d->cornerRadius = std::max(0, radius);
     d->layoutSubviews();
     update();
@@ -122,7 +130,8 @@ QSize QVClickButton::minimumSizeHint() const
 
 void QVClickButton::reset()
 {
-    qv_assertMainThread();
+    if (!qv_mayCall(Q_FUNC_INFO))
+        return;
     d->reset();
 }
 

@@ -1,6 +1,7 @@
 #include "modes/QVClickManager.h"
 
 #include "flow/QVIdentity.h"
+#include "modes/QVCannotBeShown.h"
 #include "modes/QVClickButton.h"
 #include "modes/QVClickManagerDelegate.h"
 #include "modes/QVLostManager.h"
@@ -73,7 +74,7 @@ QVClickManager::QVClickManager(QObject *parent)
     : QObject(parent)
     , d(std::make_unique<Private>(this))
 {
-    qv_assertMainThread();
+    qv_mayCall(Q_FUNC_INFO);
 }
 
 QVClickManager::~QVClickManager()
@@ -94,6 +95,8 @@ QVClickManagerDelegate *QVClickManager::delegate() const
 
 void QVClickManager::setDelegate(QVClickManagerDelegate *delegate)
 {
+    if (!qv_mayCall(Q_FUNC_INFO))
+        return;
     d->delegate = delegate;
 }
 
@@ -104,6 +107,8 @@ QString QVClickManager::vid() const
 
 void QVClickManager::setVid(const QString &vid)
 {
+    if (!qv_mayCall(Q_FUNC_INFO))
+        return;
     d->identity.ownVid = vid;
     if (d->button)
         d->button->setVid(vid);
@@ -116,6 +121,8 @@ QString QVClickManager::scene() const
 
 void QVClickManager::setScene(const QString &scene)
 {
+    if (!qv_mayCall(Q_FUNC_INFO))
+        return;
     d->identity.ownScene = scene;
     if (d->button)
         d->button->setScene(scene);
@@ -123,7 +130,10 @@ void QVClickManager::setScene(const QString &scene)
 
 QVClickButton *QVClickManager::button()
 {
-    qv_assertMainThread();
+    if (!qv_mayCall(Q_FUNC_INFO) || !qv_hasWidgets(Q_FUNC_INFO)) {
+        qv_failToShow(this);
+        return nullptr;
+    }
     if (!d->button)
         d->createButton();
     return d->button;
@@ -145,5 +155,6 @@ void QVClickManager::clickButtonVerifyPassedWithToken(const QString &token)
 
 void QVClickManager::reset()
 {
-    button()->reset();
+    if (auto *const button = this->button())
+        button->reset();
 }

@@ -43,6 +43,8 @@ public:
     void setScene(const QString &scene);
 
     /// The button, created by the first call. It belongs to the manager until it is given a parent.
+    /// Null where the application object is no QApplication, which failed() then tells with the code
+    /// QVError::CannotBeShown.
     [[nodiscard]] QVClickButton *button();
     /// The same button, for a host that only places it in a layout.
     [[nodiscard]] QAbstractButton *clickButton();

@@ -2,6 +2,7 @@
 
 #include "draw/QVRenderDrawView.h"
 #include "flow/QVIdentity.h"
+#include "modes/QVCannotBeShown.h"
 #include "modes/QVEmbedManagerDelegate.h"
 #include "modes/QVLostManager.h"
 #include "platform/QVMainThread.h"
@@ -74,7 +75,7 @@ QVEmbedManager::QVEmbedManager(QObject *parent)
     : QObject(parent)
     , d(std::make_unique<Private>(*this))
 {
-    qv_assertMainThread();
+    qv_mayCall(Q_FUNC_INFO);
 }
 
 QVEmbedManager::~QVEmbedManager() = default;
@@ -86,7 +87,8 @@ QVEmbedManagerDelegate *QVEmbedManager::delegate() const
 
 void QVEmbedManager::setDelegate(QVEmbedManagerDelegate *delegate)
 {
-    qv_assertMainThread();
+    if (!qv_mayCall(Q_FUNC_INFO))
+        return;
     d->delegate = delegate;
 }
 
@@ -97,6 +99,8 @@ QString QVEmbedManager::vid() const
 
 void QVEmbedManager::setVid(const QString &vid)
 {
+    if (!qv_mayCall(Q_FUNC_INFO))
+        return;
     d->setIdentity({vid, scene()});
 }
 
@@ -107,6 +111,8 @@ QString QVEmbedManager::scene() const
 
 void QVEmbedManager::setScene(const QString &scene)
 {
+    if (!qv_mayCall(Q_FUNC_INFO))
+        return;
     d->setIdentity({vid(), scene});
 }
 
@@ -117,12 +123,14 @@ QWidget *QVEmbedManager::embedView()
 
 QVRenderDrawView *QVEmbedManager::renderView()
 {
-    qv_assertMainThread();
-    return d->renderView();
+    if (qv_mayCall(Q_FUNC_INFO) && qv_hasWidgets(Q_FUNC_INFO))
+        return d->renderView();
+    qv_failToShow(this);
+    return nullptr;
 }
 
 void QVEmbedManager::reset()
 {
-    qv_assertMainThread();
-    d->renderView()->reset();
+    if (auto *const view = renderView())
+        view->reset();
 }

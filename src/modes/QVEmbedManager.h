@@ -43,7 +43,8 @@ public:
     void setScene(const QString &scene);
 
     /// The view to place, made on first use. It belongs to the manager until it gets a parent, and to
-    /// that parent from then on; if the parent destroys it, the next call makes another.
+    /// that parent from then on; if the parent destroys it, the next call makes another. Null where the
+    /// application object is no QApplication, which failed() then tells with the code QVError::CannotBeShown.
     [[nodiscard]] QWidget *embedView();
     /// The same view.
     [[nodiscard]] QVRenderDrawView *renderView();

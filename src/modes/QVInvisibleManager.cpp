@@ -1,5 +1,6 @@
 #include "modes/QVInvisibleManager.h"
 
+#include "modes/QVCannotBeShown.h"
 #include "modes/QVInvisibleDelegate.h"
 #include "modes/QVInvisibleManagerPrivate.h"
 #include "platform/QVMainThread.h"
@@ -8,7 +9,7 @@ QVInvisibleManager::QVInvisibleManager(QObject *parent)
     : QObject(parent)
     , d(std::make_unique<QVInvisibleManagerPrivate>(this))
 {
-    qv_assertMainThread();
+    qv_mayCall(Q_FUNC_INFO);
 }
 
 QVInvisibleManager::~QVInvisibleManager() = default;
@@ -20,6 +21,8 @@ QVInvisibleDelegate *QVInvisibleManager::delegate() const
 
 void QVInvisibleManager::setDelegate(QVInvisibleDelegate *delegate)
 {
+    if (!qv_mayCall(Q_FUNC_INFO))
+        return;
     d->delegate = delegate;
 }
 
@@ -30,6 +33,8 @@ QString QVInvisibleManager::vid() const
 
 void QVInvisibleManager::setVid(const QString &vid)
 {
+    if (!qv_mayCall(Q_FUNC_INFO))
+        return;
     d->identity.ownVid = vid;
 }
 
@@ -40,6 +45,8 @@ QString QVInvisibleManager::scene() const
 
 void QVInvisibleManager::setScene(const QString &scene)
 {
+    if (!qv_mayCall(Q_FUNC_INFO))
+        return;
     d->identity.ownScene = scene;
 }
 
@@ -50,17 +57,22 @@ bool QVInvisibleManager::animation() const
 
 void QVInvisibleManager::setAnimation(bool animation)
 {
+    if (!qv_mayCall(Q_FUNC_INFO))
+        return;
     d->animation = animation;
 }
 
 void QVInvisibleManager::startInsivible()
 {
-    qv_assertMainThread();
-    d->startInsivible();
+    if (qv_mayCall(Q_FUNC_INFO))
+        d->startInsivible();
+    else
+        qv_failToShow(this);
 }
 
 void QVInvisibleManager::reset()
 {
-    qv_assertMainThread();
+    if (!qv_mayCall(Q_FUNC_INFO))
+        return;
     d->reset();
 }

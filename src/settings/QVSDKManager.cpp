@@ -14,10 +14,10 @@ namespace {
 
 Q_LOGGING_CATEGORY(settingsLog, "quarvo.settings", QtInfoMsg)
 
-QVConfigurationManager &settings()
+/// Null where the settings must not be touched.
+QVConfigurationManager *settingsFor(const char *call)
 {
-    qv_assertMainThread();
-    return QVConfigurationManager::sharedManager();
+    return qv_mayCall(call) ? &QVConfigurationManager::sharedManager() : nullptr;
 }
 
 void warnOfPlain(const QStringList &addresses)
@@ -32,79 +32,101 @@ void warnOfPlain(const QStringList &addresses)
 
 void QVSDKManager::setQuarvoSDKVid(const QString &vid, const QString &scene)
 {
-    settings().setVid(vid);
-    settings().setScene(scene);
+    auto *const settings = settingsFor(Q_FUNC_INFO);
+    if (!settings)
+        return;
+    settings->setVid(vid);
+    settings->setScene(scene);
 }
 
 void QVSDKManager::setPreferredLanguage(const QString &language)
 {
-    settings().setPreferredLanguage(language);
+    if (auto *const settings = settingsFor(Q_FUNC_INFO))
+        settings->setPreferredLanguage(language);
 }
 
 void QVSDKManager::setResourceBundle(const QString &path)
 {
+    auto *const settings = settingsFor(Q_FUNC_INFO);
+    if (!settings)
+        return;
     auto bundle = path.isNull() ? nullptr : QVBundle::open(path);
     if (!bundle && !path.isNull())
         qCWarning(settingsLog, "No resource bundle: %s is no folder", qUtf8Printable(path));
     QVMainBundle::shared().setHostBundle(std::move(bundle));
-    settings().setPreferredLanguage(settings().preferredLanguage());
+    settings->setPreferredLanguage(settings->preferredLanguage());
 }
 
 void QVSDKManager::setOutageServer(const QString &address)
 {
+    auto *const settings = settingsFor(Q_FUNC_INFO);
+    if (!settings)
+        return;
     warnOfPlain({address});
-    settings().setOutage(address);
+    settings->setOutage(address);
 }
 
 void QVSDKManager::setOutageOpen(bool open)
 {
-    settings().setIsOpenOutage(open);
+    if (auto *const settings = settingsFor(Q_FUNC_INFO))
+        settings->setIsOpenOutage(open);
 }
 
 void QVSDKManager::setServiceAddresses(const QVServiceAddresses &addresses)
 {
+    auto *const settings = settingsFor(Q_FUNC_INFO);
+    if (!settings)
+        return;
     warnOfPlain({addresses.apiHost(), addresses.downloadHost(), addresses.imageHost(), addresses.cdn()});
-    settings().setServiceAddresses(addresses);
+    settings->setServiceAddresses(addresses);
 }
 
 void QVSDKManager::setPopupClosesOnOutsideClick(bool closes)
 {
-    settings().setClosesOnOutsideClick(closes);
+    if (auto *const settings = settingsFor(Q_FUNC_INFO))
+        settings->setClosesOnOutsideClick(closes);
 }
 
 void QVSDKManager::setNetworkAccessManager(QNetworkAccessManager *manager)
 {
-    settings().setNetworkAccessManager(manager);
+    if (auto *const settings = settingsFor(Q_FUNC_INFO))
+        settings->setNetworkAccessManager(manager);
 }
 
 void QVSDKManager::setAttemptTimeout(std::chrono::milliseconds timeout)
 {
     // No longer than what every part of the way can count.
     constexpr std::chrono::milliseconds longest = std::chrono::days(1);
-    settings().setAttemptTimeout(std::clamp(timeout, std::chrono::milliseconds::zero(), longest));
+    if (auto *const settings = settingsFor(Q_FUNC_INFO))
+        settings->setAttemptTimeout(std::clamp(timeout, std::chrono::milliseconds::zero(), longest));
 }
 
 void QVSDKManager::setPopupPresentation(QVPopupPresentation presentation)
 {
-    settings().setPopupPresentation(presentation);
+    if (auto *const settings = settingsFor(Q_FUNC_INFO))
+        settings->setPopupPresentation(presentation);
 }
 
 void QVSDKManager::setContrast(QVContrast contrast)
 {
-    settings().setContrast(contrast);
+    if (auto *const settings = settingsFor(Q_FUNC_INFO))
+        settings->setContrast(contrast);
 }
 
 void QVSDKManager::setAppearance(QVAppearance appearance)
 {
-    settings().setAppearance(appearance);
+    if (auto *const settings = settingsFor(Q_FUNC_INFO))
+        settings->setAppearance(appearance);
 }
 
 void QVSDKManager::setAccentColor(const QColor &color)
 {
-    settings().setAccentColor(color.isValid() ? QColor(color.rgb()) : color);
+    if (auto *const settings = settingsFor(Q_FUNC_INFO))
+        settings->setAccentColor(color.isValid() ? QColor(color.rgb()) : color);
 }
 
 void QVSDKManager::setReducedMotion(bool reduced)
 {
-    settings().setIsMotionReduced(reduced);
+    if (auto *const settings = settingsFor(Q_FUNC_INFO))
+        settings->setIsMotionReduced(reduced);
 }

@@ -18,7 +18,8 @@ class QVServiceAddresses;
 /// What is set holds for the whole process and ends with it. A change takes effect for the next
 /// request, not for one already under way; only setOutageOpen() also takes effect
 /// while the outage switch is being asked. Nothing is checked: an empty id is sent as it is.
-/// Call from the user-interface thread, once the application object exists.
+/// Call from the user-interface thread, once the application object exists; other calls do nothing, and are
+/// warned of in the log.
 class QUARVO_EXPORT QVSDKManager
 {
 public:
