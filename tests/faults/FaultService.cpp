@@ -45,8 +45,8 @@ void ResettingServer::incomingConnection(qintptr descriptor)
     ::close(handle);
 }
 
-FaultService::FaultService()
-    : m_serviceAddress(m_service.addresses().apiHost())
+FaultService::FaultService(DrawService &service)
+    : m_serviceAddress(service.addresses().apiHost())
 {
     const QString front = m_front.address();
     QVServiceAddresses addresses;
@@ -55,9 +55,9 @@ FaultService::FaultService()
     addresses.setImageHost(front + QStringLiteral("/outage-pictures"));
     QVSDKManager::setServiceAddresses(addresses);
     QVSDKManager::setOutageServer(front + QStringLiteral("/outage"));
-    m_service.extend(QStringLiteral("config"),
-                     {{QStringLiteral("api_server"), front + QStringLiteral("/api")},
-                      {QStringLiteral("cdn_servers"), QJsonArray{front + QStringLiteral("/pictures")}}});
+    service.extend(QStringLiteral("config"),
+                   {{QStringLiteral("api_server"), front + QStringLiteral("/api")},
+                    {QStringLiteral("cdn_servers"), QJsonArray{front + QStringLiteral("/pictures")}}});
     m_front.setResponder([this](const QVReceivedRequest &request) { return respond(request); });
     addWireFaults();
     addBodyFaults();

@@ -20,11 +20,10 @@ class FaultService
 public:
     using Fault = QVScriptedServer::Responder;
 
-    FaultService();
+    explicit FaultService(DrawService &service);
     ~FaultService();
     Q_DISABLE_COPY(FaultService)
 
-    [[nodiscard]] DrawService &service() { return m_service; }
     /// All faults by name.
     [[nodiscard]] const QList<std::pair<QString, Fault>> &faults() const { return m_faults; }
     /// From now on requests whose target begins with \a target meet \a fault.
@@ -43,8 +42,7 @@ private:
     void addBodyFaults();
     void addRedirects();
 
-    DrawService m_service;
-    QString m_serviceAddress;
+    const QString m_serviceAddress;
     QVScriptedServer m_front;
     QVScriptedServer m_trusted;
     QVScriptedServer m_untrusted;

@@ -1,6 +1,6 @@
 #include "draw/QVAdButton.h"
 #include "draw/QVRenderDrawView.h"
-#include "faults/FaultsTestCase.h"
+#include "modes/ModesTestCase.h"
 #include "settings/QVConfigurationManager.h"
 #include "support/QVPointerInput.h"
 #include "views/QVLabel.h"
@@ -28,7 +28,7 @@ void take(QtMsgType, const QMessageLogContext &, const QString &message)
 } // namespace
 
 /// What is the user's own stays out of the log, and what the network says stays plain text.
-class TestSecrecy : public FaultsTestCase
+class TestSecrecy : public ModesTestCase
 {
     Q_OBJECT
 
@@ -39,11 +39,11 @@ private Q_SLOTS:
     void logsNothingThatIdentifies_data()
     {
         const auto row = addColumns<int, QString>({"style", "kind"});
-        row("embed", 0, QStringLiteral("verify"));
-        row("click", 1, QStringLiteral("verify"));
-        row("invisible", 2, QStringLiteral("verify"));
-        row("outage", 0, QStringLiteral("outage verify"));
-        row("characters", 0, QStringLiteral("characters"));
+        row("embed", 0, q("verify"));
+        row("click", 1, q("verify"));
+        row("invisible", 2, q("verify"));
+        row("outage", 0, q("outage verify"));
+        row("characters", 0, q("characters"));
     }
 
     void logsNothingThatIdentifies()
@@ -52,28 +52,27 @@ private Q_SLOTS:
         QFETCH(const QString, kind);
         const bool isOutage = kind == QLatin1String("outage verify");
         const bool isTyped = kind == QLatin1String("characters");
-        service().answer(QStringLiteral("switch"), {{QStringLiteral("active"), isOutage}});
+        service().answer(q("switch"), {{q("active"), isOutage}});
         if (isTyped)
-            service().extend(QStringLiteral("config"),
-                             {{QStringLiteral("type"), QStringLiteral("character")}});
+            service().extend(q("config"), {{q("type"), q("character")}});
         logged.clear();
-        QLoggingCategory::setFilterRules(QStringLiteral("*=true"));
+        QLoggingCategory::setFilterRules(q("*=true"));
         const QtMessageHandler usual = qInstallMessageHandler(take);
         openAndWait(style);
         answer(isTyped);
         // The main service's trace is told of by its length, and its record by its type.
         const bool isTold = isOutage || waitFor([this] {
                                 advance(100ms);
-                                return !logged.filter(QStringLiteral("dealloc")).isEmpty();
+                                return !logged.filter(q("dealloc")).isEmpty();
                             });
         qInstallMessageHandler(usual);
         QLoggingCategory::setFilterRules(QString());
         QVERIFY(!QTest::currentTestFailed());
 
-        QStringList secrets = service().query(isTyped ? QStringLiteral("verify") : kind).values();
+        QStringList secrets = service().query(isTyped ? q("verify") : kind).values();
         QVERIFY(secrets.size() > 3);
-        secrets.append({QVConfigurationManager::sharedManager().deviceId(), QStringLiteral("-token"),
-                        QStringLiteral("http"), QStringLiteral("challenge")});
+        secrets.append(
+            {QVConfigurationManager::sharedManager().deviceId(), q("-token"), q("http"), q("challenge")});
         QVERIFY(isTold);
         for (const QString &message : std::as_const(logged)) {
             for (const QString &secret : std::as_const(secrets))
@@ -84,20 +83,19 @@ private Q_SLOTS:
     void takesMarkupForWhatItSays()
     {
         // Were it markup, there would be nothing to see.
-        const QString markup = QStringLiteral("<i></i>&amp;%s%n");
+        const QString markup = q("<i></i>&amp;%s%n");
         for (const char *answer : {"get", "verify"}) {
-            service().extend(QLatin1String(answer),
-                             {{QStringLiteral("adlinkword"), markup},
-                              {QStringLiteral("adlink"), QStringLiteral("https://ad.example")},
-                              {QStringLiteral("passline"), markup},
-                              {QStringLiteral("score"), markup}});
+            service().extend(QLatin1String(answer), {{q("adlinkword"), markup},
+                                                     {q("adlink"), q("https://ad.example")},
+                                                     {q("passline"), markup},
+                                                     {q("score"), markup}});
         }
         openAndWait(QVVerifyStyleEmbed);
         auto &ad = static_cast<QVAdButton &>(*part("adButton"));
         QVERIFY(ad.accessibleName().endsWith(markup));
         const QSize size = ad.size();
         const QImage word = ad.grab().toImage();
-        ad.setWord(QStringLiteral("&%s%n"), {});
+        ad.setWord(q("&%s%n"), {});
         ad.resize(size);
         QVERIFY(ad.grab().toImage() != word);
 
@@ -105,20 +103,20 @@ private Q_SLOTS:
         auto &bar = *static_cast<QVRenderDrawOverlayView *>(part("successOverlayView"))->overlayLabel();
         QVERIFY2(bar.text().contains(markup), qPrintable(bar.text()));
         const QImage line = bar.grab().toImage();
-        bar.setText(QString(bar.text()).replace(markup, QStringLiteral("&%s%n")));
+        bar.setText(QString(bar.text()).replace(markup, q("&%s%n")));
         QVERIFY(bar.grab().toImage() != line);
     }
 
     void opensWebPagesThatTheUserPresses_data()
     {
         const auto row = addColumns<QString, bool>({"link", "isOpened"});
-        row("web", QStringLiteral("https://ad.example/a"), true);
-        row("file", QStringLiteral("file:///etc/passwd"), false);
-        row("script", QStringLiteral("javascript:alert(1)"), false);
-        row("mail", QStringLiteral("mailto:a@ad.example"), false);
-        row("no host", QStringLiteral("https://"), false);
-        row("no scheme", QStringLiteral("ad.example"), false);
-        row("broken host", QStringLiteral("https://a b/"), false);
+        row("web", q("https://ad.example/a"), true);
+        row("file", q("file:///etc/passwd"), false);
+        row("script", q("javascript:alert(1)"), false);
+        row("mail", q("mailto:a@ad.example"), false);
+        row("no host", q("https://"), false);
+        row("no scheme", q("ad.example"), false);
+        row("broken host", q("https://a b/"), false);
     }
 
     void opensWebPagesThatTheUserPresses()
@@ -127,8 +125,7 @@ private Q_SLOTS:
         QFETCH(const bool, isOpened);
         for (const char *scheme : {"http", "https", "file", "javascript", "mailto"})
             QDesktopServices::setUrlHandler(QLatin1String(scheme), this, "takePage");
-        service().extend(QStringLiteral("get"), {{QStringLiteral("adlinkword"), QStringLiteral("Offer")},
-                                                 {QStringLiteral("adlink"), link}});
+        service().extend(q("get"), {{q("adlinkword"), q("Offer")}, {q("adlink"), link}});
         openAndWait(QVVerifyStyleEmbed);
         QCOMPARE(m_opened, QStringList());
         auto &ad = static_cast<QVAdButton &>(*part("adButton"));
@@ -143,37 +140,30 @@ protected:
         m_opened.clear();
         for (const char *scheme : {"http", "https", "file", "javascript", "mailto"})
             QDesktopServices::unsetUrlHandler(QLatin1String(scheme));
-        FaultsTestCase::finish();
+        ModesTestCase::finish();
     }
 
 private:
     void openAndWait(int style)
     {
-        openMode(QVVerifyStyle(style));
-        begin();
-        QVERIFY(waitForReady());
+        start(QVVerifyStyle(style));
+        QVERIFY(waitForPicture());
     }
 
     void answer(bool isTyped = false)
     {
-        if (isTyped)
-            type();
-        else
-            draw();
-        QVERIFY(waitFor([this] {
-            return service().count(QStringLiteral("verify")) +
-                       service().count(QStringLiteral("outage verify")) >
-                   0;
-        }));
+        if (isTyped) {
+            clickPart("inputTF");
+            QTest::keyClicks(part("inputTF"), q("typed7"));
+            clickPart("doneButton");
+        } else {
+            advance(500ms);
+            stroke();
+        }
+        QVERIFY(
+            waitFor([this] { return service().count(verify) + service().count(q("outage verify")) > 0; }));
         settle();
         advance(3s);
-    }
-
-    void type()
-    {
-        clickPart("inputTF");
-        QTest::keyClicks(part("inputTF"), QStringLiteral("typed7"));
-        clickPart("doneButton");
     }
 
     QStringList m_opened;

@@ -32,6 +32,7 @@ void ModesTestCase::finish()
 {
     destroy(false);
     destroy(true);
+    m_embed.reset();
     m_outcomes.reset();
     m_host.reset();
     settle();
@@ -97,6 +98,29 @@ QVInvisibleManager &ModesTestCase::invisibleManager()
     return *m_invisible;
 }
 
+QVEmbedManager &ModesTestCase::embedManager()
+{
+    if (!m_embed) {
+        m_embed = std::make_unique<QVEmbedManager>();
+        m_outcomes->watch(m_embed.get());
+        m_embed->embedView()->setParent(m_host.get());
+        m_embed->embedView()->setGeometry(0, 0, 414, 300);
+        m_embed->embedView()->show();
+        advance(100ms);
+    }
+    return *m_embed;
+}
+
+void ModesTestCase::start(QVVerifyStyle style)
+{
+    if (style != QVVerifyStyleEmbed)
+        start(style == QVVerifyStyleInvisible);
+    else if (m_embed)
+        m_embed->reset();
+    else
+        (void)embedManager();
+}
+
 void ModesTestCase::start(bool isInvisible)
 {
     if (isInvisible)
@@ -147,8 +171,25 @@ qsizetype ModesTestCase::popupCount()
 
 QVRenderDrawView *ModesTestCase::drawView()
 {
-    QVWindow *const window = popup();
-    return window ? window->findChild<QVRenderDrawView *>() : nullptr;
+    if (QVWindow *const window = popup())
+        return window->findChild<QVRenderDrawView *>();
+    const auto widgets = QApplication::allWidgets();
+    const auto found = std::ranges::find_if(widgets, [](const QWidget *widget) {
+        return widget->isVisible() && qobject_cast<const QVRenderDrawView *>(widget);
+    });
+    return found == widgets.end() ? nullptr : static_cast<QVRenderDrawView *>(*found);
+}
+
+QWidget *ModesTestCase::part(const char *name)
+{
+    return drawView() ? drawView()->findChild<QWidget *>(QLatin1String(name)) : nullptr;
+}
+
+void ModesTestCase::clickPart(const char *name) const
+{
+    // What slides or fades in has come to rest.
+    advance(500ms);
+    QVPointerInput::click(*part(name), part(name)->rect().center());
 }
 
 bool ModesTestCase::waitForPicture()

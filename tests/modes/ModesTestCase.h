@@ -1,9 +1,11 @@
 #pragma once
 
 #include "draw/DrawService.h"
+#include "flow/QVVerifyStyle.h"
 #include "modes/Outcomes.h"
 #include "modes/QVClickButton.h"
 #include "modes/QVClickManager.h"
+#include "modes/QVEmbedManager.h"
 #include "modes/QVInvisibleManager.h"
 #include "support/QVTestCase.h"
 
@@ -51,9 +53,13 @@ protected:
     QVClickManager &clickManager();
     /// Made when it is first used, without a badge.
     QVInvisibleManager &invisibleManager();
-    /// What both managers say.
+    /// Made when it is first used, with its panel on the host.
+    QVEmbedManager &embedManager();
+    /// What the managers say.
     [[nodiscard]] Outcomes &outcomes() const { return *m_outcomes; }
     void start(bool isInvisible);
+    /// Starts anew, as the host or its user does.
+    void start(QVVerifyStyle style);
     /// Destroys a manager, and its button.
     void destroy(bool isInvisible);
 
@@ -66,7 +72,11 @@ protected:
     [[nodiscard]] static QVWindow *popup();
     /// How many popups there are, hidden ones included.
     [[nodiscard]] static qsizetype popupCount();
+    /// The popup's, else the panel's.
     [[nodiscard]] static QVRenderDrawView *drawView();
+    /// A part of what the user draws in; null where there is none.
+    [[nodiscard]] static QWidget *part(const char *name);
+    void clickPart(const char *name) const;
     [[nodiscard]] static bool waitForPicture();
     /// Draws something that the service could be asked about.
     void strokeOn(QWidget &view) const;
@@ -80,5 +90,6 @@ private:
     std::unique_ptr<Outcomes> m_outcomes;
     std::unique_ptr<QVClickManager> m_click;
     std::unique_ptr<QVInvisibleManager> m_invisible;
+    std::unique_ptr<QVEmbedManager> m_embed;
     qsizetype m_forgotten = 0;
 };

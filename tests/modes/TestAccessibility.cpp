@@ -1,13 +1,10 @@
-#include "draw/QVRenderDrawView.h"
 #include "modes/ModesTestCase.h"
 #include "modes/QVClickButton.h"
-#include "modes/QVEmbedManager.h"
 #include "modes/QVInvisibleManager.h"
 #include "popup/QVWindow.h"
 
 #include <QAccessible>
 #include <QApplication>
-#include <QSignalSpy>
 
 using namespace std::chrono_literals;
 
@@ -19,27 +16,25 @@ class TestAccessibility : public ModesTestCase
 private Q_SLOTS:
     void thePanel()
     {
-        service().extend(config, {{QStringLiteral("guide"), true}});
-        QVEmbedManager manager;
-        QVERIFY(showUntil(manager, &QVEmbedManager::ready));
+        service().extend(config, {{q("guide"), true}});
+        (void)embedManager();
+        QVERIFY(waitForPicture());
         pass(300ms);
-        QCOMPARE(found(*manager.embedView()),
-                 QStringList({QStringLiteral("graphic: Picture to draw on"),
-                              QStringLiteral("text: Draw along the curve"), QStringLiteral("button: Help"),
-                              QStringLiteral("button: New picture")}));
-        QVERIFY(everyFocusableIsNamed(*manager.embedView()));
+        QCOMPARE(found(*embedManager().embedView()),
+                 QStringList({q("graphic: Picture to draw on"), q("text: Draw along the curve"),
+                              q("button: Help"), q("button: New picture")}));
+        QVERIFY(everyFocusableIsNamed(*embedManager().embedView()));
     }
 
     void charactersAreAField()
     {
-        service().extend(config, {{QStringLiteral("type"), QStringLiteral("character")}});
-        QVEmbedManager manager;
-        QVERIFY(showUntil(manager, &QVEmbedManager::ready));
+        service().extend(config, {{q("type"), q("character")}});
+        (void)embedManager();
+        QVERIFY(waitForPicture());
         pass(300ms);
-        const QStringList all = found(*manager.embedView());
-        QVERIFY2(all.contains(QStringLiteral("field: Characters in the picture")),
-                 qPrintable(all.join(u'|')));
-        QVERIFY(all.contains(QStringLiteral("button: Done")));
+        const QStringList all = found(*embedManager().embedView());
+        QVERIFY2(all.contains(q("field: Characters in the picture")), qPrintable(all.join(u'|')));
+        QVERIFY(all.contains(q("button: Done")));
     }
 
     void thePopupIsADialog()
@@ -49,7 +44,7 @@ private Q_SLOTS:
         QVERIFY(waitForPicture());
         QAccessibleInterface *dialog = QAccessible::queryAccessibleInterface(popup());
         QCOMPARE(dialog->role(), QAccessible::Dialog);
-        QCOMPARE(dialog->text(QAccessible::Name), QStringLiteral("Human verification"));
+        QCOMPARE(dialog->text(QAccessible::Name), q("Human verification"));
         const QStringList all = found(*popup());
         for (const char *const element :
              {"graphic: Picture to draw on", "button: Close", "button: New picture",
@@ -69,30 +64,29 @@ private Q_SLOTS:
         button.show();
         QAccessibleInterface *seen = QAccessible::queryAccessibleInterface(&button);
         QCOMPARE(seen->role(), QAccessible::Button);
-        QCOMPARE(seen->text(QAccessible::Name), QStringLiteral("Click to verify"));
+        QCOMPARE(seen->text(QAccessible::Name), q("Click to verify"));
         QVERIFY(!seen->state().busy);
         QCOMPARE(found(button), QStringList());
         passByClick();
         seen->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
         QVERIFY(seen->state().busy);
-        QCOMPARE(seen->text(QAccessible::Name), QStringLiteral("Verifying…"));
-        QCOMPARE(found(button), QStringList(QStringLiteral("text: Verifying…")));
+        QCOMPARE(seen->text(QAccessible::Name), q("Verifying…"));
+        QCOMPARE(found(button), QStringList(q("text: Verifying…")));
         pass(600ms);
         QVERIFY(!seen->state().busy);
-        QCOMPARE(seen->text(QAccessible::Name), QStringLiteral("Verified"));
-        QCOMPARE(found(button), QStringList(QStringLiteral("text: Verified")));
+        QCOMPARE(seen->text(QAccessible::Name), q("Verified"));
+        QCOMPARE(found(button), QStringList(q("text: Verified")));
         button.reset();
         QCOMPARE(found(button), QStringList());
     }
 
     void aFailureCanBePressed()
     {
-        answerCode(config, QStringLiteral("0101"));
-        QVEmbedManager manager;
-        QVERIFY(showUntil(manager, &QVEmbedManager::failed));
-        const QStringList all = found(*manager.embedView());
-        QVERIFY2(all.contains(QStringLiteral("button: Access denied. Try again.")),
-                 qPrintable(all.join(u'|')));
+        answerCode(config, q("0101"));
+        (void)embedManager();
+        QVERIFY(waitFor([this] { return outcomes().said() == words("failed 101"); }));
+        const QStringList all = found(*embedManager().embedView());
+        QVERIFY2(all.contains(q("button: Access denied. Try again.")), qPrintable(all.join(u'|')));
     }
 
     void theBadgeIsAMessage()
@@ -100,22 +94,12 @@ private Q_SLOTS:
         passByClick();
         QVInvisibleManager manager;
         manager.startInsivible();
-        QCOMPARE(found(host()), QStringList(QStringLiteral("text: Verifying…")));
+        QCOMPARE(found(host()), QStringList(q("text: Verifying…")));
         pass(300ms);
-        QCOMPARE(found(host()), QStringList(QStringLiteral("text: Verified")));
+        QCOMPARE(found(host()), QStringList(q("text: Verified")));
     }
 
 private:
-    template<class Signal>
-    [[nodiscard]] bool showUntil(QVEmbedManager &manager, Signal signal)
-    {
-        QSignalSpy told(&manager, signal);
-        manager.embedView()->setParent(&host());
-        manager.embedView()->show();
-        pass(150ms);
-        return waitFor([&told] { return told.size() == 1; });
-    }
-
     /// Everything below \a widget that a screen reader would stop at, by kind and name.
     static QStringList found(const QWidget &widget)
     {
@@ -131,7 +115,7 @@ private:
             if (child->state().invisible)
                 continue;
             if (const QString kind = kindOf(child->role()); !kind.isEmpty())
-                all.append(kind + QStringLiteral(": ") + child->text(QAccessible::Name));
+                all.append(kind + q(": ") + child->text(QAccessible::Name));
             walk(child, all);
         }
     }
@@ -140,14 +124,14 @@ private:
     {
         switch (role) {
         case QAccessible::Button:
-            return QStringLiteral("button");
+            return q("button");
         case QAccessible::Graphic:
-            return QStringLiteral("graphic");
+            return q("graphic");
         case QAccessible::StaticText:
         case QAccessible::Notification:
-            return QStringLiteral("text");
+            return q("text");
         case QAccessible::EditableText:
-            return QStringLiteral("field");
+            return q("field");
         default:
             return {};
         }

@@ -1,3 +1,4 @@
+#include "draw/QVRenderDrawView.h"
 #include "modes/ModesTestCase.h"
 #include "popup/QVWindow.h"
 #include "support/QVPointerInput.h"
@@ -330,9 +331,10 @@ private Q_SLOTS:
         const auto row = addColumns<bool, QString, QString, QString>({"isInvisible", "held", "end", "said"});
         for (const bool isInvisible : {false, true}) {
             const QByteArray mode = isInvisible ? "invisible, " : "button, ";
-            for (const QString &held : {outageSwitch, config, click, picture}) {
+            for (const QString &held : {outageSwitch, config, click, picture, q("stroke"), verify}) {
                 const QByteArray name = mode + held.toLatin1();
-                const QString before = held == picture ? q("popup, ") : QString();
+                const bool isOpen = held == picture || held == q("stroke") || held == verify;
+                const QString before = isOpen ? q("popup, ") : QString();
                 row(name + ", reset", isInvisible, held, q("reset"), before + q("closed HostReset"));
                 row(name + ", closed", isInvisible, held, q("close"), before + q("closed WindowGone"));
                 row(name + ", window destroyed", isInvisible, held, q("destroy window"),
@@ -358,6 +360,15 @@ private Q_SLOTS:
         invisibleManager().setAnimation(true);
         start(isInvisible);
         settle();
+        if (held == verify) {
+            QVERIFY(waitForPicture());
+            stroke();
+            settle();
+        } else if (held == q("stroke")) {
+            QVERIFY(waitForPicture());
+            QVPointerInput::press(*drawView(), QPoint(100, 100));
+            QVPointerInput::move(*drawView(), QPoint(130, 120));
+        }
         forgetAsked();
         Refusal refusal;
         if (end == q("reset"))

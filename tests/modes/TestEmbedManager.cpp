@@ -1,59 +1,33 @@
-#include "draw/DrawTestCase.h"
-#include "modes/QVEmbedManager.h"
-#include "modes/QVEmbedManagerDelegate.h"
+#include "modes/ModesTestCase.h"
 
 #include <QPointer>
 #include <QRegularExpression>
-#include <QSignalSpy>
 
 using namespace std::chrono_literals;
 
-namespace {
-
-struct Host : QVEmbedManagerDelegate
-{
-    void embedManagerVerifyPassedWithToken(const QString &token) override { tokens.append(token); }
-
-    QStringList tokens;
-};
-
-} // namespace
-
-class TestEmbedManager : public DrawTestCase
+class TestEmbedManager : public ModesTestCase
 {
     Q_OBJECT
 
 private Q_SLOTS:
-
-    void relaysWhatTheViewTells()
+    void tellsWhatBecomesOfThePanel()
     {
-        QVEmbedManager manager;
-        Host host;
-        manager.setDelegate(&host);
-        const QSignalSpy ready(&manager, &QVEmbedManager::ready);
-        const QSignalSpy wrong(&manager, &QVEmbedManager::wrongAnswer);
-        const QSignalSpy failed(&manager, &QVEmbedManager::failed);
-        const QSignalSpy passed(&manager, &QVEmbedManager::passed);
-        service().answerCode(q("verify"), q("0104"));
-        QWidget window;
-        place(manager, window);
-        QVERIFY(waitFor([&] { return ready.size() == 1; }));
-        advance(300ms);
-        strokeOn(*manager.embedView());
-        QVERIFY(waitFor([&] { return wrong.size() == 1; }));
-        service().answerCode(q("get"), q("0105"));
-        manager.reset();
-        QVERIFY(waitFor([&] { return failed.size() == 1; }));
-        service().answerCode(q("get"), q("0103"));
-        service().answer(q("verify"), {{q("code"), q("0103")}, {q("token"), q("embed-token")}});
-        manager.reset();
-        QVERIFY(waitFor([&] { return ready.size() == 2; }));
-        advance(300ms);
-        strokeOn(*manager.embedView());
-        QVERIFY(waitFor([&] { return service().count(q("verify")) == 2; }));
+        answerCode(verify, q("0104"));
+        QVERIFY(isReadyAfter(QStringList()));
+        strokeAndVerify();
+        answerCode(q("get"), q("0105"));
+        embedManager().reset();
+        settle();
+        QCOMPARE(outcomes().said(), words("ready, wrong, failed 105"));
+        answerCode(q("get"), q("0103"));
+        answerCode(verify, q("0103"));
+        embedManager().reset();
+        QVERIFY(isReadyAfter(words("ready, wrong, failed 105")));
+        outcomes().clear();
+        strokeAndVerify();
         pass(1500ms);
-        QCOMPARE(host.tokens, QStringList{q("embed-token")});
-        QCOMPARE(passed.size(), 1);
+        QCOMPARE(outcomes().said(), words("passed main-token"));
+        QCOMPARE(outcomes().told(), words("main-token"));
     }
 
     void ownsTheViewUntilTheHostDoes()
@@ -70,40 +44,32 @@ private Q_SLOTS:
             view->setParent(&page);
         }
         QVERIFY(!view);
-        QWidget window;
         view = manager->embedView();
-        view->setParent(&window);
+        view->setParent(&host());
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression(q("QVEmbedManager was destroyed")));
         manager.reset();
         QVERIFY(view);
         advance(100ms);
-        QVERIFY(waitFor([&] { return service().count(q("picture")) == 1; }));
+        QVERIFY(waitFor([this] { return service().count(picture) == 1; }));
     }
 
     void survivesAHostThatDestroysTheManager()
     {
         auto manager = std::make_unique<QVEmbedManager>();
         connect(manager.get(), &QVEmbedManager::ready, this, [&] { manager.reset(); });
-        QWidget window;
-        place(*manager, window);
+        manager->embedView()->setParent(&host());
+        advance(100ms);
         QVERIFY(waitFor([&] { return !manager; }));
     }
 
 private:
-    void place(QVEmbedManager &manager, QWidget &window)
+    /// Whether a picture comes up, \a before having been said already.
+    bool isReadyAfter(const QStringList &before)
     {
-        window.resize(440, 310);
-        manager.embedView()->setParent(&window);
-        manager.embedView()->setGeometry(window.rect());
-        window.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&window));
-        advance(100ms);
-    }
-
-    void strokeOn(QWidget &view)
-    {
-        const auto points = QVPointerInput::wave(QPoint(40, view.height() / 2), 20, 8);
-        QVPointerInput::strokeWithMouse(view, points, [this] { advance(20ms); });
+        (void)embedManager();
+        const bool isReady = waitFor([&] { return outcomes().said() == before + words("ready"); });
+        advance(300ms);
+        return isReady;
     }
 };
 
