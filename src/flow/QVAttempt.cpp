@@ -116,12 +116,8 @@ void QVAttempt::showVerifyControllerWithConfig(const QVClickSequence::Config &co
         handleError(QVErrorClassification::parseError(QVError({}, QVError::CannotBeShown)));
         return;
     }
-    const auto popup = m_presenter.open(m_style, config, click, this);
-    m_popup = popup;
-    if (m_hasEnded)
-        dismissPopup();
-    else
-        popupIsShown();
+    m_presenter.open(m_style, config, click, this);
+    popupIsShown();
 }
 
 void QVAttempt::popupIsShown()
@@ -147,6 +143,11 @@ void QVAttempt::handleError(const QVError &error)
     dismissPopup();
     if (auto *const told = m_observer.get())
         told->attemptHasFailed(*this, error);
+}
+
+void QVAttempt::qv_controllerShowAction(const std::shared_ptr<QVPopup> &popup)
+{
+    m_popup = popup;
 }
 
 void QVAttempt::qv_controllerPassedAction()

@@ -66,6 +66,7 @@ public:
 
     [[nodiscard]] QObject *qv_controllerHost() const override { return m_host; }
     [[nodiscard]] QVIdentity qv_controllerIdentity() const override { return m_identity; }
+    void qv_controllerShowAction(const std::shared_ptr<QVPopup> &popup) override;
     void qv_controllerPassedAction() override;
     void quarvoControllerVerifySuccessWithToken(const QString &token) override;
     void qv_controllerCloseAction() override;

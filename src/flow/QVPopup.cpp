@@ -6,7 +6,9 @@ void QVPopup::displayWindow()
 {
     const auto self = shared_from_this();
     ++m_displays;
-    const auto *const opener = delegate();
+    auto *const opener = delegate();
+    if (opener)
+        opener->qv_controllerShowAction(self);
     makeKeyAndVisible(opener ? opener->qv_controllerHost() : nullptr);
 }
 

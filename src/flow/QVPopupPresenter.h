@@ -9,7 +9,6 @@
 
 class QVClickResponseModel;
 class QVConfigResponseModel;
-class QVPopup;
 class QVViewControllerDelegate;
 
 /// Shows popups in a toolkit's way. It lives as long as the process.
@@ -28,11 +27,10 @@ public:
     [[nodiscard]] virtual bool canShowOver(const QObject *host) const = 0;
     /// Whether \a host is on screen.
     [[nodiscard]] virtual bool isShown(const QObject *host) const = 0;
-    /// Creates and shows a popup over the host that \a delegate names. Moves the focus, in answer to
-    /// which anything may happen, before it returns.
-    [[nodiscard]] virtual std::shared_ptr<QVPopup> open(QVVerifyStyle style, const Config &config,
-                                                        const Click &click,
-                                                        QVViewControllerDelegate *delegate) const = 0;
+    /// Creates and shows a popup, which \a delegate is handed, over the host that it names. Moves the
+    /// focus, in answer to which anything may happen, before it returns.
+    virtual void open(QVVerifyStyle style, const Config &config, const Click &click,
+                      QVViewControllerDelegate *delegate) const = 0;
     /// Calls \a gone from the event loop when \a host is no longer on screen, until the result is
     /// destroyed.
     [[nodiscard]] virtual std::unique_ptr<QObject> watch(QObject *host,

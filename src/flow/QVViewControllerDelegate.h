@@ -6,7 +6,10 @@
 
 #include <QString>
 
+#include <memory>
+
 class QObject;
+class QVPopup;
 
 /// What the popup asks of its opener and tells it.
 class QVViewControllerDelegate : public QVDelegate
@@ -17,6 +20,8 @@ public:
     /// For whom the popup asks the service.
     [[nodiscard]] virtual QVIdentity qv_controllerIdentity() const = 0;
 
+    /// The popup is about to be shown, which moves the focus.
+    virtual void qv_controllerShowAction(const std::shared_ptr<QVPopup> &popup) = 0;
     /// The trace was accepted; the token comes once the user has seen that.
     virtual void qv_controllerPassedAction() = 0;
     /// The trace was accepted a second ago; comes before the popup is dismissed.

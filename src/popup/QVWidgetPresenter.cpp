@@ -33,10 +33,10 @@ bool QVWidgetPresenter::isShown(const QObject *host) const
     return QVHostWatch::isShown(host);
 }
 
-std::shared_ptr<QVPopup> QVWidgetPresenter::open(QVVerifyStyle style, const Config &config,
-                                                 const Click &click, QVViewControllerDelegate *delegate) const
+void QVWidgetPresenter::open(QVVerifyStyle style, const Config &config, const Click &click,
+                             QVViewControllerDelegate *delegate) const
 {
-    return QVViewController::showQvWithVerifyStyle(style, config, click, delegate);
+    QVViewController::showQvWithVerifyStyle(style, config, click, delegate);
 }
 
 std::unique_ptr<QObject> QVWidgetPresenter::watch(QObject *host, const std::function<void()> &gone) const

@@ -10,8 +10,8 @@ public:
 
     [[nodiscard]] bool canShowOver(const QObject *host) const override;
     [[nodiscard]] bool isShown(const QObject *host) const override;
-    [[nodiscard]] std::shared_ptr<QVPopup> open(QVVerifyStyle style, const Config &config, const Click &click,
-                                                QVViewControllerDelegate *delegate) const override;
+    void open(QVVerifyStyle style, const Config &config, const Click &click,
+              QVViewControllerDelegate *delegate) const override;
     [[nodiscard]] std::unique_ptr<QObject> watch(QObject *host,
                                                  const std::function<void()> &gone) const override;
 };
