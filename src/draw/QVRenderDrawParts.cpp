@@ -93,6 +93,7 @@ void QVRenderDrawParts::initControls()
     m_helpButton = makeButton(m_view, "helpButton", "qv_draw_help", QVKey::accessibleHelp);
     m_refreshButton = makeButton(m_view, "refreshButton", "qv_draw_refresh", QVKey::accessibleRefresh);
     QWidget::setTabOrder(m_refreshButton, m_helpButton);
+    m_spokenMessage = new QVSpokenMessage(m_view);
 }
 
 bool QVRenderDrawParts::isSeen() const
@@ -230,8 +231,6 @@ void QVRenderDrawParts::setCharInputBusy(bool busy)
 
 void QVRenderDrawParts::pictureHasExpired()
 {
-    if (!m_spokenMessage)
-        m_spokenMessage = new QVSpokenMessage(m_view);
     m_spokenMessage->tell(QVKey::accessibleExpired);
 }
 

@@ -52,10 +52,13 @@ QVClickButton::QVClickButton(QWidget *parent)
 
 QVClickButton::~QVClickButton()
 {
-    // While this is still a button, since the popup may give the focus back to it. Beyond the
-    // application object nothing is on screen.
-    if (QCoreApplication::instance())
-        d->abandon();
+    // Beyond the application object nothing is on screen.
+    if (!QCoreApplication::instance())
+        return;
+    // While this is still a button: the popup may give the focus back to it, and the host may click it when
+    // it loses the focus.
+    d->abandon();
+    clearFocus();
 }
 
 QVClickButtonDelegate *QVClickButton::delegate() const
@@ -156,10 +159,9 @@ bool QVClickButton::event(QEvent *event)
     default:
         break;
     }
-    const bool isHandled = QAbstractButton::event(event);
     if (event->type() == QEvent::WindowDeactivate)
-        d->press.cancel();
-    return isHandled;
+        d->pressIsTakenAway();
+    return QAbstractButton::event(event);
 }
 
 void QVClickButton::paintEvent(QPaintEvent *)
@@ -266,19 +268,18 @@ void QVClickButton::focusInEvent(QFocusEvent *event)
 void QVClickButton::focusOutEvent(QFocusEvent *event)
 {
     QAbstractButton::focusOutEvent(event);
-    d->press.cancel();
+    d->pressIsTakenAway();
 }
 
 void QVClickButton::hideEvent(QHideEvent *event)
 {
     QAbstractButton::hideEvent(event);
-    d->pressHidden();
+    d->pressIsTakenAway();
 }
 
 void QVClickButton::changeEvent(QEvent *event)
 {
     QAbstractButton::changeEvent(event);
-    // Last, here and above: the host may destroy the button in answer.
     if (event->type() == QEvent::EnabledChange && !isEnabled())
-        d->press.cancel();
+        d->pressIsTakenAway();
 }

@@ -72,6 +72,9 @@ void QVClickButtonPrivate::setupSubviews()
     clickStatusLabel =
         new QVLabel({.pixelSize = 15, .mostLines = 2, .alignment = Qt::AlignLeft, .hasShadow = true},
                     QVColors::white, QAccessible::NoRole, q);
+    // Made with the button: a host may start an attempt while Qt destroys its window, in which a new child
+    // is not allowed.
+    m_spokenMessage = new QVSpokenMessage(q);
     clickStatusView->setAttribute(Qt::WA_TransparentForMouseEvents);
 }
 
@@ -128,13 +131,10 @@ void QVClickButtonPrivate::readOut()
 {
     const bool isNews = clickStatus == QVClickStatusVerifying || clickStatus == QVClickStatusPassed ||
                         clickStatus == QVClickStatusFailed;
-    if (!isNews) {
-        delete std::exchange(m_spokenMessage, nullptr);
-        return;
-    }
-    if (!m_spokenMessage)
-        m_spokenMessage = new QVSpokenMessage(q);
-    m_spokenMessage->tell(m_statusText);
+    if (isNews)
+        m_spokenMessage->tell(m_statusText);
+    else
+        m_spokenMessage->hide();
 }
 
 void QVClickButtonPrivate::describe() const
@@ -195,12 +195,12 @@ void QVClickButtonPrivate::pressEnded(bool inside)
         Q_EMIT button->clicked();
 }
 
-void QVClickButtonPrivate::pressHidden()
+void QVClickButtonPrivate::pressIsTakenAway()
 {
     if (!press.isTracking())
         return;
     press.forget();
-    // Not at once: Qt goes on with a widget that it hides, which the host could destroy in answer.
+    // Not at once: Qt goes on with the widget, which the host could destroy in answer.
     QVScheduler::shared().schedule({}, [button = QPointer(q)] {
         if (button && button->clickStatus() == QVClickStatusTouching && !button->d->press.isTracking())
             button->d->pressEnded(false);

@@ -39,7 +39,8 @@ public:
     void beginTrackingWithTouch(QPointF point) override;
     void pressMoved(bool inside) override;
     void pressEnded(bool inside) override;
-    void pressHidden();
+    /// The button was hidden or disabled, or lost the focus, while it was pressed.
+    void pressIsTakenAway();
     void clickButtonTouchDownAction();
     void clickButtonTouchDragInside();
     void clickButtonTouchDragOutside();
