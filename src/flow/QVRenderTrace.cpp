@@ -79,18 +79,16 @@ bool QVRenderTrace::isAcceptable() const
 
 QString QVRenderTrace::getRenderSource_v() const
 {
-    const auto third = traceDigitsPerNumber * static_cast<qsizetype>(m_renderSource.size());
-    QString v(3 * third, Qt::Uninitialized);
-    QChar *target = v.data();
+    QString columns;
+    QString rows;
+    QString times;
     for (const QVRenderDrawPointModel &point : m_renderSource) {
-        qv_writeTo20(static_cast<quint64>(point.pointX()), target);
-        qv_writeTo20(static_cast<quint64>(point.pointY()), target + third);
-        qv_writeTo20(point.pointTimeInterval(), target + 2 * third);
-        target += traceDigitsPerNumber;
+        columns += point.convertPointXTo20();
+        rows += point.convertPointYTo20();
+        times += point.convertPointTimeIntervalTo20();
     }
-    const auto length = static_cast<long>(third);
-    qCDebug(logDraw, "%ld %ld %ld", length, length, length);
-    return v;
+    qCDebug(logDraw, "%lld %lld %lld", qint64(columns.size()), qint64(rows.size()), qint64(times.size()));
+    return columns + rows + times;
 }
 
 QString QVRenderTrace::getRender_drawtime() const
@@ -102,10 +100,10 @@ QString QVRenderTrace::getRenderOutage_v(const QRectF &imageFrame) const
 {
     if (m_screeningRenderPoints.empty())
         return {};
-    const auto corners = qv_traceCorners(m_screeningRenderPoints);
-    QString v(static_cast<qsizetype>(corners.size()), Qt::Uninitialized);
-    std::ranges::transform(corners, v.data(), [&imageFrame](QPointF corner) {
-        return qv_cellDigit(imageFrame.size(), corner - imageFrame.topLeft());
-    });
+    QString v;
+    for (const QPointF corner : qv_traceCorners(m_screeningRenderPoints)) {
+        const QPointF inPicture = corner - imageFrame.topLeft();
+        v += converTo16WithSize(imageFrame.size(), inPicture.x(), inPicture.y());
+    }
     return v;
 }

@@ -18,48 +18,30 @@ qint64 clampedCell(qint64 index)
     return index >= 0 && index < last ? index : last;
 }
 
-QChar cellDigit(qint64 x, qint64 y)
-{
-    constexpr std::u16string_view digits = u"0123456789abcdef";
-    return digits[static_cast<std::size_t>(4 * clampedCell(y) + clampedCell(x))];
-}
-
 } // namespace
 
 // The weights are the service's: the third digit counts multiples of 8000, and the digit of weight
 // 400 is never written.
-void qv_writeTo20(quint64 number, QChar *target)
+QString convertTo20(quint64 number)
 {
     if (number > traceLargestNumber)
         throw std::out_of_range("trace number");
     const quint64 twenties = number / radix;
-    target[0] = alphabet[twenties / radix / radix];
-    target[1] = alphabet[twenties % radix];
-    target[2] = alphabet[number % radix];
-}
-
-QString convertTo20(quint64 number)
-{
-    std::array<QChar, traceDigitsPerNumber> digits;
-    qv_writeTo20(number, digits.data());
+    const std::array<QChar, 3> digits{alphabet[twenties / radix / radix], alphabet[twenties % radix],
+                                      alphabet[number % radix]};
     return QString(digits.data(), digits.size());
 }
 
 QString convertTo16X(qint64 x, qint64 y)
 {
-    return QString(cellDigit(x, y));
+    return QString::number(4 * clampedCell(y) + clampedCell(x), 16);
 }
 
 QString converTo16WithSize(QSizeF size, double x, double y)
 {
-    return QString(qv_cellDigit(size, QPointF(x, y)));
-}
-
-QChar qv_cellDigit(QSizeF size, QPointF point)
-{
-    const double column = std::floor(point.x() / (size.width() / cellsPerSide));
-    const double row = std::floor(point.y() / (size.height() / cellsPerSide));
-    return cellDigit(qv_truncated(column), qv_truncated(row));
+    const double column = std::floor(x / (size.width() / cellsPerSide));
+    const double row = std::floor(y / (size.height() / cellsPerSide));
+    return convertTo16X(qv_truncated(column), qv_truncated(row));
 }
 
 double areaFromPointA(QPointF pointA, QPointF pointB, QPointF pointC)
