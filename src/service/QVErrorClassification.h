@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/QVError.h"
+#include "platform/QuarvoCoreExport.h"
 #include "settings/QVText.h"
 
 #include <optional>
@@ -9,7 +10,7 @@ class QVResponseModel;
 
 /// Turns whatever went wrong into an error that can be shown: its domain is the message, in the
 /// language in force.
-class QVErrorClassification
+class QUARVO_CORE_EXPORT QVErrorClassification
 {
 public:
     QVErrorClassification() = delete;
