@@ -67,6 +67,10 @@ public:
     [[nodiscard]] std::chrono::milliseconds attemptTimeout() const { return m_attemptTimeout; }
     void setAttemptTimeout(std::chrono::milliseconds timeout) { m_attemptTimeout = timeout; }
 
+    /// How long a token is good; zero for as long as nobody says otherwise.
+    [[nodiscard]] std::chrono::milliseconds tokenLifetime() const { return m_tokenLifetime; }
+    void setTokenLifetime(std::chrono::milliseconds lifetime) { m_tokenLifetime = lifetime; }
+
     [[nodiscard]] bool closesOnOutsideClick() const { return m_closesOnOutsideClick; }
     void setClosesOnOutsideClick(bool closes) { m_closesOnOutsideClick = closes; }
 
@@ -102,6 +106,7 @@ private:
     QVPopupPresentation m_popupPresentation = QVPopupPresentation::Automatic;
     QPointer<QNetworkAccessManager> m_networkAccessManager;
     std::chrono::milliseconds m_attemptTimeout{0};
+    std::chrono::milliseconds m_tokenLifetime{0};
     bool m_closesOnOutsideClick = false;
     QVContrast m_contrast = QVContrast::System;
     QVAppearance m_appearance = QVAppearance::Light;

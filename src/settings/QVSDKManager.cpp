@@ -20,6 +20,13 @@ QVConfigurationManager *settingsFor(const char *call)
     return qv_mayCall(call) ? &QVConfigurationManager::sharedManager() : nullptr;
 }
 
+/// No longer than what every part of the way can count.
+std::chrono::milliseconds countable(std::chrono::milliseconds duration)
+{
+    constexpr std::chrono::milliseconds longest = std::chrono::days(1);
+    return std::clamp(duration, std::chrono::milliseconds::zero(), longest);
+}
+
 void warnOfPlain(const QStringList &addresses)
 {
     if (std::ranges::any_of(addresses, qv_isOpenOnTheWay))
@@ -95,10 +102,14 @@ void QVSDKManager::setNetworkAccessManager(QNetworkAccessManager *manager)
 
 void QVSDKManager::setAttemptTimeout(std::chrono::milliseconds timeout)
 {
-    // No longer than what every part of the way can count.
-    constexpr std::chrono::milliseconds longest = std::chrono::days(1);
     if (auto *const settings = settingsFor(Q_FUNC_INFO))
-        settings->setAttemptTimeout(std::clamp(timeout, std::chrono::milliseconds::zero(), longest));
+        settings->setAttemptTimeout(countable(timeout));
+}
+
+void QVSDKManager::setTokenLifetime(std::chrono::milliseconds lifetime)
+{
+    if (auto *const settings = settingsFor(Q_FUNC_INFO))
+        settings->setTokenLifetime(countable(lifetime));
 }
 
 void QVSDKManager::setPopupPresentation(QVPopupPresentation presentation)

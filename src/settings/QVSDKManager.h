@@ -71,6 +71,16 @@ public:
     /// day.
     static void setAttemptTimeout(std::chrono::milliseconds timeout);
 
+    /// Names how long a token of the host's service is good, counted from passed(). When a token's time is
+    /// up, its button or manager emits expired(); a button is ready for another click then, and an embedded
+    /// panel lets the user start anew. Takes effect for the next token. Zero, as at first, and less: none
+    /// expires. More than a day counts as a day.
+    ///
+    /// \code
+    /// QVSDKManager::setTokenLifetime(std::chrono::minutes(5));
+    /// \endcode
+    static void setTokenLifetime(std::chrono::milliseconds lifetime);
+
     /// Chooses how far texts stand out from their ground; QVContrast::System at first. What is on screen
     /// follows when it is painted next.
     static void setContrast(QVContrast contrast);
