@@ -49,6 +49,15 @@ void QVRenderDrawLayout::setContentWidth(double contentWidth)
                     [this, contentWidth](QVConstraintMaker &make) { buildWidth(make, contentWidth); });
 }
 
+void QVRenderDrawLayout::setAlternativeHeight(int height, double contentWidth)
+{
+    m_alternativeHeight = height;
+    m_layout.remake(m_parts.contentView, contentBuild(contentWidth));
+    m_layout.update(m_parts.alternativeButton,
+                    [height](QVConstraintMaker &make) { make.height().equalTo(height); });
+    m_layout.layoutNow();
+}
+
 void QVRenderDrawLayout::setHelpShown(bool shown)
 {
     m_layout.update(m_parts.helpButton, [shown](QVConstraintMaker &make) {
@@ -61,13 +70,16 @@ double QVRenderDrawLayout::excessWidth() const
 {
     if (m_style != QVVerifyStyleEmbed)
         return 0;
-    return std::max(0.0, m_parts.view->width() - m_parts.view->height() / m_aspect);
+    return std::max(0.0, m_parts.view->width() - (m_parts.view->height() - m_alternativeHeight) / m_aspect);
 }
 
 QVLayout::Build QVRenderDrawLayout::contentBuild(double contentWidth) const
 {
     return [this, contentWidth](QVConstraintMaker &make) {
-        make.center().equalTo(m_parts.view);
+        make.centerX().equalTo(m_parts.view);
+        make.centerY()
+            .equalTo(m_parts.view)
+            .offset(m_style == QVVerifyStyleEmbed ? -m_alternativeHeight / 2.0 : 0);
         buildWidth(make, contentWidth);
         make.height().equalTo(make.width()).multipliedBy(m_aspect);
     };
@@ -112,5 +124,11 @@ void QVRenderDrawLayout::placeControls()
         make.size().equalTo(buttonSize);
         make.top().equalTo(m_parts.imageView);
         make.right().equalTo(m_parts.helpButton, QVLayoutAttribute::Left);
+    });
+    m_layout.make(m_parts.alternativeButton, [this](QVConstraintMaker &make) {
+        make.left().equalTo(m_parts.contentView);
+        make.right().equalTo(m_parts.contentView);
+        make.top().equalTo(m_parts.contentView, QVLayoutAttribute::Bottom);
+        make.height().equalTo(0);
     });
 }

@@ -16,6 +16,7 @@ public:
         QWidget *captchaLabel = nullptr;
         QWidget *helpButton = nullptr;
         QWidget *refreshButton = nullptr;
+        QWidget *alternativeButton = nullptr;
     };
 
     QVRenderDrawLayout(QVVerifyStyle style, const Parts &parts);
@@ -28,6 +29,9 @@ public:
     void setContentWidth(double contentWidth);
     /// How much narrower than an embedded view its content has to be to fit.
     [[nodiscard]] double excessWidth() const;
+    /// Leaves that much room below the content. A popup has it anyway.
+    void setAlternativeHeight(int height, double contentWidth);
+    [[nodiscard]] int alternativeHeight() const { return m_alternativeHeight; }
     /// A help button that is not shown takes no width.
     void setHelpShown(bool shown);
     void layoutNow() { m_layout.layoutNow(); }
@@ -42,5 +46,6 @@ private:
     Parts m_parts;
     /// Height of the content by its width.
     double m_aspect;
+    int m_alternativeHeight = 0;
     QVLayout m_layout;
 };

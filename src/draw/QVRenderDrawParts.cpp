@@ -1,6 +1,7 @@
 #include "draw/QVRenderDrawParts.h"
 
 #include "draw/QVAdButton.h"
+#include "draw/QVAlternativeButton.h"
 #include "draw/QVContentView.h"
 #include "draw/QVRenderDrawLayout.h"
 #include "service/QVGetRefreshResponseModel.h"
@@ -59,7 +60,7 @@ void QVRenderDrawParts::initRenders(QVVerifyStyle style)
     m_imageView->setMouseTracking(true);
     m_layout = std::make_unique<QVRenderDrawLayout>(
         style, QVRenderDrawLayout::Parts{m_view, m_contentView, m_imageView, m_charInputView, m_captchaLabel,
-                                         m_helpButton, m_refreshButton});
+                                         m_helpButton, m_refreshButton, m_alternativeButton});
     m_layout->initRenders(contentViewWidth());
 }
 
@@ -94,6 +95,10 @@ void QVRenderDrawParts::initControls()
     m_refreshButton = makeButton(m_view, "refreshButton", "qv_draw_refresh", QVKey::accessibleRefresh);
     QWidget::setTabOrder(m_refreshButton, m_helpButton);
     m_spokenMessage = new QVSpokenMessage(m_view);
+    m_alternativeButton = new QVAlternativeButton(m_view);
+    m_alternativeButton->setObjectName(QStringLiteral("alternativeButton"));
+    m_alternativeButton->hide();
+    QWidget::setTabOrder(m_helpButton, m_alternativeButton);
 }
 
 bool QVRenderDrawParts::isSeen() const
@@ -172,11 +177,13 @@ bool QVRenderDrawParts::hasPicture() const
 
 void QVRenderDrawParts::slideIn(Bar bar, const QVText &text, bool acceptsTouches)
 {
+    m_alternativeButton->setEnabled(bar != Bar::Success);
     m_imageView->slideIn(bar, text, acceptsTouches);
 }
 
 void QVRenderDrawParts::slideOut(Bar bar)
 {
+    m_alternativeButton->setEnabled(true);
     m_imageView->slideOut(bar);
 }
 
@@ -203,6 +210,17 @@ void QVRenderDrawParts::setHelpButtonShown(bool shown)
 {
     m_helpButton->setAlpha(shown ? 1 : 0);
     m_layout->setHelpShown(shown);
+}
+
+void QVRenderDrawParts::setAlternativeShown(bool shown)
+{
+    m_alternativeButton->setVisible(shown);
+    m_layout->setAlternativeHeight(shown ? QVAlternativeButton::defaultHeight : 0, contentViewWidth());
+}
+
+int QVRenderDrawParts::alternativeHeight() const
+{
+    return m_layout->alternativeHeight();
 }
 
 void QVRenderDrawParts::setRefreshButtonShown(bool shown)

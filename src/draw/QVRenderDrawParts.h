@@ -6,6 +6,7 @@
 #include <QRectF>
 
 class QVAdButton;
+class QVAlternativeButton;
 class QVCharVerifyInputView;
 class QVCustomActionButton;
 class QVLabel;
@@ -60,6 +61,11 @@ protected:
     [[nodiscard]] QVCharVerifyInputView &charInputView() const { return *m_charInputView; }
     [[nodiscard]] QVCustomActionButton &helpButton() const { return *m_helpButton; }
     [[nodiscard]] QVCustomActionButton &refreshButton() const { return *m_refreshButton; }
+    [[nodiscard]] QVAlternativeButton &alternativeButton() const { return *m_alternativeButton; }
+    /// Shows the button for another way, or takes it and its height away.
+    void setAlternativeShown(bool shown);
+    /// The height that it takes.
+    [[nodiscard]] int alternativeHeight() const;
     void spinRefreshButton();
 
 private:
@@ -76,6 +82,7 @@ private:
     QVText m_caption;
     QVCustomActionButton *m_helpButton = nullptr;
     QVCustomActionButton *m_refreshButton = nullptr;
+    QVAlternativeButton *m_alternativeButton = nullptr;
     QVLabel *m_outageLabel = nullptr;
     QVSpokenMessage *m_spokenMessage = nullptr;
     // Once taken out of the picture it stays out, with no parent to own it.

@@ -1,6 +1,7 @@
 #include "draw/QVRenderDrawView.h"
 
 #include "draw/QVAdButton.h"
+#include "draw/QVAlternativeButton.h"
 #include "draw/QVKeyPen.h"
 #include "draw/QVPanEventFilter.h"
 #include "draw/QVRenderStrokeView.h"
@@ -110,17 +111,25 @@ double QVRenderDrawView::contentViewWidth() const
 
 QSize QVRenderDrawView::sizeHint() const
 {
-    return embedSize;
+    return {embedSize.width(), heightForWidth(embedSize.width())};
 }
 
 QSize QVRenderDrawView::minimumSizeHint() const
 {
-    return leastEmbedSize;
+    return {leastEmbedSize.width(), leastEmbedSize.height() + alternativeHeight()};
 }
 
 int QVRenderDrawView::heightForWidth(int width) const
 {
-    return width * embedSize.height() / embedSize.width();
+    return width * embedSize.height() / embedSize.width() + alternativeHeight();
+}
+
+void QVRenderDrawView::setOffersAlternative(bool offers)
+{
+    if (alternativeButton().isHidden() != offers)
+        return;
+    setAlternativeShown(offers);
+    updateGeometry();
 }
 
 bool QVRenderDrawView::event(QEvent *event)
@@ -149,6 +158,7 @@ void QVRenderDrawView::connectParts()
     connect(&helpButton(), &QAbstractButton::clicked, this, [this] { m_flow->helpButtonDidClickedAction(); });
     connect(&refreshButton(), &QAbstractButton::clicked, this,
             &QVRenderDrawView::refreshButtonDidClickedAction);
+    connect(&alternativeButton(), &QAbstractButton::clicked, this, &QVRenderDrawView::alternativeRequested);
 }
 
 void QVRenderDrawView::initGesture()
@@ -157,6 +167,7 @@ void QVRenderDrawView::initGesture()
     m_events = std::make_unique<QVPanEventFilter>(this, m_flow->panGestureRecognizer());
     m_events->addControl(&helpButton());
     m_events->addControl(&refreshButton());
+    m_events->addControl(&alternativeButton());
     layoutSubviews();
     m_keyPen = std::make_unique<QVKeyPen>(this, &imageView(), m_flow->panGestureRecognizer());
 }
@@ -265,4 +276,9 @@ void QVRenderDrawView::answerWasWrong()
 void QVRenderDrawView::attemptHasFailed(const QVError &error)
 {
     Q_EMIT failed(error);
+}
+
+void QVRenderDrawView::tokenHasExpired()
+{
+    Q_EMIT expired();
 }

@@ -51,6 +51,9 @@ public:
     /// How wide the content of a popup is.
     [[nodiscard]] double contentViewWidth() const override;
 
+    /// Whether the user is offered another way, below the picture.
+    void setOffersAlternative(bool offers);
+
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
     [[nodiscard]] int heightForWidth(int width) const override;
@@ -64,6 +67,10 @@ Q_SIGNALS:
     void outageStarted();
     /// Something failed. The view shows it and lets the user start again.
     void failed(const QVError &error);
+    /// The token of an embedded view is no longer good. The view lets the user start again.
+    void expired();
+    /// The user asks for another way.
+    void alternativeRequested();
 
 protected:
     bool event(QEvent *event) override;
@@ -93,6 +100,7 @@ private:
     void pictureIsReady() override;
     void answerWasWrong() override;
     void attemptHasFailed(const QVError &error) override;
+    void tokenHasExpired() override;
 
     std::shared_ptr<QVRenderDrawFlow> m_flow;
     std::optional<double> m_screenWidth;

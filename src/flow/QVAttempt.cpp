@@ -6,6 +6,8 @@
 #include "service/QVErrorClassification.h"
 #include "service/QVServiceLog.h"
 
+#include <QMetaEnum>
+
 #include <utility>
 
 QVAttempt::QVAttempt(QVVerifyStyle style, QVIdentity identity, const QVPopupPresenter &presenter,
@@ -26,6 +28,7 @@ QVAttempt::~QVAttempt()
 
 void QVAttempt::start(const std::shared_ptr<QVPopup> &hidden)
 {
+    qCDebug(qv_serviceLog, "Attempt begins: %s", qUtf8Printable(qv_typeStringForVerifyStyle(m_style)));
     m_deadline.start([this](const QVError &error) { handleError(error); });
     if (m_host)
         m_hostWatch = m_presenter.watch(m_host, [this] { close(QVCloseReason::WindowGone); });
@@ -40,6 +43,8 @@ void QVAttempt::close(QVCloseReason reason)
     const auto self = shared_from_this();
     if (!end())
         return;
+    qCDebug(qv_serviceLog, "Attempt closed: %s",
+            QMetaEnum::fromType<QVCloseReason>().valueToKey(int(reason)));
     // Gives the focus back, in answer to which the host may destroy the front-end.
     if (reason != QVCloseReason::User)
         dismissPopup();
@@ -122,6 +127,7 @@ void QVAttempt::showVerifyControllerWithConfig(const QVClickSequence::Config &co
 
 void QVAttempt::popupIsShown()
 {
+    qCDebug(qv_serviceLog, "Attempt goes on in a popup");
     if (auto *const told = observer())
         told->attemptShowsPopup(*this);
 }
@@ -131,6 +137,7 @@ void QVAttempt::handleSuccess(const QString &token)
     const auto self = shared_from_this();
     if (!end())
         return;
+    qCDebug(qv_serviceLog, "Attempt passed");
     if (auto *const told = m_observer.get())
         told->attemptHasPassed(*this, token);
 }
@@ -140,6 +147,7 @@ void QVAttempt::handleError(const QVError &error)
     const auto self = shared_from_this();
     if (!end())
         return;
+    qCDebug(qv_serviceLog, "Attempt failed: code %lld", static_cast<long long>(error.code()));
     dismissPopup();
     if (auto *const told = m_observer.get())
         told->attemptHasFailed(*this, error);
@@ -181,6 +189,18 @@ void QVAttempt::qv_controllerFailedAction(const QVError &error)
 {
     if (auto *const told = observer())
         told->attemptFailsInPopup(*this, error);
+}
+
+bool QVAttempt::qv_controllerOffersAlternative() const
+{
+    const auto *const told = observer();
+    return told && told->offersAlternative();
+}
+
+void QVAttempt::qv_controllerAlternativeAction()
+{
+    if (auto *const told = observer())
+        told->attemptWantsAlternative(*this);
 }
 
 bool QVAttempt::end()

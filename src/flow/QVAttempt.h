@@ -30,6 +30,10 @@ public:
     virtual void attemptEntersOutage(QVAttempt &attempt) = 0;
     /// Something failed inside the popup, where the user may try again.
     virtual void attemptFailsInPopup(QVAttempt &attempt, const QVError &error) = 0;
+    /// Whether the host has another way for who cannot do what the picture asks.
+    [[nodiscard]] virtual bool offersAlternative() const = 0;
+    /// The user asks for that other way. The attempt goes on.
+    virtual void attemptWantsAlternative(QVAttempt &attempt) = 0;
 
     // The ends, of which each attempt comes to exactly one.
     virtual void attemptHasPassed(QVAttempt &attempt, const QString &token) = 0;
@@ -73,6 +77,8 @@ public:
     void qv_controllerDestroyedAction() override;
     void qv_controllerOutageAction() override;
     void qv_controllerFailedAction(const QVError &error) override;
+    [[nodiscard]] bool qv_controllerOffersAlternative() const override;
+    void qv_controllerAlternativeAction() override;
 
 private:
     void displayAgain(const std::shared_ptr<QVPopup> &popup);

@@ -64,6 +64,12 @@ void QVAttempts::abandon()
     dismiss(popup);
 }
 
+void QVAttempts::alternativeHasChanged() const
+{
+    if (const auto popup = this->popup())
+        popup->showAlternative();
+}
+
 bool QVAttempts::areUnderWay() const
 {
     return !std::ranges::all_of(m_attempts, &QVAttempt::hasEnded);

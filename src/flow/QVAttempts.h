@@ -24,6 +24,9 @@ public:
     /// Ends all attempts without a word and dismisses the popup.
     void abandon();
 
+    /// The host has, or no longer has, another way for who cannot do what the picture asks.
+    void alternativeHasChanged() const;
+
     [[nodiscard]] bool areUnderWay() const;
     /// Whether any of them asks the service.
     [[nodiscard]] bool areAsking() const;

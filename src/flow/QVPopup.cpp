@@ -9,7 +9,14 @@ void QVPopup::displayWindow()
     auto *const opener = delegate();
     if (opener)
         opener->qv_controllerShowAction(self);
+    showAlternative();
     makeKeyAndVisible(opener ? opener->qv_controllerHost() : nullptr);
+}
+
+void QVPopup::showAlternative()
+{
+    const auto *const opener = delegate();
+    setOffersAlternative(opener && opener->qv_controllerOffersAlternative());
 }
 
 void QVPopup::closeButtonDidClickedAction()

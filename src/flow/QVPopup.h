@@ -27,6 +27,8 @@ public:
     virtual void hiddenWindow() = 0;
     /// Ends the popup; it is never shown again.
     virtual void dismissWindow() = 0;
+    /// Shows whether the opener has another way for who cannot do what the picture asks.
+    void showAlternative();
     /// Whether there is a picture to be shown again without asking the service.
     [[nodiscard]] virtual bool canDirectlyShow() const = 0;
 
@@ -37,6 +39,7 @@ public:
 protected:
     /// Shows the window over \a host, null for the main screen, and unfolds what is in it.
     virtual void makeKeyAndVisible(QObject *host) = 0;
+    virtual void setOffersAlternative(bool offers) = 0;
     /// The window has gone while it was shown. The opener is told from the event loop: a window of the
     /// host may be in its destructor now, where the host's slots must not be called any more.
     void windowWasDestroyed() const;

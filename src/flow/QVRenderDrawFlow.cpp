@@ -9,6 +9,7 @@
 #include "service/QVConfigResponseModel.h"
 #include "service/QVErrorClassification.h"
 #include "service/QVGetOutageResponseModel.h"
+#include "service/QVServiceLog.h"
 #include "service/QVVerifyResponseModel.h"
 #include "settings/QVConfigurationManager.h"
 #include "settings/QVLocalizationKeys.h"
@@ -135,8 +136,11 @@ void QVRenderDrawFlow::beginAttempt()
     if (m_getRefreshModel)
         m_getRefreshModel->endTimeDown();
     surface().setCharInputBusy(false);
-    if (isEmbedded())
-        m_deadline.start([this](const QVError &error) { attemptTimedOut(error); });
+    m_tokenLife.stop();
+    if (!isEmbedded())
+        return;
+    qCDebug(qv_serviceLog, "Attempt begins: embed");
+    m_deadline.start([this](const QVError &error) { attemptTimedOut(error); });
 }
 
 void QVRenderDrawFlow::attemptTimedOut(const QVError &error)
@@ -449,6 +453,7 @@ void QVRenderDrawFlow::handlePicture(const QImage &picture, bool failed)
         handleRequestError(QVError({}, QVError::PictureNotLoaded), QVKey::loadFaild, true);
         return;
     }
+    qCDebug(qv_serviceLog, "Picture is shown");
     surface().setPicture(picture);
     setDrawingEnabled(!isCharVerify());
     showPromptIfEmbedded();
@@ -460,18 +465,32 @@ void QVRenderDrawFlow::handleRequestVerifySuccess(const QVVerifyResponseModel &v
     // Outdates everything under way, a second passed answer included: there is one token an attempt.
     ++m_now.attempt;
     m_deadline.stop();
+    if (isEmbedded())
+        qCDebug(qv_serviceLog, "Attempt passed");
     clearGetRefreshModel();
     surface().hiddenLoadingAnimation();
     surface().setRefreshButtonShown(false);
     setDrawingEnabled(false);
     m_bars->showSuccess(QVText([verify] { return qv_passText(verify); }));
     // Holds the flow: the token reaches the delegate even when the view has gone meanwhile.
-    QVScheduler::shared().schedule(successNoticeDelay, [flow = shared_from_this(), token = verify.token()] {
-        if (auto *delegate = flow->m_delegate.get())
-            delegate->renderDrawViewVerifySuccess(token);
-    });
+    QVScheduler::shared().schedule(
+        successNoticeDelay, [flow = shared_from_this(), token = verify.token(), attempt = m_now.attempt] {
+            if (flow->isEmbedded() && flow->m_now.attempt == attempt)
+                flow->m_tokenLife.start([flow = flow.get()] { flow->tokenHasExpired(); });
+            if (auto *delegate = flow->m_delegate.get())
+                delegate->renderDrawViewVerifySuccess(token);
+        });
     if (auto *delegate = m_delegate.get())
         delegate->renderDrawViewHasPassed();
+}
+
+void QVRenderDrawFlow::tokenHasExpired()
+{
+    if (!m_surface)
+        return;
+    m_bars->hiddernAll();
+    m_bars->showError(QVKey::expired, true);
+    surface().tokenHasExpired();
 }
 
 void QVRenderDrawFlow::handleWrongAnswer(const QVError &error)
@@ -505,6 +524,8 @@ void QVRenderDrawFlow::handleRequestError(const QVError &error, const QVText &me
 {
     surface().setRefreshButtonShown(!canClickRefresh);
     if (canClickRefresh) {
+        qCDebug(qv_serviceLog, "Picture gives way to a failure: code %lld",
+                static_cast<long long>(error.code()));
         m_deadline.stop();
         beginStep();
         surface().showFailedPicture();

@@ -6,6 +6,7 @@
 #include "flow/QVRenderDrawGesture.h"
 #include "flow/QVRenderDrawSurface.h"
 #include "flow/QVRenderDrawViewDelegate.h"
+#include "flow/QVTokenLife.h"
 #include "flow/QVVerifyStyle.h"
 #include "platform/QuarvoCoreExport.h"
 #include "service/QVCompletion.h"
@@ -116,6 +117,7 @@ private:
     void loadVerifyImageFromURLString(const QString &address, bool isRefresh);
     void handlePicture(const QImage &picture, bool failed);
     void handleRequestVerifySuccess(const QVVerifyResponseModel &verify);
+    void tokenHasExpired();
     void handleWrongAnswer(const QVError &error);
     [[nodiscard]] qint64 countWrongAnswer();
     void handleRequestError(const QVError &error, bool canClickRefresh);
@@ -145,4 +147,6 @@ private:
     Stamp m_now;
     /// A popup's attempt is its opener's to end.
     QVAttemptDeadline m_deadline;
+    /// And its token.
+    QVTokenLife m_tokenLife;
 };

@@ -62,4 +62,5 @@ public:
     virtual void pictureIsReady() = 0;
     virtual void answerWasWrong() = 0;
     virtual void attemptHasFailed(const QVError &error) = 0;
+    virtual void tokenHasExpired() = 0;
 };

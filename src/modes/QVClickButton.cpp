@@ -1,5 +1,6 @@
 #include "modes/QVClickButton.h"
 
+#include "modes/QVAlternative.h"
 #include "modes/QVClickButtonDelegate.h"
 #include "modes/QVClickButtonPrivate.h"
 #include "platform/QVMainThread.h"
@@ -282,4 +283,14 @@ void QVClickButton::changeEvent(QEvent *event)
     QAbstractButton::changeEvent(event);
     if (event->type() == QEvent::EnabledChange && !isEnabled())
         d->pressIsTakenAway();
+}
+
+void QVClickButton::connectNotify(const QMetaMethod &signal)
+{
+    qv_followAlternative(this, signal, [this] { d->alternativeHasChanged(); });
+}
+
+void QVClickButton::disconnectNotify(const QMetaMethod &signal)
+{
+    qv_followAlternative(this, signal, [this] { d->alternativeHasChanged(); });
 }

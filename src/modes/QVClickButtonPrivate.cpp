@@ -15,6 +15,7 @@
 #include "views/QVLabel.h"
 #include "views/QVSpokenMessage.h"
 
+#include <QMetaMethod>
 #include <QPointer>
 
 #include <algorithm>
@@ -98,6 +99,8 @@ double QVClickButtonPrivate::paintedRadius() const
 void QVClickButtonPrivate::setClickStatus(QVClickStatus status)
 {
     const bool changed = std::exchange(clickStatus, status) != status;
+    if (status != QVClickStatusPassed)
+        m_tokenLife.stop();
     clickStatusView->setClickStatus(status);
     if (const QVText text = textOf(status); !text.isNull())
         setStatusText(text);
@@ -265,6 +268,16 @@ void QVClickButtonPrivate::attemptFailsInPopup(QVAttempt & /*attempt*/, const QV
     Q_EMIT q->popupFailed(error);
 }
 
+bool QVClickButtonPrivate::offersAlternative() const
+{
+    return q->isSignalConnected(QMetaMethod::fromSignal(&QVClickButton::alternativeRequested));
+}
+
+void QVClickButtonPrivate::attemptWantsAlternative(QVAttempt & /*attempt*/)
+{
+    Q_EMIT q->alternativeRequested();
+}
+
 void QVClickButtonPrivate::attemptHasPassed(QVAttempt & /*attempt*/, const QString &token)
 {
     handleSuccess(token);
@@ -288,12 +301,29 @@ void QVClickButtonPrivate::handleSuccess(const QString &token)
     // Not a timer of the button's: the user has passed, so neither reset() nor the button's end
     // takes the token from the host.
     QVScheduler::shared().schedule(successDelay, [button = QPointer(q), last = delegate, token] {
+        if (button)
+            button->d->beginTokenLife();
         if (auto *const receiver = button ? button->delegate() : last.get())
             receiver->clickButtonVerifyPassedWithToken(token);
         if (button)
             Q_EMIT button->passed(token);
     });
     setClickStatus(QVClickStatusPassed);
+}
+
+void QVClickButtonPrivate::beginTokenLife()
+{
+    // The host may have reset the button while it was turning green.
+    if (clickStatus == QVClickStatusPassed)
+        m_tokenLife.start([this] { tokenHasExpired(); });
+}
+
+void QVClickButtonPrivate::tokenHasExpired()
+{
+    const QPointer<QVClickButton> button(q);
+    setClickStatus(QVClickStatusNormal);
+    if (button)
+        Q_EMIT button->expired();
 }
 
 void QVClickButtonPrivate::handleError(const QVError &error)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "flow/QVAttempts.h"
+#include "flow/QVTokenLife.h"
 #include "modes/QVClickStatus.h"
 #include "modes/QVPressTracker.h"
 #include "settings/QVText.h"
@@ -48,6 +49,7 @@ public:
     void clickButtonTouchUpInside();
 
     void reset();
+    void alternativeHasChanged() const { m_attempts.alternativeHasChanged(); }
     /// Ends the attempt without a word, and the popup with it.
     void abandon() { m_attempts.abandon(); }
 
@@ -56,6 +58,8 @@ public:
     void attemptShowsPopup(QVAttempt &attempt) override;
     void attemptEntersOutage(QVAttempt &attempt) override;
     void attemptFailsInPopup(QVAttempt &attempt, const QVError &error) override;
+    [[nodiscard]] bool offersAlternative() const override;
+    void attemptWantsAlternative(QVAttempt &attempt) override;
     void attemptHasPassed(QVAttempt &attempt, const QString &token) override;
     void attemptHasFailed(QVAttempt &attempt, const QVError &error) override;
     void attemptHasClosed(QVAttempt &attempt, QVCloseReason reason) override;
@@ -82,9 +86,12 @@ private:
     void describe() const;
     [[nodiscard]] bool isUnderWay() const;
     void handleSuccess(const QString &token);
+    void beginTokenLife();
+    void tokenHasExpired();
     void handleError(const QVError &error);
 
     QVText m_statusText;
     QVSpokenMessage *m_spokenMessage = nullptr;
+    QVTokenLife m_tokenLife;
     QVAttempts m_attempts;
 };

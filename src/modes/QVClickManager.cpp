@@ -1,6 +1,7 @@
 #include "modes/QVClickManager.h"
 
 #include "flow/QVIdentity.h"
+#include "modes/QVAlternative.h"
 #include "modes/QVCannotBeShown.h"
 #include "modes/QVClickButton.h"
 #include "modes/QVClickManagerDelegate.h"
@@ -21,6 +22,7 @@ public:
 
     void createButton();
     void buttonDestroyed() const;
+    void offerAlternative() const;
 
     QVClickManager *const q;
     QVWeakDelegate<QVClickManagerDelegate> delegate;
@@ -55,7 +57,21 @@ void QVClickManager::Private::createButton()
     connect(button, &QVClickButton::failed, q, &QVClickManager::failed);
     connect(button, &QVClickButton::closed, q, &QVClickManager::closed);
     connect(button, &QVClickButton::popupFailed, q, &QVClickManager::popupFailed);
+    connect(button, &QVClickButton::expired, q, &QVClickManager::expired);
     connect(button, &QObject::destroyed, q, [this] { buttonDestroyed(); });
+    offerAlternative();
+}
+
+void QVClickManager::Private::offerAlternative() const
+{
+    if (!button)
+        return;
+    // Connected only while the host listens, so that the button offers it only then.
+    if (q->isSignalConnected(QMetaMethod::fromSignal(&QVClickManager::alternativeRequested)))
+        connect(button, &QVClickButton::alternativeRequested, q, &QVClickManager::alternativeRequested,
+                Qt::UniqueConnection);
+    else
+        disconnect(button, &QVClickButton::alternativeRequested, q, &QVClickManager::alternativeRequested);
 }
 
 void QVClickManager::Private::buttonDestroyed() const
@@ -157,4 +173,14 @@ void QVClickManager::reset()
 {
     if (auto *const button = this->button())
         button->reset();
+}
+
+void QVClickManager::connectNotify(const QMetaMethod &signal)
+{
+    qv_followAlternative(this, signal, [this] { d->offerAlternative(); });
+}
+
+void QVClickManager::disconnectNotify(const QMetaMethod &signal)
+{
+    qv_followAlternative(this, signal, [this] { d->offerAlternative(); });
 }

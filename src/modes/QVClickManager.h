@@ -58,6 +58,9 @@ public Q_SLOTS:
 Q_SIGNALS:
     /// The user has passed; \a token is for the host's own server.
     void passed(const QString &token);
+    /// The time that QVSDKManager::setTokenLifetime() gives a token is up, and the last one is no longer
+    /// good. The button is ready again. Not emitted after reset().
+    void expired();
     /// The service could not be asked or refused; the button shows the error's domain.
     void failed(const QVError &error);
     /// The attempt ended without a result, for \a reason.
@@ -69,6 +72,21 @@ Q_SIGNALS:
     void popupOpened();
     /// The service is down or the host said so, and the outage service asks the user instead.
     void outageStarted();
+    /// The user asks for another way, since they cannot do what the picture asks. Only while this is
+    /// connected do popups offer it, by a text button below the picture. Nothing else happens: the attempt
+    /// goes on until the host calls reset().
+    ///
+    /// \code
+    /// connect(&verification, &QVClickManager::alternativeRequested, this, [this] {
+    ///     m_verification.reset();
+    ///     sendCodeByMail();
+    /// });
+    /// \endcode
+    void alternativeRequested();
+
+protected:
+    void connectNotify(const QMetaMethod &signal) override;
+    void disconnectNotify(const QMetaMethod &signal) override;
 
 private:
     class Q_DECL_HIDDEN Private;

@@ -2,6 +2,7 @@
 
 #include "draw/QVRenderDrawView.h"
 #include "flow/QVIdentity.h"
+#include "modes/QVAlternative.h"
 #include "modes/QVCannotBeShown.h"
 #include "modes/QVEmbedManagerDelegate.h"
 #include "modes/QVLostManager.h"
@@ -29,6 +30,7 @@ public:
     [[nodiscard]] QVRenderDrawView *renderView();
     void renderDrawViewVerifySuccess(const QString &token) override;
 
+    void offerAlternative() const;
     void setIdentity(const QVIdentity &identity);
     [[nodiscard]] QVIdentity identity() const { return m_identity; }
 
@@ -58,7 +60,18 @@ QVRenderDrawView *QVEmbedManager::Private::renderView()
     connect(m_renderView, &QVRenderDrawView::wrongAnswer, &m_manager, &QVEmbedManager::wrongAnswer);
     connect(m_renderView, &QVRenderDrawView::outageStarted, &m_manager, &QVEmbedManager::outageStarted);
     connect(m_renderView, &QVRenderDrawView::failed, &m_manager, &QVEmbedManager::failed);
+    connect(m_renderView, &QVRenderDrawView::expired, &m_manager, &QVEmbedManager::expired);
+    connect(m_renderView, &QVRenderDrawView::alternativeRequested, &m_manager,
+            &QVEmbedManager::alternativeRequested);
+    offerAlternative();
     return m_renderView;
+}
+
+void QVEmbedManager::Private::offerAlternative() const
+{
+    if (m_renderView)
+        m_renderView->setOffersAlternative(
+            m_manager.isSignalConnected(QMetaMethod::fromSignal(&QVEmbedManager::alternativeRequested)));
 }
 
 void QVEmbedManager::Private::renderDrawViewVerifySuccess(const QString &token)
@@ -133,4 +146,14 @@ void QVEmbedManager::reset()
 {
     if (auto *const view = renderView())
         view->reset();
+}
+
+void QVEmbedManager::connectNotify(const QMetaMethod &signal)
+{
+    qv_followAlternative(this, signal, [this] { d->offerAlternative(); });
+}
+
+void QVEmbedManager::disconnectNotify(const QMetaMethod &signal)
+{
+    qv_followAlternative(this, signal, [this] { d->offerAlternative(); });
 }

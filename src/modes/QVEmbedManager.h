@@ -58,6 +58,9 @@ public Q_SLOTS:
 Q_SIGNALS:
     /// The user has passed; \a token is for the host's own server.
     void passed(const QString &token);
+    /// The time that QVSDKManager::setTokenLifetime() gives a token is up, and the last one is no longer
+    /// good. The panel lets the user start anew. Not emitted after reset().
+    void expired();
     /// A picture is there for the user.
     void ready();
     /// The service is down or the host said so, and the outage service asks the user instead.
@@ -66,6 +69,21 @@ Q_SIGNALS:
     void wrongAnswer();
     /// Something failed, as the view shows it; the error's domain is the message.
     void failed(const QVError &error);
+    /// The user asks for another way, since they cannot do what the picture asks. Only while this is
+    /// connected do panels offer it, by a text button below the picture. Nothing else happens: the attempt
+    /// goes on until the host calls reset().
+    ///
+    /// \code
+    /// connect(&verification, &QVEmbedManager::alternativeRequested, this, [this] {
+    ///     m_verification.reset();
+    ///     sendCodeByMail();
+    /// });
+    /// \endcode
+    void alternativeRequested();
+
+protected:
+    void connectNotify(const QMetaMethod &signal) override;
+    void disconnectNotify(const QMetaMethod &signal) override;
 
 private:
     class Q_DECL_HIDDEN Private;

@@ -1,5 +1,6 @@
 #include "modes/QVInvisibleManager.h"
 
+#include "modes/QVAlternative.h"
 #include "modes/QVCannotBeShown.h"
 #include "modes/QVInvisibleDelegate.h"
 #include "modes/QVInvisibleManagerPrivate.h"
@@ -75,4 +76,14 @@ void QVInvisibleManager::reset()
     if (!qv_mayCall(Q_FUNC_INFO))
         return;
     d->reset();
+}
+
+void QVInvisibleManager::connectNotify(const QMetaMethod &signal)
+{
+    qv_followAlternative(this, signal, [this] { d->alternativeHasChanged(); });
+}
+
+void QVInvisibleManager::disconnectNotify(const QMetaMethod &signal)
+{
+    qv_followAlternative(this, signal, [this] { d->alternativeHasChanged(); });
 }

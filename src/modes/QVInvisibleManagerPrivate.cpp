@@ -8,6 +8,7 @@
 #include "views/QVInvisibleAnimationView.h"
 
 #include <QGuiApplication>
+#include <QMetaMethod>
 #include <QScreen>
 #include <QWindow>
 
@@ -95,6 +96,7 @@ void QVInvisibleManagerPrivate::removeAnimationView()
 
 void QVInvisibleManagerPrivate::startInsivible()
 {
+    m_tokenLife.stop();
     m_attempts.start(identity, qv_activeHost());
 }
 
@@ -123,6 +125,16 @@ void QVInvisibleManagerPrivate::attemptEntersOutage(QVAttempt & /*attempt*/)
 void QVInvisibleManagerPrivate::attemptFailsInPopup(QVAttempt & /*attempt*/, const QVError &error)
 {
     Q_EMIT q->popupFailed(error);
+}
+
+bool QVInvisibleManagerPrivate::offersAlternative() const
+{
+    return q->isSignalConnected(QMetaMethod::fromSignal(&QVInvisibleManager::alternativeRequested));
+}
+
+void QVInvisibleManagerPrivate::attemptWantsAlternative(QVAttempt & /*attempt*/)
+{
+    Q_EMIT q->alternativeRequested();
 }
 
 void QVInvisibleManagerPrivate::attemptHasPassed(QVAttempt &attempt, const QString &token)
@@ -170,6 +182,8 @@ void QVInvisibleManagerPrivate::attemptHasEnded()
 void QVInvisibleManagerPrivate::report(const QPointer<QVInvisibleManager> &manager,
                                        const QVWeakDelegate<QVInvisibleDelegate> &last, const QString &token)
 {
+    if (manager)
+        manager->d->m_tokenLife.start([q = manager.data()] { Q_EMIT q->expired(); });
     if (auto *const receiver = manager ? manager->delegate() : last.get())
         receiver->invisibleVerifyPassedWithToken(token);
     if (manager)
@@ -178,6 +192,7 @@ void QVInvisibleManagerPrivate::report(const QPointer<QVInvisibleManager> &manag
 
 void QVInvisibleManagerPrivate::reset()
 {
+    m_tokenLife.stop();
     removeAnimationView();
     m_attempts.close(QVCloseReason::HostReset);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "flow/QVAttempts.h"
+#include "flow/QVTokenLife.h"
 
 #include <QPointer>
 
@@ -22,12 +23,15 @@ public:
 
     void startInsivible();
     void reset();
+    void alternativeHasChanged() const { m_attempts.alternativeHasChanged(); }
 
     void attemptAsks(QVAttempt &attempt) override;
     void attemptIsAnswered(QVAttempt &attempt) override;
     void attemptShowsPopup(QVAttempt &attempt) override;
     void attemptEntersOutage(QVAttempt &attempt) override;
     void attemptFailsInPopup(QVAttempt &attempt, const QVError &error) override;
+    [[nodiscard]] bool offersAlternative() const override;
+    void attemptWantsAlternative(QVAttempt &attempt) override;
     void attemptHasPassed(QVAttempt &attempt, const QString &token) override;
     void attemptHasFailed(QVAttempt &attempt, const QVError &error) override;
     void attemptHasClosed(QVAttempt &attempt, QVCloseReason reason) override;
@@ -53,5 +57,6 @@ private:
     /// What the badge is centred on.
     QPointer<QObject> m_badgeHost;
     std::unique_ptr<QVHostWatch> m_badgeWatch;
+    QVTokenLife m_tokenLife;
     QVAttempts m_attempts;
 };

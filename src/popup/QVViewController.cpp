@@ -66,6 +66,10 @@ void QVViewController::setupSubviews()
         if (auto *const opener = delegate())
             opener->qv_controllerFailedAction(error);
     });
+    QObject::connect(m_renderView, &QVRenderDrawView::alternativeRequested, &m_context, [this] {
+        if (auto *const opener = delegate())
+            opener->qv_controllerAlternativeAction();
+    });
     m_closeButton = new QVCloseButton(m_showWindow);
     QObject::connect(m_closeButton, &QVCloseButton::clicked, &m_context,
                      [this] { closeButtonDidClickedAction(); });
@@ -99,6 +103,12 @@ void QVViewController::makeKeyAndVisible(QObject *host)
     if (m_showWindow)
         m_showWindow->makeKeyAndVisible(host);
     showRenderViewAnimation();
+}
+
+void QVViewController::setOffersAlternative(bool offers)
+{
+    if (m_renderView)
+        m_renderView->setOffersAlternative(offers);
 }
 
 void QVViewController::hiddenWindow()

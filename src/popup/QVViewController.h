@@ -41,6 +41,7 @@ private:
     using QVPopup::QVPopup;
 
     void makeKeyAndVisible(QObject *host) override;
+    void setOffersAlternative(bool offers) override;
     void showRenderViewAnimation();
     void showIn(QVWindow *window);
     void setupSubviews();

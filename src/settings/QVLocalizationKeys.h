@@ -30,6 +30,7 @@ inline constexpr QLatin1String fail("fail");
 inline constexpr QLatin1String loadFaild("loadFaild");
 inline constexpr QLatin1String support("support");
 inline constexpr QLatin1String outage("outage");
+inline constexpr QLatin1String alternative("alternative");
 
 // What is read out to users who do not see the control.
 inline constexpr QLatin1String accessibleHelp("accessibleHelp");
@@ -68,6 +69,7 @@ inline constexpr QLatin1String all[] = {
     loadFaild,
     support,
     outage,
+    alternative,
     accessibleHelp,
     accessibleRefresh,
     accessibleClose,

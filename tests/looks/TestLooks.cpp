@@ -131,6 +131,20 @@ private:
         add("panel-pen", [this] { return panelPen(); });
         add("panel-pen-keys", [this] { return panelPenKeys(); });
         add("panel-failed", [this] { return panelFailed(); });
+        add("panel-alternative", [this] { return panelAlternative("en", 1); });
+        add("panel-alternative-hans-2x", [this] { return panelAlternative("zh-Hans", 2); });
+        add("popup-alternative", [this] { return popupAlternative(Kind::Draw, {640, 480}, "en", 1); });
+        add("popup-alternative-hans-2x", [this] {
+            return popupAlternative(Kind::Characters, {320, 320}, "zh-Hans", 2);
+        });
+        add("popup-alternative-dark", [this] {
+            QVSDKManager::setAppearance(QVAppearance::Dark);
+            const QImage seen = withContrast([this] {
+                return popupAlternative(Kind::Characters, {640, 480}, "en", 1);
+            });
+            QVSDKManager::setAppearance(QVAppearance::Light);
+            return seen;
+        });
         return all;
     }
 
@@ -351,8 +365,24 @@ private:
         if (kind == Kind::Characters)
             service().extend(config, {{q("type"), q("character")}});
         QVClickButton &made = makeButton();
+        if (m_offersAlternative)
+            connect(&made, &QVClickButton::alternativeRequested, &made, [] {});
         made.click();
         QVERIFY(waitForPicture());
+    }
+
+    QImage popupAlternative(Kind kind, QSize size, const char *language, qreal ratio)
+    {
+        m_offersAlternative = true;
+        return popup(kind, size, language, ratio);
+    }
+
+    QImage panelAlternative(const char *language, qreal ratio)
+    {
+        QVSDKManager::setPreferredLanguage(QLatin1String(language));
+        m_offersAlternative = true;
+        showPanel({320, 246});
+        return shot(ratio);
     }
 
     QImage popup(Kind kind, QSize size, const char *language = "en", qreal ratio = 1,
@@ -386,12 +416,14 @@ private:
         return shot();
     }
 
-    void showPanel()
+    void showPanel(QSize size = {414, 300})
     {
-        prepareHost({414, 300});
+        prepareHost(size);
         service().extend(config, {{q("guide"), true}});
         service().extend(q("get"), {{q("adlinkword"), q("An offer")}, {q("adlink"), q("https://x.example")}});
         m_panel = std::make_unique<QVEmbedManager>();
+        if (m_offersAlternative)
+            connect(m_panel.get(), &QVEmbedManager::alternativeRequested, this, [] {});
         m_panel->embedView()->setParent(&host());
         m_panel->embedView()->setGeometry(host().rect());
         m_panel->embedView()->show();
@@ -446,11 +478,13 @@ private:
         m_hostsRules.clear();
         QApplication::setPalette(QPalette());
         m_panel.reset();
+        m_offersAlternative = false;
         ModesTestCase::finish();
     }
 
     std::unique_ptr<QVEmbedManager> m_panel;
     QString m_hostsRules;
+    bool m_offersAlternative = false;
 };
 
 QV_TEST(TestLooks)

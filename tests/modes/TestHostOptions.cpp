@@ -7,6 +7,7 @@
 
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
+#include <QPointer>
 #include <QSignalSpy>
 
 using namespace std::chrono_literals;
@@ -105,6 +106,158 @@ private Q_SLOTS:
             strokeAndVerify();
         pass(5s);
         QTEST(outcomes().said(), "said");
+    }
+
+    void tokensExpire_data()
+    {
+        const auto row = addColumns<QString, QString, int>({"mode", "meanwhile", "told"});
+        for (const QString &mode : words("click, invisible, panel")) {
+            row(qPrintable(mode), mode, QString(), 1);
+            row(qPrintable(mode + q(", off")), mode, q("off"), 0);
+            row(qPrintable(mode + q(", reset")), mode, q("reset"), 0);
+            row(qPrintable(mode + q(", reset before")), mode, q("reset before"),
+                mode == q("invisible") ? 1 : 0);
+            row(qPrintable(mode + q(", destroyed")), mode, q("destroy"), 0);
+            row(qPrintable(mode + q(", destroyed by expired()")), mode, q("destroy late"), 1);
+        }
+        row("started again", q("invisible"), q("start"), 0);
+    }
+
+    void tokensExpire()
+    {
+        QFETCH(QString, mode);
+        QFETCH(QString, meanwhile);
+        QFETCH(int, told);
+        QVSDKManager::setTokenLifetime(meanwhile == q("off") ? 0s : 60s);
+        const auto idle = time().pendingCount();
+        const bool isInvisible = mode == q("invisible");
+        auto panel = std::make_unique<QVEmbedManager>();
+        int expiries = 0;
+        const auto hears = [&](auto &manager, const auto &destroyed) {
+            using Manager = std::remove_reference_t<decltype(manager)>;
+            connect(&manager, &Manager::expired, &manager, [&, destroyed] {
+                ++expiries;
+                if (meanwhile == q("destroy late"))
+                    destroyed();
+            });
+        };
+        if (mode == q("panel")) {
+            hears(*panel, [&panel] { delete panel->embedView(); });
+            panel->renderView()->setParent(&host());
+            panel->renderView()->setGeometry(0, 0, 400, 270);
+            panel->renderView()->show();
+            pass(200ms);
+            QVERIFY(waitFor([&panel] { return panel->renderView()->canInput().value_or(false); }));
+            pass(300ms);
+            strokeOn(*panel->renderView());
+            pass(500ms);
+        } else {
+            invisibleManager().setAnimation(true);
+            hears(invisibleManager(), [this] { destroy(true); });
+            hears(clickManager(), [this] { destroy(false); });
+            passByClick();
+            start(isInvisible);
+            pass(400ms);
+        }
+        const auto reset = [&] {
+            if (mode == q("panel"))
+                panel->reset();
+            else if (isInvisible)
+                invisibleManager().reset();
+            else
+                clickManager().reset();
+        };
+        if (meanwhile == q("reset before"))
+            reset();
+        pass(1s);
+        if (mode != q("panel"))
+            QCOMPARE(outcomes().said(), words("passed click-token"));
+        pass(50s);
+        QCOMPARE(expiries, 0);
+        if (meanwhile == q("reset"))
+            reset();
+        else if (meanwhile == q("start"))
+            start(true);
+        else if (meanwhile == q("destroy"))
+            mode == q("panel") ? delete panel->embedView() : destroy(isInvisible);
+        pass(12s);
+        QCOMPARE(expiries, told);
+        if (told && meanwhile.isEmpty() && mode == q("click"))
+            QCOMPARE(clickManager().button()->clickStatus(), QVClickStatusNormal);
+        if (mode != q("panel") && meanwhile != q("off") && meanwhile != q("start"))
+            QCOMPARE(time().pendingCount(), idle);
+        pass(100s);
+        // The other start's token has its own time.
+        QCOMPARE(expiries, meanwhile == q("start") ? 1 : told);
+    }
+
+    /// The way out is there exactly while somebody listens.
+    void anAlternativeIsOffered_data()
+    {
+        const auto row = addColumns<QString>({"mode"});
+        for (const QString &mode : words("click, invisible, panel"))
+            row(qPrintable(mode), mode);
+    }
+
+    void anAlternativeIsOffered()
+    {
+        QFETCH(QString, mode);
+        QVEmbedManager panel;
+        int requests = 0;
+        std::unique_ptr<QObject> receiver;
+        const auto listen = [&](auto &manager) {
+            using Manager = std::remove_reference_t<decltype(manager)>;
+            receiver = std::make_unique<QObject>();
+            connect(&manager, &Manager::alternativeRequested, receiver.get(), [&requests] { ++requests; });
+        };
+        const auto listenTo = [&] {
+            if (mode == q("panel"))
+                listen(panel);
+            else if (mode == q("invisible"))
+                listen(invisibleManager());
+            else
+                listen(clickManager());
+        };
+        listenTo();
+        QVRenderDrawView *view = nullptr;
+        if (mode == q("panel")) {
+            view = panel.renderView();
+            view->setParent(&host());
+            view->setGeometry(0, 0, 400, 270);
+            view->show();
+            pass(200ms);
+        } else {
+            start(mode == q("invisible"));
+            QVERIFY(waitForPicture());
+            view = drawView();
+        }
+        QVERIFY(waitFor([view] { return view->canInput().value_or(false); }));
+        pass(500ms);
+        auto *const button = view->findChild<QAbstractButton *>(q("alternativeButton"));
+        auto *const image = view->findChild<QWidget *>(q("imageView"));
+        const auto bottom = [&] {
+            return image->mapTo(view, QPoint(0, image->height())).y();
+        };
+        const int needed = view->heightForWidth(400);
+        QVERIFY(button->isVisible() && button->accessibleName() == q("I can't do this"));
+        QCOMPARE(button->y(), bottom());
+        QVERIFY(view->rect().contains(button->geometry()));
+        QWidget *const help = view->findChild<QWidget *>(q("helpButton"));
+        QCOMPARE(help->nextInFocusChain(), button);
+        receiver.reset();
+        QVERIFY(waitFor([button] { return button->isHidden(); }));
+        QCOMPARE(view->heightForWidth(400), needed - 30);
+        listenTo();
+        QVERIFY(waitFor([button] { return button->isVisible(); }));
+        QVPointerInput::click(*button, button->rect().center());
+        QTest::keyClick(button, Qt::Key_Space);
+        QCOMPARE(requests, 2);
+        // The attempt goes on.
+        strokeOn(*view);
+        pass(2s);
+        QVERIFY(mode == q("panel") ? !button->isEnabled()
+                                   : outcomes().said().contains(q("passed main-token")));
+        QCOMPARE(requests, 2);
     }
 
     void clicksBesideTheCard_data()
@@ -223,6 +376,7 @@ private:
     void finish() override
     {
         QVSDKManager::setAttemptTimeout(0ms);
+        QVSDKManager::setTokenLifetime(0ms);
         QVSDKManager::setPopupClosesOnOutsideClick(false);
         QVSDKManager::setNetworkAccessManager(nullptr);
         ModesTestCase::finish();

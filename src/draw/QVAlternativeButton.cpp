@@ -1,0 +1,39 @@
+#include "draw/QVAlternativeButton.h"
+
+#include "settings/QVLocalization.h"
+#include "settings/QVLocalizationKeys.h"
+#include "settings/QVText.h"
+#include "views/QVAccessibleRole.h"
+#include "views/QVColors.h"
+#include "views/QVFocusRing.h"
+
+#include <QPainter>
+
+QVAlternativeButton::QVAlternativeButton(QWidget *parent)
+    : QVTouchButton(parent)
+{
+    qv_setAccessibleRole(this, QAccessible::Button);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setCursor(Qt::PointingHandCursor);
+    qv_followLanguage(this, [this] {
+        m_text.setText(qv_localizedStringForKey(QVKey::alternative));
+        setAccessibleName(m_text.text());
+        update();
+    });
+}
+
+void QVAlternativeButton::paintEvent(QPaintEvent * /*event*/)
+{
+    constexpr qreal disabledOpacity = 0.4;
+    QPainter painter(this);
+    painter.fillRect(rect(), QVColors::strip());
+    if (isHovered())
+        painter.fillRect(rect(), QVColors::stripHover());
+    if (!isEnabled())
+        painter.setOpacity(disabledOpacity);
+    else if (isDown())
+        painter.setOpacity(pressedOpacity);
+    m_text.paint(painter, rect(), QVColors::doneTitle());
+    painter.setOpacity(1);
+    qv_paintFocusRing(painter, *this);
+}
