@@ -242,8 +242,10 @@ private Q_SLOTS:
         QVERIFY(button->isVisible() && button->accessibleName() == q("I can't do this"));
         QCOMPARE(button->y(), bottom());
         QVERIFY(view->rect().contains(button->geometry()));
-        QWidget *const help = view->findChild<QWidget *>(q("helpButton"));
-        QCOMPARE(help->nextInFocusChain(), button);
+        const QWidget *next = view->findChild<QWidget *>(q("helpButton"))->nextInFocusChain();
+        while (!(next->focusPolicy() & Qt::TabFocus))
+            next = next->nextInFocusChain();
+        QCOMPARE(next, button);
         receiver.reset();
         QVERIFY(waitFor([button] { return button->isHidden(); }));
         QCOMPARE(view->heightForWidth(400), needed - 30);
