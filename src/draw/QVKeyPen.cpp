@@ -193,7 +193,7 @@ void QVKeyPen::movePen(bool finely)
         return;
     const double step = size.width() / (finely ? fineStepsAcross : stepsAcross);
     QPointF way;
-    // Two at once go aslant.
+    // Two arrow keys at once move the pen diagonally.
     for (const int key : std::as_const(m_heldArrows))
         way += direction(key) * step;
     m_place.setX(std::clamp(m_place.x() + way.x() / size.width(), 0.0, 1.0));

@@ -17,7 +17,7 @@ class QVKeyPen final : public QWidget
     Q_OBJECT
 
 public:
-    /// \a view holds \a picture and steers \a recognizer; none of them goes before this.
+    /// \a picture lies in \a view, and \a recognizer takes the strokes. All three must outlive this.
     QVKeyPen(QWidget *view, QWidget *picture, QVPanGestureRecognizer &recognizer);
 
     /// Whether there is something to draw on.

@@ -144,7 +144,7 @@ bool QVPanEventFilter::handleTouch(QWidget *receiver, QTouchEvent &event)
         return isOnControl ? wasDragging || m_recognizer.isDragging() : true;
     if (m_recognizer.pointer() == Pointer::None)
         return pressTouch(receiver, event);
-    // Ignored by the control, a second finger comes to the view, which does nothing about it.
+    // The control ignores a second finger, which Qt then delivers to the view. That ignores it, too.
     if (isOnControl && m_recognizer.isDragging())
         event.ignore();
     return !isOnControl || m_recognizer.isDragging();
@@ -155,7 +155,7 @@ bool QVPanEventFilter::pressTouch(QWidget *receiver, const QTouchEvent &event)
     const bool isOnControl = receiver != m_view;
     const QEventPoint &point = event.points().constFirst();
     const QPointF location = m_view->mapFromGlobal(point.globalPosition());
-    // A control that takes no touches gets this one as a mouse press if the view leaves it alone.
+    // Qt turns a touch that nobody accepts into a mouse press, which is what such a control takes.
     if (!takesPresses() || (!isOnControl && isOverControl(location)))
         return false;
     m_touchDevice = event.pointingDevice();
@@ -168,7 +168,7 @@ void QVPanEventFilter::followTouch(const QTouchEvent &event)
 {
     const auto &points = event.points();
     const auto found = std::ranges::find(points, m_touchId, &QEventPoint::id);
-    // Another finger may be told of alone.
+    // The event may be about other fingers alone.
     if (event.device() != m_touchDevice || found == points.end())
         return;
     const QPointF location = m_view->mapFromGlobal(found->globalPosition());

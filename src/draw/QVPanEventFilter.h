@@ -17,7 +17,7 @@ class QWidget;
 class QVPanEventFilter final : public QObject
 {
 public:
-    /// Must outlive neither \a view nor \a recognizer.
+    /// \a view and \a recognizer must outlive this.
     QVPanEventFilter(QWidget *view, QVPanGestureRecognizer &recognizer);
 
     /// Lets a drag start on a control too; the control then takes it for a press that left it.

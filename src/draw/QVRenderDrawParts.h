@@ -85,7 +85,7 @@ private:
     QVAlternativeButton *m_alternativeButton = nullptr;
     QVLabel *m_outageLabel = nullptr;
     QVSpokenMessage *m_spokenMessage = nullptr;
-    // Once taken out of the picture it stays out, with no parent to own it.
+    // Has no parent any more once it has been taken out of the picture.
     std::unique_ptr<QVAdButton> m_adButton;
     std::unique_ptr<QVRenderDrawLayout> m_layout;
 };

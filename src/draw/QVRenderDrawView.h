@@ -21,7 +21,7 @@ class QVRenderDrawFlow;
 class QVRenderStrokeView;
 
 /// The drawing captcha as a widget: its parts, the stroke on top of them, and what the user does with
-/// both. What comes of it is the flow's business.
+/// both. QVRenderDrawFlow decides what follows.
 class QVRenderDrawView final : public QWidget,
                                private QVRenderDrawParts,
                                private QVCharVerifyInputViewDelegate
@@ -107,7 +107,7 @@ private:
     bool m_isInScene = false;
     QPointer<QScreen> m_screen;
     QVRenderStrokeView *m_renderLayer = nullptr;
-    // Neither is a child: when the view is destroyed, nothing they would then report may reach the flow.
+    // No children of the view: they must not report anything to the flow while the view is destroyed.
     std::unique_ptr<QVPanEventFilter> m_events;
     std::unique_ptr<QVKeyPen> m_keyPen;
 };

@@ -71,7 +71,7 @@ void QVRenderStrokeView::paintEvent(QPaintEvent * /*event*/)
 {
     if (m_canvas.isNull())
         return;
-    // Clipped by the system to what is to be renewed.
+    // Qt clips this to the region that is repainted.
     QPainter(this).drawPixmap(0, 0, m_canvas);
 }
 

@@ -40,6 +40,6 @@ private:
     const QVVerifyStyle m_style;
     const QVPopupPresenter &m_presenter;
     QVAttemptObserver *const m_observer;
-    /// Those under way, and the one that a hidden popup is left from.
+    /// The attempts under way, and the one whose popup was hidden with its picture.
     List m_attempts;
 };

@@ -10,7 +10,7 @@
 
 namespace {
 
-// The answer's own text: anything may be in it, and what is no number counts as 0.
+// The service's text may hold anything. What is no number counts as 0.
 double leadingNumber(const QString &text)
 {
     const QByteArray latin = text.trimmed().toLatin1();

@@ -17,7 +17,7 @@ public:
     {
     }
 
-    /// Changes who opened it; null while it is hidden and nobody's.
+    /// Changes who opened it; null while it is hidden and belongs to no attempt.
     void setDelegate(QVViewControllerDelegate *delegate) { m_delegate = delegate; }
     [[nodiscard]] QVViewControllerDelegate *delegate() const { return m_delegate.get(); }
 

@@ -131,8 +131,8 @@ void QVRenderDrawFlow::beginAttempt()
 {
     ++m_now.attempt;
     beginStep();
-    // What the attempt before was still about: its picture must not be replaced in this one's midst,
-    // and its answer no longer frees the input.
+    // Left over from the attempt before: its countdown must not replace a picture of this attempt,
+    // and its answer must not free the input.
     if (m_getRefreshModel)
         m_getRefreshModel->endTimeDown();
     surface().setCharInputBusy(false);
@@ -377,7 +377,7 @@ void QVRenderDrawFlow::handleVerifyResponse(const Picture &picture,
         handleRequestVerifySuccess(*record);
         return;
     }
-    // Several may be under way about one picture, and each counts as long as that is not replaced.
+    // Several judgements of one picture may be under way; each counts until the picture is replaced.
     if (picture != heldPicture())
         return;
     if (error->code() == QVErrorClassification::wrongAnswerCode)
@@ -462,7 +462,7 @@ void QVRenderDrawFlow::handlePicture(const QImage &picture, bool failed)
 
 void QVRenderDrawFlow::handleRequestVerifySuccess(const QVVerifyResponseModel &verify)
 {
-    // Outdates everything under way, a second passed answer included: there is one token an attempt.
+    // From here on all answers under way are ignored, a second pass included: an attempt has one token.
     ++m_now.attempt;
     m_deadline.stop();
     if (isEmbedded())

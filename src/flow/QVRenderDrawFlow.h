@@ -142,11 +142,11 @@ private:
     std::shared_ptr<QVConfigResponseModel> m_quarvoConfig;
     std::shared_ptr<QVGetRefreshResponseModel> m_getRefreshModel;
     std::shared_ptr<QVGetOutageResponseModel> m_getOutageModel;
-    /// The picture's time was up while nobody saw it.
+    /// The picture expired while nobody could see it.
     bool m_isExpired = false;
     Stamp m_now;
-    /// A popup's attempt is its opener's to end.
+    /// Runs for a panel only: the attempt of a popup is ended by its opener.
     QVAttemptDeadline m_deadline;
-    /// And its token.
+    /// Runs for a panel only, as well.
     QVTokenLife m_tokenLife;
 };

@@ -18,7 +18,7 @@ QVRenderDrawGesture::QVRenderDrawGesture(QVRenderDrawSurface *surface, Began beg
 
 bool QVRenderDrawGesture::gestureRecognizerShouldBegin(QPointF location) const
 {
-    // The first row below the picture and the first column right of it are no part of it.
+    // Below and right of the picture the first row and column are outside.
     const QRectF frame = m_surface.get()->imageFrame();
     return !m_outage ||
            (frame.contains(location) && location.x() < frame.right() && location.y() < frame.bottom());

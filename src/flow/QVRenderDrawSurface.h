@@ -42,7 +42,7 @@ public:
     virtual void setDrawingEnabled(bool enabled) = 0;
     /// Whether a user could see it: not on a hidden page, and not in a hidden or minimised window.
     [[nodiscard]] virtual bool isSeen() const = 0;
-    /// By what traces are measured: the view in whose coordinates strokes are told, or as much of it as its
+    /// The frame that traces are measured in: that of the view, or of as much of it as its
     /// content can fill.
     [[nodiscard]] virtual QRectF traceFrame() const = 0;
     /// The picture's place in the view.
@@ -57,7 +57,7 @@ public:
     /// The picture has been there for as long as one may be, and a new one is being asked for.
     virtual void pictureHasExpired() = 0;
 
-    // Notices for whoever watches the surface, who may destroy it or start anew in answer: they come last.
+    // Each tells the host, which may destroy the surface or start anew in answer: the flow calls them last.
     virtual void outageHasStarted() = 0;
     virtual void pictureIsReady() = 0;
     virtual void answerWasWrong() = 0;

@@ -27,7 +27,7 @@ bool takeSize(QVByteReader &reader)
     return qv_isPictureSizeAllowed(width, reader.littleEndian(2));
 }
 
-/// Behind its first byte, up to the end of its pixels.
+/// Reads a frame from behind its first byte to the end of its pixels.
 bool takeImage(QVByteReader &reader)
 {
     reader.take(4);

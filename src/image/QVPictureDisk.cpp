@@ -71,7 +71,7 @@ QVPictureDisk::~QVPictureDisk()
 
 void QVPictureDisk::post(QVTaskQueue::Task task)
 {
-    // A process that ends waits for what a slow disk is at, not for what it was still to do.
+    // A process that ends waits for the call under way on a slow disk, and for no other.
     m_thread.post([this, task = std::move(task)] {
         if (!m_isEnding)
             task();

@@ -14,7 +14,7 @@ class QVPrefixCode
 public:
     static constexpr int longestCode = 15;
 
-    /// Reads nothing, and is broken.
+    /// A broken code, which reads nothing.
     QVPrefixCode() = default;
     /// \a lengths has the length of each symbol's code; zero for a symbol that does not occur. A code
     /// of one symbol alone takes no bits.

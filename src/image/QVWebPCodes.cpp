@@ -142,7 +142,7 @@ private:
         return isBroken() ? QVPrefixCode() : code;
     }
 
-    /// Of one or two symbols.
+    /// A code of one or two symbols.
     void takeShortLengths(std::vector<quint8> &lengths)
     {
         const bool hasTwo = m_bits.take(1) == 1;
@@ -152,7 +152,7 @@ private:
             lengths[m_bits.take(8)] = 1;
     }
 
-    /// Of any number, by a code of their own.
+    /// A code of any number of symbols, whose lengths are packed by another code.
     void takeLengths(std::span<quint8> lengths)
     {
         constexpr std::array<quint8, 19> order{17, 18, 0, 1,  2,  3,  4,  5,  16, 6,

@@ -13,8 +13,8 @@ struct QVWebPCodes
     /// More than any file has where the head is broken.
     int groups = std::numeric_limits<int>::max();
 
-    /// Of a chunk VP8L, which tells its own size.
+    /// The count of a chunk VP8L, which holds its own size.
     [[nodiscard]] static QVWebPCodes ofPicture(QByteArrayView chunk);
-    /// Of a chunk ALPH.
+    /// The count of a chunk ALPH.
     [[nodiscard]] static QVWebPCodes ofAlpha(QByteArrayView chunk, QSize size);
 };

@@ -278,7 +278,7 @@ QPainterPath QVClickStatusView::statusSmallCircleAnimationPath() const
 
 QPainterPath QVClickStatusView::successTickAnimationPath() const
 {
-    // An L, which the layer's rotation makes a tick.
+    // An L, which the rotation of the layer turns into a tick.
     const QPointF c = centre() + QPointF(1, -1);
     QPainterPath path(c + QPointF(-6.5, -3.25));
     path.lineTo(c + QPointF(-6.5, 3.25));
@@ -288,7 +288,7 @@ QPainterPath QVClickStatusView::successTickAnimationPath() const
 
 QPainterPath QVClickStatusView::errorAnimationPath() const
 {
-    // A plus, which the layer's rotation makes a cross.
+    // A plus, which the rotation of the layer turns into a cross.
     const QPointF c = centre();
     QPainterPath path(c + QPointF(0, -8));
     path.lineTo(c + QPointF(0, 8));

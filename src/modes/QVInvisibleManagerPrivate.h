@@ -14,7 +14,7 @@ class QVInvisibleManager;
 
 /// What the invisible manager does: its badge, and what becomes of the attempts that it starts.
 ///
-/// The host may destroy the manager in any callback: whatever a step does, it does before.
+/// The host may destroy the manager in any callback: each step does its own work before it calls back.
 class QVInvisibleManagerPrivate final : public QVAttemptObserver
 {
 public:

@@ -31,7 +31,7 @@ public:
     void begin(QPointF point);
     void move(QPointF point);
     void end(QPointF point);
-    /// Ends a press that will never be lifted like one that is lifted outside.
+    /// Ends a press whose release will not come, as a release outside the button does.
     void cancel();
     /// Forgets the press without a word.
     void forget() { m_tracking = false; }

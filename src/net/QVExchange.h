@@ -14,7 +14,7 @@ public:
     {
         QByteArray body;
         int httpStatus = 0;
-        /// Where the server says that the answer is to be found, as it says it.
+        /// The address that the server redirects to, as it was sent.
         QByteArray location;
         /// An HTTP error status is none.
         QNetworkReply::NetworkError error = QNetworkReply::NoError;

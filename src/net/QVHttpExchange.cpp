@@ -7,7 +7,7 @@
 
 namespace {
 
-// What may wait to be read. The rest waits in the system, and its sender with it.
+// The most that waits here to be read. The rest waits in the system, which makes the sender wait, too.
 constexpr qint64 readAtOnce = 1 << 16;
 
 QNetworkReply::NetworkError errorOf(QAbstractSocket::SocketError error)

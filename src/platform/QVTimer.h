@@ -3,7 +3,7 @@
 #include "platform/QVScheduler.h"
 #include "platform/QuarvoCoreExport.h"
 
-/// A one-shot timer that ends with its owner. What must run whatever happens is scheduled directly
+/// A one-shot timer that ends with its owner. An action that must run in any case is scheduled directly
 /// instead.
 class QUARVO_CORE_EXPORT QVTimer
 {

@@ -33,7 +33,7 @@ std::shared_ptr<QVViewController> QVViewController::showQvWithVerifyStyle(QVVeri
     controller->m_verifyStyle = style;
     controller->m_config = config;
     controller->m_clickResp = click;
-    // Its own until dismissWindow() deletes it, or that of a window which it lies in.
+    // Deleted by dismissWindow(), or with a window that it lies in.
     controller->showIn(new QVWindow);
     return controller;
 }

@@ -19,8 +19,8 @@ class QVWindow;
 
 /// The popup: a draw view with a close button on a window of its own.
 ///
-/// The window keeps the controller alive and the controller points to its window, shown or hidden,
-/// with no owner outside; only dismissWindow(), or the end of a window that it lies in, parts the two.
+/// The window owns the controller, shown or hidden, and is owned by nobody else. Both are destroyed by
+/// dismissWindow(), or with a window that this one lies in.
 class QVViewController final : public QVPopup
 {
 public:

@@ -26,9 +26,9 @@ namespace {
 
 constexpr QColor dimColor(0, 0, 0, 102);
 constexpr double dimSeconds = 0.15;
-/// What a card in a window of its own is set off by, since not every platform draws a shadow.
+/// The frame of a card in a window of its own: not every platform draws a shadow around it.
 constexpr QColor edgeColor(0, 0, 0, 60);
-// That of the close button's disc, which nests in the top right corner.
+// The radius of the close button's disc, which fits into the top right corner.
 constexpr qreal cardRadius = 16;
 
 constexpr Qt::WindowFlags cardFlags = Qt::Dialog | Qt::FramelessWindowHint;
@@ -72,7 +72,7 @@ QVWindow::QVWindow()
 
 QVWindow::~QVWindow()
 {
-    // Still there when the host was destroyed and took its children along.
+    // A controller that is still here was not dismissed: the host's window was destroyed.
     if (const auto controller = takeRootController())
         Q_EMIT destroyedWithHost();
 }
@@ -202,7 +202,7 @@ void QVWindow::lieIn(QWidget *container)
 void QVWindow::standAlone(Place place, QObject *over)
 {
     const Qt::WindowFlags flags = place == Place::Screen ? screenFlags : cardFlags;
-    // No parent: a disabled one would disable this, too, and a style sheet of its reach it.
+    // No parent: a disabled parent would disable this, too, and its style sheet would apply here.
     if (parentWidget() || windowFlags() != flags) {
         m_focusTrap->leaveWindow();
         hide();
@@ -255,7 +255,7 @@ void QVWindow::containerHides()
     // A window of its own stays on screen, and Qt may be activating it at this moment.
     if (m_place != Place::Layer)
         return placeSoon();
-    // It must not go with a window that came over its host's.
+    // It must not be destroyed with a modal window that came over the host's.
     place();
     m_focusTrap->moveInside();
 }

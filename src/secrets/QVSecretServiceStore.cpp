@@ -85,7 +85,7 @@ QString value(const Table &table, const char *name)
     return QString::fromUtf8(static_cast<const char *>(g_hash_table_lookup(table.get(), name)));
 }
 
-/// By what an item is found.
+/// The attributes that an item is looked up by.
 Table attributesOf(const auto &item)
 {
     Table table(g_hash_table_new_full(g_str_hash, g_str_equal, g_free, g_free));
