@@ -69,7 +69,7 @@ bool QVPrivateDesktop::startBus()
         return false;
     m_address = QString::fromUtf8(m_bus.readLine()).trimmed();
     qputenv(addressVariable, m_address.toUtf8());
-    return connection().isConnected();
+    return true;
 }
 
 bool QVPrivateDesktop::startKeyring(bool unlocked)
@@ -81,23 +81,27 @@ bool QVPrivateDesktop::startKeyring(bool unlocked)
     m_keyring.start(q("gnome-keyring-daemon"), arguments);
     m_keyring.write("test");
     m_keyring.closeWriteChannel();
-    return QTest::qWaitFor([this] { return isOwned(q("org.freedesktop.secrets")); }, 30000);
+    const auto bus = QDBusConnection::connectToBus(m_address, m_address);
+    return QTest::qWaitFor(
+        [&bus] { return bus.interface()->isServiceRegistered(q("org.freedesktop.secrets")); }, 30000);
 }
 
 void QVPrivateDesktop::stopKeyring()
 {
-    if (m_keyring.state() != QProcess::NotRunning)
-        stop(m_keyring);
+    if (m_keyring.state() == QProcess::NotRunning)
+        return;
+    wakeKeyring();
+    stop(m_keyring);
 }
 
-QDBusConnection QVPrivateDesktop::connection() const
+void QVPrivateDesktop::suspendKeyring() const
 {
-    return QDBusConnection::connectToBus(m_address, m_address);
+    ::kill(pid_t(m_keyring.processId()), SIGSTOP);
 }
 
-bool QVPrivateDesktop::isOwned(const QString &name) const
+void QVPrivateDesktop::wakeKeyring() const
 {
-    return connection().interface()->isServiceRegistered(name);
+    ::kill(pid_t(m_keyring.processId()), SIGCONT);
 }
 
 void QVPrivateDesktop::prepare(QProcess &process) const

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QDBusConnection>
 #include <QProcess>
 #include <QTemporaryDir>
 
@@ -21,14 +20,15 @@ public:
     /// Starts the keyring, unlocked by the right password or left as it lies on the disk.
     [[nodiscard]] bool startKeyring(bool unlocked = true);
     void stopKeyring();
+    /// Leaves it there, without an answer to anything, until it is stopped or woken.
+    void suspendKeyring() const;
+    void wakeKeyring() const;
     /// For the store under test: only a store that hangs may meet its limit, however busy the machine is.
     static constexpr std::chrono::seconds generousLimit{30};
 
     [[nodiscard]] QString address() const { return m_address; }
 
 private:
-    [[nodiscard]] QDBusConnection connection() const;
-    [[nodiscard]] bool isOwned(const QString &name) const;
     void prepare(QProcess &process) const;
 
     QTemporaryDir m_folder;

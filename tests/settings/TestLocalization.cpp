@@ -7,8 +7,6 @@
 
 #include <QTemporaryFile>
 
-using Texts = QMap<QString, QString>;
-
 class TestLocalization : public QVTestCase
 {
     Q_OBJECT
@@ -50,29 +48,26 @@ private Q_SLOTS:
 
     void reads()
     {
-        const Texts both = pairs("a", "1", "b", "2");
-        const QVCases<const char *, Texts> cases{
-            {"", {}},
-            {"\"a\"=\"1\";\"b\"=\"2\";", both},
-            {"\xef\xbb\xbf\"a\" = \"1\";\r\n\"b\" = \"2\";\r\n", both},
-            {"/* \"x\" = \"y\"; */ \"a\" /* is */ = // one\n \"1\"; // \"c\" = \"3\";\n\"b\" = \"2\";", both},
-            {"\"a\" = \"//1/*\";", pairs("a", "//1/*")},
-            {"\"a\" = \"0\"; \"a\" = \"1\";", pairs("a", "1")},
-            {"\"\\\"k\\\\\" = \"\\t\\n\\r\\\"\\\\ \\u4e2d\\U6587 \\q\";",
-             pairs("\"k\\", "\t\n\r\"\\ 中文 q")},
-            {"\"a\" = \"\\ud83d\\ude00\";", pairs("a", "😀")},
-            {"\"a\" = \"\\u12g4\";", pairs("a", "u12g4")},
-            {"\"a\" = \"1\"\n\"b\" = \"2\";", both},
-            {"\"x\" =\n\"a\" = \"1\";\n\"x\"\n\"b\" = \"2\";\n\"x\" = ", both},
-            {"\"x\" = \"lost;\n\"a\" = \"1\";\n\"b\" = \"2\";", both},
-            {"<html>\n<body \"x\" = \"y\";>", {}}};
-        for (const auto &[file, texts] : cases) {
+        // A file, and the texts of "a" and "b" in it.
+        const QVCases<const char *, QString, QString> cases{
+            {"", {}, {}},
+            {"\"a\"=\"1\";\"b\"=\"2\";", q("1"), q("2")},
+            {"\xef\xbb\xbf\"a\" = \"1\";\r\n\"b\" = \"2\";\r\n", q("1"), q("2")},
+            {"/* \"b\" = \"y\"; */ \"a\" /* is */ = // one\n \"1\"; // \"b\" = \"3\";\n", q("1"), {}},
+            {"\"a\" = \"//1/*\";", q("//1/*"), {}},
+            {"\"a\" = \"0\"; \"a\" = \"1\";", q("1"), {}},
+            {"\"\\u0061\" = \"\\t\\n\\r\\\"\\\\ \\u4e2d\\U6587 \\q\";", q("\t\n\r\"\\ 中文 q"), {}},
+            {"\"a\" = \"\\ud83d\\ude00\";", q("😀"), {}},
+            {"\"a\" = \"\\u12g4\";", q("u12g4"), {}},
+            {"\"a\" = \"1\"\n\"b\" = \"2\";", q("1"), q("2")},
+            {"\"x\" =\n\"a\" = \"1\";\n\"x\"\n\"b\" = \"2\";\n\"x\" = ", q("1"), q("2")},
+            {"\"x\" = \"lost;\n\"a\" = \"1\";\n\"b\" = \"2\";", q("1"), q("2")},
+            {"<html>\n<body \"a\" = \"y\";>", {}, {}}};
+        for (const auto &[file, a, b] : cases) {
             const auto table = QVStringsTable::parse(file);
-            Texts found;
-            for (const QString &key : table.keys())
-                found.insert(key, table.text(key));
-            QCOMPARE(found, texts);
-            QVERIFY(table.text(q("missing")).isNull());
+            QCOMPARE(table.text(q("a")), a);
+            QCOMPARE(table.text(q("b")), b);
+            QCOMPARE(table.keys().size(), (a.isNull() ? 0 : 1) + (b.isNull() ? 0 : 1));
         }
     }
 
@@ -86,18 +81,6 @@ private Q_SLOTS:
         file.close();
         QCOMPARE(QVStringsTable::read(file.fileName()).keys(), QStringList{q("a")});
         QVERIFY(QVStringsTable::read(file.fileName() + q(".missing")).keys().isEmpty());
-    }
-
-private:
-    static Texts pairs(const char *key, const char *text)
-    {
-        return {{QString::fromUtf8(key), QString::fromUtf8(text)}};
-    }
-    static Texts pairs(const char *first, const char *one, const char *second, const char *two)
-    {
-        Texts texts = pairs(first, one);
-        texts.insert(pairs(second, two));
-        return texts;
     }
 };
 
