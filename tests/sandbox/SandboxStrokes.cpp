@@ -1,22 +1,8 @@
 #include "sandbox/SandboxStrokes.h"
 
-#include "flow/QVRenderTrace.h"
-#include "support/QVText.h"
-
 #include <algorithm>
-#include <cmath>
 
 namespace SandboxStrokes {
-
-namespace {
-
-QString threeDigits(qint64 number)
-{
-    const QString digits = q("kqrsvj567opcd89ghiyz");
-    return QString(digits[number / 8000]) + digits[number / 20 % 20] + digits[number % 20];
-}
-
-} // namespace
 
 SandboxPath followed(const SandboxPath &curve, SandboxRandom &random)
 {
@@ -50,26 +36,18 @@ SandboxPath straight(QPointF from, QPointF to)
     return SandboxGeometry::resampled({from, to}, 30);
 }
 
-QString encoded(const SandboxPath &points, qint64 millisecondsBetween, double top)
+QVRenderTrace recorded(const SandboxPath &points, double top)
 {
-    QString columns;
-    QString rows;
-    QString times;
-    for (qsizetype i = 0; i < points.size(); ++i) {
-        columns += threeDigits(static_cast<qint64>(std::max(points[i].x(), 0.0)));
-        rows += threeDigits(static_cast<qint64>(std::max(points[i].y() + top, 0.0) * 230.0 / 400.0));
-        times += threeDigits(i * millisecondsBetween);
-    }
-    return columns + rows + times;
+    QVRenderTrace trace;
+    trace.setFrame({0, 0, SandboxGeometry::pictureWidth, SandboxGeometry::pictureHeight + 2 * top});
+    trace.setPanGestureStartTime(1000.0);
+    for (qsizetype i = 0; i < points.size(); ++i)
+        trace.handlePanGesturePoint(points[i] + QPointF(0, top), 1000.0 + double(i) * 0.02);
+    return trace;
 }
 
-QString encodedCells(const SandboxPath &points)
+QString cells(const QVRenderTrace &trace)
 {
-    // The client's own, since nobody but this service and it knows these cells.
-    QVRenderTrace trace;
-    trace.setFrame({0, 0, SandboxGeometry::pictureWidth, SandboxGeometry::pictureHeight});
-    for (const QPointF point : points)
-        trace.handlePanGesturePoint(point, 0.0);
     return trace.getRenderOutage_v({0, 0, SandboxGeometry::pictureWidth, SandboxGeometry::pictureHeight});
 }
 

@@ -1,11 +1,10 @@
 #pragma once
 
+#include "flow/QVRenderTrace.h"
 #include "sandbox/SandboxGeometry.h"
 #include "sandbox/SandboxRandom.h"
 
-#include <QString>
-
-/// Strokes as hands make them, and as clients put them on the wire.
+/// Strokes as hands make them, and as the client records them.
 namespace SandboxStrokes {
 
 /// The curve followed loosely: displaced, stretched, trembling, begun and ended a little off.
@@ -14,9 +13,9 @@ namespace SandboxStrokes {
 [[nodiscard]] SandboxPath scribble(SandboxRandom &random);
 [[nodiscard]] SandboxPath straight(QPointF from, QPointF to);
 
-/// The main service's "v", for a view of the picture's own size whose picture begins at \a top.
-[[nodiscard]] QString encoded(const SandboxPath &points, qint64 millisecondsBetween = 20, double top = 0.0);
-/// The outage service's "v".
-[[nodiscard]] QString encodedCells(const SandboxPath &points);
+/// The client's record of a stroke, 20 ms a point, in a view as wide as the picture, which begins at \a top.
+[[nodiscard]] QVRenderTrace recorded(const SandboxPath &points, double top = 0.0);
+/// What the outage service gets of a record in a view of the picture's own size.
+[[nodiscard]] QString cells(const QVRenderTrace &trace);
 
 } // namespace SandboxStrokes

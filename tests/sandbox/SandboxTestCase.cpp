@@ -1,18 +1,11 @@
 #include "sandbox/SandboxTestCase.h"
 
-#include "sandbox/SandboxStrokes.h"
-
 #include <QJsonDocument>
 #include <QNetworkReply>
 
 QJsonObject SandboxTestCase::Reply::json() const
 {
     return QJsonDocument::fromJson(body).object();
-}
-
-QString SandboxTestCase::Reply::text(const char *member) const
-{
-    return json().value(QLatin1String(member)).toString();
 }
 
 void SandboxTestCase::prepare()
@@ -43,25 +36,4 @@ SandboxTestCase::Reply SandboxTestCase::get(const QString &address) const
         return {};
     return {reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt(),
             reply->header(QNetworkRequest::ContentTypeHeader).toByteArray(), reply->readAll()};
-}
-
-SandboxTestCase::Reply SandboxTestCase::service(const QString &operation, const QString &id,
-                                                const QString &challenge, const QString &more) const
-{
-    return get(q("/app/%1/v1?challenge=%2&deviceid=d&id=%3%4").arg(operation, challenge, id, more));
-}
-
-QString SandboxTestCase::configured(const QString &id) const
-{
-    return get(q("/app/config/v1?id=%1&type=popup&scene=1&deviceid=d").arg(id)).text("challenge");
-}
-
-SandboxTestCase::Reply SandboxTestCase::drawn(const QString &id, const QString &challenge,
-                                              const QList<QPointF> &points) const
-{
-    constexpr int between = 25;
-    return service(q("verify"), id, challenge,
-                   q("&v=%1&drawtime=%2")
-                       .arg(SandboxStrokes::encoded(points, between))
-                       .arg((points.size() - 1) * between));
 }

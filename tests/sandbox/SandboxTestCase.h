@@ -19,7 +19,10 @@ protected:
         QByteArray body;
 
         [[nodiscard]] QJsonObject json() const;
-        [[nodiscard]] QString text(const char *member) const;
+        [[nodiscard]] QString text(const char *member) const
+        {
+            return json()[QLatin1String(member)].toString();
+        }
         [[nodiscard]] QString code() const { return text("code"); }
     };
 
@@ -28,14 +31,7 @@ protected:
 
     [[nodiscard]] QVSandbox &sandbox() const { return *m_sandbox; }
     /// GETs an address, or a path below the sandbox's base.
-    [[nodiscard]] Reply get(const QString &address) const;
-    [[nodiscard]] Reply service(const QString &operation, const QString &id, const QString &challenge,
-                                const QString &more = {}) const;
-    /// Challenge of a new configuration.
-    [[nodiscard]] QString configured(const QString &id) const;
-    /// Verifies the solution's own curve, or whatever \a points there are instead.
-    [[nodiscard]] Reply drawn(const QString &id, const QString &challenge,
-                              const QList<QPointF> &points) const;
+    Reply get(const QString &address) const;
     void age(std::chrono::milliseconds duration) { m_now += duration; }
 
 private:

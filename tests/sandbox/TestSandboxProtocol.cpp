@@ -214,12 +214,12 @@ private:
             ask(operation);
         ask("verify", q("&v=nonsense&drawtime=0"));
         const auto solution = sandbox().solution(challenge);
-        constexpr int between = 25;
-        const QString stroke = solution ? SandboxStrokes::encoded(solution->points, between) : QString();
-        const qsizetype time = solution ? std::max<qsizetype>(0, (solution->points.size() - 1) * between) : 0;
-        const QString typed = solution ? solution->characters : QString();
-        ask("verify",
-            q("&v=%1&drawtime=%2").arg(typed.isEmpty() ? stroke : typed).arg(typed.isEmpty() ? time : 0));
+        if (solution && solution->characters.isEmpty()) {
+            const QVRenderTrace trace = SandboxStrokes::recorded(solution->points);
+            ask("verify", q("&v=%1&drawtime=%2").arg(trace.getRenderSource_v(), trace.getRender_drawtime()));
+        } else {
+            ask("verify", q("&drawtime=0&v=") + (solution ? solution->characters : QString()));
+        }
         ask("verify", q("&v=&drawtime=0"));
         for (int i = 0; i < 11; ++i)
             ask("refresh");
@@ -235,7 +235,8 @@ private:
         const QString verify = q("/outage?action=verify&challenge=%1&v=").arg(challenge);
         const auto solution = sandbox().solution(challenge);
         QCOMPARE(verified(verify + q("012")).code(), q("0104"));
-        QCOMPARE(verified(verify + SandboxStrokes::encodedCells(solution->points)).code(), q("0103"));
+        QCOMPARE(verified(verify + SandboxStrokes::cells(SandboxStrokes::recorded(solution->points))).code(),
+                 q("0103"));
         QCOMPARE(verified(verify).code(), q("1002"));
         QCOMPARE(verified(q("/outage?action=sing")).status, 400);
     }
