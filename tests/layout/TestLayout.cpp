@@ -1,111 +1,179 @@
 #include "layout/QVLayout.h"
+#include "layout/QVLayoutSolver.h"
 #include "support/QVTestCase.h"
 
 #include <QWidget>
 
+#include <limits>
+
 using namespace std::chrono_literals;
+using Attribute = QVLayoutAttribute;
+using Constraint = QVLayoutConstraint;
+using Kind = QVLayoutProblem::Kind;
+
+namespace {
+
+constexpr Constraint::ItemId container = 1;
+constexpr Constraint::ItemId first = 2;
+constexpr Constraint::ItemId second = 3;
+constexpr Constraint::ItemId nested = 4;
+constexpr Constraint::ItemId stranger = 9;
+
+Constraint fixed(Attribute attribute, double value)
+{
+    return {first, attribute, 0, attribute, 1, value};
+}
+
+/// A container of 400 x 300; "first" at (10, 20) of 30 x 40 with an intrinsic size of 50 x 60.
+QVLayoutSolution solve(const std::vector<Constraint> &constraints)
+{
+    QVLayoutSolver solver(container, QSizeF(400, 300));
+    solver.addItem(first, container, QRectF(10, 20, 30, 40), QSizeF(50, 60));
+    solver.addItem(second, container, QRectF(100, 50, 200, 100));
+    solver.addItem(nested, second, QRectF(5, 5, 10, 10));
+    return solver.solve(constraints);
+}
+
+} // namespace
 
 class TestLayout : public QVTestCase
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void roundsOnTheEdges()
+    void placesAnItem()
     {
-        QWidget *box = child(*m_container);
-        m_layout->make(box, [&](QVConstraintMaker &make) {
-            make.left().equalTo(10.5);
-            make.width().equalTo(m_container.get()).multipliedBy(0.0255);
-            make.top().equalTo(-0.5);
-            make.height().equalTo(10.4);
-        });
-        m_layout->layoutNow();
-        QCOMPARE(box->geometry(), QRect(11, 0, 10, 10));
+        const Constraint left{first, Attribute::Left, container, Attribute::Left, 1, 7};
+        const Constraint right{first, Attribute::Right, container, Attribute::Right, 1, -3};
+        const Constraint ownHeight{first, Attribute::Height, first, Attribute::Width, 0.5, 0};
+        const QVCases<std::vector<Constraint>, QRectF> cases{
+            {{}, {10, 20, 30, 40}},
+            {{left}, {7, 20, 50, 60}},
+            {{left, right, ownHeight}, {7, 20, 390, 195}},
+            {{{first, Attribute::Width, container, Attribute::Width, 0.25, -1}}, {10, 20, 99, 60}},
+            {{{first, Attribute::Top, container, Attribute::Bottom, 0.5, 4}}, {10, 154, 50, 60}},
+            {{left, right, fixed(Attribute::Width, 40)}, {357, 20, 40, 60}},
+            {{fixed(Attribute::Left, 90), fixed(Attribute::Right, 20)}, {90, 20, 0, 60}}};
+        for (const auto &[constraints, expected] : cases) {
+            QCOMPARE(solve(constraints).frames.at(first), expected);
+            QVERIFY(solve(constraints).problems.empty());
+        }
     }
 
-    void convertsBetweenBranches()
+    void reportsWhatItCannotUse()
     {
-        QWidget *content = child(*m_container);
-        QWidget *picture = child(*content);
-        QWidget *button = child(*m_container);
-        content->setGeometry(50, 40, 200, 100);
-        m_layout->make(picture, [&](QVConstraintMaker &make) {
-            make.left().equalTo(content).offset(5);
-            make.right().equalTo(content).offset(-5);
-            make.top().equalTo(content).offset(5);
-            make.bottom().equalTo(content).offset(-5);
-        });
-        m_layout->make(button, [&](QVConstraintMaker &make) {
-            make.size().equalTo(30);
-            make.top().equalTo(picture);
-            make.right().equalTo(picture);
-        });
-        m_layout->layoutNow();
-        QCOMPARE(picture->geometry(), QRect(5, 5, 190, 90));
-        QCOMPARE(button->geometry(), QRect(215, 45, 30, 30));
-        // Moved by someone else: what hangs on it follows.
-        content->move(60, 0);
-        QCOMPARE(button->geometry(), QRect(225, 5, 30, 30));
-    }
-
-    void updateChangesAConstantAndLetsItWin()
-    {
-        QWidget *box = child(*m_container);
-        const auto top = [&](double offset) {
-            return [this, offset](QVConstraintMaker &make) {
-                make.top().equalTo(m_container.get(), QVLayoutAttribute::Bottom).offset(offset);
-            };
-        };
-        m_layout->make(box, top(0));
-        m_layout->make(box, [](QVConstraintMaker &make) { make.top().equalTo(7); });
-        m_layout->update(box, top(-30));
-        m_layout->layoutNow();
-        QCOMPARE(box->y(), 270);
-    }
-
-    void constraintsEndWithTheirWidgets()
-    {
-        QWidget *box = child(*m_container);
-        auto target = std::make_unique<QWidget>(m_container.get());
-        target->setGeometry(70, 0, 10, 10);
-        m_layout->make(box, [](QVConstraintMaker &make) { make.left().equalTo(3); });
-        m_layout->make(box, [&](QVConstraintMaker &make) { make.left().equalTo(target.get()); });
-        m_layout->layoutNow();
-        QCOMPARE(box->x(), 70);
-        target.reset();
-        advance(0ms);
-        QCOMPARE(box->x(), 3);
-        delete box;
-        advance(0ms);
-    }
-
-    void reportsOnceAndGoesOn()
-    {
-        QWidget *box = child(*m_container);
-        box->setObjectName(q("box"));
+        const QVCases<Constraint, Kind> cases{
+            {{first, Attribute::Width, first, Attribute::Right}, Kind::Cycle},
+            {{second, Attribute::Left, nested, Attribute::Left}, Kind::Cycle},
+            {{first, Attribute::Left, stranger, Attribute::Left}, Kind::UnknownItem},
+            {{container, Attribute::Left, first, Attribute::Left}, Kind::UnknownItem},
+            {fixed(Attribute::Left, std::numeric_limits<double>::quiet_NaN()), Kind::NotFinite}};
+        for (const auto &[bad, kind] : cases) {
+            const auto solution = solve({fixed(Attribute::Top, 33), bad});
+            QCOMPARE(solution.problems.size(), 1U);
+            QCOMPARE(solution.problems.front().kind, kind);
+            // The rest holds.
+            QCOMPARE(solution.frames.at(first), QRectF(10, 33, 50, 60));
+        }
         QWidget outside;
         QTest::ignoreMessage(QtWarningMsg,
                              "QWidget(box).left = QWidget.right + 2 names something outside the container");
-        QTest::ignoreMessage(QtWarningMsg,
-                             "QWidget(box).top = nothing.top names something outside the container");
-        m_layout->make(box, [&](QVConstraintMaker &make) {
+        m_layout->make(m_box, [&](QVConstraintMaker &make) {
             make.left().equalTo(&outside, QVLayoutAttribute::Right).offset(2);
-            make.top().equalTo(static_cast<QWidget *>(nullptr));
             make.width().equalTo(44);
         });
         m_layout->layoutNow();
         m_container->resize(200, 200);
-        QCOMPARE(box->width(), 44);
+        QCOMPARE(m_box->width(), 44);
+    }
+
+    void followsWidgetsOfOtherParents()
+    {
+        auto *content = new QWidget(m_container.get());
+        auto *picture = new QWidget(content);
+        content->setGeometry(50, 40, 200, 100);
+        content->show();
+        m_layout->make(picture, [&](QVConstraintMaker &make) {
+            make.left().equalTo(content).offset(5);
+            make.right().equalTo(content).offset(-5);
+            make.top().equalTo(content).offset(-0.5);
+            make.height().equalTo(10.4);
+        });
+        m_layout->make(m_box, [&](QVConstraintMaker &make) {
+            make.width().equalTo(m_container.get()).multipliedBy(0.0255);
+            make.left().equalTo(picture).offset(0.5);
+        });
+        m_layout->layoutNow();
+        // Rounded on the edges.
+        QCOMPARE(picture->geometry(), QRect(5, 0, 190, 10));
+        QCOMPARE(m_box->geometry(), QRect(56, 0, 10, 20));
+        // Moved by somebody else.
+        content->move(60, 0);
+        QCOMPARE(m_box->x(), 66);
+        delete content;
+        advance(0ms);
+        m_layout->layoutNow();
+        QCOMPARE(m_box->width(), 10);
+        delete m_box;
+        advance(0ms);
+    }
+
+    void moves()
+    {
+        const auto hangAt = [&](double offset) {
+            m_layout->update(m_box, [&](QVConstraintMaker &make) {
+                make.top().equalTo(m_container.get(), QVLayoutAttribute::Bottom).offset(offset);
+            });
+        };
+        // What was changed last wins.
+        hangAt(0);
+        m_layout->make(m_box, [](QVConstraintMaker &make) { make.top().equalTo(7); });
+        hangAt(0);
+        m_layout->animateLayout(0ms);
+        advance(0ms);
+        QCOMPARE(m_box->y(), 300);
+        int ends = 0;
+        hangAt(-200);
+        m_layout->animateLayout(200ms, [&ends] { ++ends; });
+        QCOMPARE(m_box->y(), 300);
+        advance(50ms);
+        QVERIFY2(m_box->y() < 300 && m_box->y() > 260, "slow at first");
+        advance(50ms);
+        const int left = m_box->y() - 100;
+        QVERIFY(qAbs(left - 100) <= 20);
+        m_container->resize(250, 500);
+        QCOMPARE(m_box->y() - 300, left);
+        QCOMPARE(m_box->width(), 250);
+        advance(99ms);
+        QCOMPARE(ends, 0);
+        advance(1ms);
+        QCOMPARE(m_box->geometry(), QRect(0, 300, 250, 20));
+        QCOMPARE(ends, 1);
+        QCOMPARE(time().pendingCount(), 0);
+        hangAt(-50);
+        m_layout->animateLayout(200ms, [&ends] { ++ends; });
+        advance(50ms);
+        m_container.reset();
+        advance(300ms);
+        QCOMPARE(ends, 1);
+        QCOMPARE(time().pendingCount(), 0);
     }
 
 private:
     void prepare() override
     {
         m_container = std::make_unique<QWidget>();
-        m_container->setObjectName(q("container"));
         m_container->resize(400, 300);
-        m_container->show();
+        m_box = new QWidget(m_container.get());
+        m_box->setObjectName(q("box"));
         m_layout = std::make_unique<QVLayout>(m_container.get());
+        m_layout->make(m_box, [&](QVConstraintMaker &make) {
+            make.left().equalTo(m_container.get());
+            make.width().equalTo(m_container.get());
+            make.top().equalTo(0);
+            make.height().equalTo(20);
+        });
+        m_container->show();
     }
 
     void finish() override
@@ -114,16 +182,9 @@ private:
         m_container.reset();
     }
 
-    static QWidget *child(QWidget &parent)
-    {
-        auto *widget = new QWidget(&parent);
-        widget->setGeometry(QRect());
-        widget->show();
-        return widget;
-    }
-
     std::unique_ptr<QWidget> m_container;
     std::unique_ptr<QVLayout> m_layout;
+    QWidget *m_box = nullptr;
 };
 
 QV_TEST(TestLayout)
