@@ -1,10 +1,15 @@
-#include "net/FloodServer.h"
 #include "net/QVBoundedDownload.h"
 #include "net/QVNetworkSession.h"
 #include "support/QVMemory.h"
 #include "support/QVTestCase.h"
 
 #include <QElapsedTimer>
+
+#include <arpa/inet.h>
+#include <atomic>
+#include <sys/socket.h>
+#include <thread>
+#include <unistd.h>
 
 using namespace std::chrono_literals;
 
@@ -21,6 +26,79 @@ QByteArray bomb()
     static const QByteArray packed = qCompress(QByteArray(16 << 20, ' ')).mid(lengthBeforeData);
     return packed;
 }
+
+/// A server that does to each connection what no library would: it answers with a head and goes on with a
+/// flood, without end and as fast as it can, in a thread of its own. With an empty flood it ends after the
+/// head. It serves one connection after the other.
+class FloodServer
+{
+public:
+    FloodServer()
+    {
+        sockaddr_in any{};
+        any.sin_family = AF_INET;
+        any.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        socklen_t size = sizeof any;
+        auto *const bare = reinterpret_cast<sockaddr *>(&any);
+        if (::bind(m_listener, bare, size) != 0 || ::listen(m_listener, 5) != 0 ||
+            ::getsockname(m_listener, bare, &size) != 0)
+            qFatal("cannot listen on this machine");
+        address = q("http://127.0.0.1:%1").arg(ntohs(any.sin_port));
+        m_thread = std::thread([this] { serve(); });
+    }
+    ~FloodServer()
+    {
+        ::shutdown(m_listener, SHUT_RDWR);
+        m_thread.join();
+        ::close(m_listener);
+    }
+    Q_DISABLE_COPY(FloodServer)
+
+    void answer(const QByteArray &newHead, const QByteArray &newFlood)
+    {
+        m_head = newHead;
+        m_flood = newFlood.repeated(newFlood.isEmpty() ? 0 : 65536 / newFlood.size());
+    }
+
+    QString address;
+    std::atomic<int> requestCount = 0;
+    std::atomic<int> openCount = 0;
+
+private:
+    static bool sendAll(int connection, QByteArrayView bytes)
+    {
+        ssize_t sent = 1;
+        while (!bytes.isEmpty() && sent > 0) {
+            sent = ::send(connection, bytes.data(), size_t(bytes.size()), MSG_NOSIGNAL);
+            bytes = bytes.sliced(std::max<ssize_t>(sent, 0));
+        }
+        return sent > 0;
+    }
+
+    void serve()
+    {
+        for (int connection = 0; (connection = ::accept(m_listener, nullptr, nullptr)) >= 0;) {
+            ++openCount;
+            QByteArray request;
+            char byte = 0;
+            while (!request.endsWith("\r\n\r\n") && ::recv(connection, &byte, 1, 0) == 1)
+                request += byte;
+            if (request.endsWith("\r\n\r\n")) {
+                ++requestCount;
+                bool isOpen = sendAll(connection, m_head);
+                while (isOpen && !m_flood.isEmpty())
+                    isOpen = sendAll(connection, m_flood);
+            }
+            ::close(connection);
+            --openCount;
+        }
+    }
+
+    const int m_listener = ::socket(AF_INET, SOCK_STREAM, 0);
+    QByteArray m_head;
+    QByteArray m_flood;
+    std::thread m_thread;
+};
 
 } // namespace
 
@@ -68,10 +146,10 @@ private Q_SLOTS:
         const qint64 before = qv_memory("VmRSS");
         QCOMPARE(codeOf(session, server, limit), -1);
         QVERIFY2(qv_memory("VmHWM") - before < memoryLimit, "memory has grown");
-        QVERIFY(waitFor([&server] { return server.openCount() == 0; }));
+        QVERIFY(waitFor([&server] { return server.openCount == 0; }));
         server.answer("HTTP/1.1 200 OK\r\nContent-Length: 2\r\nConnection: close\r\n\r\n{}", {});
         QCOMPARE(codeOf(session, server, limit), 0);
-        QCOMPARE(server.requestCount(), 2);
+        QCOMPARE(int(server.requestCount), 2);
     }
 
     void endsDuringAFlood()
@@ -80,15 +158,15 @@ private Q_SLOTS:
         server.answer("HTTP/1.1 200 OK\r\n\r\n", "a");
         auto session = std::make_unique<QVNetworkSession>();
         const qint64 endless = std::numeric_limits<qint64>::max() / 2;
-        QVBoundedDownload::start(*session, nullptr, QNetworkRequest(QUrl(server.address())), {5s, endless},
+        QVBoundedDownload::start(*session, nullptr, QNetworkRequest(QUrl(server.address)), {5s, endless},
                                  [](const auto &) { QFAIL("completed without its session"); });
-        QVERIFY(waitFor([&server] { return server.requestCount() == 1; }));
+        QVERIFY(waitFor([&server] { return server.requestCount == 1; }));
         QTest::qSleep(20);
         QElapsedTimer time;
         time.start();
         session.reset();
         QVERIFY(time.elapsed() < 500);
-        QVERIFY(waitFor([&server] { return server.openCount() == 0; }));
+        QVERIFY(waitFor([&server] { return server.openCount == 0; }));
     }
 
 private:
@@ -96,7 +174,7 @@ private:
     static qint64 codeOf(QVNetworkSession &session, const FloodServer &server, qint64 limit)
     {
         std::optional<qint64> code;
-        QVBoundedDownload::start(session, nullptr, QNetworkRequest(QUrl(server.address())), {5s, limit},
+        QVBoundedDownload::start(session, nullptr, QNetworkRequest(QUrl(server.address)), {5s, limit},
                                  [&code](const QVBoundedDownload::Result &result) {
                                      code = result.error ? result.error->code() : 0;
                                  });
