@@ -65,33 +65,25 @@ private Q_SLOTS:
             QCOMPARE(QFileInfo(path).permissions() & others, QFile::Permissions());
     }
 
-    void clearsWhatNoProcessHoldsAnyMore_data()
-    {
-        const auto row = addColumns<bool>({"isAsked"});
-        row("when asked", true);
-        row("with a new folder", false);
-    }
-
     void clearsWhatNoProcessHoldsAnyMore()
     {
-        QFETCH(const bool, isAsked);
-        QVPictureCacheFolder own;
-        keepPicture(own.path());
-        const QStringList kept = contents(root());
-        {
-            QVPictureCacheFolder earlier;
-            keepPicture(earlier.path());
-            QVERIFY(contents(root()).size() > kept.size());
-        }
-
-        if (isAsked) {
-            QVPictureCacheFolder::clear();
-            QCOMPARE(contents(root()), kept);
-        } else {
+        for (const bool isAsked : {true, false}) {
+            QVPictureCacheFolder own;
+            keepPicture(own.path());
+            const QStringList kept = contents(root());
+            {
+                QVPictureCacheFolder earlier;
+                keepPicture(earlier.path());
+                QVERIFY(contents(root()).size() > kept.size());
+            }
+            if (isAsked) {
+                QVPictureCacheFolder::clear();
+                QCOMPARE(contents(root()), kept);
+                continue;
+            }
+            // A new one clears them by itself.
             QVPictureCacheFolder next;
-            const QStringList fresh = contents(next.path());
-            QCOMPARE(QDir(root()).count(), QDir(root() + q("/..")).count() + 1);
-            QCOMPARE(contents(next.path()), fresh);
+            QCOMPARE(QDir(root()).entryList(QDir::AllDirs | QDir::NoDotAndDotDot).size(), 2);
         }
     }
 

@@ -60,10 +60,7 @@ private Q_SLOTS:
             for (QNetworkAccessManager *const manager :
                  {static_cast<QNetworkAccessManager *>(nullptr), &hosts}) {
                 settings().setNetworkAccessManager(manager);
-                Probe<Picture> probe;
-                requestFrom(host, probe);
-                await(probe);
-                QCOMPARE(probe.code(), code);
+                QCOMPARE(codeFrom(host), code);
             }
         }
         settings().setNetworkAccessManager(nullptr);
@@ -78,24 +75,17 @@ private Q_SLOTS:
         for (const bool isTrusted : {true, true, false}) {
             const TrustedCertificate trust(
                 qv_serverTls(isTrusted ? q("local") : q("stranger")).localCertificate());
-            Probe<Picture> probe;
-            requestFrom(q("127.0.0.1"), probe);
-            await(probe);
             // What was trusted before is not trusted for ever.
-            QCOMPARE(probe.code(), isTrusted ? 0 : -1200);
+            QCOMPARE(codeFrom(q("127.0.0.1")), isTrusted ? 0 : -1200);
         }
         QCOMPARE(server().connectionCount(), 2);
     }
 
     void plainServer()
     {
-        server().enqueue(QVScript());
-        Probe<Picture> probe;
-        requestFrom(q("127.0.0.1"), probe);
         // It waits for a request that never makes sense to it.
-        advance(std::chrono::seconds(8));
-        await(probe);
-        QCOMPARE(probe.code(), -1001);
+        server().enqueue(QVScript());
+        QCOMPARE(codeFrom(q("127.0.0.1"), std::chrono::seconds(8)), -1001);
     }
 
     void warnsOfAnAnswerThatNamesAPlainServer()
@@ -132,20 +122,22 @@ private Q_SLOTS:
         server().useTls(tls);
         QVScriptedServer plain;
         server().enqueue(QVScript::answer({}, 302, "Location: " + plain.address().toLatin1() + "/x\r\n"));
-        Probe<Picture> probe;
-        requestFrom(q("127.0.0.1"), probe);
-        await(probe);
-        QCOMPARE(probe.code(), -1);
+        QCOMPARE(codeFrom(q("127.0.0.1")), -1);
         QCOMPARE(plain.connectionCount(), 0);
     }
 
 private:
-    void requestFrom(const QString &host, Probe<Picture> &probe)
+    /// What a request ends with after \a duration has passed.
+    qint64 codeFrom(const QString &host, std::chrono::milliseconds duration = {})
     {
-        const QString address = q("https://%1:%2").arg(host).arg(server().serverPort());
-        probe.run([&](QVCompletion<Picture> completed) {
-            return manager().requestGetWithApiServer(address, q("v"), q("c"), std::move(completed));
+        Probe<Picture> probe;
+        probe.run([&](auto completed) {
+            const QString address = q("https://%1:%2").arg(host).arg(server().serverPort());
+            return manager().requestGetWithApiServer(address, q("v"), q("c"), completed);
         });
+        advance(duration);
+        await(probe);
+        return probe.code();
     }
 };
 
