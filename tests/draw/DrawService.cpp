@@ -49,11 +49,6 @@ QVServiceAddresses DrawService::addresses() const
     return result;
 }
 
-void DrawService::answerCode(const QString &name, const QString &code)
-{
-    answer(name, {{q("code"), code}});
-}
-
 void DrawService::extend(const QString &name, const QJsonObject &json)
 {
     for (auto member = json.begin(); member != json.end(); ++member)

@@ -21,7 +21,6 @@ public:
     void answer(const QString &name, const QJsonObject &json) { m_answers[name] = json; }
     /// The same with a body that need not be JSON.
     void answerBytes(const QString &name, const QByteArray &body) { m_bodies[name] = body; }
-    void answerCode(const QString &name, const QString &code);
     /// Adds to what a request is answered.
     void extend(const QString &name, const QJsonObject &json);
     /// How long, in the scheduler's time, an answer takes from now on.

@@ -111,16 +111,6 @@ private Q_SLOTS:
         QVERIFY(waitFor([&] { return server().closedCount() == 1; }));
     }
 
-    void serverThatDoesNotAccept()
-    {
-        server().pauseAccepting();
-        Probe<Picture> probe;
-        requestPicture(probe);
-        advance(8s);
-        await(probe);
-        QCOMPARE(probe.code(), -1001);
-    }
-
     void readsTheConfiguration()
     {
         QVServiceAddresses addresses = settings().serviceAddresses();

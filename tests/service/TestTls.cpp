@@ -115,17 +115,6 @@ private Q_SLOTS:
         }
     }
 
-    void isNotRedirectedToPlain()
-    {
-        const QSslConfiguration tls = qv_serverTls(q("local"));
-        const TrustedCertificate trust(tls.localCertificate());
-        server().useTls(tls);
-        QVScriptedServer plain;
-        server().enqueue(QVScript::answer({}, 302, "Location: " + plain.address().toLatin1() + "/x\r\n"));
-        QCOMPARE(codeFrom(q("127.0.0.1")), -1);
-        QCOMPARE(plain.connectionCount(), 0);
-    }
-
 private:
     /// What a request ends with after \a duration has passed.
     qint64 codeFrom(const QString &host, std::chrono::milliseconds duration = {})

@@ -15,7 +15,7 @@ constexpr const char *addressVariable = "DBUS_SESSION_BUS_ADDRESS";
 
 QByteArray busConfiguration(const QString &folder)
 {
-    return q("<busconfig><type>session</type><listen>unix:dir=%1</listen><auth>EXTERNAL</auth>"
+    return q("<busconfig><type>session</type><listen>unix:path=%1/bus</listen><auth>EXTERNAL</auth>"
              "<policy context=\"default\"><allow send_destination=\"*\"/><allow "
              "eavesdrop=\"true\"/><allow own=\"*\"/></policy>"
              "</busconfig>")

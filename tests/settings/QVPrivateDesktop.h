@@ -27,6 +27,8 @@ public:
     static constexpr std::chrono::seconds generousLimit{30};
 
     [[nodiscard]] QString address() const { return m_address; }
+    /// Where the bus has its socket, "bus".
+    [[nodiscard]] QString folder() const { return m_folder.path(); }
 
 private:
     void prepare(QProcess &process) const;

@@ -94,6 +94,7 @@ private Q_SLOTS:
         QVError none(q("x"), 1);
         QVERIFY(QVKeychain::setPassword(q("p"), q("s"), q("a"), &none));
         QCOMPARE(none, QVError());
+        QCOMPARE(none.code(), 0);
     }
 
     void asksTheStore_data()
