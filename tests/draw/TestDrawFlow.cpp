@@ -34,6 +34,8 @@ private Q_SLOTS:
     void conversations()
     {
         QFETCH(QString, steps);
+        steps.replace(q("embedded"), q("begin embed -> switch config get ready"));
+        steps.replace(q("opened"), q("begin popup -> switch config click ready"));
         QStringList seen;
         for (const QString &line : steps.split(q(", "))) {
             const QString step = line.section(q(" -> "), 0, 0);
@@ -84,15 +86,13 @@ private:
     static void addStarts(const auto &row)
     {
         row("embedded",
-            "begin embed -> switch config get ready, look -> 'Draw along the curve' picture 1 refreshButton, "
-            "tell config type -> embed, tell config scene -> 3, tell get challenge -> main-challenge");
-        row("popup",
-            "begin popup -> switch config click ready, "
-            "look -> picture 1 caption 'Draw along the curve' refreshButton, tell config type -> popup, "
-            "tell click challenge -> main-challenge");
+            "embedded, look -> 'Draw along the curve' picture 1 refreshButton, tell config type -> embed, "
+            "tell config scene -> 3, tell get challenge -> main-challenge");
+        row("popup", "opened, look -> picture 1 caption 'Draw along the curve' refreshButton, "
+                     "tell config type -> popup, tell click challenge -> main-challenge");
         row("invisible", "begin invisible -> switch config click ready, tell config type -> invisible");
         row("unknown style", "begin unknown -> switch config click ready, tell config type -> ");
-        row("switch is no object", "bytes [], begin embed -> switch config get ready");
+        row("switch is no object", "bytes [], embedded");
         row("passed by click",
             "say click 0103, begin popup -> switch config click passed, "
             "look -> 'Verified' caption 'Draw along the curve', 999ms, 1ms -> click-token");
@@ -100,51 +100,45 @@ private:
     static void addStrokes(const auto &row)
     {
         row("passes after a second, for good",
-            "begin embed -> switch config get ready, draw -> verify passed, look -> 'Verified' image, 999ms, "
-            "1ms -> main-token, draw, 200000ms");
-        row("what a stroke sends", "begin embed -> switch config get ready, draw -> verify passed, "
-                                   "tell verify challenge -> main-challenge, tell verify drawtime -> 360");
+            "embedded, draw -> verify passed, look -> 'Verified' image, 999ms, 1ms -> main-token, draw, "
+            "200000ms");
+        row("what a stroke sends",
+            "embedded, draw -> verify passed, tell verify challenge -> main-challenge, "
+            "tell verify drawtime -> 360");
         row("two tries a picture",
-            "say verify 0104, begin embed -> switch config get ready, draw -> verify wrong, "
+            "say verify 0104, embedded, draw -> verify wrong, "
             "look -> 'Not quite right. Try again.' picture 1 refreshButton, 999ms, "
             "look -> 'Not quite right. Try again.' picture 1 refreshButton, 1ms, "
             "look -> 'Draw along the curve' picture 1 refreshButton, draw -> verify refresh wrong ready, "
             "look -> 'Not quite right. Try again.' picture 2 refreshButton");
         row("the service's own count of tries",
-            "say verify 0104, count 1, begin embed -> switch config get ready, "
-            "draw -> verify refresh wrong ready");
+            "say verify 0104, count 1, embedded, draw -> verify refresh wrong ready");
         row("no prompt during a stroke",
-            "say verify 0104, begin embed -> switch config get ready, draw -> verify wrong, press, jump, "
+            "say verify 0104, embedded, draw -> verify wrong, press, jump, "
             "look -> picture 1 refreshButton, 2000ms, look -> picture 1 refreshButton, lift, "
             "look -> 'Draw along the curve' picture 1 refreshButton");
-        row("short, embedded", "begin embed -> switch config get ready, dash, look -> 'Draw along the curve' "
-                               "picture 1 refreshButton, "
-                               "draw -> verify passed");
-        row("short, popup",
-            "begin popup -> switch config click ready, dash, "
-            "look -> picture 1 caption 'Draw along the curve' refreshButton, draw -> verify passed");
-        row("across two sizes",
-            "begin embed -> switch config get ready, press, move, resize, lift, draw -> verify passed");
+        row("short, embedded",
+            "embedded, dash, look -> 'Draw along the curve' picture 1 refreshButton, draw -> verify passed");
+        row("short, popup", "opened, dash, look -> picture 1 caption 'Draw along the curve' refreshButton, "
+                            "draw -> verify passed");
+        row("across two sizes", "embedded, press, move, resize, lift, draw -> verify passed");
         row("begun before the picture is replaced",
-            "say verify 0104, hold refresh 3000, begin embed -> switch config get ready, 178500ms, "
-            "press, move -> refresh, look -> loading refreshButton disabled, lift -> verify wrong, press, "
-            "jump, 3000ms -> ready, "
+            "say verify 0104, hold refresh 3000, embedded, 178500ms, press, move -> refresh, "
+            "look -> loading refreshButton disabled, lift -> verify wrong, press, jump, 3000ms -> ready, "
             "lift");
         row("two judgements",
-            "say verify 0104, hold verify 1000, hold refresh 3000, begin embed -> switch config get ready, "
-            "draw -> verify, draw -> verify, look -> picture 1 refreshButton disabled, "
-            "2500ms -> refresh wrong wrong, look -> 'Draw along the curve' loading refreshButton disabled");
+            "say verify 0104, hold verify 1000, hold refresh 3000, embedded, draw -> verify, "
+            "draw -> verify, look -> picture 1 refreshButton disabled, 2500ms -> refresh wrong wrong, "
+            "look -> 'Draw along the curve' loading refreshButton disabled");
         row("two judgements, right",
-            "hold verify 1000, begin embed -> switch config get ready, draw -> verify, draw -> verify, "
-            "2500ms -> passed main-token");
+            "hold verify 1000, embedded, draw -> verify, draw -> verify, 2500ms -> passed main-token");
         row("wrong about a replaced picture",
-            "say verify 0104, hold verify 4000, begin embed -> switch config get ready, 176000ms, "
-            "draw -> verify, 3000ms -> refresh ready, 2000ms, "
-            "look -> 'Draw along the curve' picture 2 refreshButton");
+            "say verify 0104, hold verify 4000, embedded, 176000ms, draw -> verify, "
+            "3000ms -> refresh ready, 2000ms, look -> 'Draw along the curve' picture 2 refreshButton");
         row("right about a replaced picture",
-            "hold verify 3000, hold refresh 4000, begin popup -> switch config click ready, 176000ms, "
-            "draw -> verify, 3000ms -> refresh passed, "
-            "look -> 'Verified' caption 'Draw along the curve', 6000ms -> main-token");
+            "hold verify 3000, hold refresh 4000, opened, 176000ms, draw -> verify, "
+            "3000ms -> refresh passed, look -> 'Verified' caption 'Draw along the curve', "
+            "6000ms -> main-token");
     }
     static void addPointers(const auto &row)
     {
@@ -152,35 +146,28 @@ private:
              {"finger", "pen", "finger refreshButton", "draw captchaLabel", "draw refreshButton",
               "draw helpButton", "draw adButton", "twoFingers imageView", "twoFingers refreshButton",
               "tap imageView, move, tap imageView"})
-            row(by, q("guide true, ad click, begin popup -> switch config click ready, %1 -> verify passed, "
+            row(by, q("guide true, ad click, opened, %1 -> verify passed, "
                       "look -> 'Verified' image caption 'Draw along the curve' adButton helpButton")
                         .arg(q(by)));
-        row("disabled",
-            "begin embed -> switch config get ready, enabled false, draw, finger, pen, enabled true");
+        row("disabled", "embedded, enabled false, draw, finger, pen, enabled true");
         row("taps on controls",
-            "begin embed -> switch config get ready, tap refreshButton -> refresh ready, "
-            "fingerTap refreshButton -> refresh ready, hold refresh 100, tap refreshButton -> refresh, "
-            "fingerTap refreshButton, 100ms -> ready");
+            "embedded, tap refreshButton -> refresh ready, fingerTap refreshButton -> refresh ready, "
+            "hold refresh 100, tap refreshButton -> refresh, fingerTap refreshButton, 100ms -> ready");
         row("a tap on a control instead of the line's end",
-            "begin embed -> switch config get ready, tap imageView, move, tap refreshButton -> refresh "
-            "ready");
+            "embedded, tap imageView, move, tap refreshButton -> refresh ready");
         row("other mouse buttons",
-            "begin embed -> switch config get ready, pressRight, move, liftRight, press, move, pressRight, "
-            "liftRight, lift -> verify passed");
+            "embedded, pressRight, move, liftRight, press, move, pressRight, liftRight, "
+            "lift -> verify passed");
         for (const char *by : {"lose release", "lose touch", "lose dialog", "press",
                                "window hidden, window shown", "enabled false, enabled true"})
-            row(by,
-                q("begin embed -> switch config get ready, press, jump, look -> picture 1 refreshButton, %1, "
-                  "look -> 'Draw along the curve' picture 1 refreshButton, lift")
-                    .arg(q(by)));
-        row("by keys", "begin embed -> switch config get ready, keys Space Right*15 Space -> verify passed");
-        row("too short by keys", "begin embed -> switch config get ready, keys Space Right*4 Space");
-        row("escaped by keys", "begin embed -> switch config get ready, keys Space Right*15 Escape Space");
-        row("by keys, the focus goes",
-            "begin embed -> switch config get ready, keys Space Right*15, blur, keys Space");
-        row("by keys, disabled",
-            "begin embed -> switch config get ready, keys Space Right*15, enabled false, enabled true, "
-            "keys Space");
+            row(by, q("embedded, press, jump, look -> picture 1 refreshButton, %1, "
+                      "look -> 'Draw along the curve' picture 1 refreshButton, lift")
+                        .arg(q(by)));
+        row("by keys", "embedded, keys Space Right*15 Space -> verify passed");
+        row("too short by keys", "embedded, keys Space Right*4 Space");
+        row("escaped by keys", "embedded, keys Space Right*15 Escape Space");
+        row("by keys, the focus goes", "embedded, keys Space Right*15, blur, keys Space");
+        row("by keys, disabled", "embedded, keys Space Right*15, enabled false, enabled true, keys Space");
     }
     static void addFailures(const auto &row)
     {
@@ -197,11 +184,10 @@ private:
                                 "look -> 'Expired. Try again.' image helpButton");
         failed("click fails", "say click 0101, begin popup -> switch config click failed 101, "
                               "look -> 'Access denied. Try again.' image caption 'Draw along the curve'");
-        failed("refresh fails",
-               "say refresh 0105, begin embed -> switch config get ready, "
-               "tap refreshButton -> refresh failed 105, look -> 'Too fast. Wait a moment.' image");
+        failed("refresh fails", "say refresh 0105, embedded, tap refreshButton -> refresh failed 105, "
+                                "look -> 'Too fast. Wait a moment.' image");
         failed("verify fails",
-               "say verify 1002, ad get, begin embed -> switch config get ready, "
+               "say verify 1002, ad get, embedded, "
                "look -> 'Draw along the curve' picture 1 adButton refreshButton, draw -> verify failed 1002, "
                "look -> 'Expired. Try again.' image");
         failed(
@@ -217,20 +203,20 @@ private:
     static void addPictures(const auto &row)
     {
         row("refreshed by the button",
-            "hold refresh 100, ad click, begin popup -> switch config click ready, "
-            "look -> picture 1 caption 'Draw along the curve' adButton refreshButton, tap refreshButton -> "
-            "refresh, "
+            "hold refresh 100, ad click, opened, "
+            "look -> picture 1 caption 'Draw along the curve' adButton refreshButton, "
+            "tap refreshButton -> refresh, "
             "look -> loading caption 'Draw along the curve' refreshButton disabled, 100ms -> ready, "
             "look -> picture 2 caption 'Draw along the curve' refreshButton");
-        row("replaced in time", "begin embed -> switch config get ready, 178999ms, 1ms -> refresh ready, "
+        row("replaced in time", "embedded, 178999ms, 1ms -> refresh ready, "
                                 "spoken -> Time for this picture is up. A new one is on its way.");
         row("replaced when it is seen",
-            "begin embed -> switch config get ready, window hidden, 170000ms, window shown, window hidden, "
-            "600000ms, window shown -> refresh ready");
+            "embedded, window hidden, 170000ms, window shown, window hidden, 600000ms, "
+            "window shown -> refresh ready");
         row("no help in the next configuration",
-            "guide true, begin embed -> switch config get ready, "
-            "look -> 'Draw along the curve' picture 1 helpButton refreshButton, guide false, "
-            "reset -> switch config get ready, look -> 'Draw along the curve' picture 2 refreshButton");
+            "guide true, embedded, look -> 'Draw along the curve' picture 1 helpButton refreshButton, "
+            "guide false, reset -> switch config get ready, "
+            "look -> 'Draw along the curve' picture 2 refreshButton");
     }
     static void addOutages(const auto &row)
     {
@@ -248,13 +234,12 @@ private:
             "outage true, say outage verify 0104, begin embed -> switch outage get outage ready, "
             "draw -> outage verify wrong, "
             "look -> 'Not quite right. Try again.' picture 1 outageLabel helpButton refreshButton, "
-            "draw -> outage verify outage get wrong ready, hold outage get 100, tap refreshButton -> outage "
-            "get, "
+            "draw -> outage verify outage get wrong ready, hold outage get 100, "
+            "tap refreshButton -> outage get, "
             "look -> 'Not quite right. Try again.' loading outageLabel helpButton, 100ms -> ready");
         row("outage: strokes stay in the picture",
-            "outage true, begin embed -> switch outage get outage ready, stray above, stray below, stray "
-            "out, "
-            "look -> 'Draw along the curve' picture 1 outageLabel helpButton refreshButton, "
+            "outage true, begin embed -> switch outage get outage ready, stray above, stray below, "
+            "stray out, look -> 'Draw along the curve' picture 1 outageLabel helpButton refreshButton, "
             "draw -> outage verify passed");
         row("an outage ends",
             "outage true, begin embed -> switch outage get outage ready, outage false, "
@@ -264,28 +249,24 @@ private:
     static void addCharacters(const auto &row)
     {
         row("characters, wrong",
-            "kind character, say verify 0104, hold verify 100, begin embed -> switch config get ready, "
-            "look -> 'Type the characters you see' picture 1 refreshButton charInputView, draw, type Ab 9 -> "
-            "verify, "
+            "kind character, say verify 0104, hold verify 100, embedded, "
+            "look -> 'Type the characters you see' picture 1 refreshButton charInputView, draw, "
+            "type Ab 9 -> verify, "
             "look -> 'Type the characters you see' picture 1 refreshButton charInputView disabled busy, "
-            "100ms -> wrong, "
-            "look -> 'Not quite right. Try again.' picture 1 refreshButton charInputView, tell verify v -> "
-            "Ab 9, "
-            "tell verify drawtime -> 0");
+            "100ms -> wrong, look -> 'Not quite right. Try again.' picture 1 refreshButton charInputView, "
+            "tell verify v -> Ab 9, tell verify drawtime -> 0");
         row("characters, reset while checked",
-            "kind character, hold verify 500, begin embed -> switch config get ready, type a -> verify, "
+            "kind character, hold verify 500, embedded, type a -> verify, "
             "reset -> switch config get ready, "
             "look -> 'Type the characters you see' picture 2 refreshButton charInputView, 500ms");
         row("characters, popup",
-            "kind character, begin popup -> switch config click ready, "
+            "kind character, opened, "
             "look -> picture 1 caption 'Type the characters you see' refreshButton charInputView");
         row("from characters to drawing",
-            "kind character, begin embed -> switch config get ready, kind draw, "
-            "reset -> switch config get ready, look -> 'Draw along the curve' picture 2 refreshButton, "
-            "draw -> verify passed");
+            "kind character, embedded, kind draw, reset -> switch config get ready, "
+            "look -> 'Draw along the curve' picture 2 refreshButton, draw -> verify passed");
         row("from characters to an outage",
-            "kind character, begin embed -> switch config get ready, outage true, "
-            "reset -> switch outage get outage ready, "
+            "kind character, embedded, outage true, reset -> switch outage get outage ready, "
             "look -> 'Draw along the curve' picture 2 outageLabel helpButton refreshButton, "
             "draw -> outage verify passed");
     }
@@ -297,8 +278,8 @@ private:
             {q("config"), q("begin embed -> switch config")},
             {q("get"), q("begin embed -> switch config get")},
             {q("picture"), q("begin embed -> switch config get")},
-            {q("refresh"), q("begin embed -> switch config get ready, tap refreshButton -> refresh")},
-            {q("verify"), q("begin embed -> switch config get ready, draw -> verify")},
+            {q("refresh"), q("embedded, tap refreshButton -> refresh")},
+            {q("verify"), q("embedded, draw -> verify")},
             {q("outage get"), q("outage true, begin embed -> switch outage get outage")},
             {q("outage picture"), q("outage true, begin embed -> switch outage get outage")}};
         for (const auto &[held, steps] : cases) {
@@ -308,8 +289,7 @@ private:
                 q("hold %1 1000, %2, hold %1 0, outage false, reset -> switch config get ready, 1500ms")
                     .arg(held, steps));
         }
-        row("passed, destroyed",
-            "begin embed -> switch config get ready, draw -> verify passed, destroy, 1000ms -> main-token");
+        row("passed, destroyed", "embedded, draw -> verify passed, destroy, 1000ms -> main-token");
     }
 
     // What the service answers from now on.
