@@ -113,6 +113,7 @@ private:
             "look -> 'Not quite right. Try again.' picture 2 refreshButton");
         row("the service's own count of tries",
             "say verify 0104, count 1, embedded, draw -> verify refresh wrong ready");
+        row("a count of tries beyond the last", "say verify 0104, count 2, embedded, draw -> verify wrong");
         row("no prompt during a stroke",
             "say verify 0104, embedded, draw -> verify wrong, press, jump, "
             "look -> picture 1 refreshButton, 2000ms, look -> picture 1 refreshButton, lift, "
@@ -215,7 +216,7 @@ private:
             "window shown -> refresh ready");
         row("no help in the next configuration",
             "guide true, embedded, look -> 'Draw along the curve' picture 1 helpButton refreshButton, "
-            "guide false, reset -> switch config get ready, "
+            "guide false, restart -> switch config get ready, "
             "look -> 'Draw along the curve' picture 2 refreshButton");
     }
     static void addOutages(const auto &row)
@@ -324,6 +325,7 @@ private:
         view()->reset();
         QVERIFY(waitForTold("ready"));
     }
+    Q_INVOKABLE void restart(const QString &) { view()->requestQuarvoConfigAction(); }
     Q_INVOKABLE void resize(const QString &) { view()->resize(view()->width() - 1, 300); }
     Q_INVOKABLE void window(const QString &is) { view()->window()->setVisible(is == q("shown")); }
     Q_INVOKABLE void enabled(const QString &is) { view()->setEnabled(is == q("true")); }
