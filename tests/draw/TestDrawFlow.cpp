@@ -8,6 +8,9 @@
 #include "views/QVRenderDrawOverlayView.h"
 #include "views/QVSpokenMessage.h"
 
+#include <QDesktopServices>
+#include <QUrl>
+
 using namespace std::chrono_literals;
 using namespace QVPointerInput;
 
@@ -15,6 +18,9 @@ using namespace QVPointerInput;
 class TestDrawFlow : public DrawTestCase
 {
     Q_OBJECT
+
+public Q_SLOTS:
+    void open(const QUrl &page) { told.append(page.toString()); }
 
 private Q_SLOTS:
     void conversations_data()
@@ -214,6 +220,10 @@ private:
         row("replaced when it is seen",
             "embedded, window hidden, 170000ms, window shown, window hidden, 600000ms, "
             "window shown -> refresh ready");
+        row("pages",
+            "guide true, ad get, embedded, tap adButton -> https://ad.example/x?y=z, "
+            "tap helpButton -> https://help.example/draw, outage true, "
+            "reset -> switch outage get outage ready, tap helpButton -> https://help.example/outage");
         row("no help in the next configuration",
             "guide true, embedded, look -> 'Draw along the curve' picture 1 helpButton refreshButton, "
             "guide false, restart -> switch config get ready, "
@@ -298,7 +308,11 @@ private:
     Q_INVOKABLE void guide(const QString &is) { answer("config", "guide", is == q("true")); }
     Q_INVOKABLE void kind(const QString &type) { answer("config", "type", type); }
     Q_INVOKABLE void count(const QString &number) { answer("get", "verifyCount", number); }
-    Q_INVOKABLE void ad(const QString &request) { answer(request.toLatin1(), "adlinkword", q("word")); }
+    Q_INVOKABLE void ad(const QString &request)
+    {
+        answer(request.toLatin1(), "adlinkword", q("word"));
+        answer(request.toLatin1(), "adlink", q("https://ad.example/x?y=z"));
+    }
     Q_INVOKABLE void say(const QString &what) { answer(front(what).toLatin1(), "code", back(what)); }
     Q_INVOKABLE void bytes(const QString &body) { service().answerBytes(q("switch"), body.toUtf8()); }
     Q_INVOKABLE void hold(const QString &what) { service().delay(front(what), 1ms * back(what).toInt()); }
@@ -477,6 +491,17 @@ private:
     {
         DrawTestCase::prepare();
         service().extend(q("click"), {{q("token"), q("click-token")}});
+        QVServiceAddresses addresses = service().addresses();
+        addresses.setHelpPage(q("https://help.example/draw"));
+        addresses.setOutageHelpPage(q("https://help.example/outage"));
+        QVSDKManager::setServiceAddresses(addresses);
+        QDesktopServices::setUrlHandler(q("https"), this, "open");
+    }
+
+    void finish() override
+    {
+        QDesktopServices::unsetUrlHandler(q("https"));
+        DrawTestCase::finish();
     }
 
     const Pause m_pause = [this] {

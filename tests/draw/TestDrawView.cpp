@@ -1,12 +1,9 @@
 #include "draw/DrawTestCase.h"
-#include "settings/QVSDKManager.h"
 #include "support/QVPixels.h"
 #include "views/QVLabel.h"
 #include "views/QVRenderDrawOverlayView.h"
 
-#include <QDesktopServices>
 #include <QPaintEvent>
-#include <QUrl>
 
 using namespace std::chrono_literals;
 
@@ -34,9 +31,6 @@ public:
 class TestDrawView : public DrawTestCase
 {
     Q_OBJECT
-
-public Q_SLOTS:
-    void take(const QUrl &url) { m_opened.append(url.toString()); }
 
 private Q_SLOTS:
     void placesItsParts_data()
@@ -96,27 +90,6 @@ private Q_SLOTS:
         QVERIFY(part(q("adButton"))->accessibleName().size() < 500);
     }
 
-    void opensPages()
-    {
-        QDesktopServices::setUrlHandler(q("https"), this, "take");
-        QVServiceAddresses addresses = service().addresses();
-        addresses.setHelpPage(q("https://help.example/draw"));
-        addresses.setOutageHelpPage(q("https://help.example/outage"));
-        QVSDKManager::setServiceAddresses(addresses);
-        service().extend(q("config"), {{q("guide"), true}});
-        offer(q("get"), q("word"), q("https://ad.example/x?y=z"));
-        startWithPicture(QVVerifyStyleEmbed);
-        click(q("adButton"));
-        click(q("helpButton"));
-        service().answer(q("switch"), {{q("active"), true}});
-        view()->reset();
-        QVERIFY(waitForTold("ready", 2));
-        click(q("helpButton"));
-        QCOMPARE(m_opened, QStringList({q("https://ad.example/x?y=z"), q("https://help.example/draw"),
-                                        q("https://help.example/outage")}));
-        QDesktopServices::unsetUrlHandler(q("https"));
-    }
-
     void looksTheSameFromRightToLeft()
     {
         offer(q("click"), q("Word (of Ad)!"), q("https://ad.example"));
@@ -163,8 +136,6 @@ private:
     {
         service().extend(request, {{q("adlinkword"), word}, {q("adlink"), link}});
     }
-
-    QStringList m_opened;
 };
 
 QV_TEST(TestDrawView)
