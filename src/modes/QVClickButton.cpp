@@ -24,6 +24,7 @@ namespace {
 constexpr QSize usualSize(300, 44);
 constexpr QSize smallestSize(120, 40);
 constexpr QColor hoverTint(255, 255, 255, 30);
+constexpr float disabledOpacity = 0.5;
 
 bool pressesAtOnce(int key)
 {
@@ -171,7 +172,10 @@ void QVClickButton::paintEvent(QPaintEvent *)
     const double radius = d->paintedRadius();
     painter.setRenderHint(QPainter::Antialiasing, radius > 0);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(d->background());
+    QColor ground = d->background();
+    if (!isEnabled())
+        ground.setAlphaF(disabledOpacity);
+    painter.setBrush(ground);
     painter.drawRoundedRect(rect(), radius, radius);
     if (underMouse() && isEnabled() && d->takesInput()) {
         painter.setBrush(hoverTint);

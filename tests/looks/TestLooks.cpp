@@ -111,6 +111,7 @@ private:
         add("button-failed", [this] { return button(QVClickStatusFailed, 600ms); });
         add("button-focused", [this] { return focusedButton(); });
         add("button-pressed", [this] { return pressedButton(); });
+        add("button-disabled", [this] { return disabledButton(); });
         add("button-of-the-host", [this] { return hostsButton(); });
         add("popup-dark", [this] { return darkPopup(); });
         add("button-hovered", [this] { return hoveredButton(); });
@@ -281,6 +282,13 @@ private:
     {
         prepareHost({300, 64});
         makeButton().setFocus(Qt::TabFocusReason);
+        return shot();
+    }
+
+    QImage disabledButton()
+    {
+        prepareHost({300, 64});
+        makeButton().setEnabled(false);
         return shot();
     }
 
