@@ -123,7 +123,7 @@ QString parsePlain(const QStringList &words, DriveAction &action)
     static const std::pair<const char *, Kind> plain[] = {
         {"tap", Kind::Tap},         {"start", Kind::Start}, {"solve", Kind::Solve}, {"done", Kind::Done},
         {"refresh", Kind::Refresh}, {"retry", Kind::Retry}, {"close", Kind::Close}, {"reset", Kind::Reset},
-        {"lift", Kind::Lift},       {"end", Kind::End},
+        {"disable", Kind::Disable}, {"lift", Kind::Lift},   {"end", Kind::End},
     };
     const auto found = std::ranges::find_if(
         plain, [&](const auto &entry) { return words[0] == QLatin1String(entry.first); });

@@ -27,6 +27,8 @@ struct DriveAction
         Retry,
         Close,
         Reset,
+        /// Disables the whole window.
+        Disable,
         Resize,
         Shot,
         /// Ends the drive well though no token has come.

@@ -4,6 +4,8 @@
 #include "demo/EventLog.h"
 #include "demo/PanelProbe.h"
 
+#include <QApplication>
+#include <QPainter>
 #include <QPixmap>
 
 #include <cstdio>
@@ -82,6 +84,10 @@ void Driver::perform(const DriveAction &action)
         break;
     case Kind::Resize:
         m_stage.window.resize(action.size);
+        continueSoon();
+        break;
+    case Kind::Disable:
+        m_stage.window.setEnabled(false);
         continueSoon();
         break;
     case Kind::End:
@@ -186,10 +192,33 @@ void Driver::solveCharacters(const QString &text)
     press(done, "done button");
 }
 
+QPixmap Driver::picture() const
+{
+    // A popup may lie over the window in one of its own.
+    QList<QWidget *> shown{&m_stage.window};
+    QRect whole = m_stage.window.geometry();
+    for (QWidget *const widget : QApplication::topLevelWidgets()) {
+        if (widget == shown.first() || !widget->isVisible())
+            continue;
+        shown.append(widget);
+        whole |= widget->geometry();
+    }
+    if (shown.size() == 1)
+        return m_stage.window.grab();
+    const qreal ratio = m_stage.window.devicePixelRatioF();
+    QPixmap all(whole.size() * ratio);
+    all.setDevicePixelRatio(ratio);
+    all.fill(Qt::gray);
+    QPainter painter(&all);
+    for (QWidget *const widget : std::as_const(shown))
+        painter.drawPixmap(widget->geometry().topLeft() - whole.topLeft(), widget->grab());
+    return all;
+}
+
 void Driver::shoot(const QString &name)
 {
     const QString path = m_screenshots.filePath(name + QStringLiteral(".png"));
-    if (m_stage.window.grab().save(path))
+    if (picture().save(path))
         continueSoon();
     else
         fail(QStringLiteral("cannot write %1").arg(path));

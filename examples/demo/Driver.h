@@ -46,6 +46,7 @@ private:
     void stroke(const QVector<QPointF> &points, int milliseconds, bool isHeld = false);
     void solveCurve(const QVector<QPointF> &curve);
     void solveCharacters(const QString &text);
+    [[nodiscard]] QPixmap picture() const;
     void shoot(const QString &name);
     void checkEvents();
     void continueSoon();
