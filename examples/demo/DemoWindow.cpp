@@ -75,6 +75,9 @@ private:
     const int m_widest;
 };
 
+/// A dialog that is smaller has room for the verification alone.
+constexpr int leastWithFields = 480;
+
 } // namespace
 
 DemoWindow::DemoWindow(const DemoOptions &options, EventLog &log)
@@ -93,7 +96,7 @@ DemoWindow::DemoWindow(const DemoOptions &options, EventLog &log)
     setMinimumWidth(smallestSide);
     m_columns = new QBoxLayout(QBoxLayout::LeftToRight, this);
     m_columns->addStretch(1);
-    m_columns->addWidget(makeForm(), 0, Qt::AlignVCenter);
+    m_columns->addWidget(makeForm(), 0, Qt::AlignCenter);
     m_columns->addWidget(makeSide());
     m_columns->addStretch(1);
 
@@ -108,6 +111,11 @@ DemoWindow::DemoWindow(const DemoOptions &options, EventLog &log)
     });
     translate();
     showMode(m_mode);
+    if (options.size.height() < leastWithFields) {
+        for (QWidget *const part :
+             std::initializer_list<QWidget *>{m_side, m_tabs, m_title, m_subtitle, m_name, m_password})
+            part->hide();
+    }
     resize(options.size);
 }
 
