@@ -40,6 +40,7 @@ private Q_SLOTS:
     void conversations()
     {
         QFETCH(QString, steps);
+        // How most of them begin.
         steps.replace(q("embedded"), q("begin embed -> switch config get ready"));
         steps.replace(q("opened"), q("begin popup -> switch config click ready"));
         QStringList seen;

@@ -2,6 +2,7 @@
 #include "support/QVPixels.h"
 #include "views/QVLabel.h"
 #include "views/QVRenderDrawOverlayView.h"
+#include "views/QVSystemFont.h"
 
 #include <QPaintEvent>
 
@@ -87,6 +88,7 @@ private Q_SLOTS:
         offer(q("get"), QString(900000, u'W'), q("https://ad.example/x"));
         startWithPicture(QVVerifyStyleEmbed);
         QCOMPARE(part(q("adButton"))->width(), 125);
+        QVERIFY(part(q("adButton"))->height() > QFontMetrics(qv_systemFont(12)).height());
         QVERIFY(part(q("adButton"))->accessibleName().size() < 500);
     }
 

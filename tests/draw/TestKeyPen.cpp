@@ -20,6 +20,11 @@ private Q_SLOTS:
         QVERIFY(picture().hasFocus());
         QVERIFY(part(q("keyPen"))->isVisible());
         QVERIFY(!picture().accessibleDescription().isEmpty());
+        // While there is no picture, there is no pen.
+        view()->requestQuarvoConfigAction();
+        QVERIFY(picture().hasFocus() && !part(q("keyPen"))->isVisible());
+        QVERIFY(waitForTold("ready", 2));
+        QVERIFY(part(q("keyPen"))->isVisible());
     }
 
     void moves_data()
