@@ -1,8 +1,8 @@
 #include "draw/QVAlternativeButton.h"
 
+#include "settings/QVLanguageNotice.h"
 #include "settings/QVLocalization.h"
 #include "settings/QVLocalizationKeys.h"
-#include "settings/QVText.h"
 #include "views/QVAccessibleRole.h"
 #include "views/QVColors.h"
 #include "views/QVFocusRing.h"

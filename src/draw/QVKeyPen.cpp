@@ -1,9 +1,9 @@
 #include "draw/QVKeyPen.h"
 
 #include "flow/QVPanGestureRecognizer.h"
+#include "settings/QVLanguageNotice.h"
 #include "settings/QVLocalization.h"
 #include "settings/QVLocalizationKeys.h"
-#include "settings/QVText.h"
 #include "views/QVAccessibleRole.h"
 #include "views/QVColors.h"
 #include "views/QVFocusRing.h"

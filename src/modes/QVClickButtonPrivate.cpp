@@ -9,6 +9,7 @@
 #include "popup/QVWidgetPresenter.h"
 #include "service/QVErrorClassification.h"
 #include "settings/QVConfigurationManager.h"
+#include "settings/QVLanguageNotice.h"
 #include "settings/QVLocalizationKeys.h"
 #include "views/QVAccessibleRole.h"
 #include "views/QVColors.h"

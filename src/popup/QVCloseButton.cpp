@@ -1,9 +1,9 @@
 #include "popup/QVCloseButton.h"
 
 #include "settings/QVBundleImage.h"
+#include "settings/QVLanguageNotice.h"
 #include "settings/QVLocalization.h"
 #include "settings/QVLocalizationKeys.h"
-#include "settings/QVText.h"
 #include "views/QVFocusRing.h"
 
 #include <QPainter>

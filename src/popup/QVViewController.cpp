@@ -8,9 +8,9 @@
 #include "popup/QVWindow.h"
 #include "service/QVClickResponseModel.h"
 #include "service/QVConfigResponseModel.h"
+#include "settings/QVLanguageNotice.h"
 #include "settings/QVLocalization.h"
 #include "settings/QVLocalizationKeys.h"
-#include "settings/QVText.h"
 #include "views/QVColors.h"
 #include "views/QVLabel.h"
 

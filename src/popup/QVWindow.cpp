@@ -4,9 +4,9 @@
 #include "popup/QVFocusTrap.h"
 #include "popup/QVHostWatch.h"
 #include "settings/QVConfigurationManager.h"
+#include "settings/QVLanguageNotice.h"
 #include "settings/QVLocalization.h"
 #include "settings/QVLocalizationKeys.h"
-#include "settings/QVText.h"
 #include "views/QVAccessibleRole.h"
 #include "views/QVColors.h"
 

@@ -6,8 +6,8 @@
 #include "settings/QVBundleImage.h"
 #include "settings/QVDeviceIdentifier.h"
 #include "settings/QVLanguage.h"
+#include "settings/QVLanguageNotice.h"
 #include "settings/QVMainBundle.h"
-#include "settings/QVText.h"
 
 #include <QNetworkAccessManager>
 

@@ -11,10 +11,3 @@ QVText::QVText(const QString &text)
     : m_source(text.isNull() ? Source() : [text] { return text; })
 {
 }
-
-QVLanguageNotice &QVLanguageNotice::shared()
-{
-    // Never destroyed, like the settings.
-    static auto *const notice = new QVLanguageNotice;
-    return *notice;
-}

@@ -1,8 +1,8 @@
 #include "views/QVCharVerifyInputView.h"
 
+#include "settings/QVLanguageNotice.h"
 #include "settings/QVLocalization.h"
 #include "settings/QVLocalizationKeys.h"
-#include "settings/QVText.h"
 #include "views/QVAccessibleRole.h"
 #include "views/QVBorderedBox.h"
 #include "views/QVCharVerifyInputViewDoneButton.h"

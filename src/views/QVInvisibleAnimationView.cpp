@@ -3,6 +3,7 @@
 #include "layers/QVEasing.h"
 #include "layers/QVPathGeometry.h"
 #include "settings/QVBundleImage.h"
+#include "settings/QVLanguageNotice.h"
 #include "settings/QVLocalizationKeys.h"
 #include "views/QVAccessibleRole.h"
 

@@ -1,5 +1,6 @@
 #include "views/QVSpokenMessage.h"
 
+#include "settings/QVLanguageNotice.h"
 #include "views/QVAccessibleRole.h"
 #include "views/QVOneLine.h"
 
