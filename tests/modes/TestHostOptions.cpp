@@ -186,6 +186,13 @@ private Q_SLOTS:
             QCOMPARE(clickManager().button()->clickStatus(), QVClickStatusNormal);
         if (mode != q("panel") && meanwhile != q("off") && meanwhile != q("start"))
             QCOMPARE(time().pendingCount(), idle);
+        if (told && meanwhile.isEmpty() && mode == q("panel")) {
+            auto *const bar = panel->embedView()->findChild<QAbstractButton *>(q("errorOverlayView"));
+            QCOMPARE(bar->accessibleName(), q("Expired. Try again."));
+            forgetAsked();
+            bar->click();
+            QVERIFY(waitFor([this] { return asked().contains(q("get")); }));
+        }
         pass(100s);
         // The other start's token has its own time.
         QCOMPARE(expiries, meanwhile == q("start") ? 1 : told);
