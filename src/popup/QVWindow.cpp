@@ -97,8 +97,9 @@ void QVWindow::makeKeyAndVisible(QObject *host)
         m_dimmedPart = part;
         update();
     });
-    // Qt may be activating a window of its own at this moment.
-    if (isVisible() && isWindow())
+    // Qt may be activating a window of its own at this moment, shown or just hidden, and would go on with one
+    // that was destroyed.
+    if (isWindow() && windowHandle())
         placeSoon();
     else
         place();
@@ -173,15 +174,17 @@ void QVWindow::placeSoon()
 
 void QVWindow::placeAgain()
 {
-    if (isHidden())
-        return;
-    QWidget *const now = container();
-    // It stays where it is as long as it can be used there.
-    if (now == m_container &&
-        (m_place != Place::Layer || QVPopupGeometry::place(surroundings(now), m_presentation) == m_place))
+    if (!m_isWanted || (isVisible() && canStay()))
         return;
     place();
     m_focusTrap->moveInside();
+}
+
+bool QVWindow::canStay() const
+{
+    QWidget *const now = container();
+    return now == m_container &&
+           (m_place != Place::Layer || QVPopupGeometry::place(surroundings(now), m_presentation) == m_place);
 }
 
 void QVWindow::lieIn(QWidget *container)

@@ -62,6 +62,8 @@ private:
     void place();
     void placeSoon();
     void placeAgain();
+    /// Whether the popup can be used where it lies now.
+    [[nodiscard]] bool canStay() const;
     void lieIn(QWidget *container);
     void standAlone(Place place, QObject *over);
     void fitToHost();
