@@ -226,6 +226,23 @@ private Q_SLOTS:
         QCOMPARE(outcomes().ends(), words("passed main-token"));
     }
 
+    void startsAgainAsThePopupsOwnWindowIsActivated()
+    {
+        host().resize(300, 200);
+        connect(qApp, &QApplication::focusChanged, &host(),
+                [this, hasActed = false](QWidget *, const QWidget *now) mutable {
+                    if (!now || now->window() != popup() || std::exchange(hasActed, true))
+                        return;
+                    host().resize(700, 600);
+                    popup()->close();
+                    start(true);
+                });
+        start(true);
+        pass(100ms);
+        QCOMPARE(popup()->window(), &host());
+        QCOMPARE(outcomes().said(), words("popup, closed User, popup"));
+    }
+
     void goesOnInAnotherWindow()
     {
         invisibleManager().startInsivible();
