@@ -52,6 +52,11 @@ void QVAttempt::close(QVCloseReason reason)
         told->attemptHasClosed(*this, reason);
 }
 
+bool QVAttempt::isHostShown() const
+{
+    return !m_hasHost || m_presenter.isShown(m_host);
+}
+
 void QVAttempt::abandon()
 {
     if (end())
@@ -111,7 +116,7 @@ void QVAttempt::showVerifyControllerWithConfig(const QVClickSequence::Config &co
     if (m_hasEnded)
         return;
     // A host that was hidden before the start is found out only now.
-    if (m_hasHost && !m_presenter.isShown(m_host)) {
+    if (!isHostShown()) {
         close(QVCloseReason::WindowGone);
         return;
     }

@@ -63,6 +63,12 @@ public:
     /// Ends the attempt without a word.
     void abandon();
 
+    /// Leaves the popup to another attempt, since the user closed it or its host has gone, of which the event
+    /// loop is still to tell.
+    void leavePopup() { m_popup.reset(); }
+
+    /// Whether the host is on screen, or there is none.
+    [[nodiscard]] bool isHostShown() const;
     [[nodiscard]] bool hasEnded() const { return m_hasEnded; }
     /// Whether the service is being asked.
     [[nodiscard]] bool isAsking() const { return m_sequence != nullptr; }

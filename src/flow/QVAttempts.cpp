@@ -33,6 +33,10 @@ void QVAttempts::start(const QVIdentity &identity, QObject *host)
     }
     if (!isReady && !isOnScreen(popup))
         dismiss(popup);
+    for (const auto &attempt : m_attempts) {
+        if (isReady && attempt->popup() == popup)
+            attempt->leavePopup();
+    }
     const auto attempt = std::make_shared<QVAttempt>(m_style, identity, m_presenter, host, m_observer);
     m_attempts.push_back(attempt);
     attempt->start(isReady ? popup : nullptr);
@@ -90,6 +94,6 @@ std::shared_ptr<QVPopup> QVAttempts::popup() const
 bool QVAttempts::isOnScreen(const std::shared_ptr<QVPopup> &popup) const
 {
     return std::ranges::any_of(m_attempts, [&popup](const auto &attempt) {
-        return !attempt->hasEnded() && attempt->popup() == popup;
+        return !attempt->hasEnded() && attempt->isHostShown() && attempt->popup() == popup;
     });
 }

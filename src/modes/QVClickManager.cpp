@@ -21,7 +21,7 @@ public:
     }
 
     void createButton();
-    void buttonDestroyed() const;
+    void buttonDestroyed();
     void offerAlternative() const;
 
     QVClickManager *const q;
@@ -74,8 +74,10 @@ void QVClickManager::Private::offerAlternative() const
         disconnect(button, &QVClickButton::alternativeRequested, q, &QVClickManager::alternativeRequested);
 }
 
-void QVClickManager::Private::buttonDestroyed() const
+void QVClickManager::Private::buttonDestroyed()
 {
+    // A widget tells of its end while pointers to it still hold.
+    button = nullptr;
     // Not at once: the window around the button may be in its destructor, where its slots must not
     // be called any more.
     for (int i = 0; i < openAttempts; ++i) {

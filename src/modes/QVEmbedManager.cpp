@@ -63,6 +63,8 @@ QVRenderDrawView *QVEmbedManager::Private::renderView()
     connect(m_renderView, &QVRenderDrawView::expired, &m_manager, &QVEmbedManager::expired);
     connect(m_renderView, &QVRenderDrawView::alternativeRequested, &m_manager,
             &QVEmbedManager::alternativeRequested);
+    // A widget tells of its end while pointers to it still hold.
+    connect(m_renderView, &QObject::destroyed, &m_manager, [this] { m_renderView = nullptr; });
     offerAlternative();
     return m_renderView;
 }

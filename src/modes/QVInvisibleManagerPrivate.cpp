@@ -12,6 +12,8 @@
 #include <QScreen>
 #include <QWindow>
 
+#include <utility>
+
 namespace {
 
 constexpr Qt::WindowFlags badgeWindowFlags = Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
@@ -72,7 +74,6 @@ void QVInvisibleManagerPrivate::createAnimationView(QObject *host)
         QObject::connect(m_badgeWatch.get(), &QVHostWatch::resized, q, [this] { centreAnimationView(); });
     }
     centreAnimationView();
-    m_animationView->show();
 }
 
 void QVInvisibleManagerPrivate::centreAnimationView() const
@@ -86,12 +87,12 @@ void QVInvisibleManagerPrivate::centreAnimationView() const
 void QVInvisibleManagerPrivate::removeAnimationView()
 {
     m_badgeWatch.reset();
-    if (!m_animationView)
+    const QPointer<QVInvisibleAnimationView> view = std::exchange(m_animationView, nullptr);
+    if (!view)
         return;
-    m_animationView->clearLayers();
-    m_animationView->hide();
-    m_animationView->deleteLater();
-    m_animationView = nullptr;
+    // Not hidden here: the host may see that, and destroy the manager in answer.
+    view->clearLayers();
+    view->deleteLater();
 }
 
 void QVInvisibleManagerPrivate::startInsivible()
@@ -102,8 +103,11 @@ void QVInvisibleManagerPrivate::startInsivible()
 
 void QVInvisibleManagerPrivate::attemptAsks(QVAttempt &attempt)
 {
-    if (auto *const view = animationView(attempt.qv_controllerHost()))
-        view->startLoadingAnimation();
+    auto *const view = animationView(attempt.qv_controllerHost());
+    if (!view)
+        return;
+    view->startLoadingAnimation();
+    view->show();
 }
 
 void QVInvisibleManagerPrivate::attemptIsAnswered(QVAttempt &attempt)
@@ -145,6 +149,7 @@ void QVInvisibleManagerPrivate::attemptHasPassed(QVAttempt &attempt, const QStri
         report(q, delegate, token);
         return;
     }
+    const QPointer<QWidget> badge(view);
     // The user has passed, so neither reset() nor the manager's end takes the token from the host.
     view->passAnimationComplete([manager = QPointer(q), last = delegate, token] {
         if (manager) {
@@ -153,6 +158,8 @@ void QVInvisibleManagerPrivate::attemptHasPassed(QVAttempt &attempt, const QStri
         }
         report(manager, last, token);
     });
+    if (badge)
+        badge->show();
 }
 
 void QVInvisibleManagerPrivate::attemptHasFailed(QVAttempt & /*attempt*/, const QVError &error)

@@ -3,6 +3,8 @@
 #include <QApplication>
 #include <QWidget>
 
+#include <utility>
+
 namespace {
 
 bool takesTabFocus(const QWidget *widget)
@@ -34,9 +36,7 @@ void QVFocusTrap::leaveWindow()
     QWidget *const focused = m_root->window()->focusWidget();
     if (!focused || !holds(focused))
         return;
-    m_isLeaving = true;
-    focused->clearFocus();
-    m_isLeaving = false;
+    move([focused] { focused->clearFocus(); });
 }
 
 void QVFocusTrap::moveInside()
@@ -51,11 +51,11 @@ void QVFocusTrap::release()
         return;
     m_active = false;
     disconnect(qApp, nullptr, this, nullptr);
-    if (m_before && m_before->isVisible() && m_before->isEnabled())
-        m_before->setFocus(Qt::PopupFocusReason);
+    QWidget *const before = std::exchange(m_before, nullptr);
+    if (before && before->isVisible() && before->isEnabled())
+        moveTo(before, Qt::PopupFocusReason);
     else if (!m_root->isWindow())
-        m_root->parentWidget()->setFocus(Qt::PopupFocusReason);
-    m_before = nullptr;
+        moveTo(m_root->parentWidget(), Qt::PopupFocusReason);
 }
 
 void QVFocusTrap::moveFocus(bool next)
@@ -69,7 +69,7 @@ void QVFocusTrap::moveFocus(bool next)
             continue;
         // Before it has the focus, which it may refuse by moving on from there.
         m_inside = widget;
-        widget->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+        moveTo(widget, next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
         return;
     }
 }
@@ -95,21 +95,35 @@ bool QVFocusTrap::isOnTop() const
 
 void QVFocusTrap::followFocus(QWidget *now)
 {
-    if (m_isLeaving)
-        return;
     // Other windows, and no window at all, are the user's choice.
     if (now ? now->window() != m_root->window() : !m_root->isActiveWindow())
         return;
     if (holds(now))
         m_inside = now;
+    else if (isMoving())
+        return; // A host that holds on to the focus gets it, or the two would take turns for ever.
     else if (isOnTop() && now)
         focusInside();
     else if (isOnTop())
-        m_root->setFocus(); // Given up inside: keys would go to the host's window.
+        moveTo(m_root, Qt::OtherFocusReason); // Given up inside: keys would go to the host's window.
 }
 
 void QVFocusTrap::focusInside()
 {
     QWidget *const target = m_inside && m_inside->isVisible() ? m_inside.data() : m_root;
-    target->setFocus(Qt::PopupFocusReason);
+    moveTo(target, Qt::PopupFocusReason);
+}
+
+void QVFocusTrap::moveTo(QWidget *target, Qt::FocusReason reason)
+{
+    move([target, reason] { target->setFocus(reason); });
+}
+
+void QVFocusTrap::move(const std::function<void()> &work)
+{
+    const QPointer<QVFocusTrap> self(this);
+    ++m_moves;
+    work();
+    if (self && --m_moves == 0)
+        Q_EMIT settled();
 }

@@ -119,14 +119,15 @@ void QVViewController::hiddenWindow()
 
 void QVViewController::dismissWindow()
 {
-    QVWindow *const window = m_showWindow;
-    if (!window)
+    // Beyond the application object nothing is on screen, and widgets cannot even be hidden.
+    if (!m_showWindow || !QCoreApplication::instance())
         return;
-    m_showWindow = nullptr;
+    const QPointer<QVWindow> window = std::exchange(m_showWindow, nullptr);
     // Kept until the end of this call; usually nobody else holds it.
     const auto self = window->takeRootController();
     window->resignKeyAndHide();
-    window->deleteLater();
+    if (window)
+        window->destroySoon();
 }
 
 bool QVViewController::canDirectlyShow() const

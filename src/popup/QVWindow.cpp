@@ -121,6 +121,14 @@ void QVWindow::resignKeyAndHide()
         hide();
 }
 
+void QVWindow::destroySoon()
+{
+    if (m_focusTrap->isMoving())
+        connect(m_focusTrap.get(), &QVFocusTrap::settled, this, &QObject::deleteLater);
+    else
+        deleteLater();
+}
+
 void QVWindow::watchHost()
 {
     m_hostWatch.reset();
@@ -183,7 +191,7 @@ void QVWindow::placeAgain()
 bool QVWindow::canStay() const
 {
     QWidget *const now = container();
-    return now == m_container &&
+    return now == m_container && !m_isBlocked &&
            (m_place != Place::Layer || QVPopupGeometry::place(surroundings(now), m_presentation) == m_place);
 }
 
@@ -213,6 +221,9 @@ void QVWindow::standAlone(Place place, QObject *over)
         // It was disabled with a host that it lay in.
         setEnabled(true);
     }
+    // Of the modal windows that are shown the latest one has the input.
+    if (std::exchange(m_isBlocked, false))
+        hide();
     setWindowModality(Qt::WindowModal);
     setWindowState(place == Place::Screen ? Qt::WindowFullScreen : Qt::WindowNoState);
     setGeometry(ownFrame());
@@ -286,11 +297,40 @@ std::optional<QVPopupGeometry::Host> QVWindow::surroundings(const QWidget *conta
 
 bool QVWindow::event(QEvent *event)
 {
-    // A key that is pressed here is no shortcut of the host.
-    if (event->type() != QEvent::ShortcutOverride)
-        return QWidget::event(event);
-    event->accept();
-    return true;
+    switch (event->type()) {
+    case QEvent::ShortcutOverride:
+        // A key that is pressed here is no shortcut of the host.
+        event->accept();
+        return true;
+    case QEvent::WindowBlocked:
+    case QEvent::WindowUnblocked:
+        blockedChanges(event->type() == QEvent::WindowBlocked);
+        break;
+    case QEvent::EnabledChange:
+        if (m_isWanted && testAttribute(Qt::WA_ForceDisabled))
+            QMetaObject::invokeMethod(this, &QVWindow::enableParts, Qt::QueuedConnection);
+        break;
+    default:
+        break;
+    }
+    return QWidget::event(event);
+}
+
+void QVWindow::blockedChanges(bool isBlocked)
+{
+    // Two popups do not fight for the front.
+    m_isBlocked = isBlocked && isWindow() && !qobject_cast<QVWindow *>(QApplication::activeModalWidget());
+    if (m_isBlocked)
+        placeSoon();
+}
+
+void QVWindow::enableParts()
+{
+    setEnabled(true);
+    for (QWidget *const part : findChildren<QWidget *>()) {
+        if (part->testAttribute(Qt::WA_ForceDisabled))
+            part->setEnabled(true);
+    }
 }
 
 void QVWindow::paintEvent(QPaintEvent *)
@@ -328,8 +368,24 @@ void QVWindow::layOutScreen()
 
 void QVWindow::closeEvent(QCloseEvent *event)
 {
-    event->ignore();
+    const QPointer<QVWindow> self(this);
     Q_EMIT closeRequested();
+    // Not where the host has shown it again in answer. An application that quits asks all its windows to
+    // close.
+    if (self && m_isWanted)
+        event->ignore();
+}
+
+void QVWindow::hideEvent(QHideEvent *event)
+{
+    QWidget::hideEvent(event);
+    if (event->spontaneous() || !m_isWanted)
+        return;
+    // Hidden by the host, or on its way to another window, in which it is shown at once.
+    QVScheduler::shared().schedule({}, [self = QPointer(this)] {
+        if (self && self->m_isWanted && self->isHidden())
+            Q_EMIT self->closeRequested();
+    });
 }
 
 void QVWindow::mousePressEvent(QMouseEvent *event)

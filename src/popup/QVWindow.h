@@ -34,6 +34,8 @@ public:
     /// focus, in answer to which this may be destroyed.
     void makeKeyAndVisible(QObject *host);
     void resignKeyAndHide();
+    /// Destroys it from the event loop, once the focus has been moved that is being moved now.
+    void destroySoon();
 
 Q_SIGNALS:
     void popupScreenChanged();
@@ -48,6 +50,7 @@ protected:
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
@@ -73,6 +76,9 @@ private:
     [[nodiscard]] std::optional<QVPopupGeometry::Host> surroundings(const QWidget *container) const;
     [[nodiscard]] QRect ownFrame() const;
     void stayOnTop();
+    void blockedChanges(bool isBlocked);
+    /// Enables what the host disabled widget by widget.
+    void enableParts();
     [[nodiscard]] bool isBesideCard(const QMouseEvent &event) const;
 
     // Ends before the children, whose focus goes with them.
@@ -89,5 +95,7 @@ private:
     QVPopupPresentation m_presentation;
     QVPopupGeometry m_geometry;
     bool m_isWanted = false;
+    /// Whether a modal window of the host keeps input from this one.
+    bool m_isBlocked = false;
     bool m_pressedBesideCard = false;
 };

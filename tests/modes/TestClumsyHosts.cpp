@@ -157,7 +157,7 @@ private Q_SLOTS:
     void actsWhenThePopupTakesTheFocus_data()
     {
         const auto row = addColumns<QString, bool>({"action", "isInvisible"});
-        for (const char *action : {"delete", "reset", "start", "close", "disable"}) {
+        for (const char *action : {"delete", "reset", "start", "close", "disable", "wait"}) {
             row(QByteArray(action) + " button", q(action), false);
             row(QByteArray(action) + " invisible", q(action), true);
         }
@@ -241,6 +241,100 @@ private Q_SLOTS:
         pass(100ms);
         QCOMPARE(popup()->window(), &host());
         QCOMPARE(outcomes().said(), words("popup, closed User, popup"));
+    }
+
+    void startsElsewhereRightAfterItsDialog_data() { startsAgainAsItsWindowCloses_data(); }
+    void startsElsewhereRightAfterItsDialog()
+    {
+        QFETCH(bool, isInvisible);
+        QDialog dialog(&host());
+        dialog.resize(600, 500);
+        clickManager().button()->setParent(&dialog);
+        clickManager().button()->show();
+        showActive(dialog);
+        start(isInvisible);
+        QVERIFY(waitForPicture());
+        dialog.reject();
+        host().activateWindow();
+        clickManager().button()->setParent(&host());
+        start(isInvisible);
+        pass(100ms);
+        QCOMPARE(outcomes().ends(), words("closed WindowGone"));
+        // A button that is still in use waits for its own end; invisible mode goes on in the other window.
+        if (isInvisible)
+            QCOMPARE(popup()->window(), &host());
+    }
+
+    void holdsOnToTheFocus()
+    {
+        QLineEdit field(&host());
+        field.show();
+        field.setFocus();
+        connect(qApp, &QApplication::focusChanged, &field, [&field](QWidget *, const QWidget *now) {
+            if (now && now != &field)
+                field.setFocus();
+        });
+        start(true);
+        QVERIFY(waitForPicture());
+        strokeAndVerify();
+        pass(1600ms);
+        QCOMPARE(outcomes().ends(), words("passed main-token"));
+    }
+
+    void resetsWhenItIsDestroyed()
+    {
+        QPointer<QVClickButton> button = clickManager().button();
+        connect(button, &QObject::destroyed, &clickManager(), &QVClickManager::reset);
+        delete button;
+        connect(embedManager().embedView(), &QObject::destroyed, &embedManager(), &QVEmbedManager::reset);
+        delete embedManager().embedView();
+    }
+
+    void treatsItsWidgetsOneByOne_data()
+    {
+        const auto row = addColumns<bool>({"hides"});
+        row("disables", false);
+        row("hides", true);
+    }
+
+    void treatsItsWidgetsOneByOne()
+    {
+        QFETCH(bool, hides);
+        clickManager().button()->click();
+        QVERIFY(waitForPicture());
+        for (QWidget *widget : host().findChildren<QWidget *>())
+            hides ? widget->hide() : widget->setEnabled(false);
+        settle();
+        advance(0ms);
+        if (!hides) {
+            strokeAndVerify();
+            pass(1600ms);
+        }
+        QCOMPARE(outcomes().ends(), words(hides ? "closed User" : "passed main-token"));
+    }
+
+    void opensADialogOverAPopupOfItsOwn_data()
+    {
+        const auto row = addColumns<QSize, Qt::WindowModality>({"size", "modality"});
+        row("small", QSize(150, 100), Qt::ApplicationModal);
+        row("large, for its window", QSize(600, 600), Qt::WindowModal);
+    }
+
+    void opensADialogOverAPopupOfItsOwn()
+    {
+        QFETCH(QSize, size);
+        QFETCH(Qt::WindowModality, modality);
+        host().resize(300, 200);
+        start(true);
+        QVERIFY(waitForPicture());
+        QDialog dialog(&host());
+        dialog.setWindowModality(modality);
+        dialog.resize(size);
+        dialog.show();
+        pass(10ms);
+        strokeAndVerify();
+        pass(1600ms);
+        QCOMPARE(outcomes().ends(), words("passed main-token"));
     }
 
     void goesOnInAnotherWindow()
@@ -409,12 +503,22 @@ private:
             delete clickManager().button();
         else if (action == q("reset"))
             isInvisible ? invisibleManager().reset() : clickManager().reset();
+        else if (action == q("wait"))
+            resetAndWait();
         else if (action == q("start"))
             start(isInvisible);
         else if (action == q("close"))
             host().close();
         else
             host().setEnabled(false);
+    }
+
+    /// As a message box does, which runs an event loop.
+    void resetAndWait()
+    {
+        clickManager().reset();
+        invisibleManager().reset();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
 
     /// In the popup.
