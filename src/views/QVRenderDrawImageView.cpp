@@ -165,7 +165,9 @@ void QVRenderDrawImageView::slideOut(Bar bar)
 
 void QVRenderDrawImageView::placeBar(QVRenderDrawOverlayView *bar)
 {
-    const int height = bar->heightFor(width());
+    // A line of text stays in sight above the strip.
+    const int leastSeen = QVRenderDrawOverlayView::defaultHeight() * 2 / 3;
+    const int height = std::max(bar->heightFor(width()), m_coveredHeight + leastSeen);
     m_layout.update(bar, [this, bar, height](QVConstraintMaker &make) {
         make.top().equalTo(this, QVLayoutAttribute::Bottom).offset(bar->isOnScreen() ? -height : 0);
         make.height().equalTo(height);
@@ -194,8 +196,10 @@ void QVRenderDrawImageView::keepClearOfStrip()
     const int covered = m_strip->isHidden() ? 0 : std::max(0, geometry().bottom() + 1 - m_strip->y());
     if (std::exchange(m_coveredHeight, covered) == covered)
         return;
-    for (auto *bar : {m_promptOverlayView, m_errorOverlayView, m_successOverlayView})
+    for (auto *bar : {m_promptOverlayView, m_errorOverlayView, m_successOverlayView}) {
         bar->setCoveredHeight(covered);
+        placeBar(bar);
+    }
 }
 
 void QVRenderDrawImageView::errorOverlayViewDidClickedAction()
