@@ -260,11 +260,13 @@ private:
 
     void destroyHost()
     {
-        // Nor does it survive the end of a window that it delivers an event to.
-        if (m_isInEvent && m_top)
-            m_top->deleteLater();
+        // Nothing is done any more to a window that is about to go.
+        QWidget *const top = std::exchange(m_top, nullptr);
+        // Nor does Qt survive the end of a window that it delivers an event to.
+        if (m_isInEvent && top)
+            top->deleteLater();
         else
-            delete m_top;
+            delete top;
     }
 
     void endEverything()
