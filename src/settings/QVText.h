@@ -17,11 +17,14 @@ public:
 
     /// A null text.
     QVText() = default;
+    // Whoever shows a text is handed a key or a fixed text as often as a source, so these convert.
+    // NOLINTBEGIN(google-explicit-constructor)
     /// The text of one of QVKey's keys.
     QVText(QLatin1String key);
     /// A text that is the same in every language.
     QVText(const QString &text);
-    QVText(Source source)
+    // NOLINTEND(google-explicit-constructor)
+    explicit QVText(Source source)
         : m_source(std::move(source))
     {
     }
