@@ -44,6 +44,7 @@ private Q_SLOTS:
         QVERIFY(waitForPicture());
         QAccessibleInterface *dialog = QAccessible::queryAccessibleInterface(popup());
         QCOMPARE(dialog->role(), QAccessible::Dialog);
+        QVERIFY(dialog->state().modal);
         QCOMPARE(dialog->text(QAccessible::Name), q("Human verification"));
         const QStringList all = found(*popup());
         for (const char *const element :
