@@ -109,6 +109,21 @@ private Q_SLOTS:
         }
     }
 
+    void clearsThePictureWhenTheNextOneIsSlow()
+    {
+        startWithPicture(QVVerifyStyleEmbed);
+        service().delay(q("refresh"), 1s);
+        const auto corner = [this] {
+            return pixelsOf(picture()).pixelColor(2, 2);
+        };
+        const QColor before = corner();
+        click(q("refreshButton"));
+        advance(99ms);
+        QCOMPARE(corner(), before);
+        advance(1ms);
+        QVERIFY(corner() != before);
+    }
+
     void showsTheStrokeAtLittleCost()
     {
         startWithPicture(QVVerifyStylePopup);
