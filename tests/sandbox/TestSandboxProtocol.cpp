@@ -57,7 +57,7 @@ private:
         QStringList asked;
         for (const auto &[name, value] : query.queryItems())
             asked.append(name);
-        for (const QJsonValue &each : operation.value(q("parameters")).toArray()) {
+        for (const QJsonValue each : operation.value(q("parameters")).toArray()) {
             const QJsonObject parameter = resolved(each.toObject());
             const QString name = parameter.value(q("name")).toString();
             if (!asked.removeOne(name) && parameter.value(q("required")).toBool())
@@ -85,7 +85,7 @@ private:
     [[nodiscard]] QString faultOfChoice(const QJsonArray &choices, const QJsonValue &value) const
     {
         QStringList faults;
-        for (const QJsonValue &choice : choices)
+        for (const QJsonValue choice : choices)
             faults.append(fault(choice.toObject(), value));
         return faults.count(QString()) == 1 ? QString() : q("fits not one of: ") + faults.join(q(" | "));
     }
@@ -96,7 +96,7 @@ private:
             return q("is no object");
         const QJsonObject object = value.toObject();
         const QJsonObject known = schema.value(q("properties")).toObject();
-        for (const QJsonValue &name : schema.value(q("required")).toArray()) {
+        for (const QJsonValue name : schema.value(q("required")).toArray()) {
             if (!object.contains(name.toString()))
                 return q("lacks ") + name.toString();
         }
@@ -113,7 +113,7 @@ private:
     {
         if (!value.isArray())
             return q("is no array");
-        for (const QJsonValue &item : value.toArray()) {
+        for (const QJsonValue item : value.toArray()) {
             if (const QString wrong = fault(schema.value(q("items")).toObject(), item); !wrong.isNull())
                 return wrong;
         }
