@@ -8,6 +8,7 @@
 #include <QRegularExpression>
 #include <QStandardPaths>
 
+#include <array>
 #include <future>
 #include <latch>
 
@@ -26,13 +27,13 @@ private Q_SLOTS:
                               QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
         QVERIFY(QFile(leftover + q("/quarvo.lock")).open(QIODevice::WriteOnly));
 
-        std::vector<std::future<QVConfigurationManager *>> callers;
-        std::latch start(8);
-        for (int i = 0; i < 8; ++i)
-            callers.push_back(std::async(std::launch::async, [&start] {
+        std::array<std::future<QVConfigurationManager *>, 8> callers;
+        std::latch start(std::ssize(callers));
+        for (auto &caller : callers)
+            caller = std::async(std::launch::async, [&start] {
                 start.arrive_and_wait();
                 return &QVConfigurationManager::sharedManager();
-            }));
+            });
         for (auto &caller : callers)
             QCOMPARE(caller.get(), &QVConfigurationManager::sharedManager());
         QVERIFY(waitFor([&leftover] { return !QDir(leftover).exists(); }));
