@@ -7,6 +7,7 @@
 
 #include <arpa/inet.h>
 #include <atomic>
+#include <mutex>
 #include <sys/socket.h>
 #include <thread>
 #include <unistd.h>
@@ -56,6 +57,7 @@ public:
 
     void answer(const QByteArray &newHead, const QByteArray &newFlood)
     {
+        const std::lock_guard lock(m_answerLock);
         m_head = newHead;
         m_flood = newFlood.repeated(newFlood.isEmpty() ? 0 : 65536 / newFlood.size());
     }
@@ -85,16 +87,26 @@ private:
                 request += byte;
             if (request.endsWith("\r\n\r\n")) {
                 ++requestCount;
-                bool isOpen = sendAll(connection, m_head);
-                while (isOpen && !m_flood.isEmpty())
-                    isOpen = sendAll(connection, m_flood);
+                flood(connection);
             }
             ::close(connection);
             --openCount;
         }
     }
 
+    void flood(int connection)
+    {
+        std::unique_lock lock(m_answerLock);
+        const QByteArray head = m_head;
+        const QByteArray flood = m_flood;
+        lock.unlock();
+        bool isOpen = sendAll(connection, head);
+        while (isOpen && !flood.isEmpty())
+            isOpen = sendAll(connection, flood);
+    }
+
     const int m_listener = ::socket(AF_INET, SOCK_STREAM, 0);
+    std::mutex m_answerLock;
     QByteArray m_head;
     QByteArray m_flood;
     std::thread m_thread;
