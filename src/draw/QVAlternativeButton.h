@@ -3,7 +3,7 @@
 #include "views/QVPaintedText.h"
 #include "views/QVTouchButton.h"
 
-/// The strip below the picture for who cannot do what it asks.
+/// The text button below the picture, for users who cannot do what it asks.
 class QVAlternativeButton final : public QVTouchButton
 {
 public:

@@ -30,7 +30,7 @@ public:
     virtual void attemptEntersOutage(QVAttempt &attempt) = 0;
     /// Something failed inside the popup, where the user may try again.
     virtual void attemptFailsInPopup(QVAttempt &attempt, const QVError &error) = 0;
-    /// Whether the host has another way for who cannot do what the picture asks.
+    /// Whether the host has another way for users who cannot do what the picture asks.
     [[nodiscard]] virtual bool offersAlternative() const = 0;
     /// The user asks for that other way. The attempt goes on.
     virtual void attemptWantsAlternative(QVAttempt &attempt) = 0;
@@ -63,8 +63,8 @@ public:
     /// Ends the attempt without a word.
     void abandon();
 
-    /// Leaves the popup to another attempt, since the user closed it or its host has gone, of which the event
-    /// loop is still to tell.
+    /// Leaves the popup to the next attempt: the user has closed it, or the window of this attempt has gone
+    /// and its end is about to be told.
     void leavePopup() { m_popup.reset(); }
 
     /// Whether the host is on screen, or there is none.

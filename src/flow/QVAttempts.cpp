@@ -31,12 +31,10 @@ void QVAttempts::start(const QVIdentity &identity, QObject *host)
         popup->displayWindow();
         return;
     }
-    if (!isReady && !isOnScreen(popup))
+    if (isReady)
+        leavePopup(popup);
+    else if (!isOnScreen(popup))
         dismiss(popup);
-    for (const auto &attempt : m_attempts) {
-        if (isReady && attempt->popup() == popup)
-            attempt->leavePopup();
-    }
     const auto attempt = std::make_shared<QVAttempt>(m_style, identity, m_presenter, host, m_observer);
     m_attempts.push_back(attempt);
     attempt->start(isReady ? popup : nullptr);
@@ -89,6 +87,14 @@ std::shared_ptr<QVPopup> QVAttempts::popup() const
     const auto found = std::find_if(m_attempts.rbegin(), m_attempts.rend(),
                                     [](const auto &attempt) { return attempt->popup() != nullptr; });
     return found == m_attempts.rend() ? nullptr : (*found)->popup();
+}
+
+void QVAttempts::leavePopup(const std::shared_ptr<QVPopup> &popup) const
+{
+    for (const auto &attempt : m_attempts) {
+        if (attempt->popup() == popup)
+            attempt->leavePopup();
+    }
 }
 
 bool QVAttempts::isOnScreen(const std::shared_ptr<QVPopup> &popup) const

@@ -24,7 +24,7 @@ public:
     /// Ends all attempts without a word and dismisses the popup.
     void abandon();
 
-    /// The host has, or no longer has, another way for who cannot do what the picture asks.
+    /// The host has, or no longer has, another way for users who cannot do what the picture asks.
     void alternativeHasChanged() const;
 
     [[nodiscard]] bool areUnderWay() const;
@@ -35,6 +35,8 @@ private:
     using List = std::vector<std::shared_ptr<QVAttempt>>;
 
     [[nodiscard]] std::shared_ptr<QVPopup> popup() const;
+    /// Makes \a popup free for the next attempt.
+    void leavePopup(const std::shared_ptr<QVPopup> &popup) const;
     [[nodiscard]] bool isOnScreen(const std::shared_ptr<QVPopup> &popup) const;
 
     const QVVerifyStyle m_style;

@@ -27,7 +27,7 @@ public:
     virtual void hiddenWindow() = 0;
     /// Ends the popup; it is never shown again.
     virtual void dismissWindow() = 0;
-    /// Shows whether the opener has another way for who cannot do what the picture asks.
+    /// Shows whether the opener has another way for users who cannot do what the picture asks.
     void showAlternative();
     /// Whether there is a picture to be shown again without asking the service.
     [[nodiscard]] virtual bool canDirectlyShow() const = 0;

@@ -3,7 +3,7 @@
 #include "platform/QVTimer.h"
 #include "platform/QuarvoCoreExport.h"
 
-/// The time that a token is good after the host was told it. No timer runs where the host has named no
+/// The time for which a token stays good once the host has it. No timer runs where the host has named no
 /// lifetime.
 class QUARVO_CORE_EXPORT QVTokenLife
 {

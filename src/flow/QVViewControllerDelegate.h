@@ -32,7 +32,7 @@ public:
     virtual void qv_controllerDestroyedAction() = 0;
     /// The outage service takes over.
     virtual void qv_controllerOutageAction() = 0;
-    /// Whether the host has another way for who cannot do what the picture asks.
+    /// Whether the host has another way for users who cannot do what the picture asks.
     [[nodiscard]] virtual bool qv_controllerOffersAlternative() const { return false; }
     /// The user asks for that other way.
     virtual void qv_controllerAlternativeAction() {}

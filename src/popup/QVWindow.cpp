@@ -370,8 +370,7 @@ void QVWindow::closeEvent(QCloseEvent *event)
 {
     const QPointer<QVWindow> self(this);
     Q_EMIT closeRequested();
-    // Not where the host has shown it again in answer. An application that quits asks all its windows to
-    // close.
+    // Closed, so that an application can quit, unless the host has shown it again in answer.
     if (self && m_isWanted)
         event->ignore();
 }

@@ -34,7 +34,7 @@ public:
     /// focus, in answer to which this may be destroyed.
     void makeKeyAndVisible(QObject *host);
     void resignKeyAndHide();
-    /// Destroys it from the event loop, once the focus has been moved that is being moved now.
+    /// Destroys it from the event loop. While the focus is being moved, that waits until it has been.
     void destroySoon();
 
 Q_SIGNALS:
@@ -77,7 +77,8 @@ private:
     [[nodiscard]] QRect ownFrame() const;
     void stayOnTop();
     void blockedChanges(bool isBlocked);
-    /// Enables what the host disabled widget by widget.
+    /// Enables the popup and all parts of it after the host has disabled them one by one. A button that rests
+    /// while an answer is checked is enabled early by this.
     void enableParts();
     [[nodiscard]] bool isBesideCard(const QMouseEvent &event) const;
 

@@ -70,10 +70,7 @@ private Q_SLOTS:
         QFETCH(bool, isInvisible);
         QFETCH(bool, isOpen);
         QDialog dialog(&host());
-        dialog.resize(600, 500);
-        clickManager().button()->setParent(&dialog);
-        clickManager().button()->show();
-        showActive(dialog);
+        showWithButton(dialog);
         start(isInvisible);
         if (isOpen)
             QVERIFY(waitForPicture());
@@ -248,10 +245,7 @@ private Q_SLOTS:
     {
         QFETCH(bool, isInvisible);
         QDialog dialog(&host());
-        dialog.resize(600, 500);
-        clickManager().button()->setParent(&dialog);
-        clickManager().button()->show();
-        showActive(dialog);
+        showWithButton(dialog);
         start(isInvisible);
         QVERIFY(waitForPicture());
         dialog.reject();
@@ -511,6 +505,14 @@ private:
             host().close();
         else
             host().setEnabled(false);
+    }
+
+    void showWithButton(QDialog &dialog)
+    {
+        dialog.resize(600, 500);
+        clickManager().button()->setParent(&dialog);
+        clickManager().button()->show();
+        showActive(dialog);
     }
 
     /// As a message box does, which runs an event loop.
