@@ -103,7 +103,18 @@ void QVInvisibleManagerPrivate::startInsivible()
 
 void QVInvisibleManagerPrivate::attemptAsks(QVAttempt &attempt)
 {
-    auto *const view = animationView(attempt.qv_controllerHost());
+    // Queued: the host may start in a focus handler while Qt destroys its window, which then takes no child.
+    const auto showBadge = [this, started = attempt.weak_from_this()] {
+        const auto asking = started.lock();
+        if (asking && asking->isAsking() && asking->isHostShown())
+            showLoadingBadge(asking->qv_controllerHost());
+    };
+    QMetaObject::invokeMethod(q, showBadge, Qt::QueuedConnection);
+}
+
+void QVInvisibleManagerPrivate::showLoadingBadge(QObject *host)
+{
+    auto *const view = animationView(host);
     if (!view)
         return;
     view->startLoadingAnimation();

@@ -45,6 +45,7 @@ private:
     /// The badge, created over \a host where there is none; null while it is switched off.
     QVInvisibleAnimationView *animationView(QObject *host);
     void createAnimationView(QObject *host);
+    void showLoadingBadge(QObject *host);
     void centreAnimationView() const;
     void removeAnimationView();
     /// What all ends have in common.

@@ -95,6 +95,7 @@ private Q_SLOTS:
         passByClick();
         QVInvisibleManager manager;
         manager.startInsivible();
+        QCoreApplication::sendPostedEvents();
         QCOMPARE(found(host()), QStringList(q("text: Verifying…")));
         pass(300ms);
         QCOMPARE(found(host()), QStringList(q("text: Verified")));

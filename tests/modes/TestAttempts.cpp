@@ -215,7 +215,6 @@ private Q_SLOTS:
         passByClick();
         invisibleManager().setAnimation(animation);
         start(isInvisible);
-        QCOMPARE(badges().size(), animation ? 1 : 0);
         settle();
         QCOMPARE(badges().size(), animation ? 1 : 0);
         advance(1ms * milliseconds - 1ms);
@@ -319,6 +318,7 @@ private Q_SLOTS:
         invisibleManager().setAnimation(true);
         invisibleManager().startInsivible();
         invisibleManager().startInsivible();
+        QCoreApplication::sendPostedEvents();
         QCOMPARE(badges().size(), 1);
         pass(1100ms);
         QCOMPARE(service().count(click), 2);
@@ -401,6 +401,7 @@ private Q_SLOTS:
         delay(outageSwitch, 1h);
         invisibleManager().setAnimation(true);
         invisibleManager().startInsivible();
+        QCoreApplication::sendPostedEvents();
         const QVInvisibleAnimationView *const badge = badges().value(0);
         QCOMPARE(badge->parentWidget(), &host());
         QCOMPARE(badge->frame().center(), QPoint(349, 299));
@@ -414,6 +415,7 @@ private Q_SLOTS:
         destroyHost();
         invisibleManager().setAnimation(true);
         invisibleManager().startInsivible();
+        QCoreApplication::sendPostedEvents();
         QCOMPARE(badges().size(), 1);
         QVERIFY(badges().constFirst()->isWindow());
         QVERIFY(waitForPicture());

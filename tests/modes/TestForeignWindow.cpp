@@ -43,6 +43,7 @@ private Q_SLOTS:
     {
         destroyHost();
         m_manager->startInsivible();
+        QCoreApplication::sendPostedEvents();
         const QWidgetList widgets = QApplication::topLevelWidgets();
         QRect badge;
         for (const QWidget *widget : widgets) {
