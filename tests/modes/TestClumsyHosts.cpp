@@ -275,6 +275,19 @@ private Q_SLOTS:
         QCOMPARE(outcomes().ends(), words("passed main-token"));
     }
 
+    void startsWhileItsWindowIsDestroyed()
+    {
+        auto window = std::make_unique<QGraphicsView>();
+        showActive(*window);
+        window->setFocus();
+        invisibleManager().setAnimation(true);
+        connect(qApp, &QApplication::focusChanged, &host(), [this] { start(true); });
+        window.reset();
+        disconnect(qApp, nullptr, &host(), nullptr);
+        pass(100ms);
+        QCOMPARE(outcomes().ends().size() + popupCount(), 1);
+    }
+
     void resetsWhenItIsDestroyed()
     {
         QPointer<QVClickButton> button = clickManager().button();
