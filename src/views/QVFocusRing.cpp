@@ -16,15 +16,14 @@ void qv_paintFocusRing(QPainter &painter, const QWidget &widget)
         return;
     constexpr qreal outerWidth = 4;
     constexpr qreal innerWidth = 2;
-    constexpr qreal radius = 3;
     constexpr qreal half = outerWidth / 2;
-    painter.setRenderHint(QPainter::Antialiasing);
     painter.setBrush(Qt::NoBrush);
     const QRectF ring = QRectF(widget.rect()).marginsRemoved(QMarginsF(half, half, half, half));
-    painter.setPen(QPen(Qt::white, outerWidth));
-    painter.drawRoundedRect(ring, radius, radius);
-    painter.setPen(QPen(QVColors::accent(), innerWidth));
-    painter.drawRoundedRect(ring, radius, radius);
+    for (const auto &[colour, width] :
+         {std::pair(QColor(Qt::white), outerWidth), std::pair(QVColors::accent(), innerWidth)}) {
+        painter.setPen(QPen(colour, width, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+        painter.drawRect(ring);
+    }
 }
 
 QVFocusRing::QVFocusRing(QWidget *widget)
