@@ -27,7 +27,7 @@ bool isRedirect(const QVExchange::Result &answer)
     return std::ranges::find(statuses, answer.httpStatus) != std::end(statuses) && !answer.location.isEmpty();
 }
 
-// What went over an encrypted line does not go over an open one.
+// A redirect must not lead from https to http.
 bool isLessSafe(const QUrl &from, const QUrl &to)
 {
     return from.scheme() == QLatin1String("https") && to.scheme() != QLatin1String("https");
@@ -62,7 +62,7 @@ QVBoundedDownload::QVBoundedDownload(QVNetworkSession &own, QNetworkAccessManage
 
 QVBoundedDownload::~QVBoundedDownload()
 {
-    // What the completion holds may cancel this as it goes.
+    // An object that the completion owns may call cancel() in its destructor.
     m_isFinished = true;
     m_completion = {};
     endExchange();

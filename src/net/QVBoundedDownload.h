@@ -13,11 +13,11 @@ class QNetworkAccessManager;
 class QVExchange;
 class QVNetworkSession;
 
-/// A GET that ends: within its deadline, taking no more than its limit, after a few redirects. It destroys
-/// itself once it has completed.
+/// A GET request with a deadline, a size limit for the body, and a limit for redirects. It deletes itself
+/// after it has completed.
 ///
-/// Certificates are verified whatever the host has set for the process. An answer is one whatever its HTTP
-/// status.
+/// Certificates are always verified, even if the host has switched that off for the process. An answer with
+/// an HTTP error status is not an error.
 class QVBoundedDownload final : public QObject
 {
     Q_OBJECT
@@ -32,19 +32,21 @@ public:
     {
         QByteArray body;
         int httpStatus = 0;
-        /// An HTTP error status is none.
+        /// The transport error. Empty if there was an answer, whatever its HTTP status.
         std::optional<QVError> error;
     };
     using Completion = std::function<void(const Result &)>;
 
-    /// Starts at once and completes exactly once, never before this call has returned. Only web
-    /// addresses are fetched. They go through \a host, the host's own manager, if there is one, else
-    /// through \a own, which owns the download in any case.
+    /// Starts at once. \a completion is called exactly once, never before this call has returned, unless
+    /// \a own is destroyed before. Only http and https addresses are fetched. The request goes through
+    /// \a host, the host's own manager, or through \a own if that is null. \a own owns the download in both
+    /// cases.
     static QVBoundedDownload *start(QVNetworkSession &own, QNetworkAccessManager *host,
                                     const QNetworkRequest &request, Limits limits, Completion completion);
 
     ~QVBoundedDownload() override;
-    /// Ends the request early: it completes later, with code -999. Does nothing once it has ended.
+    /// Ends the request early: the completion is called later, with QVNetworkError::cancelled. Does nothing
+    /// once the request has ended.
     void cancel();
 
 private:

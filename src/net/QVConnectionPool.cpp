@@ -8,7 +8,7 @@ namespace {
 // A verification talks to three or four servers.
 constexpr std::size_t mostIdle = 8;
 
-// Takes notice of an end that has arrived since the event loop last looked.
+// waitForReadyRead() also notices that the server has closed the connection since the event loop last ran.
 bool isStillOpen(QTcpSocket &socket)
 {
     return socket.state() == QAbstractSocket::ConnectedState && !socket.waitForReadyRead(0) &&

@@ -8,8 +8,8 @@
 #include <chrono>
 #include <vector>
 
-/// Connections that wait to be used once more. Lives on the thread of their sockets. A connection is
-/// dropped when its server closes it, says something unasked, or may be about to close it.
+/// Idle connections that can be used again. Lives on the thread of their sockets. A connection is dropped
+/// when the server closes it or sends data unasked, or when its time is up.
 class QVConnectionPool : public QObject
 {
     Q_OBJECT
@@ -17,9 +17,9 @@ class QVConnectionPool : public QObject
 public:
     QVConnectionPool();
 
-    /// A connection of that route that was open a moment ago; null where there is none.
+    /// An idle connection for \a route that is still open; null if there is none.
     [[nodiscard]] QVSocket take(const QVRoute &route);
-    /// Keeps a connection for \a duration.
+    /// Keeps an idle connection for \a duration.
     void give(const QVRoute &route, QVSocket socket, std::chrono::seconds duration);
 
 private:

@@ -8,10 +8,11 @@ using namespace std::chrono_literals;
 
 namespace {
 
-// In real time, on the connection's own thread: it is about the network, not about what the user sees.
+// How long one address is waited for until the next one is tried as well. In real time: QVScheduler is for
+// the user-interface thread only.
 constexpr std::chrono::milliseconds patience = 250ms;
 
-// Takes turns between the two kinds of address, since it is a kind as a whole that is broken.
+// Puts the first address of the other family (IPv4 or IPv6) second, since one family as a whole may not work.
 QList<QHostAddress> inTurns(const QList<QHostAddress> &addresses)
 {
     if (addresses.isEmpty())
@@ -47,11 +48,12 @@ void QVConnector::start()
 {
     const QHostAddress literal(m_route.host);
     const bool isTunnelled = m_route.tunnel.type() != QNetworkProxy::NoProxy;
-    // A proxy looks names up by itself.
+    // A proxy resolves names itself.
     if (isTunnelled || !literal.isNull())
         attempt(m_route.host);
     else
-        // By name, as Qt 6.4 leaks the other form's connection where the receiver does not wait for the end.
+        // SLOT(), since the functor overload of Qt 6.4 leaks its connection if the receiver is destroyed
+        // first.
         m_lookup = QHostInfo::lookupHost(m_route.host, this, SLOT(takeAddresses(QHostInfo)));
 }
 

@@ -9,8 +9,8 @@
 
 #include <vector>
 
-/// Makes a connection. Where a name has several addresses they are tried one after the other, the next one
-/// soon enough that a broken one costs no more than a moment.
+/// Connects to a server. If a name has several addresses and one does not answer within a quarter of a
+/// second, the next one is tried at the same time. The first that connects is used.
 class QVConnector : public QObject
 {
     Q_OBJECT
@@ -20,7 +20,7 @@ public:
     ~QVConnector() override;
 
     void start();
-    /// The connection, once it has been made; not encrypted yet.
+    /// The connection, once connected() has been emitted. It is not encrypted yet.
     [[nodiscard]] QVSocket takeSocket() { return std::move(m_socket); }
 
 Q_SIGNALS:

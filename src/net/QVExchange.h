@@ -3,8 +3,8 @@
 #include <QNetworkReply>
 #include <QObject>
 
-/// One request and its answer. Destroying it ends a connection that has not finished. In a slot of finished()
-/// it is destroyed by deleteLater() only.
+/// One request and its answer. Destroying it aborts a request that has not finished. In a slot of finished()
+/// it must be destroyed with deleteLater().
 class QVExchange : public QObject
 {
     Q_OBJECT
@@ -16,7 +16,7 @@ public:
         int httpStatus = 0;
         /// The address that the server redirects to, as it was sent.
         QByteArray location;
-        /// An HTTP error status is none.
+        /// The transport error. An HTTP error status is not one.
         QNetworkReply::NetworkError error = QNetworkReply::NoError;
     };
 
@@ -24,7 +24,7 @@ public:
 
     /// Sends the request. Emits finished() once, unless this is destroyed before.
     virtual void start() = 0;
-    /// Meaningful once finished() has been received.
+    /// The result, once finished() has been emitted.
     [[nodiscard]] const Result &result() const { return m_result; }
 
 Q_SIGNALS:

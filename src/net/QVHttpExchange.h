@@ -11,17 +11,17 @@
 class QVConnectionPool;
 class QVConnector;
 
-/// A GET over a connection of our own. It is sent once, whatever becomes of the connection: the service
-/// counts what it is sent. Its connection ends with it, or goes to the pool.
+/// A GET request over one of the component's own connections. It is not repeated if the connection breaks,
+/// since the service counts requests. Afterwards the connection is closed or given to the pool.
 ///
-/// Used on one thread, the network's.
+/// Used on the network thread only.
 class QVHttpExchange final : public QObject
 {
 public:
     using Completion = std::function<void(const QVExchange::Result &)>;
 
-    /// Of a body no more than \a bodyLimit bytes are taken. The pool must outlive this. \a completion is
-    /// called once, unless this is destroyed before, and must not destroy it.
+    /// A body of more than \a bodyLimit bytes is an error. \a pool must outlive this. \a completion is called
+    /// once, unless this is destroyed before, and must not destroy this.
     QVHttpExchange(QVConnectionPool &pool, const QNetworkRequest &request, qint64 bodyLimit,
                    Completion completion);
     ~QVHttpExchange() override;

@@ -6,7 +6,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-// Widespread servers close a connection that has been idle for five seconds, many without saying so.
+// Common servers close a connection after five idle seconds, many without announcing it.
 constexpr std::chrono::seconds usualKeepAlive = 4s;
 constexpr std::chrono::seconds longestKeepAlive = 60s;
 
@@ -47,7 +47,7 @@ bool QVHttpHead::readStatusLine(QByteArrayView line)
 bool QVHttpHead::readField(QByteArrayView line)
 {
     const qsizetype colon = line.indexOf(':');
-    // A line that begins with a space continues the one before it, which HTTP no longer allows.
+    // A line that begins with a space would continue the one before it, which HTTP no longer allows.
     if (colon <= 0 || line.startsWith(' ') || line.startsWith('\t'))
         return false;
     const QByteArrayView name = line.first(colon);
@@ -73,7 +73,7 @@ bool QVHttpHead::readLength(QByteArrayView value)
 {
     bool isNumber = false;
     const qint64 length = value.toLongLong(&isNumber);
-    // Two lengths that differ tell nothing.
+    // An answer with two different lengths is refused.
     if (!isDigits(value) || !isNumber || m_contentLength.value_or(length) != length)
         return false;
     m_contentLength = length;
@@ -95,7 +95,7 @@ void QVHttpHead::readKeepAlive(QByteArrayView value)
     const QByteArrayView rest = value.sliced(at + key.size());
     const auto end = std::ranges::find_if_not(rest, [](char c) { return c >= '0' && c <= '9'; });
     const std::chrono::seconds announced(rest.first(end - rest.begin()).toInt());
-    // One less, so that no request meets the server's end of the connection on the way.
+    // One second less, so that no request is sent while the server is closing the connection.
     m_keepAlive = std::clamp(announced - 1s, 0s, longestKeepAlive);
 }
 

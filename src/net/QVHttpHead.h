@@ -5,24 +5,24 @@
 #include <chrono>
 #include <optional>
 
-/// What the head of an HTTP/1 answer says about the bytes that follow, read line by line.
+/// The head of an HTTP/1 answer, read line by line.
 class QVHttpHead
 {
 public:
-    /// Both take a line without its end, and return false where it is none that HTTP allows.
+    /// Both take a line without its line end. They return false if HTTP does not allow the line.
     [[nodiscard]] bool readStatusLine(QByteArrayView line);
     [[nodiscard]] bool readField(QByteArrayView line);
 
     [[nodiscard]] int status() const { return m_status; }
-    /// An answer that only precedes the real one.
+    /// Whether the status is 1xx: the real answer follows.
     [[nodiscard]] bool isInterim() const;
     [[nodiscard]] bool hasBody() const;
     [[nodiscard]] bool isChunked() const { return m_isChunked; }
     [[nodiscard]] bool isCompressed() const { return m_isCompressed; }
-    /// The size of the body as it is sent; none where only the connection's end tells it.
+    /// The size of the body in bytes, as it is sent; empty if the server has not announced it.
     [[nodiscard]] std::optional<qint64> contentLength() const { return m_contentLength; }
     [[nodiscard]] QByteArray location() const { return m_location; }
-    /// For how long the connection may be used again; zero where it may not.
+    /// How long the connection may be kept to be used again; zero if it may not be used again.
     [[nodiscard]] std::chrono::seconds keepAlive() const { return m_keepAlive; }
 
 private:

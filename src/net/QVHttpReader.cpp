@@ -41,7 +41,7 @@ void QVHttpReader::end()
 
 std::chrono::seconds QVHttpReader::keepAlive() const
 {
-    // Two ways to tell the body's size leave it open where the next answer begins.
+    // An answer with both chunks and a length does not tell for certain where the next answer begins.
     const bool isClear = !m_head.isChunked() || !m_head.contentLength();
     const bool isReusable = m_state == State::Complete && !m_hasSurplus && isClear;
     return isReusable ? m_head.keepAlive() : std::chrono::seconds::zero();
@@ -113,14 +113,14 @@ bool QVHttpReader::takeHead()
         complete();
         return true;
     }
-    // Chunks may be framed by as many bytes as they may hold.
+    // The lines that frame chunks may have as many bytes as the body.
     m_lineRoom += m_bodyLimit;
     if (m_head.isCompressed())
         m_inflater = std::make_unique<QVInflater>(m_bodyLimit);
     m_part = m_head.isChunked() ? Part::ChunkSize : Part::Body;
     if (m_head.isChunked())
         return true;
-    // A body without a length may be as long as there is room; one byte more breaks it.
+    // A body without a length may have m_bodyLimit bytes; one more is an error.
     m_partLeft = m_head.contentLength().value_or(m_bodyLimit + 1);
     if (m_partLeft == 0)
         complete();

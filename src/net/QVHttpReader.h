@@ -5,9 +5,9 @@
 
 #include <memory>
 
-/// Reads one answer to a GET from the bytes of a connection, as they come, within bounds: the body is no
-/// larger than its limit, neither compressed nor unpacked, and what is not body (heads, interim answers,
-/// the framing of chunks) is bounded too. Holds no more than that in memory.
+/// Reads one answer to a GET request from the bytes of a connection, as they arrive. The size of the body is
+/// limited, both as sent and unpacked. All other bytes (heads, interim answers, the framing of chunks) are
+/// limited, too. An answer that exceeds a limit is Broken.
 ///
 ///     QVHttpReader reader(1 << 20);
 ///     reader.read(bytes);
@@ -18,17 +18,18 @@ class QVHttpReader
 public:
     enum class State { Reading, Complete, Broken, CutShort };
 
-    /// \a bodyLimit is the size of the largest body that is taken, in bytes.
+    /// \a bodyLimit is the size of the largest allowed body, in bytes.
     explicit QVHttpReader(qint64 bodyLimit);
 
     void read(QByteArrayView bytes);
-    /// The connection has ended, which completes some answers and cuts others short.
+    /// Tells the reader that the connection has ended. That completes an answer without an announced length;
+    /// any other unfinished answer is CutShort.
     void end();
 
     [[nodiscard]] State state() const { return m_state; }
     [[nodiscard]] const QVHttpHead &head() const { return m_head; }
     [[nodiscard]] QByteArray body() const { return m_body; }
-    /// For how long the connection may be used again.
+    /// How long the connection may be kept to be used again; zero if it may not be used again.
     [[nodiscard]] std::chrono::seconds keepAlive() const;
 
 private:
@@ -51,7 +52,7 @@ private:
     qint64 m_lineRoom;
     /// How many more bytes of body may come.
     qint64 m_bodyRoom;
-    /// How many bytes are left of the body or of its present chunk.
+    /// How many bytes are left of the body or of the current chunk.
     qint64 m_partLeft = 0;
     std::unique_ptr<QVInflater> m_inflater;
     QByteArray m_body;

@@ -6,7 +6,7 @@
 namespace {
 
 constexpr std::size_t sliceSize = 1 << 14;
-// The largest window, and either of the two formats by its own header.
+// The largest window. Adding 32 makes zlib detect by the header whether the data are gzip or deflate.
 constexpr int windowOfEitherFormat = MAX_WBITS + 32;
 
 } // namespace
@@ -14,7 +14,7 @@ constexpr int windowOfEitherFormat = MAX_WBITS + 32;
 QVInflater::QVInflater(qint64 limit)
     : m_room(limit)
 {
-    // Where there is no memory for it the first call to inflate() says so.
+    // If there is no memory, the first call of inflate() fails.
     (void)inflateInit2(&m_stream, windowOfEitherFormat);
 }
 
@@ -26,7 +26,7 @@ QVInflater::~QVInflater()
 bool QVInflater::unpack(QByteArrayView packed, QByteArray &out)
 {
     std::array<char, sliceSize> slice{};
-    // zlib reads it only, whatever the type says.
+    // zlib only reads its input, although the type is not const.
     m_stream.next_in = reinterpret_cast<Bytef *>(const_cast<char *>(packed.data()));
     m_stream.avail_in = static_cast<uInt>(packed.size());
     do {
@@ -36,7 +36,7 @@ bool QVInflater::unpack(QByteArrayView packed, QByteArray &out)
         m_stream.avail_out = static_cast<uInt>(slice.size());
         const int result = inflate(&m_stream, Z_NO_FLUSH);
         m_isComplete = result == Z_STREAM_END;
-        // Z_BUF_ERROR: there was nothing left to do.
+        // Z_BUF_ERROR is not a failure: there was nothing left to do.
         if (result != Z_OK && result != Z_STREAM_END && result != Z_BUF_ERROR)
             return false;
         const qsizetype unpacked = static_cast<qsizetype>(slice.size() - m_stream.avail_out);

@@ -8,14 +8,14 @@
 class QVInflater
 {
 public:
-    /// \a limit is the most bytes that may come out.
+    /// \a limit is the largest allowed size of the unpacked data, in bytes.
     explicit QVInflater(qint64 limit);
     QVInflater(const QVInflater &) = delete;
     QVInflater &operator=(const QVInflater &) = delete;
     ~QVInflater();
 
-    /// Unpacks the next part and appends it to \a out. False where it is broken, continues behind its end
-    /// or is larger than the limit.
+    /// Unpacks the next part and appends it to \a out. Returns false if the data are broken, go on behind
+    /// their end, or exceed the limit.
     [[nodiscard]] bool unpack(QByteArrayView packed, QByteArray &out);
     /// Whether the compressed data have ended.
     [[nodiscard]] bool isComplete() const { return m_isComplete; }

@@ -4,7 +4,7 @@
 
 namespace {
 
-// An HTTP error status makes the reply fail although it has been read whole.
+// QNetworkReply reports an HTTP error status as an error, even if the answer is complete.
 QNetworkReply::NetworkError errorOf(const QNetworkReply &reply)
 {
     const QNetworkReply::NetworkError error = reply.error();
@@ -40,9 +40,10 @@ QVManagerExchange::~QVManagerExchange()
 void QVManagerExchange::start()
 {
     m_reply = m_manager.get(m_request);
-    // A busy event loop must not let the answer pile up unread.
+    // Limits the memory that an answer takes while the event loop is busy.
     m_reply->setReadBufferSize(m_bodyLimit + 1);
-    // Read as it comes: a host may read what its manager says has finished, before this hears of it.
+    // Read on arrival: slots of the host that are connected to the manager's finished() run before ours and
+    // may read the reply.
     connect(m_reply, &QNetworkReply::readyRead, this, &QVManagerExchange::read);
     connect(m_reply, &QNetworkReply::finished, this, &QVManagerExchange::finish);
     connect(&m_manager, &QObject::destroyed, this,
@@ -59,7 +60,7 @@ void QVManagerExchange::read()
 
 void QVManagerExchange::finish()
 {
-    // One that its host gave up is closed.
+    // A reply that the host has aborted is closed.
     if (m_reply->isOpen())
         read();
     m_result.httpStatus = m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();

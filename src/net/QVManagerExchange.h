@@ -6,8 +6,8 @@
 
 class QNetworkAccessManager;
 
-/// A GET through a manager of the host's, on the manager's thread. What the manager does with its
-/// connections is its own; no more than the limit is read of an answer.
+/// A GET request through the host's own network access manager, on that manager's thread. The manager decides
+/// about its connections. A body that exceeds the limit is an error.
 class QVManagerExchange final : public QVExchange
 {
     Q_OBJECT
@@ -26,7 +26,7 @@ private:
 
     QNetworkAccessManager &m_manager;
     QNetworkRequest m_request;
-    /// Owned by its manager, and destroyed with it.
+    /// Owned by the manager and destroyed with it.
     QPointer<QNetworkReply> m_reply;
     qint64 m_bodyLimit;
     bool m_isFinished = false;

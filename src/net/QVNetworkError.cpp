@@ -15,7 +15,7 @@ bool isUsable(const QNetworkInterface &interface)
 
 bool isOffline()
 {
-    // Asked only when a host has already loaded it: loading it talks to other processes.
+    // Used only if the host has loaded it already, since loading it talks to other processes.
     if (const QNetworkInformation *information = QNetworkInformation::instance())
         return information->reachability() == QNetworkInformation::Reachability::Disconnected;
     return std::ranges::none_of(QNetworkInterface::allInterfaces(), isUsable);
@@ -36,7 +36,7 @@ qint64 codeOf(QNetworkReply::NetworkError error)
     case QNetworkReply::HostNotFoundError:
         return codeOfUnreachable(QVError::HostNotFound);
     case QNetworkReply::TimeoutError:
-    // The time-out of a host's own manager.
+    // A host's own manager reports its transfer time-out like this.
     case QNetworkReply::OperationCanceledError:
         return QVError::TimedOut;
     case QNetworkReply::SslHandshakeFailedError:

@@ -8,16 +8,16 @@
 
 namespace QVNetworkError {
 
-/// The code of a request that was given up, which no host sees.
+/// The code of a cancelled request. It is never reported to a host.
 inline constexpr qint64 cancelled = -999;
 
-/// HTTP statuses from here on say that something went wrong.
+/// The lowest HTTP status that means an error.
 inline constexpr int firstErrorStatus = 400;
 
 } // namespace QVNetworkError
 
-/// An error of the platform, whose message is still to be chosen by its code.
+/// A transport error without a message, which is chosen later by \a code.
 [[nodiscard]] QVError qv_networkError(qint64 code);
-/// What kept a request from being answered; nothing where it was. Tells whether the machine is offline, for
-/// which it is called on the user-interface thread.
+/// The error of a request that was not answered; empty for NoError. Looks whether the machine is offline, and
+/// must therefore be called on the user-interface thread.
 [[nodiscard]] std::optional<QVError> qv_networkErrorOf(QNetworkReply::NetworkError error);

@@ -8,7 +8,7 @@
 
 namespace {
 
-// Never destroyed by itself: an application object that is a host's static may end after our statics.
+// The holder is never destroyed: a host's static application object may be destroyed after our statics.
 std::unique_ptr<QVNetworkSession> &sharedSession()
 {
     static auto *const session = new std::unique_ptr<QVNetworkSession>;
@@ -22,7 +22,7 @@ QVNetworkSession &QVNetworkSession::shared()
     std::unique_ptr<QVNetworkSession> &session = sharedSession();
     if (!session) {
         session = std::make_unique<QVNetworkSession>();
-        // Its thread and its sockets must be gone before the application object is.
+        // Its thread and its sockets must be destroyed before the application object.
         qAddPostRoutine([] { sharedSession().reset(); });
     }
     return *session;
@@ -36,7 +36,7 @@ QVNetworkSession::QVNetworkSession()
 
 QVNetworkSession::~QVNetworkSession()
 {
-    // Downloads first: their exchanges end on the thread.
+    // Downloads first: their destructors post to the thread.
     qDeleteAll(QObjectList(children()));
     m_thread.post([this] { m_pool.reset(); });
 }

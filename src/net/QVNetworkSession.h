@@ -6,8 +6,9 @@
 
 class QVConnectionPool;
 
-/// The component's own way to the network: a thread with the connections and everything that reads from
-/// them. Used on the user-interface thread. It ends with the application object, and what it owns with it.
+/// The component's own access to the network: a thread with the connections and everything that reads from
+/// them. Used on the user-interface thread. The shared session is destroyed with the application object. A
+/// session owns its downloads.
 class QVNetworkSession : public QObject
 {
     Q_OBJECT
@@ -19,11 +20,11 @@ public:
     [[nodiscard]] static QVNetworkSession &shared();
 
     [[nodiscard]] QVWorkerThread &thread() { return m_thread; }
-    /// Used on the network's thread only.
+    /// Used on the network thread only.
     [[nodiscard]] QVConnectionPool &pool() { return *m_pool; }
 
 private:
     std::unique_ptr<QVConnectionPool> m_pool;
-    // Last: ends before what it works with.
+    // Last, so that it is destroyed first: its tasks use the members above.
     QVWorkerThread m_thread;
 };

@@ -2,6 +2,5 @@
 
 #include <QString>
 
-/// Whether what is sent to an address can be read and changed on its way: it is plain HTTP, and not to this
-/// machine.
+/// Whether data sent to \a address can be read and changed on the way: it is plain HTTP to another machine.
 [[nodiscard]] bool qv_isOpenOnTheWay(const QString &address);

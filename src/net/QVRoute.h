@@ -4,16 +4,16 @@
 #include <QNetworkRequest>
 #include <QSslConfiguration>
 
-/// How a request reaches its server: through which proxy, to which address, and as whom it must identify
-/// itself. Requests of equal routes can share a connection.
+/// How a request reaches its server: the address, the proxy and its credentials, and the TLS configuration.
+/// Requests with equal routes can share a connection.
 struct QVRoute
 {
-    /// What the connection is made to: the server, or a proxy that is sent the whole address.
+    /// The host to connect to: the server, or a proxy that takes whole addresses.
     QString host;
     quint16 port = 0;
-    /// A proxy that passes bytes on unseen.
+    /// A proxy that passes all bytes on unchanged.
     QNetworkProxy tunnel;
-    /// Credentials for a proxy that is sent the whole address.
+    /// The credentials for a proxy that takes whole addresses.
     QByteArray proxyAuthorization;
     bool isToProxy = false;
     bool isEncrypted = false;
@@ -22,8 +22,7 @@ struct QVRoute
     bool operator==(const QVRoute &) const = default;
 };
 
-/// Asks for the application's or the system's proxies, which may take time: not for the user-interface
-/// thread.
+/// Looks up the application's or the system's proxies. That may block: not for the user-interface thread.
 [[nodiscard]] QVRoute qv_routeOf(const QNetworkRequest &request);
-/// A GET as it is sent over a connection of that route.
+/// The bytes of a GET request, as they are sent over a connection for \a route.
 [[nodiscard]] QByteArray qv_requestBytes(const QNetworkRequest &request, const QVRoute &route);

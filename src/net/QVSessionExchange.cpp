@@ -5,9 +5,9 @@
 
 struct QVSessionExchange::Shared
 {
-    /// Null once that has ended. Used on the user-interface thread only.
+    /// Null once the exchange was destroyed. Used on the user-interface thread only.
     QVSessionExchange *exchange;
-    /// Used on the network's thread only.
+    /// Used on the network thread only.
     std::unique_ptr<QVHttpExchange> http;
 };
 

@@ -6,7 +6,7 @@
 
 struct QVSocketEnd
 {
-    /// Nobody hears of an end that is our own.
+    /// Disconnects all slots first: closing a socket ourselves must not emit a signal.
     void operator()(QTcpSocket *socket) const
     {
         socket->disconnect();
@@ -14,10 +14,10 @@ struct QVSocketEnd
     }
 };
 
-/// A socket that is closed without a signal. Never destroyed in a slot of its own signals.
+/// A socket that is closed without a signal. Must not be destroyed in a slot of its own signals.
 using QVSocket = std::unique_ptr<QTcpSocket, QVSocketEnd>;
 
-/// Ends \a socket once the signal that is being handled has returned.
+/// Destroys \a socket from the event loop. For slots of its own signals.
 inline void qv_endLater(QVSocket socket)
 {
     socket->disconnect();

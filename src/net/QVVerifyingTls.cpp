@@ -6,7 +6,7 @@ QSslConfiguration qv_verifyingTls()
 {
     QSslConfiguration tls = QSslConfiguration::defaultConfiguration();
     tls.setPeerVerifyMode(QSslSocket::VerifyPeer);
-    // Nothing else is spoken here.
+    // The only protocol that the component's own connections use.
     tls.setAllowedNextProtocols({QByteArrayLiteral("http/1.1")});
     return tls;
 }

@@ -2,6 +2,5 @@
 
 #include <QSslConfiguration>
 
-/// The process's TLS configuration, with its authorities, in which certificates are verified whatever the
-/// host has set.
+/// The process's TLS configuration, with its certificate authorities, but with verification always on.
 [[nodiscard]] QSslConfiguration qv_verifyingTls();
