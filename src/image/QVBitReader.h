@@ -2,7 +2,7 @@
 
 #include <QByteArrayView>
 
-/// Takes numbers of single bits off bytes, the lowest bit first.
+/// Reads numbers of any count of bits from bytes, the lowest bit first.
 class QVBitReader
 {
 public:
@@ -11,7 +11,7 @@ public:
     {
     }
 
-    /// Whether more was taken than there is; that was all zeros.
+    /// Whether more was read than there is. Bits behind the end are zero.
     [[nodiscard]] bool hasFailed() const { return m_position > m_bytes.size() * bitsPerByte; }
 
     quint32 take(int count)

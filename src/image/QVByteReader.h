@@ -2,8 +2,8 @@
 
 #include <QByteArrayView>
 
-/// Takes the bytes of a file apart, from the front. What is read behind their end is zero or empty, and
-/// said by hasFailed().
+/// Reads the bytes of a file from the front. A read behind the end gives zero or nothing, and hasFailed() is
+/// true from then on.
 class QVByteReader
 {
 public:

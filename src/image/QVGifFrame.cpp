@@ -53,7 +53,7 @@ QByteArray qv_gifFrame(QByteArrayView file)
     reader.take(colourTableSize(flags));
     const QByteArrayView head = file.first(reader.position());
 
-    // Which colour is transparent, and whether the frame stays, is said in front of it.
+    // A control block before the frame tells which colour is transparent, and whether the frame stays.
     QByteArrayView control;
     while (!reader.hasFailed()) {
         const qsizetype start = reader.position();

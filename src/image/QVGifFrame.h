@@ -3,5 +3,5 @@
 #include <QByteArray>
 #include <QByteArrayView>
 
-/// QVFirstFrame's bytes for a GIF file; empty where it is refused.
+/// The bytes of QVFirstFrame for a GIF file; empty if the file is refused.
 [[nodiscard]] QByteArray qv_gifFrame(QByteArrayView file);

@@ -20,18 +20,19 @@ QImage read(const QVFirstFrame &frame, const std::stop_token &stop)
     reader.setAutoDetectImageFormat(false);
     reader.setAutoTransform(true);
     const QImage image = reader.read();
-    // What was stopped may look like a picture that was cut short.
+    // A decoder that was stopped may return the part that it has read.
     return device.isStopped() ? QImage() : image;
 }
 
-/// In the format that painting does not convert anew each time, on the user-interface thread.
+/// Converts \a image to a format that need not be converted each time it is painted on the user-interface
+/// thread.
 QImage paintable(const QImage &image)
 {
     const auto format = image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32;
     if (image.format() == format)
         return image;
-    // Row by row, since Qt shares larger pictures out among the threads of a pool, and waits for them
-    // behind whatever the host has them do.
+    // Row by row: Qt would convert a larger picture on the threads of its global pool, and wait there behind
+    // the work of the host.
     QImage result(image.size(), format);
     for (int y = 0; y < result.height(); ++y) {
         QImage row(image.constScanLine(y), image.width(), 1, image.bytesPerLine(), image.format());
@@ -49,7 +50,7 @@ QImage qv_decodedImage(const QByteArray &bytes, const std::stop_token &stop)
     try {
         const QVFirstFrame frame = QVFirstFrame::ofFile(bytes);
         const QImage image = frame.format.isEmpty() ? QImage() : read(frame, stop);
-        // A decoder may make another size of a broken file than it tells.
+        // The decoded size of a broken file may differ from the size in its header.
         return qv_isPictureSizeAllowed(image.width(), image.height()) ? paintable(image) : QImage();
     } catch (const std::bad_alloc &) {
         return {};

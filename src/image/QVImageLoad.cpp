@@ -62,7 +62,7 @@ void QVImageLoad::readFromDisk()
 void QVImageLoad::download()
 {
     auto *const host = QVConfigurationManager::sharedManager().networkAccessManager();
-    // A host's own network manager has a cache of its own, or none on purpose.
+    // A host's network manager has its own cache, or none on purpose.
     m_isForDisk = !host;
     m_download = QVBoundedDownload::start(QVNetworkSession::shared(), host, QNetworkRequest(QUrl(m_address)),
                                           limits, [this](const QVBoundedDownload::Result &result) {

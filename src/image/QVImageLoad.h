@@ -13,8 +13,8 @@
 class QVBackgroundWork;
 class QVImageResources;
 
-/// One picture on its way: from memory, or from disk or the network by decoding. Owned by its resources; it
-/// destroys itself once it has completed.
+/// The load of one picture: from memory, or decoded from disk or from the network. Owned by its resources; it
+/// deletes itself after it has completed.
 class QVImageLoad final : public QObject
 {
     Q_OBJECT
@@ -35,7 +35,7 @@ private:
     void readFromDisk();
     void decode(const QByteArray &bytes);
     void handleDecoded(const QImage &image);
-    /// For what is not bounded by itself: the disk and the decoder.
+    /// The deadline for the disk and the decoder. The download has its own.
     void startDeadline();
     void stopDecoding();
     void fail(qint64 code);
@@ -49,6 +49,6 @@ private:
     const std::chrono::nanoseconds m_start = QVScheduler::shared().now();
     QVTimer m_deadline;
     QByteArray m_bytes;
-    /// Whether it is written to disk once it has turned out to be a picture.
+    /// Whether the bytes are written to disk once they have been decoded.
     bool m_isForDisk = false;
 };

@@ -9,7 +9,7 @@
 
 QVImageLoader &QVImageLoader::shared()
 {
-    // Never destroyed: an application object that is a host's static may end after ours.
+    // Never destroyed: a host's static application object may be destroyed after our statics.
     static auto *const loader = new QVImageLoader;
     return *loader;
 }
@@ -40,7 +40,7 @@ QVImageResources &QVImageLoader::resources()
 {
     if (!m_resources) {
         m_resources = std::make_unique<QVImageResources>();
-        // Sockets and threads must be gone before the application object is.
+        // Sockets and threads must be destroyed before the application object.
         qAddPostRoutine([] { shared().m_resources.reset(); });
     }
     return *m_resources;

@@ -15,8 +15,8 @@ class QVImageResources;
 class QUARVO_CORE_EXPORT QVImageLoader
 {
 public:
-    /// Receives a picture, or a null one and the error: on the main thread, exactly once unless
-    /// the application object goes first, never before the call to load() has returned.
+    /// Receives the picture, or a null one and the error. Called on the main thread, exactly once unless the
+    /// application object is destroyed before, and never before load() has returned.
     using Completion = std::function<void(QImage, std::optional<QVError>)>;
 
     QVImageLoader(const QVImageLoader &) = delete;
@@ -24,8 +24,7 @@ public:
 
     [[nodiscard]] static QVImageLoader &shared();
 
-    /// Does ahead what the first load needs, so that its picture need not wait for it: a folder on disk
-    /// and the decoder of the usual format.
+    /// Prepares the folder on disk and the decoder of the usual format, so that the first load is faster.
     void prepare();
     /// Whether a picture is being decoded, or read from disk.
     [[nodiscard]] bool isWorking() const;

@@ -2,7 +2,7 @@
 
 namespace {
 
-// An address is hardly ever used twice.
+// The same address is hardly ever loaded twice.
 constexpr qsizetype mostInMemory = 2;
 
 } // namespace
@@ -14,7 +14,7 @@ QVImageResources::QVImageResources()
 
 QVImageResources::~QVImageResources()
 {
-    // Loads use what is destroyed next.
+    // Loads first: they use the members.
     qDeleteAll(QObjectList(children()));
 }
 

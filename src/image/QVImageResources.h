@@ -9,8 +9,8 @@
 #include <condition_variable>
 #include <mutex>
 
-/// What all picture loads share: the decoded pictures last used, those on disk, and the work on threads of
-/// their own. Owns the loads that are under way.
+/// What all picture loads share: the last decoded pictures, the pictures on disk, and the work on other
+/// threads. Owns the loads that are under way.
 class QVImageResources : public QObject
 {
     Q_OBJECT
@@ -19,9 +19,9 @@ public:
     QVImageResources();
     ~QVImageResources() override;
 
-    /// Starts work that ends with the resources at the latest. Two works are done at a time, which bounds
-    /// the memory of decoding and how long the end of a process can take; the others wait, and are
-    /// dropped where they are stopped meanwhile.
+    /// Starts \a work on another thread. It is stopped when the resources are destroyed. At most two run at a
+    /// time, which limits the memory for decoding and the time that the end of the process takes. The others
+    /// wait, and do not run if they are stopped meanwhile.
     QVBackgroundWork *start(const QVBackgroundWork::Work &work);
     [[nodiscard]] bool isWorking() const { return !m_works.children().isEmpty(); }
 

@@ -7,8 +7,8 @@
 
 namespace {
 
-// Usual encoders make ten, thorough ones some twenty. Each is another pass over all blocks, of which an empty
-// one takes a decoder milliseconds and the file a dozen bytes.
+// Usual encoders write ten scans, thorough ones about twenty. Each scan is another pass over all blocks: even
+// an empty one, a dozen bytes in the file, takes a decoder milliseconds.
 constexpr int mostScans = 64;
 constexpr int mostComponents = 4;
 // A segment's length counts itself.
@@ -29,7 +29,7 @@ enum Marker : quint8 {
     Comment = 0xfe,
 };
 
-/// Copies a file, segment by segment.
+/// Copies the needed segments of a file.
 class Copy
 {
 public:
@@ -41,7 +41,7 @@ public:
         m_kept += m_reader.take(2);
     }
 
-    /// Empty where a segment is refused, or the end is missing.
+    /// The copy; empty if a segment is refused or the end is missing.
     QByteArray take()
     {
         while (takeSegment()) {
@@ -50,7 +50,7 @@ public:
     }
 
 private:
-    /// False behind the last one.
+    /// Returns false after the last segment, or if one is refused.
     bool takeSegment()
     {
         const qsizetype start = m_reader.position();
@@ -97,7 +97,8 @@ private:
                frame.byte() <= mostComponents;
     }
 
-    /// Of what programs may add, how the colours are coded and which side is up, each once.
+    /// Of the application segments, only the first with the colour coding and the first with the orientation
+    /// are needed.
     bool isNeeded(quint8 marker, QByteArrayView content)
     {
         if (marker == Comment)
@@ -111,7 +112,7 @@ private:
         return isKnown && !(std::exchange(m_applications, m_applications | flag) & flag);
     }
 
-    /// To the next marker, other than those within a scan.
+    /// Skips to the next marker that does not belong to the scan.
     void skipScan()
     {
         qsizetype end = m_file.indexOf('\xff', m_reader.position());

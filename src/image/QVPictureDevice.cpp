@@ -6,7 +6,7 @@ QVPictureDevice::QVPictureDevice(QByteArrayView bytes, std::stop_token stop)
     : m_bytes(bytes)
     , m_stop(std::move(stop))
 {
-    // Qt's own buffer would read much at a time.
+    // Qt's buffer would read large parts at once, and the decoder could not be stopped between them.
     open(QIODevice::ReadOnly | QIODevice::Unbuffered);
 }
 

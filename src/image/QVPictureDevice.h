@@ -6,13 +6,13 @@
 
 #include <stop_token>
 
-/// The bytes of a picture, for a decoder, which finds them at their end once it is told to stop or its
-/// time is up. That is the one way to stop Qt's decoders, which read again and again while they work.
-/// Made on the thread that decodes.
+/// The bytes of a picture, for a decoder. Once a stop is requested or the time is up, reads report the end of
+/// the bytes. That is the only way to stop Qt's decoders, which read in small steps. Create it on the thread
+/// that decodes.
 class QVPictureDevice final : public QIODevice
 {
 public:
-    /// The most processor time that decoding takes. A usual picture takes a hundredth of it.
+    /// The processor time after which the decoder is stopped. A usual picture takes a hundredth of it.
     static constexpr std::chrono::milliseconds limit{1000};
 
     /// \a bytes must outlive the device.

@@ -10,7 +10,7 @@
 namespace {
 
 constexpr qint64 bytesOnDisk = 16 << 20;
-// Hardly a picture is asked for twice; the disk has room for some hundred.
+// A picture is hardly ever loaded twice; the disk cache has room for some hundred.
 constexpr qsizetype mostRemembered = 100;
 
 } // namespace
@@ -20,7 +20,7 @@ class QVPictureDisk::Store
 public:
     void open()
     {
-        // A disk that has no place for the folder is not asked again.
+        // If the folder cannot be made, it is not tried again.
         const QString folder =
             std::exchange(m_wasOpened, true) ? QString() : QVPictureCacheFolder::shared().path();
         if (folder.isEmpty())
@@ -35,7 +35,7 @@ public:
         open();
         QNetworkCacheMetaData description;
         description.setUrl(address);
-        // From Qt 6.8 on an entry without a header is taken for a broken one.
+        // Qt 6.8 and later treat an entry without a header as broken.
         description.setRawHeaders({{"Content-Length", QByteArray::number(bytes.size())}});
         QIODevice *const device = m_cache ? m_cache->prepare(description) : nullptr;
         if (!device)
@@ -71,7 +71,7 @@ QVPictureDisk::~QVPictureDisk()
 
 void QVPictureDisk::post(QVTaskQueue::Task task)
 {
-    // A process that ends waits for the call under way on a slow disk, and for no other.
+    // At its end the process waits for the task under way on a slow disk, but not for those still queued.
     m_thread.post([this, task = std::move(task)] {
         if (!m_isEnding)
             task();

@@ -7,8 +7,8 @@
 #include <atomic>
 #include <memory>
 
-/// The pictures on disk, in a thread of its own: nobody waits for a slow disk but a picture that is read from
-/// it. Used on the user-interface thread.
+/// The pictures on disk. The disk is accessed on a worker thread, so that a slow one delays only the picture
+/// that is read from it. Used on the user-interface thread.
 class QVPictureDisk : public QObject
 {
     Q_OBJECT
@@ -17,20 +17,20 @@ public:
     QVPictureDisk();
     ~QVPictureDisk() override;
 
-    /// Starts making the folder.
+    /// Makes the folder in the background.
     void prepare();
     /// Whether a picture was written here by this process. What earlier ones wrote is not used.
     [[nodiscard]] bool holds(const QString &address) const { return m_written.contains(address); }
     void write(const QString &address, const QByteArray &bytes);
-    /// Answers by wasRead().
+    /// The answer is the signal wasRead().
     void read(const QString &address);
 
 Q_SIGNALS:
-    /// Empty where the picture is no longer there.
+    /// \a bytes are empty if the picture is no longer there.
     void wasRead(const QString &address, const QByteArray &bytes);
 
 private:
-    /// What the thread works with.
+    /// The cache, used on the thread only.
     class Store;
 
     void post(QVTaskQueue::Task task);
@@ -38,6 +38,6 @@ private:
     std::unique_ptr<Store> m_store;
     std::atomic<bool> m_isEnding = false;
     QStringList m_written;
-    // Last: ends before what it works with.
+    // Last, so that it is destroyed first: its tasks use the members above.
     QVWorkerThread m_thread;
 };

@@ -14,8 +14,8 @@ struct Chunk
     quint32 longest;
 };
 
-// In the order in which a file has them. All others are texts, colour profiles, which painting does not
-// heed, and later frames.
+// In the order of a file. All other chunks are texts, colour profiles (which painting ignores) and later
+// frames.
 constexpr std::array neededChunks{Chunk{"IHDR", 13}, Chunk{"PLTE", 3 * 256}, Chunk{"tRNS", 256},
                                   Chunk{"IDAT", 0x7fffffff}, Chunk{"IEND", 0}};
 constexpr auto *const header = &neededChunks[0];

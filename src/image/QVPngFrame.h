@@ -3,5 +3,5 @@
 #include <QByteArray>
 #include <QByteArrayView>
 
-/// QVFirstFrame's bytes for a PNG file; empty where it is refused.
+/// The bytes of QVFirstFrame for a PNG file; empty if the file is refused.
 [[nodiscard]] QByteArray qv_pngFrame(QByteArrayView file);

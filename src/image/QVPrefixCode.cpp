@@ -22,7 +22,8 @@ int QVPrefixCode::take(QVBitReader &bits) const
 {
     if (m_symbols.size() == 1)
         return m_symbols.front();
-    // The codes of a length follow each other, behind those of the length before, with a zero added.
+    // The codes of one length are consecutive numbers. The first is the number after the last shorter code,
+    // with a zero bit appended.
     int code = 0;
     int first = 0;
     int index = 0;

@@ -20,7 +20,8 @@ int blocks(int length, int bits)
     return (length + (1 << bits) - 1) >> bits;
 }
 
-/// Reads the packed pictures in front of the pixels, each of which says something of blocks of them.
+/// Reads the packed pictures that precede the pixels. A pixel of these describes a block of pixels of the
+/// picture.
 class Head
 {
 public:
@@ -66,7 +67,7 @@ private:
         }
     }
 
-    /// Pictures of few colours have several pixels in one.
+    /// A picture of few colours packs several pixels into one.
     void takePalette(QSize &size)
     {
         const int colours = int(m_bits.take(8)) + 1;
@@ -81,7 +82,7 @@ private:
         return {blocks(size.width(), bits), blocks(size.height(), bits)};
     }
 
-    /// The number of recent colours that can be named by their place.
+    /// The size of the colour cache: recent colours, which a pixel can name by index.
     int takeColourCache()
     {
         constexpr int mostBits = 11;
@@ -92,8 +93,8 @@ private:
         return isBroken() ? 0 : 1 << bits;
     }
 
-    /// The highest number that red and green of a pixel are together. What is repeated was there before,
-    /// so that only pixels in full matter.
+    /// The highest 16-bit number that red and green of any pixel form. A repeated pixel has occurred before,
+    /// so only literal pixels count.
     int takePicture(QSize size)
     {
         const int cache = takeColourCache();
@@ -120,7 +121,7 @@ private:
         return highest;
     }
 
-    /// A number of which the prefix tells the length and the first bits.
+    /// Reads a number whose prefix gives its length and its first bits.
     qint64 takePrefixed(int prefix)
     {
         if (prefix < 4)
@@ -213,7 +214,7 @@ QVWebPCodes QVWebPCodes::ofPicture(QByteArrayView chunk)
         return {};
     Head head(chunk.sliced(1));
     const QSize size = head.takeSize();
-    // What follows is read for each pixel.
+    // The cost of the following reads grows with the number of pixels.
     if (!qv_isPictureSizeAllowed(size.width(), size.height()))
         return {};
     const int groups = head.takeGroups(size);

@@ -5,12 +5,12 @@
 
 #include <limits>
 
-/// How many groups of prefix codes a losslessly packed WebP picture has. Each is a set of tables that the
-/// decoder keeps, and nothing but the picture's packed head tells how many there are.
+/// The number of groups of prefix codes in a lossless WebP picture. Each group is a set of tables in the
+/// decoder's memory. Only the packed head of the picture tells the number.
 struct QVWebPCodes
 {
     QSize size;
-    /// More than any file has where the head is broken.
+    /// If the head is broken, more than any file has.
     int groups = std::numeric_limits<int>::max();
 
     /// The count of a chunk VP8L, which holds its own size.

@@ -8,8 +8,8 @@
 
 namespace {
 
-// A decoder keeps up to 20 KiB of tables for each group, and a file can name 65,536 of them in 300 KB.
-// Encoders join the groups of some 2,600 blocks to a few hundred.
+// A decoder keeps up to 20 KiB of tables for each group, and a file of 300 KB can have 65,536 groups.
+// Encoders use a few hundred for a picture of some 2,600 blocks.
 constexpr int mostCodeGroups = 1000;
 
 struct RiffChunk
@@ -26,7 +26,7 @@ RiffChunk takeChunk(QVByteReader &reader)
     chunk.type = reader.take(4);
     const quint32 length = reader.littleEndian(4);
     chunk.content = reader.take(length);
-    // Chunks begin at even places; the last one's filling may be missing.
+    // Chunks begin at even offsets; the padding of the last one may be missing.
     if (length % 2 == 1 && !reader.isAtEnd())
         reader.byte();
     return chunk;
@@ -48,7 +48,7 @@ bool isSizeAllowed(QSize size)
     return qv_isPictureSizeAllowed(size.width(), size.height());
 }
 
-/// The size of a picture of which some colours are lost; empty where it is none.
+/// The size of a lossy picture (VP8); empty if the content is not one.
 QSize lossySize(QByteArrayView content)
 {
     constexpr quint32 startCode = 0x2a019d;
@@ -61,7 +61,7 @@ QSize lossySize(QByteArrayView content)
     return {int(width), int(reader.littleEndian(2) & sizeMask)};
 }
 
-/// The chunks of one frame's pixels: a picture, and in front of a lossy one its transparency.
+/// The chunks of one frame: the picture, preceded by the transparency if it is a lossy one.
 QByteArray pixelChunks(QVByteReader &reader)
 {
     RiffChunk alpha;
@@ -109,7 +109,7 @@ QByteArray animationChunks(QVByteReader &reader)
     return {};
 }
 
-/// What follows the head of a file that has more than a picture in it.
+/// The chunks of an extended file, which may have more in it than a picture.
 QByteArray extendedChunks(QByteArrayView head, QVByteReader &reader)
 {
     constexpr quint8 isAnimated = 0x02;

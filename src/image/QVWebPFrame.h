@@ -3,5 +3,5 @@
 #include <QByteArray>
 #include <QByteArrayView>
 
-/// QVFirstFrame's bytes for a WebP file; empty where it is refused.
+/// The bytes of QVFirstFrame for a WebP file; empty if the file is refused.
 [[nodiscard]] QByteArray qv_webPFrame(QByteArrayView file);
