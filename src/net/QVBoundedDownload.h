@@ -32,7 +32,7 @@ public:
     {
         QByteArray body;
         int httpStatus = 0;
-        /// The transport error. Empty if there was an answer, whatever its HTTP status.
+        /// The transport error. Empty if the answer was read in full, whatever its HTTP status.
         std::optional<QVError> error;
     };
     using Completion = std::function<void(const Result &)>;

@@ -25,7 +25,7 @@ void QVBackgroundWork::postEnd()
 
 void QVBackgroundWork::customEvent(QEvent *)
 {
-    // What the thread wrote is only now safe to read.
+    // After the join, everything that the thread has written is safe to read.
     if (m_thread.joinable())
         m_thread.join();
     deleteLater();

@@ -6,10 +6,11 @@
 #include <stop_token>
 #include <thread>
 
-/// Work on a thread of its own, which is reported where it was started. Deletes itself after that.
+/// Runs a function on a new thread and emits finished() on the thread that created this. Deletes itself after
+/// that.
 ///
-/// Destroyed before, it asks the work to stop and waits for it. Work must therefore heed its stop token,
-/// or be short.
+/// If it is destroyed before, it asks the work to stop and waits for it. So the work must check its stop
+/// token, or be short.
 class QVBackgroundWork final : public QObject
 {
     Q_OBJECT
@@ -17,10 +18,10 @@ class QVBackgroundWork final : public QObject
 public:
     using Work = std::function<void(const std::stop_token &)>;
 
-    /// Starts at once. Where no thread is to be had, nothing is done, and reported as finished.
+    /// Starts at once. If no thread can be created, the work is not done, but finished() is emitted.
     QVBackgroundWork(const Work &work, QObject *parent);
 
-    /// Asks the work to stop, and waits for nothing.
+    /// Asks the work to stop, without waiting.
     void stop() { m_thread.request_stop(); }
 
 Q_SIGNALS:

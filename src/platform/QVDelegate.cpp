@@ -5,7 +5,7 @@ QVDelegate::QVDelegate()
 {
 }
 
-// A copy has a life of its own: whoever holds the original must not see the copy's end, nor the
+// A copy has its own m_life: weak pointers to the original stay valid when the copy is destroyed, and the
 // other way round.
 QVDelegate::QVDelegate(const QVDelegate &)
     : QVDelegate()

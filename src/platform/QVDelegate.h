@@ -7,8 +7,8 @@
 
 /// Base of every delegate: lets the component hold it weakly, whatever else its class inherits.
 ///
-/// A host derives from one of the concrete delegates and hands over a plain pointer; it keeps the
-/// ownership and may destroy the delegate at any time, after which nothing is called any more.
+/// A host derives from one of the concrete delegates and passes a plain pointer. The host keeps the ownership
+/// and may destroy the delegate at any time; it is not called any more after that.
 /// Delegates live on the user-interface thread.
 class QUARVO_EXPORT QVDelegate
 {
@@ -16,11 +16,11 @@ public:
     virtual ~QVDelegate();
 
 protected:
-    /// Begins a life of its own, of which weak holders see the end.
+    /// Weak pointers to this delegate become null when it is destroyed.
     QVDelegate();
-    /// A copy has a life of its own, too.
+    /// Weak pointers to \a other do not refer to the copy.
     QVDelegate(const QVDelegate &other);
-    /// Who holds this one goes on holding it.
+    /// Weak pointers to both delegates stay as they are.
     QVDelegate &operator=(const QVDelegate &other);
 
 private:
@@ -35,11 +35,11 @@ template<class Delegate>
 class QVWeakDelegate
 {
 public:
-    /// Holds none.
+    /// A null pointer.
     QVWeakDelegate() = default;
 
-    /// Holds \a delegate, which may be null. Implicit, so that a field of this type is assigned like the
-    /// plain pointer it stands for.
+    /// Points to \a delegate, which may be null. Implicit, so that a plain pointer can be assigned to a field
+    /// of this type.
     // NOLINTNEXTLINE(google-explicit-constructor)
     QVWeakDelegate(Delegate *delegate)
         : m_delegate(delegate)
@@ -49,9 +49,9 @@ public:
             m_life = static_cast<const QVDelegate *>(delegate)->m_life;
     }
 
-    /// The delegate, null once it was destroyed.
+    /// The delegate; null once it was destroyed.
     [[nodiscard]] Delegate *get() const { return m_life.expired() ? nullptr : m_delegate; }
-    /// Whether get() gives one.
+    /// Whether get() is not null.
     [[nodiscard]] explicit operator bool() const { return get() != nullptr; }
 
 private:

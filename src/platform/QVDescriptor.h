@@ -3,7 +3,7 @@
 #include <unistd.h>
 #include <utility>
 
-/// An open file descriptor, closed by its owner's end.
+/// Owns an open file descriptor and closes it when destroyed.
 class QVDescriptor
 {
 public:

@@ -29,7 +29,7 @@ class QUARVO_EXPORT QVError
 public:
     /// What a failure means. The numbers are those of the service and of the platform, and stay the same.
     enum Code : qint64 {
-        UnexpectedAnswer = 0,       ///< The answer is JSON, but none of the service's.
+        UnexpectedAnswer = 0,       ///< The answer is JSON, but not an answer of the service.
         AccessDenied = 101,         ///< The service does not accept the verification id.
         RefreshTooFast = 105,       ///< New pictures were asked for too fast.
         TooManyRefreshes = 106,     ///< New pictures were asked for too often.
@@ -37,37 +37,37 @@ public:
         Expired = 1002,             ///< The picture was answered too late, or twice.
         OtherFailure = -1,          ///< Anything that has no other code, such as an answer that is too large.
         BadAddress = -1000,         ///< An address is malformed, or names no host.
-        TimedOut = -1001,           ///< No answer in time, or the attempt took longer than the host lets it.
+        TimedOut = -1001,           ///< No answer in time, or the attempt took longer than the host allows.
         UnsupportedAddress = -1002, ///< An address is neither http nor https, or empty.
         HostNotFound = -1003,       ///< The server's name is not known.
         CannotConnect = -1004,      ///< Nobody listens at the address.
         ConnectionLost = -1005,     ///< The connection ended before the answer was there.
         NotConnected = -1009,       ///< The machine has no network.
         TlsFailed = -1200,          ///< The connection could not be secured.
-        NotJson = 3840,             ///< The answer is no JSON.
-        PictureNotLoaded = 10000,   ///< The picture is missing, too large, or none.
-        CannotBeShown = 10001,      ///< The user has to draw, and nothing can be shown to draw on.
+        NotJson = 3840,             ///< The answer is not JSON.
+        PictureNotLoaded = 10000,   ///< The picture is missing, is too large, or cannot be decoded.
+        CannotBeShown = 10001,      ///< The user has to draw, but the picture cannot be shown.
     };
     Q_ENUM(Code)
 
-    /// No message, code 0.
+    /// An error without a message, with code 0.
     QVError() = default;
-    /// An error as it is to be shown.
+    /// An error with the message \a domain, which is shown as it is.
     explicit QVError(QString domain, qint64 code = 0, QVariantMap userInfo = {});
 
     /// The message for the user.
     [[nodiscard]] QString domain() const { return m_domain; }
-    /// What went wrong, for the host.
+    /// What went wrong: one of Code, or an unknown number from the service.
     [[nodiscard]] qint64 code() const { return m_code; }
-    /// What else is known.
+    /// Further information; contains "QVCustonErrorKey" if the service itself refused.
     [[nodiscard]] QVariantMap userInfo() const { return m_userInfo; }
 
-    /// Compares all three.
+    /// Compares domain, code and userInfo.
     friend bool operator==(const QVError &a, const QVError &b)
     {
         return a.m_domain == b.m_domain && a.m_code == b.m_code && a.m_userInfo == b.m_userInfo;
     }
-    // C++17 does not make it from the one above.
+    // C++17 does not derive it from operator==.
     friend bool operator!=(const QVError &a, const QVError &b) { return !(a == b); }
 
 private:

@@ -79,7 +79,7 @@ void QVFolderHandle::removeFile(const QString &name) const
 
 QVDescriptor QVFolderHandle::makeLock(const QString &name) const
 {
-    // Locked before it has its name, so that nobody can find it unlocked meanwhile.
+    // Locked before it gets its name, so that no other process can find it unlocked.
     const QByteArray file = QFile::encodeName(name);
     const QByteArray unnamed = file + ".new";
     QVDescriptor lock(

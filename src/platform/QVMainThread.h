@@ -2,13 +2,13 @@
 
 #include "platform/QuarvoCoreExport.h"
 
-/// Stops a debug build when the component itself leaves the thread of the application object.
+/// Asserts that the component's own code runs on the thread of the application object.
 QUARVO_CORE_EXPORT void qv_assertMainThread();
 
-/// Whether a host's call may go on: there is an application object, and the call is made in its thread.
-/// Otherwise the log is warned of \a call, which is Q_FUNC_INFO. Every public call that does or changes
-/// something begins with it.
+/// Whether a call by the host is allowed: there is an application object, and the call is made on its thread.
+/// Otherwise logs a warning with the name \a call, which is Q_FUNC_INFO. Every public function that does or
+/// changes something checks this first.
 QUARVO_CORE_EXPORT bool qv_mayCall(const char *call);
 
-/// Whether there is a QApplication, which \a call needs for its widgets. Otherwise the log is warned, too.
+/// Whether there is a QApplication, which \a call needs for its widgets. Otherwise logs a warning, too.
 [[nodiscard]] QUARVO_CORE_EXPORT bool qv_hasWidgets(const char *call);

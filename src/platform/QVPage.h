@@ -4,8 +4,8 @@
 
 #include <QString>
 
-/// Opens a web page in the user's browser and tells whether that was tried.
+/// Opens a web page in the user's browser. Returns whether that was tried.
 ///
-/// The address may come from the network, so only http and https are let through: any other scheme
-/// would hand a stranger the desktop's whole set of registered programs.
+/// The address may come from the network, so only http and https are allowed: any other scheme could start
+/// any program that the desktop has registered for it.
 QUARVO_CORE_EXPORT bool qv_openPage(const QString &address);

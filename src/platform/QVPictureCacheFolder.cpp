@@ -34,15 +34,15 @@ bool isNamed(const QString &name, const QString &pattern)
     return QRegularExpression(QRegularExpression::anchoredPattern(pattern)).match(name).hasMatch();
 }
 
-/// Closed where the folder is missing, a link, another user's, or open to others.
+/// Closed if the folder is missing, is a link, belongs to another user, or is open to others.
 QVFolderHandle openRoot(const QString &cache)
 {
     QVFolderHandle root = QVFolderHandle(cache).subfolder(rootName());
     return root.isPrivate() ? std::move(root) : QVFolderHandle();
 }
 
-/// Removes the files that QNetworkDiskCache makes, and what folders of its making are empty then.
-/// \a folderNames are those of each level, as patterns.
+/// Removes the files that QNetworkDiskCache makes, and its folders that are empty after that. \a folderNames
+/// has a pattern for the names of each level.
 void removeCacheFiles(const QVFolderHandle &folder, std::span<const QString> folderNames)
 {
     for (const QString &name : folder.names()) {
@@ -90,7 +90,8 @@ QString QVPictureCacheFolder::path()
                   "No pictures are kept on disk: there is no cache folder that only its user can read");
         return {};
     }
-    // A host may have named itself, and thereby another cache, only since the first clearing.
+    // The cache location depends on the application's name, which the host may have set since the first
+    // clearing.
     removeAbandonedFolders(cache);
     return m_folder.path();
 }
@@ -99,7 +100,7 @@ bool QVPictureCacheFolder::make(const QString &cache)
 {
     if (cache.isEmpty() || !QDir().mkpath(cache))
         return false;
-    // What is there already is looked at when it is opened.
+    // If the folder exists already, openRoot() checks it.
     (void)QVFolderHandle(cache).makeSubfolder(rootName());
     const QVFolderHandle root = openRoot(cache);
     const QString name = QUuid::createUuid().toString(QUuid::Id128);

@@ -4,23 +4,23 @@
 
 #include <QString>
 
-/// Where downloaded pictures are kept on disk: a folder of this process alone, readable by its user
-/// alone, below the application's cache location.
+/// The folder of the downloaded pictures on disk, below the application's cache location. Each process has
+/// its own, which only its user can read.
 ///
-/// A folder for each process, because two running copies of a host must not clear away each other's
-/// files. What a process left is removed when the same host runs next. Nothing else is: whatever lies
-/// there that this class and QNetworkDiskCache did not make is left alone.
+/// Each process has its own folder because two running copies of a host must not remove each other's files. A
+/// folder that a process has left behind is removed when the same host runs next. Files that neither this
+/// class nor QNetworkDiskCache has made are not touched.
 class QVPictureCacheFolder
 {
 public:
     [[nodiscard]] static QVPictureCacheFolder &shared();
 
-    /// The folder, made on first use, which also clears what lies beside it. Empty, and logged, where
-    /// there is no place for it that is its user's alone.
+    /// The folder. The first call makes it and removes the abandoned folders beside it. Empty, with a warning
+    /// in the log, if there is no place that only the user can read.
     [[nodiscard]] QString path();
-    /// Removes what earlier processes left, some megabytes for each.
+    /// Removes the folders that earlier processes have left, some megabytes each.
     static void clear();
-    /// Does the same on a thread of its own, once in a process. Only the end of the process waits for it.
+    /// Does the same on a new thread, once in a process. Only the end of the process waits for it.
     static void clearInBackground();
 
 private:

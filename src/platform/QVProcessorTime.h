@@ -3,7 +3,7 @@
 #include <chrono>
 #include <time.h>
 
-/// How long the calling thread has computed so far, whatever else the machine had to do.
+/// The processor time that the calling thread has used so far.
 [[nodiscard]] inline std::chrono::nanoseconds qv_processorTime()
 {
     timespec time{};

@@ -10,10 +10,10 @@
 
 namespace {
 
-// What Qt's timers can count, some 24 days.
+// The longest interval of a Qt timer, about 24 days.
 constexpr std::chrono::milliseconds longestWait{std::numeric_limits<int>::max()};
 
-/// Real time, on Qt's event loop. Holds a timer only for what is waiting.
+/// Real time, on Qt's event loop. Has a timer only while an action is waiting.
 class QtScheduler final : public QObject, public QVScheduler
 {
 public:
@@ -46,7 +46,7 @@ private:
 
 QtScheduler &QtScheduler::instance()
 {
-    // Never destroyed: a host may end its own statics, managers among them, after ours.
+    // Never destroyed: a host's statics, managers among them, may be destroyed after ours.
     static auto *const scheduler = new QtScheduler;
     return *scheduler;
 }
@@ -58,15 +58,15 @@ std::chrono::nanoseconds QtScheduler::now() const
 
 double QtScheduler::secondsSince1970() const
 {
-    // Not in whole milliseconds: those are no doubles of seconds, so that a difference of two of them, cut
-    // off at the millisecond, would often come out one short.
+    // Not rounded to milliseconds: most of those have no exact value as a double of seconds. The difference
+    // of two, cut off at the millisecond, would often be one too small.
     return std::chrono::duration<double>(std::chrono::system_clock::now().time_since_epoch()).count();
 }
 
 QVScheduler::TaskId QtScheduler::schedule(std::chrono::nanoseconds delay, Action action)
 {
     if (!m_dropsAtExit) {
-        // What waits may hold widgets, which must not outlive the application object.
+        // Waiting actions may own widgets, which must not outlive the application object.
         qAddPostRoutine(dropAll);
         m_dropsAtExit = true;
     }
@@ -75,7 +75,7 @@ QVScheduler::TaskId QtScheduler::schedule(std::chrono::nanoseconds delay, Action
     return m_lastId;
 }
 
-// Precise however long: a coarse timer may be early or late by a twentieth.
+// A precise timer even for long delays: a coarse one may be early or late by five percent.
 int QtScheduler::startTimerUntil(std::chrono::nanoseconds due)
 {
     const auto wait = std::chrono::ceil<std::chrono::milliseconds>(due - now());
@@ -88,7 +88,7 @@ void QtScheduler::cancel(TaskId id)
     if (found == m_tasks.end())
         return;
     killTimer(found->second.timer);
-    // Taken out first: destroying the action may cancel others in turn.
+    // Taken out first: the destructor of the action may cancel other actions.
     const auto node = m_tasks.extract(found);
 }
 
@@ -104,7 +104,7 @@ void QtScheduler::timerEvent(QTimerEvent *event)
         m_tasks, [&](const auto &entry) { return entry.second.timer == event->timerId(); });
     if (found == m_tasks.end())
         return;
-    // A timer counts whole milliseconds of a clock of its own, and no more than some days.
+    // The timer may fire early: it counts milliseconds of another clock, and at most longestWait.
     if (now() < found->second.due) {
         found->second.timer = startTimerUntil(found->second.due);
         return;

@@ -5,7 +5,7 @@
 
 QVTaskQueue::~QVTaskQueue()
 {
-    // Makes what the tasks did visible to this thread.
+    // The lock makes everything that the posting threads have written visible to this thread.
     const std::scoped_lock lock(m_mutex);
 }
 

@@ -6,17 +6,18 @@
 #include <functional>
 #include <mutex>
 
-/// Functions for the thread that this object lives on. Its event loop runs them in their order.
+/// Runs functions on the thread that this object lives on, from its event loop, in the order of the calls to
+/// post().
 ///
-/// QMetaObject::invokeMethod() does the same, but a race detector sees nothing of the locks inside Qt unless
-/// Qt was built with it. Here the functions and what they capture are handed over under a lock of our own.
-/// The object must have been created before the threads that use it.
+/// QMetaObject::invokeMethod() does the same, but a race detector does not see the locks inside Qt unless Qt
+/// was built with it. Here the functions and their captures are passed under a lock that it sees. Create the
+/// object before the threads that use it.
 class QVTaskQueue final : public QObject
 {
 public:
     using Task = std::function<void()>;
 
-    /// The threads that used it have ended. Tasks that have not run are dropped.
+    /// The threads that use it must have ended. Tasks that have not run are dropped.
     ~QVTaskQueue() override;
 
     /// May be called on any thread.

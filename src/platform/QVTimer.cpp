@@ -12,7 +12,7 @@ void QVTimer::start(std::chrono::nanoseconds delay, QVScheduler::Action action)
     stop();
     m_task = QVScheduler::shared().schedule(delay, [this, action = std::move(action)] {
         m_task = 0;
-        // The action may destroy this timer, and the scheduler keeps the action until it returns.
+        // The action may destroy this timer. That is safe: the scheduler owns the action until it returns.
         action();
     });
 }

@@ -3,8 +3,8 @@
 #include "platform/QVScheduler.h"
 #include "platform/QuarvoCoreExport.h"
 
-/// A one-shot timer that ends with its owner. An action that must run in any case is scheduled directly
-/// instead.
+/// A one-shot timer that is stopped when it is destroyed. Use QVScheduler directly for an action that must
+/// run in any case.
 class QUARVO_CORE_EXPORT QVTimer
 {
 public:
@@ -13,7 +13,7 @@ public:
     QVTimer &operator=(const QVTimer &) = delete;
     ~QVTimer();
 
-    /// Runs \a action once after \a delay; a start before that replaces the earlier one.
+    /// Runs \a action once after \a delay. Another start() before that replaces it.
     void start(std::chrono::nanoseconds delay, QVScheduler::Action action);
     void stop();
     [[nodiscard]] bool isActive() const { return m_task != 0; }

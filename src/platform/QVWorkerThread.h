@@ -4,20 +4,20 @@
 
 #include <QThread>
 
-/// A thread with an event loop, which is handed functions by the thread that made it and answers with
-/// functions of its own.
+/// A thread with an event loop. The thread that created it posts functions to it, and it posts functions back
+/// as answers.
 class QVWorkerThread
 {
 public:
     explicit QVWorkerThread(const QString &name, QThread::Priority priority = QThread::InheritPriority);
-    /// Returns once everything that was posted has run. Answers that are still on their way are dropped.
+    /// Returns once everything that was posted has run. Answers that have not run are dropped.
     ~QVWorkerThread();
     QVWorkerThread(const QVWorkerThread &) = delete;
     QVWorkerThread &operator=(const QVWorkerThread &) = delete;
 
     /// Runs \a task on the thread.
     void post(QVTaskQueue::Task task) { m_tasks.post(std::move(task)); }
-    /// Runs \a task on the thread that made this. Called on the worker's thread.
+    /// Runs \a task on the thread that created this. Called on the worker's thread.
     void answer(QVTaskQueue::Task task) { m_answers.post(std::move(task)); }
 
 private:

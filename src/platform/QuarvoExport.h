@@ -1,11 +1,11 @@
 #pragma once
 
 /// \file
-/// The mark of what hosts can use.
+/// The export macro of the public interface.
 
 #include <QtCore/qglobal.h>
 
-/// Marks what a host may link against; everything else in the library is hidden.
+/// Marks what a host may link against. Everything else in the library is hidden.
 #ifdef QUARVO_BUILD
 #define QUARVO_EXPORT Q_DECL_EXPORT
 #else
