@@ -5,7 +5,7 @@
 
 /// Whether the component's own surfaces are light or dark.
 enum class QVAppearance {
-    /// The product's own look.
+    /// The product's own, light look.
     Light,
     /// Dark surfaces with light text.
     Dark,

@@ -16,7 +16,7 @@
 namespace {
 
 constexpr int largestScale = 3;
-// A host may ship its own pictures: these bound what decoding one can cost.
+// A host may ship its own pictures: these limit the cost of decoding one.
 constexpr qint64 maximumPictureSize = 1 << 20;
 constexpr int maximumSide = 2048;
 
@@ -44,7 +44,7 @@ QImage readBounded(const QString &path)
     return reader.read();
 }
 
-// The scale asked for, else a larger one, which loses nothing, else the largest there is.
+// First the wanted scale, then larger ones, which lose no detail, then smaller ones, the largest first.
 std::array<int, largestScale> scalesByPreference(qreal devicePixelRatio)
 {
     const int wanted = std::clamp(static_cast<int>(std::ceil(devicePixelRatio)), 1, largestScale);

@@ -9,11 +9,11 @@
 
 class QVBundle;
 
-/// The resource bundle. Throws QVInternalConsistencyError where there is none.
+/// The resource bundle. Throws QVInternalConsistencyError if there is none.
 [[nodiscard]] std::shared_ptr<const QVBundle> qv_bundle();
 
-/// A picture of the resource bundle, in the size made for the screen; null where there is no such
-/// picture or no bundle. A name without an extension means a PNG.
+/// A picture of the host's bundle or of the resource bundle, in the size made for the application's pixel
+/// ratio. Null if there is no such picture or no bundle. A name without an extension means a PNG.
 [[nodiscard]] QUARVO_CORE_EXPORT QPixmap qv_imageFromBundleWithName(const QString &name);
-/// The same for a screen of a given pixel ratio.
+/// The same for a given pixel ratio.
 [[nodiscard]] QPixmap qv_imageFromBundleWithName(const QString &name, qreal devicePixelRatio);

@@ -13,7 +13,7 @@
 
 QVConfigurationManager &QVConfigurationManager::sharedManager()
 {
-    // Never destroyed: a host may end its own statics, managers among them, after ours.
+    // Never destroyed: a host's statics, managers among them, may be destroyed after ours.
     static auto *const manager = new QVConfigurationManager;
     return *manager;
 }

@@ -16,15 +16,15 @@
 
 class QVBundle;
 
-/// The settings of the process. Made on first use by whichever thread asks first; its fields are
-/// read and written on the user-interface thread.
+/// The settings of the process. They are created on first use, on any thread. Their fields are read and
+/// written on the user-interface thread only.
 class QUARVO_CORE_EXPORT QVConfigurationManager
 {
 public:
     QVConfigurationManager(const QVConfigurationManager &) = delete;
     QVConfigurationManager &operator=(const QVConfigurationManager &) = delete;
 
-    /// Throws QVInternalConsistencyError where there is no resource bundle.
+    /// Throws QVInternalConsistencyError if there is no resource bundle.
     [[nodiscard]] static QVConfigurationManager &sharedManager();
 
     /// The verification id, sent as "id".
@@ -38,19 +38,19 @@ public:
     [[nodiscard]] QString outage() const { return m_outage; }
     void setOutage(const QString &outage) { m_outage = outage; }
 
-    /// Whether the outage switch counts as active whatever it answers.
+    /// Whether the outage switch counts as active, whatever the service answers.
     [[nodiscard]] bool isOpenOutage() const { return m_isOpenOutage; }
     void setIsOpenOutage(bool isOpenOutage) { m_isOpenOutage = isOpenOutage; }
 
-    /// The language as it was last asked for, null where none was.
+    /// The language as it was last set; null if none was.
     [[nodiscard]] QString preferredLanguage() const { return m_preferredLanguage; }
-    /// Also chooses the language bundle: by the user's own language where \a language is null or empty.
+    /// Also chooses the language bundle. A null or empty \a language means the user's language.
     void setPreferredLanguage(const QString &language);
 
-    /// The folder of the chosen language, null where the resource bundle lacks it.
+    /// The folder of the chosen language in the resource bundle; null if there is none.
     [[nodiscard]] std::shared_ptr<const QVBundle> languageBundle() const { return m_languageBundle; }
 
-    /// The same of the host's own bundle, whose texts go first.
+    /// The same folder in the host's own bundle, whose texts are preferred.
     [[nodiscard]] std::shared_ptr<const QVBundle> hostLanguageBundle() const { return m_hostLanguageBundle; }
 
     [[nodiscard]] QVServiceAddresses serviceAddresses() const { return m_serviceAddresses; }
@@ -59,15 +59,15 @@ public:
     [[nodiscard]] QVPopupPresentation popupPresentation() const { return m_popupPresentation; }
     void setPopupPresentation(QVPopupPresentation presentation) { m_popupPresentation = presentation; }
 
-    /// The host's own way to the network, null where it has none.
+    /// The host's own network access manager; null if it has set none.
     [[nodiscard]] QNetworkAccessManager *networkAccessManager() const { return m_networkAccessManager; }
     void setNetworkAccessManager(QNetworkAccessManager *manager) { m_networkAccessManager = manager; }
 
-    /// How long an attempt may take; zero for as long as the user likes.
+    /// How long an attempt may take; zero means without limit.
     [[nodiscard]] std::chrono::milliseconds attemptTimeout() const { return m_attemptTimeout; }
     void setAttemptTimeout(std::chrono::milliseconds timeout) { m_attemptTimeout = timeout; }
 
-    /// How long a token is good; zero for as long as nobody says otherwise.
+    /// How long a token is valid; zero means that it does not expire.
     [[nodiscard]] std::chrono::milliseconds tokenLifetime() const { return m_tokenLifetime; }
     void setTokenLifetime(std::chrono::milliseconds lifetime) { m_tokenLifetime = lifetime; }
 
@@ -80,7 +80,7 @@ public:
     [[nodiscard]] QVAppearance appearance() const { return m_appearance; }
     void setAppearance(QVAppearance appearance) { m_appearance = appearance; }
 
-    /// The host's own, invalid where it has none.
+    /// The host's own accent colour; invalid if it has set none.
     [[nodiscard]] QColor accentColor() const { return m_accentColor; }
     void setAccentColor(const QColor &color) { m_accentColor = color; }
 
@@ -89,7 +89,7 @@ public:
 
     /// The device identifier, looked up in the secure store at each call.
     [[nodiscard]] QString deviceId() const;
-    /// Says that the device identifier will be asked for shortly.
+    /// Connects to the secure store in the background, since the device identifier will be needed shortly.
     static void prepareDeviceId();
 
 private:

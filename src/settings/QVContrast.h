@@ -3,9 +3,9 @@
 /// \file
 /// The choices for QVSDKManager::setContrast().
 
-/// How far texts stand out from what they lie on.
+/// The contrast of texts with their background.
 enum class QVContrast {
-    /// High where the platform's palette is one of high contrast, otherwise Standard.
+    /// High if the platform's palette has high contrast, otherwise Standard.
     System,
     /// The product's own colours.
     Standard,

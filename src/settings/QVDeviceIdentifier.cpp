@@ -11,7 +11,7 @@
 
 namespace {
 
-// Ours alone, so that the result tells nobody the machine's own id.
+// A namespace of the component's own, so that the result does not reveal the machine's id.
 constexpr QUuid vendorNamespace(0x8f0c6c1e, 0x4b7d, 0x4f5a, 0x9a, 0x3e, 0x52, 0x1d, 0x7b, 0xc0, 0x64, 0xe9);
 
 QString reversedDomain(const QString &domain)
@@ -54,7 +54,8 @@ QString QVDeviceIdentifier::bundleIdentifier()
 
 QString QVDeviceIdentifier::vendorIdentifier()
 {
-    // Kept: reading the machine's id takes a file, and what stands in for it must not change.
+    // Read once: the machine's id is read from a file, and the random one that replaces a missing id must not
+    // change.
     static const QString identifier = makeDeviceUuid().toString(QUuid::Id128);
     return identifier;
 }

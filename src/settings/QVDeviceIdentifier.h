@@ -2,19 +2,19 @@
 
 #include <QString>
 
-/// A text that tells this installation of this host apart from all others, made once and then kept in
-/// the user's secure store.
+/// A text that identifies this installation of this host. It is made once and then kept in the user's secure
+/// store.
 class QVDeviceIdentifier
 {
 public:
     QVDeviceIdentifier() = delete;
 
-    /// The stored identifier as it is, else a new one, which is stored if the store lets us. Asks the
-    /// store each time.
+    /// The stored identifier, unchanged. If there is none, the vendor identifier, which is stored if the
+    /// store allows it. Each call asks the store.
     [[nodiscard]] static QString getDeviceId();
 
-    /// The host's name in reverse-domain form, "example.quarvo.demo".
+    /// The host's name in reverse-domain form, such as "example.quarvo.demo".
     [[nodiscard]] static QString bundleIdentifier();
-    /// The device as this component's vendor knows it: 32 lower-case hexadecimal digits.
+    /// Identifies the device to this component's vendor: 32 lower-case hexadecimal digits.
     [[nodiscard]] static QString vendorIdentifier();
 };

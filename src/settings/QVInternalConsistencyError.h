@@ -2,7 +2,7 @@
 
 #include <stdexcept>
 
-/// Thrown where the program itself is put together wrongly, which no user could mend at run time.
+/// Thrown if a part of the installed program is missing, which cannot be repaired at run time.
 class QVInternalConsistencyError : public std::logic_error
 {
 public:

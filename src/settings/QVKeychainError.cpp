@@ -15,7 +15,7 @@ std::shared_ptr<const QVBundle> languageFolder()
 
 QString description(QVSecureStatus status)
 {
-    // Looked for once, and not again where it is missing: each request may bring an error.
+    // Looked for only once, even if it is missing, since each request may cause an error.
     static const std::shared_ptr<const QVBundle> texts = languageFolder();
     if (!texts)
         return {};

@@ -5,8 +5,8 @@
 
 #include <optional>
 
-/// The error for a status, with a description in the user's language under "localizedDescription"
-/// where one is at hand. Success gives none.
+/// The error for a status; empty for Success. If there is a description in the user's language, the error's
+/// extra information contains it as "localizedDescription".
 [[nodiscard]] std::optional<QVError> qv_keychainError(QVSecureStatus status);
 
 /// The key of the description in the strings table "QVKeychain".

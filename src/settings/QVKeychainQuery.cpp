@@ -46,7 +46,7 @@ QString QVKeychainQuery::password() const
 
 QVariant QVKeychainQuery::passwordObject() const
 {
-    // Not a QDataStream: stored data is not ours to trust, and CBOR is read within bounds.
+    // CBOR instead of QDataStream: stored data are not trusted, and the CBOR reader checks its bounds.
     QCborParserError error;
     const QCborValue value = QCborValue::fromCbor(m_passwordData, &error);
     return error.error.c == QCborError::NoError ? value.toVariant() : QVariant();

@@ -8,15 +8,16 @@
 
 class QVError;
 
-/// Whether items that a user's devices share are meant. No key chain of this platform shares any.
+/// Whether the query is about items that are synchronised between the user's devices. No key chain of this
+/// platform synchronises any.
 enum class QVSynchronizationMode { Any = 0, No = 1, Yes = 2 };
 
-/// One operation on the secure store. Set the fields, then call the operation; each tells whether it
-/// went well and, where it did not, fills in the error if it is given one.
+/// One operation on the secure store. Set the fields, then call the operation. It returns whether it
+/// succeeded, and sets \a error, if that is given.
 class QVKeychainQuery
 {
 public:
-    /// QVKeychain's, for every item that is stored.
+    /// See QVKeychain::accessibilityType(). Applies to every item that is stored.
     [[nodiscard]] static QString accessibilityType();
     static void setAccessibilityType(const QString &type);
 
@@ -38,15 +39,15 @@ public:
     [[nodiscard]] QByteArray passwordData() const { return m_passwordData; }
     void setPasswordData(const QByteArray &data) { m_passwordData = data; }
 
-    /// The data as text; null where there is none or it is no UTF-8.
+    /// The data as text; null if there are none or they are not UTF-8.
     [[nodiscard]] QString password() const;
     void setPassword(const QString &password) { m_passwordData = password.toUtf8(); }
 
-    /// The data as a value of the kinds that CBOR knows; invalid where there is none or it is no CBOR.
+    /// The data as a value that CBOR can hold; invalid if there are none or they are not CBOR.
     [[nodiscard]] QVariant passwordObject() const;
     void setPasswordObject(const QVariant &object);
 
-    /// Stores the data: in the item of this service and account where there is one, in a new one else.
+    /// Stores the data in the item of this service and account, or in a new one if there is none.
     bool save(QVError *error = nullptr) const;
     /// Reads the data of the item of this service and account.
     [[nodiscard]] bool fetch(QVError *error = nullptr);

@@ -20,7 +20,8 @@ QString qv_deviceLanguage(const QStringList &preferredLanguages)
 {
     if (preferredLanguages.isEmpty())
         return {};
-    // Desktops name Chinese by its country (zh-CN, zh-TW); what is written there is told by the script.
+    // Desktops name Chinese by country (zh-CN, zh-TW). The language folders are named by script, which
+    // QLocale derives from the country.
     const QLocale locale(preferredLanguages.first());
     return QLocale::languageToCode(locale.language()) + u'-' + QLocale::scriptToCode(locale.script()) + u'-' +
            QLocale::territoryToCode(locale.territory());

@@ -2,7 +2,7 @@
 
 QVLanguageNotice &QVLanguageNotice::shared()
 {
-    // Never destroyed, like the settings.
+    // Never destroyed, as the settings are not.
     static auto *const notice = new QVLanguageNotice;
     return *notice;
 }

@@ -7,7 +7,7 @@
 
 #include <utility>
 
-/// Tells that other texts are in force.
+/// Emits a signal when the language or the texts have changed.
 class QUARVO_CORE_EXPORT QVLanguageNotice final : public QObject
 {
     Q_OBJECT
@@ -19,12 +19,13 @@ Q_SIGNALS:
     void languageChanged();
 };
 
-/// Calls \a show now, and whenever other texts are in force for as long as \a owner lives.
+/// Calls \a show now, and whenever the texts change until \a owner is destroyed.
 template<class Show>
 void qv_followLanguage(QObject *owner, Show show)
 {
     show();
-    // A part of the owner that the caller's class added may be gone while the owner still tells of its end.
+    // While the QObject destructor of the owner runs, the connection still exists, but the members that
+    // show() uses are destroyed. The guard is null by then.
     QObject::connect(&QVLanguageNotice::shared(), &QVLanguageNotice::languageChanged, owner,
                      [living = QPointer<QObject>(owner), show = std::move(show)] {
                          if (living)

@@ -2,8 +2,8 @@
 
 #include <QLatin1String>
 
-/// The keys of the texts shown to users: every one is in the strings table of each language, and the
-/// tables hold no other. Some are spelled as the tables have always spelled them.
+/// The keys of the texts shown to users. The strings table of each language contains exactly these. The
+/// spelling of some is wrong, but stays for hosts that ship their own tables.
 namespace QVKey {
 
 inline constexpr QLatin1String accessDenied("AccessDenied");
@@ -32,7 +32,7 @@ inline constexpr QLatin1String support("support");
 inline constexpr QLatin1String outage("outage");
 inline constexpr QLatin1String alternative("alternative");
 
-// What is read out to users who do not see the control.
+// Read out to users who do not see the control.
 inline constexpr QLatin1String accessibleHelp("accessibleHelp");
 inline constexpr QLatin1String accessibleRefresh("accessibleRefresh");
 inline constexpr QLatin1String accessibleClose("accessibleClose");

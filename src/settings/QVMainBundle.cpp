@@ -10,8 +10,8 @@
 #include <dlfcn.h>
 #include <utility>
 
-// Outside any namespace, as the macro wants it. A static library's resources are linked in and
-// registered only because of this call.
+// Q_INIT_RESOURCE must be used outside any namespace. Without this call the linker would leave the resources
+// out of a static library.
 static void registerCompiledResources()
 {
     Q_INIT_RESOURCE(quarvo);
@@ -19,14 +19,15 @@ static void registerCompiledResources()
 
 namespace {
 
-/// The data folder of the prefix that this code was installed in, empty where that cannot be told.
+/// The data folder of the prefix that this code was installed in; empty if that is unknown.
 QString installedPlace()
 {
     Dl_info code{};
     if (dladdr(reinterpret_cast<const void *>(&registerCompiledResources), &code) == 0)
         return {};
     const QFileInfo library(QFile::decodeName(code.dli_fname));
-    // A program that holds this code is named as it was called, which leads nowhere in particular.
+    // If the code is linked into the program, the name is the one that the program was started with, which
+    // may be relative and is of no use here.
     if (library.isRelative())
         return {};
     return QDir::cleanPath(library.path() + u'/' + QVBuildChoices::dataFromLibrary.toString());

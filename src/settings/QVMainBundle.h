@@ -8,20 +8,21 @@
 
 class QVBundle;
 
-/// Where bundles are looked for: a host's own copy goes before an installed one, and that before the
-/// one compiled into the library, so that a host can re-brand by shipping a folder.
+/// Finds bundles: first beside the host's program, then in the installed data folder, then among the
+/// resources compiled into the library. So a host can change the look by shipping a folder. Its functions may
+/// be called from any thread.
 class QVMainBundle
 {
 public:
     [[nodiscard]] static QVMainBundle &shared();
 
-    /// The folder "name.bundle" in the first place that has it, null where none has.
+    /// The folder "name.bundle" in the first place that has it; null if none has.
     [[nodiscard]] std::shared_ptr<const QVBundle> bundle(const QString &name);
 
     [[nodiscard]] static QStringList defaultPlaces();
     void setPlaces(const QStringList &places);
 
-    /// A bundle that goes before QVResource.bundle and may lack some of it; null where there is none.
+    /// A bundle that is preferred to QVResource.bundle and may be incomplete; null if there is none.
     [[nodiscard]] std::shared_ptr<const QVBundle> hostBundle();
     void setHostBundle(std::shared_ptr<const QVBundle> bundle);
 

@@ -3,10 +3,10 @@
 /// \file
 /// The choices for QVSDKManager::setPopupPresentation().
 
-/// How much room the popup takes.
+/// How much room the popup takes. Sizes are in logical pixels.
 enum class QVPopupPresentation {
-    /// A card in the middle of the host's window, the rest dimmed; a window up to 480 wide is covered
-    /// whole. A trace drawn on something as wide as a phone is what the service knows best.
+    /// A card in the middle of the host's window, with the rest dimmed. A window up to 480 wide is covered
+    /// completely. The service judges traces best that were drawn on a surface as wide as a phone.
     Automatic,
     /// The host's whole window.
     WholeWindow,

@@ -14,13 +14,13 @@ namespace {
 
 Q_LOGGING_CATEGORY(settingsLog, "quarvo.settings", QtInfoMsg)
 
-/// Null where the settings must not be touched.
+/// Null if the call is not allowed, which has been logged then.
 QVConfigurationManager *settingsFor(const char *call)
 {
     return qv_mayCall(call) ? &QVConfigurationManager::sharedManager() : nullptr;
 }
 
-/// No longer than what every part of the way can count.
+/// Limits \a duration to a range that every timer and unit can represent.
 std::chrono::milliseconds countable(std::chrono::milliseconds duration)
 {
     constexpr std::chrono::milliseconds longest = std::chrono::days(1);

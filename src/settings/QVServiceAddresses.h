@@ -7,28 +7,29 @@
 
 class QVServiceAddressesPrivate;
 
-/// Where the captcha service lives. A new value holds the addresses chosen when the library was
-/// built; a host changes those that differ and hands the value to QVSDKManager.
+/// The addresses of the captcha service. A new value has the addresses chosen when the library was built. A
+/// host changes those that differ and passes the value to QVSDKManager::setServiceAddresses().
 ///
-/// Hosts are given with their scheme and without a slash at the end, "https://api.quarvo.example".
+/// Hosts are given with their scheme and without a slash at the end: "https://api.quarvo.example".
 class QUARVO_EXPORT QVServiceAddresses
 {
 public:
     QVServiceAddresses();
-    /// Shares the addresses until one of the two is changed.
+    /// Copies the addresses of \a other.
     QVServiceAddresses(const QVServiceAddresses &other);
-    /// Takes over the addresses of \a other.
+    /// Copies the addresses of \a other.
     QVServiceAddresses &operator=(const QVServiceAddresses &other);
     ~QVServiceAddresses();
 
-    /// A service on one host, as the local one is: apiHost() and downloadHost() are \a host, the others are
-    /// as in a new value. Example:
+    /// A service on one host, such as the local one: apiHost() and downloadHost() are \a host, the others are
+    /// as in a new value.
+    ///
     /// \code
     /// QVSDKManager::setServiceAddresses(QVServiceAddresses::at(QStringLiteral("http://127.0.0.1:8300")));
     /// \endcode
     [[nodiscard]] static QVServiceAddresses at(const QString &host);
 
-    /// Host that answers configuration requests and names the host for all further ones.
+    /// Host that answers configuration requests. Its answers name the host for all further requests.
     [[nodiscard]] QString apiHost() const;
     /// Changes apiHost().
     void setApiHost(const QString &host);
@@ -43,7 +44,7 @@ public:
     /// Changes imageHost().
     void setImageHost(const QString &host);
 
-    /// Base address of pictures, used where the service names none.
+    /// Base address of pictures, used if the service names none.
     [[nodiscard]] QString cdn() const;
     /// Changes cdn().
     void setCdn(const QString &address);

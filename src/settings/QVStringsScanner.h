@@ -4,18 +4,18 @@
 
 #include <optional>
 
-/// Walks over the text of a strings file, token by token.
+/// Reads the text of a strings file, token by token.
 class QVStringsScanner
 {
 public:
     explicit QVStringsScanner(QString text);
 
-    /// Moves past blanks and comments; tells whether anything is left.
+    /// Skips blanks and comments. Returns whether anything is left.
     [[nodiscard]] bool skipToEntry();
-    /// Takes \a mark if it is the next token, else stays where it is.
+    /// Reads \a mark if it is the next token. Returns whether it was.
     [[nodiscard]] bool accept(QChar mark);
-    /// Takes a text in double quotes, its escapes resolved. It ends on its own line: a forgotten
-    /// quote must not swallow the entries below.
+    /// Reads a text in double quotes and resolves its escapes. It must end on its line, so that a missing
+    /// quote does not swallow the entries below.
     [[nodiscard]] std::optional<QString> quotedText();
     void skipLine();
 

@@ -6,7 +6,7 @@
 
 namespace {
 
-// Hundreds of times the size of a real table.
+// Real tables are hundreds of times smaller.
 constexpr qint64 maximumTableSize = 1 << 20;
 
 } // namespace
@@ -21,7 +21,7 @@ QVStringsTable QVStringsTable::parse(const QByteArray &utf8)
         const QVStringsScanner beforeValue = scanner;
         const auto value = assigned ? scanner.quotedText() : std::nullopt;
         if (value && scanner.accept(u'=')) {
-            // The value is missing; this is the key of the line below.
+            // The value is missing: this text is the key of the next entry.
             scanner = beforeValue;
             continue;
         }

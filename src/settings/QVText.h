@@ -8,8 +8,7 @@
 #include <functional>
 #include <utility>
 
-/// A text for users that is looked up whenever it is asked for, so that what shows it can follow the
-/// language.
+/// A text for users. It is looked up at each call of text(), so that views can follow a change of language.
 class QUARVO_CORE_EXPORT QVText
 {
 public:
@@ -17,9 +16,9 @@ public:
 
     /// A null text.
     QVText() = default;
-    // Whoever shows a text is handed a key or a fixed text as often as a source, so these convert.
+    // Implicit, since callers pass a key or a fixed text as often as a source.
     // NOLINTBEGIN(google-explicit-constructor)
-    /// The text of one of QVKey's keys.
+    /// The text for a key of QVKey.
     QVText(QLatin1String key);
     /// A text that is the same in every language.
     QVText(const QString &text);
@@ -30,7 +29,7 @@ public:
     }
 
     [[nodiscard]] bool isNull() const { return !m_source; }
-    /// In the language in force.
+    /// The text in the current language.
     [[nodiscard]] QString text() const { return m_source ? m_source() : QString(); }
 
 private:
