@@ -1,6 +1,6 @@
 #include "secrets/QVSecureStore.h"
 
-// A build without libsecret. There is no stand-in in plain text.
+// A build without libsecret has no secure store. Nothing is stored in plain text instead.
 QVOpenSecretStore qv_findSecretStore()
 {
     return nullptr;

@@ -18,7 +18,7 @@ const QVSecureStore::Answer notAvailable{QVSecureStatus::NotAvailable, {}};
 
 QVSecureStore *replacement = nullptr;
 
-/// Null where there is no bus or no module; the next call tries again.
+/// Null if there is no bus or no module. The bus is looked for again at the next call.
 std::unique_ptr<QVSecureStore> open()
 {
     const QByteArray bus = qv_sessionBusAddress();
@@ -107,7 +107,7 @@ QVSecureStore::Answer QVDesktopStore::run(Call call)
     return notAvailable;
 }
 
-/// False where there is no thread to be had.
+/// Hands \a call to the thread. Returns false if no thread can be created.
 bool QVDesktopStore::begin(Call call)
 {
     try {
@@ -139,7 +139,8 @@ void QVDesktopStore::work(const std::stop_token &stop)
         const int turn = m_turn;
         const bool isKept = m_store != nullptr;
         Answer answer = ask(call, lock);
-        // A kept connection may be to a service that was started anew since.
+        // The service may have been restarted since the store connected to it: try once more with a new
+        // connection.
         if (isKept && answer.status == QVSecureStatus::NotAvailable && turn == m_turn)
             answer = ask(call, lock);
         if (turn != m_turn)
@@ -150,7 +151,7 @@ void QVDesktopStore::work(const std::stop_token &stop)
     m_store.reset();
 }
 
-/// Without the lock while the desktop is at it. A store that fails is not used again.
+/// Runs \a call, without the lock while the desktop works. A store that fails is replaced at the next call.
 QVSecureStore::Answer QVDesktopStore::ask(const Call &call, std::unique_lock<std::mutex> &lock)
 {
     const int turn = m_turn;

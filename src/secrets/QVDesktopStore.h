@@ -10,22 +10,22 @@
 #include <optional>
 #include <thread>
 
-/// The secure store of this desktop, on a thread of its own. No call is waited for longer than a limit. It
-/// costs nothing until it is used.
+/// The secure store of this desktop. Calls run on a separate thread, which is started on first use. The
+/// caller waits for an answer no longer than a limit.
 ///
-/// A call that takes longer is given up, and calls fail without a wait for the next five minutes, and for
-/// twice as long each further time in a row. So a service that hangs delays its host once.
+/// A call that takes longer is cancelled. After that, calls fail at once for five minutes, and for twice as
+/// long after each further time-out in a row. So a service that hangs delays its host rarely.
 class QVDesktopStore final : public QVSecureStore
 {
 public:
-    /// What a user hardly notices, and a hundred times what a lookup takes.
+    /// A delay that a user hardly notices. A lookup usually takes a hundredth of it.
     static constexpr std::chrono::milliseconds usualLimit{250};
 
     explicit QVDesktopStore(std::chrono::milliseconds limit = usualLimit);
     ~QVDesktopStore() override;
 
     [[nodiscard]] static QVSecureStore &shared();
-    /// Replaces the shared store, which must outlive its use; null brings back the desktop's.
+    /// Replaces the shared store by \a store, which must outlive its use. Null restores the desktop's.
     static void setShared(QVSecureStore *store);
 
     [[nodiscard]] Answer copyMatching(const QVSecureQuery &query, Return what) override;
@@ -33,7 +33,7 @@ public:
     [[nodiscard]] QVSecureStatus update(const QVSecureQuery &query, const QByteArray &data,
                                         const QString &accessibility) override;
     [[nodiscard]] QVSecureStatus deleteMatching(const QVSecureQuery &query) override;
-    /// Connects, once. Waits for nothing.
+    /// Starts the thread and connects, without waiting. Does nothing if the thread runs already.
     void prepare() override;
 
 private:
@@ -42,7 +42,7 @@ private:
     [[nodiscard]] Answer run(Call call);
     [[nodiscard]] bool begin(Call call);
     void giveUp();
-    // On the thread:
+    // Called on the thread:
     void work(const std::stop_token &stop);
     [[nodiscard]] Answer ask(const Call &call, std::unique_lock<std::mutex> &lock);
 
@@ -52,12 +52,12 @@ private:
 
     std::mutex m_mutex;
     std::condition_variable_any m_changed;
-    /// Counts the calls that were begun and given up.
+    /// Raised when a call begins and when one is given up. The answer to an earlier turn is dropped.
     int m_turn = 0;
     Call m_call;
     std::optional<Answer> m_answer;
-    /// Used on the thread, but for cancel().
+    /// Used on the thread only, except for cancel().
     std::unique_ptr<QVSecureStore> m_store;
-    // Last: ends before what it works on.
+    // Last, so that it is joined before the members above are destroyed.
     std::jthread m_thread;
 };

@@ -3,7 +3,7 @@
 #include <glib-object.h>
 #include <memory>
 
-/// Gives back a GLib pointer by the function that its type needs.
+/// A deleter for GLib pointers, which calls \a release.
 template<auto release>
 struct QVGlibRelease
 {

@@ -10,9 +10,9 @@ Q_LOGGING_CATEGORY(secretsLog, "quarvo.secrets", QtInfoMsg)
 
 } // namespace
 
-// libsecret and what it needs take milliseconds to load, which no host's start has to wait for. Not by
-// QLibrary: the loader looks below the folder of the library that calls it. Never closed, since what it
-// registers with GLib stays.
+// libsecret and its dependencies take milliseconds to load, so they are not loaded when the host starts.
+// dlopen() instead of QLibrary, since it finds the module relative to the library that calls it. The module
+// is never closed, since the types that it registers with GLib stay registered.
 QVOpenSecretStore qv_findSecretStore()
 {
     void *const module = dlopen(QUARVO_SECRETS_MODULE, RTLD_NOW | RTLD_LOCAL);

@@ -28,8 +28,8 @@ GVariant *finishRefusal(SecretService *, GAsyncResult *result, GError **error)
     return static_cast<GVariant *>(g_task_propagate_pointer(G_TASK(result), error));
 }
 
-// The parent asks for the bus connection that the process shares, which goes with no connection of
-// one's own; and signals would pile up in our main context, which only turns during calls.
+// The constructor of the parent sets the shared bus, which conflicts with a connection of our own. Signals
+// are not connected, since they would pile up in our main context, which is not run between calls.
 GObject *construct(GType type, guint count, GObjectConstructParam *properties)
 {
     const auto *parent = static_cast<GObjectClass *>(g_type_class_peek(SECRET_TYPE_SERVICE));
@@ -53,7 +53,7 @@ void initializeClass(gpointer type, gpointer)
 
 GType qv_promptlessServiceType()
 {
-    // A name to itself: a process may hold this code twice, in a library and linked into a plugin.
+    // A unique name: a process may contain this code twice, in a library and linked into a plugin.
     static const std::string name =
         "QVPromptlessService-" + std::to_string(reinterpret_cast<std::uintptr_t>(&initializeClass));
     static const GType type =

@@ -2,6 +2,6 @@
 
 #include <gio/gio.h>
 
-/// The type of a SecretService that lives on the connection it is given and never shows a prompt: what
-/// would need one fails as locked. Asking for a keyring's password is not for a captcha to do.
+/// The type of a SecretService that uses the given connection and never shows a prompt. Calls that need one
+/// fail as locked: a captcha must not ask for the password of the keyring.
 [[nodiscard]] GType qv_promptlessServiceType();

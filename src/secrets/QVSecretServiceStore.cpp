@@ -12,7 +12,7 @@ using PathList = std::unique_ptr<char *, QVGlibRelease<g_strfreev>>;
 using Text = std::unique_ptr<char, QVGlibRelease<g_free>>;
 using Value = std::unique_ptr<SecretValue, QVGlibRelease<secret_value_unref>>;
 
-// Other programs write to the store too; no password is anywhere near this size.
+// Other programs can write to the store, too. Every real password is much smaller.
 constexpr gsize maximumSize = gsize{64} * 1024;
 
 constexpr const char *serviceName = "service";
@@ -29,7 +29,7 @@ const SecretSchema *schema()
     return made;
 }
 
-/// The error of a GLib call, and what it means for the secure store.
+/// The error of a GLib call, and the status of the secure store that it stands for.
 class Error
 {
 public:
@@ -38,7 +38,7 @@ public:
     Error &operator=(const Error &) = delete;
     ~Error() { g_clear_error(&m_error); }
 
-    /// Where the call puts its error.
+    /// The argument for the call.
     [[nodiscard]] GError **place() { return &m_error; }
     [[nodiscard]] QVSecureStatus status() const;
 
@@ -112,8 +112,8 @@ QVSecretServiceStore::QVSecretServiceStore(QByteArray busAddress)
     , m_context(g_main_context_new())
     , m_cancellable(g_cancellable_new())
 {
-    // What GLib does on this thread comes to a context of our own, which nobody runs, and not to the one that
-    // the host's main thread runs.
+    // GLib's callbacks for this thread go to a separate context, which nobody runs, instead of the default
+    // one, which the host's main thread may run.
     g_main_context_push_thread_default(m_context.get());
 }
 
@@ -147,7 +147,7 @@ QVSecureStatus QVSecretServiceStore::add(const QVSecureItem &item)
     const Table attributes = attributesOf(item);
     insert(attributes, accessibilityName, item.accessibility);
     const QByteArray label = (item.label.isNull() ? item.service : item.label).toUtf8();
-    // Replaces: another process of the same host may have stored the same since we looked.
+    // Replaces an existing item: another process of the same host may have stored one since the lookup.
     Error error;
     secret_service_store_sync(m_service.get(), schema(), attributes.get(), SECRET_COLLECTION_DEFAULT,
                               label.constData(), valueOf(item.data).get(), m_cancellable.get(),
@@ -212,14 +212,14 @@ QVSecureStatus QVSecretServiceStore::connect()
     return error.status();
 }
 
-/// The items that can be read. Not allowed where all that match are locked.
+/// Finds the items that can be read. InteractionNotAllowed if all matching items are locked.
 QVSecureStatus QVSecretServiceStore::search(const QVSecureQuery &query, QList<QByteArray> &paths)
 {
     if (const QVSecureStatus status = connect(); status != QVSecureStatus::Success)
         return status;
     const Table attributes = attributesOf(query);
-    // Only where nothing else narrows the search: a keyring that has not been unlocked yet knows its items'
-    // attributes, but not their schema.
+    // The schema is used only if there are no attributes: a locked keyring knows the attributes of its items,
+    // but not their schema.
     const bool isForAll = g_hash_table_size(attributes.get()) == 0;
     char **unlocked = nullptr;
     char **locked = nullptr;

@@ -8,11 +8,11 @@
 typedef struct _SecretService SecretService;
 typedef struct _SecretItem SecretItem;
 
-/// The store of a freedesktop.org desktop, its Secret Service. A call waits for the service, however long
-/// that takes. Used on the thread that made it, but for cancel().
+/// The secure store of a freedesktop.org desktop: its Secret Service. A call blocks until the service
+/// answers. Used on the thread that created it, except for cancel().
 ///
-/// It keeps a connection to the session bus from its first call on. The connection is our own and not the one
-/// that a process shares: that one ends the process when the bus goes away.
+/// It keeps a connection to the session bus from the first call on. The connection is a private one: GLib's
+/// shared connection ends the process when the bus goes away.
 class QVSecretServiceStore final : public QVSecureStore
 {
 public:
@@ -24,7 +24,7 @@ public:
     [[nodiscard]] QVSecureStatus update(const QVSecureQuery &query, const QByteArray &data,
                                         const QString &accessibility) override;
     [[nodiscard]] QVSecureStatus deleteMatching(const QVSecureQuery &query) override;
-    /// Connects, and agrees on a key for what is read later.
+    /// Connects, and negotiates the key that later answers are encrypted with.
     void prepare() override;
     void cancel() override { g_cancellable_cancel(m_cancellable.get()); }
 

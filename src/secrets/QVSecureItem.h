@@ -4,7 +4,7 @@
 #include <QList>
 #include <QString>
 
-/// How a call to the secure store ended, in the numbers that its errors carry.
+/// The result of a call to the secure store. The numbers are the codes of its errors.
 enum class QVSecureStatus : int {
     Success = 0,
     Unimplemented = -4,
@@ -19,7 +19,7 @@ enum class QVSecureStatus : int {
     Decode = -26275,
 };
 
-/// Which items a call is about. An absent field matches every item.
+/// Selects items. A null field matches every item.
 struct QVSecureQuery
 {
     QString service;

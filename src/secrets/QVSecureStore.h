@@ -2,12 +2,11 @@
 
 #include "secrets/QVSecureItem.h"
 
-/// Where the user's secrets are kept, item by item. A call is done when it returns and never asks the
-/// user for anything.
+/// A store of the user's secrets. Calls are synchronous and never ask the user for anything.
 class QVSecureStore
 {
 public:
-    /// What a lookup brings back.
+    /// What a lookup returns.
     enum class Return { Nothing, Data, Attributes };
 
     struct Answer
@@ -18,27 +17,27 @@ public:
 
     virtual ~QVSecureStore() = default;
 
-    /// Looks items up: Data brings one item with its data and nothing else, Attributes brings all of
-    /// them with everything but their data.
+    /// Looks items up. Data returns one item with only its data, Attributes returns all items without their
+    /// data.
     [[nodiscard]] virtual Answer copyMatching(const QVSecureQuery &query, Return what) = 0;
     [[nodiscard]] virtual QVSecureStatus add(const QVSecureItem &item) = 0;
-    /// Replaces the data of the first match, and its accessibility unless that is absent.
+    /// Replaces the data of the first match, and its accessibility unless \a accessibility is null.
     [[nodiscard]] virtual QVSecureStatus update(const QVSecureQuery &query, const QByteArray &data,
                                                 const QString &accessibility) = 0;
     [[nodiscard]] virtual QVSecureStatus deleteMatching(const QVSecureQuery &query) = 0;
-    /// Says that a lookup will follow, so that whatever only the first one needs can be done meanwhile.
+    /// Announces a lookup, so that the store can prepare for it.
     virtual void prepare() {}
-    /// Makes the call under way end soon, and each later one at once. May be called from any thread.
+    /// Makes the call under way fail soon, and each later call at once. May be called from any thread.
     virtual void cancel() {}
 };
 
-/// Gives a store on the session bus with that address, whose calls take as long as the desktop likes. The
-/// caller owns it.
+/// Makes a store on the session bus with the given address. The caller owns it. Its calls may block for any
+/// time.
 using QVOpenSecretStore = QVSecureStore *(*)(const QByteArray &busAddress);
 
-/// The one function by which the store over libsecret is reached, found by its name where it is a module.
+/// The entry point of the store that uses libsecret. If that is a module, the function is found by its name.
 extern "C" Q_DECL_EXPORT QVSecureStore *quarvoSecretStore(const QByteArray &busAddress);
 
-/// That function; null where there is none. The shared library finds it in a module, others have it linked
-/// in.
+/// The entry point above; null if there is none. The shared library loads it from a module; in other builds
+/// it is linked in.
 [[nodiscard]] QVOpenSecretStore qv_findSecretStore();

@@ -2,6 +2,6 @@
 
 #include <QByteArray>
 
-/// The address of the user's session bus, empty where there is none. Never one that would have to be
-/// started: a new bus has no secrets.
+/// The address of the user's session bus; empty if there is none. Never an address that would start a new
+/// bus, since a new bus has no secrets.
 [[nodiscard]] QByteArray qv_sessionBusAddress();
