@@ -42,7 +42,7 @@ std::shared_ptr<Record> recordFrom(const QVJsonAnswer &answer)
     return record;
 }
 
-// For whoever looks for the cause: neither address nor id, nor anything that the user drew.
+// Logs the request for debugging, without address, id or trace.
 template<class Record>
 QVCompletion<Record> logged(const char *what, QVCompletion<Record> completed)
 {
@@ -64,7 +64,7 @@ QVCompletion<Record> logged(const char *what, QVCompletion<Record> completed)
     };
 }
 
-// What becomes of an answer: finishing touches on a successful record, or the classified error.
+// Handles an answer: completes with the record, after \a finish has changed it, or with the classified error.
 template<class Record, class Finish>
 Answered judged(QVCompletion<Record> completed, Finish finish)
 {
@@ -119,7 +119,7 @@ QVAPIRequestManager::Parameters challengeParameters(const QString &vid, const QS
 
 QVAPIRequestManager &QVAPIRequestManager::shared()
 {
-    // Never destroyed: an application object that is a host's static may end after ours.
+    // Never destroyed: a host's static application object may be destroyed after our statics.
     static auto *const manager = new QVAPIRequestManager;
     return *manager;
 }
@@ -141,7 +141,7 @@ QVAPIRequestManager::requestConfigWithVid(const QString &vid, const QString &typ
         startDeadline,
         judged(logged("the configuration", std::move(completed)), [host](QVConfigResponseModel &config) {
             warnOfPlainServers(host, config);
-            // An answer that says nothing of pictures' servers gets the default one.
+            // An answer without picture servers gets the default one.
             if (config.source_server().isNull())
                 config.setCdn_servers({});
         }));
@@ -208,7 +208,7 @@ QVAPIRequestManager::requestOutageVerifyWithChallenge(const QString &challenge, 
 QVAPIRequestManager::Task
 QVAPIRequestManager::requestOutageComplted(QVCompletion<QVDownTimeResponseModel> completed)
 {
-    // The switch needs no identifier, but whatever is asked next does.
+    // The outage switch needs no device identifier, but the next request does.
     QVConfigurationManager::prepareDeviceId();
     const QString host = QVConfigurationManager::sharedManager().serviceAddresses().downloadHost();
     return startPlain(
@@ -255,7 +255,7 @@ QVAPIRequestManager::Task QVAPIRequestManager::startPlain(const QString &address
     for (auto header = headers.cbegin(); header != headers.cend(); ++header)
         request.setRawHeader(header.key(), header.value());
     request.setAttribute(QNetworkRequest::CacheLoadControlAttribute, QNetworkRequest::AlwaysNetwork);
-    // A host's own way to the network may have a cache.
+    // The host's own network access manager may have a cache.
     request.setAttribute(QNetworkRequest::CacheSaveControlAttribute, false);
 
     auto *const host = QVConfigurationManager::sharedManager().networkAccessManager();

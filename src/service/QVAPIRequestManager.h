@@ -16,14 +16,14 @@ class QVNetworkSession;
 class QVVerifyResponseModel;
 struct QVJsonAnswer;
 
-/// The one client of the captcha service and of the outage service. Used on the main thread.
+/// The client of the captcha service and of the outage service. Used on the main thread.
 ///
-/// Arguments are pasted into the address as they are; absent ones are sent as empty text.
+/// Arguments are put into the address unchanged. Null arguments are sent as empty text.
 class QVAPIRequestManager
 {
 public:
     using Parameters = QMap<QString, QString>;
-    /// A started request; null once it has ended. Dropping it leaves the request running.
+    /// A started request; null once it has ended. The request goes on if this pointer is destroyed.
     using Task = QPointer<QVBoundedDownload>;
 
     QVAPIRequestManager(const QVAPIRequestManager &) = delete;
@@ -34,8 +34,8 @@ public:
     Task requestConfigWithVid(const QString &vid, const QString &type, const QString &scene,
                               QVCompletion<QVConfigResponseModel> completed);
 
-    // With a null vid the four below go to the default API base; otherwise to \a apiServer as it is,
-    // even where that is null or empty.
+    // With a null vid the next four go to the default API base, otherwise to apiServer, unchanged, even if
+    // that is null or empty.
     Task requestGetWithApiServer(const QString &apiServer, const QString &vid, const QString &challenge,
                                  QVCompletion<QVGetRefreshResponseModel> completed);
     Task requestRefreshWithApiServer(const QString &apiServer, const QString &vid, const QString &challenge,
@@ -47,14 +47,15 @@ public:
                                    QVCompletion<QVClickResponseModel> completed);
 
     Task requestOutageGetcompleted(QVCompletion<QVGetOutageResponseModel> completed);
-    /// The outage service is not told \a drawtime; it only ends up on the record.
+    /// \a drawtime is not sent to the outage service; it is only put into the record.
     Task requestOutageVerifyWithChallenge(const QString &challenge, const QString &v, const QString &drawtime,
                                           QVCompletion<QVVerifyResponseModel> completed);
-    /// The outage switch. It alone may complete with neither record nor error: when the answer is JSON
-    /// without being an object.
+    /// The outage switch. If the answer is JSON but not an object, it completes with neither a record nor an
+    /// error. No other request does that.
     Task requestOutageComplted(QVCompletion<QVDownTimeResponseModel> completed);
 
-    /// The query without its question mark, the device identifier added; pairs in no fixed order.
+    /// The query without its question mark, with the device identifier added. The order of the pairs is
+    /// undefined.
     [[nodiscard]] static QString getParametersStringFromParameterDictionary(Parameters parameters);
 
 private:

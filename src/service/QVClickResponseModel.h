@@ -2,7 +2,7 @@
 
 #include "service/QVGetRefreshResponseModel.h"
 
-/// The decision on a click: passed, or a picture.
+/// The service's decision on a click: passed, or a picture to draw on.
 class QVClickResponseModel : public QVGetRefreshResponseModel
 {
     Q_GADGET
@@ -11,11 +11,11 @@ class QVClickResponseModel : public QVGetRefreshResponseModel
 public:
     QVClickResponseModel();
 
-    /// Proof of a click that passed without drawing.
+    /// The token of a click that has passed without drawing.
     [[nodiscard]] QString token() const { return m_token; }
     void setToken(QString value) { m_token = std::move(value); }
 
-    /// A click may also be answered with a picture to draw on.
+    /// Also true for an answer with a picture to draw on.
     [[nodiscard]] bool responseSuccess() const override;
 
 private:

@@ -8,7 +8,7 @@
 class QVConfigResponseModel : public QVResponseModel
 {
     Q_GADGET
-    // Without source_server and isCharVerify: those follow from cdn_servers and type alone.
+    // source_server and isCharVerify are no properties: the setters of cdn_servers and type set them.
     Q_PROPERTY(QString key READ key WRITE setKey)
     Q_PROPERTY(QString type READ type WRITE setType)
     Q_PROPERTY(QString challenge READ challenge WRITE setChallenge)
@@ -27,17 +27,17 @@ public:
     /// "character" also sets isCharVerify; no other kind clears it.
     void setType(QString value);
 
-    /// Names this one captcha in all later requests.
+    /// Identifies this captcha in all later requests.
     [[nodiscard]] QString challenge() const { return m_challenge; }
     void setChallenge(QString value) { m_challenge = std::move(value); }
 
     /// Base address of the later requests.
     [[nodiscard]] QString api_server() const { return m_api_server; }
-    /// Absent and empty text is ignored; an address without a scheme becomes a secure one.
+    /// Null and empty text is ignored. An address without a scheme gets https.
     void setApi_server(const QString &value);
 
     [[nodiscard]] QStringList cdn_servers() const { return m_cdn_servers; }
-    /// Sets source_server too: to the first entry, or to the default where there is none.
+    /// Also sets source_server: to the first entry, or to the default if there is none.
     void setCdn_servers(QStringList value);
 
     /// Base address of the pictures.

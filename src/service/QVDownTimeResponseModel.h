@@ -5,7 +5,7 @@
 
 #include <utility>
 
-/// The outage switch. It has no code: its answer counts as it is.
+/// The answer of the outage switch. It has no result code.
 class QVDownTimeResponseModel
 {
     Q_GADGET

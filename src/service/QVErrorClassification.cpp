@@ -37,7 +37,7 @@ std::optional<QLatin1String> platformMessageKey(qint64 code)
         return QVKey::timedOut;
     case QVError::ConnectionLost:
     case QVError::NotConnected:
-        // Being offline reads the same as losing the connection.
+        // The message for being offline is the same as for a lost connection.
         return QVKey::connectionLost;
     default:
         return std::nullopt;

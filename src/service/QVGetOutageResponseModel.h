@@ -17,7 +17,7 @@ public:
     [[nodiscard]] QString challenge() const { return m_challenge; }
     void setChallenge(QString value) { m_challenge = std::move(value); }
 
-    /// Tries on this picture.
+    /// The number of attempts on this picture.
     [[nodiscard]] qint64 verifyCount() const { return m_verifyCount; }
     void setVerifyCount(qint64 value) { m_verifyCount = value; }
 

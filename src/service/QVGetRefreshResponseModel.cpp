@@ -27,7 +27,7 @@ void QVGetRefreshResponseModel::startTimeDown()
 
 void QVGetRefreshResponseModel::endTimeDown()
 {
-    // The countdown may be the last to hold the record.
+    // The countdown may be the last owner of the record.
     const auto alive = weak_from_this().lock();
     m_handler.end();
 }

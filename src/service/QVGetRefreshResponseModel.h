@@ -6,7 +6,7 @@
 #include <functional>
 #include <memory>
 
-/// A picture of the captcha service. It is good for three minutes, which a countdown watches over.
+/// A picture of the captcha service. A countdown ends just before the service drops it after three minutes.
 class QVGetRefreshResponseModel : public QVResponseModel, public QVGetRefreshResponseTimeDownDelegate
 {
     Q_GADGET
@@ -22,7 +22,7 @@ public:
     QVGetRefreshResponseModel &operator=(const QVGetRefreshResponseModel &) = delete;
     ~QVGetRefreshResponseModel() override;
 
-    /// Path of the picture below the pictures' base address.
+    /// Path of the picture, relative to the base address of the pictures.
     [[nodiscard]] QString img() const { return m_img; }
     void setImg(QString value) { m_img = std::move(value); }
 
@@ -37,17 +37,17 @@ public:
     [[nodiscard]] double frequency() const { return m_frequency; }
     void setFrequency(double value) { m_frequency = value; }
 
-    /// Tries on this picture.
+    /// The number of attempts on this picture.
     [[nodiscard]] qint64 verifyCount() const { return m_verifyCount; }
     void setVerifyCount(qint64 value) { m_verifyCount = value; }
 
-    /// What the end of the countdown does.
+    /// Called at the end of the countdown.
     [[nodiscard]] const std::function<void()> &fireTimeDown() const { return m_fireTimeDown; }
     void setFireTimeDown(std::function<void()> action) { m_fireTimeDown = std::move(action); }
-    /// Starts the countdown, anew if it runs. Running, it keeps the record alive.
+    /// Starts or restarts the countdown. While it runs, it keeps the record alive.
     void startTimeDown();
     void endTimeDown();
-    /// What the countdown tells when the time is up.
+    /// Called by the countdown when the time is up.
     void getRefreshResponseTimeDownHandle() override;
     [[nodiscard]] const QVGetRefreshResponseTimeDownManager &handler() const { return m_handler; }
 

@@ -4,7 +4,7 @@
 
 #include <memory>
 
-/// What a countdown is a part of. Only a running countdown keeps it alive.
+/// The object that a countdown is a member of. A running countdown keeps it alive.
 class QVGetRefreshResponseTimeDownDelegate
     : public std::enable_shared_from_this<QVGetRefreshResponseTimeDownDelegate>
 {
@@ -19,7 +19,7 @@ protected:
 class QVGetRefreshResponseTimeDownManager
 {
 public:
-    /// \a delegate is the picture's record, which this is a part of.
+    /// \a delegate is the record of the picture, which this is a member of.
     explicit QVGetRefreshResponseTimeDownManager(QVGetRefreshResponseTimeDownDelegate *delegate)
         : m_delegate(delegate)
     {
@@ -28,7 +28,7 @@ public:
     [[nodiscard]] QVGetRefreshResponseTimeDownDelegate *delegate() const { return m_delegate; }
     [[nodiscard]] const QVTimer &timer() const { return m_timer; }
 
-    /// Tells the delegate when the picture's time is up, unless it is started anew or ended before.
+    /// Calls the delegate when the picture's time is up, unless it is restarted or ended before.
     void start();
     void end() { m_timer.stop(); }
 

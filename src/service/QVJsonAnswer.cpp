@@ -9,8 +9,8 @@
 
 namespace {
 
-// A hundred times what an answer has. Each element takes Qt some fifty bytes and a moment of the thread that
-// the user is waiting for.
+// A hundred times as many as in a usual answer. Each element takes about fifty bytes, and time on the
+// user-interface thread.
 constexpr qsizetype mostElements = 10'000;
 
 bool isTooMuch(const QByteArray &body)

@@ -9,7 +9,7 @@
 /// A body read as JSON.
 struct QVJsonAnswer
 {
-    /// Nothing where the body is JSON, but not an object.
+    /// Empty if the body is JSON but not an object, and if there is an error.
     std::optional<QJsonObject> object;
     std::optional<QVError> error;
 };

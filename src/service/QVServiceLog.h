@@ -2,5 +2,5 @@
 
 #include <QLoggingCategory>
 
-// Never given an address or an answer: they identify the user.
+// Never log addresses or answers here: they identify the user.
 Q_DECLARE_LOGGING_CATEGORY(qv_serviceLog)

@@ -19,14 +19,14 @@ public:
     [[nodiscard]] QString score() const { return m_score; }
     void setScore(QString value) { m_score = std::move(value); }
 
-    /// What the client sent with the trace.
+    /// The drawing time that the client sent with the trace.
     [[nodiscard]] QString drawtime() const { return m_drawtime; }
     void setDrawtime(QString value) { m_drawtime = std::move(value); }
 
     [[nodiscard]] double frequency() const { return m_frequency; }
     void setFrequency(double value) { m_frequency = value; }
 
-    /// Proof of a passed verification, for the host's own server.
+    /// The token of a passed verification, for the host's own server.
     [[nodiscard]] QString token() const { return m_token; }
     void setToken(QString value) { m_token = std::move(value); }
 
