@@ -15,7 +15,7 @@ using Number = std::variant<qint64, double>;
 
 std::optional<Number> numberFromDouble(const QJsonValue &value)
 {
-    // Two different defaults agree only where the value is an integer, which JSON keeps exactly.
+    // Both calls return the same only if the value is an integer; otherwise each returns its default.
     const qint64 integer = value.toInteger(0);
     if (integer == value.toInteger(1))
         return integer;

@@ -6,9 +6,8 @@
 
 class QJsonValue;
 
-// A JSON value as the type of the field it goes into. Nothing comes back where the value has no
-// reading as that type (null, objects, arrays, text that is no number, numbers out of range): the
-// field then keeps its default.
+// Each converts a JSON value to the type of a field. The result is empty if the value cannot be converted
+// (null, objects, arrays, text that is not a number, numbers out of range). The field then keeps its default.
 
 [[nodiscard]] std::optional<QString> qv_textFromJson(const QJsonValue &value);
 /// Fractions are cut off.
@@ -16,5 +15,5 @@ class QJsonValue;
 [[nodiscard]] std::optional<double> qv_numberFromJson(const QJsonValue &value);
 /// Every number but zero is true.
 [[nodiscard]] std::optional<bool> qv_booleanFromJson(const QJsonValue &value);
-/// Keeps the positions: an element that has no reading as text becomes an absent one.
+/// Keeps the positions: an element that cannot be converted to text becomes a null text.
 [[nodiscard]] std::optional<QStringList> qv_textListFromJson(const QJsonValue &value);

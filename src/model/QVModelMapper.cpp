@@ -13,7 +13,7 @@ QVariant variantOf(const std::optional<Value> &value)
     return value ? QVariant(*value) : QVariant();
 }
 
-/// Invalid where the value has no reading as that type.
+/// Invalid if the value cannot be converted to \a type.
 QVariant reading(const QJsonValue &value, int type)
 {
     switch (type) {

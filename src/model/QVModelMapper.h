@@ -3,11 +3,11 @@
 class QJsonObject;
 struct QMetaObject;
 
-/// Fills a record from a JSON object: each property of the record's gadget type takes the member of
-/// exactly the same name, through its setter, in the order of declaration with bases first.
+/// Fills a record from a JSON object. Each property of the gadget type is set to the member of exactly the
+/// same name, in the order of declaration, those of base classes first.
 ///
-/// A property without a setter cannot be filled, and a member that is missing, or that has no
-/// reading as the property's type, leaves the property alone.
+/// A property keeps its value if it has no setter, or if the member is missing or cannot be converted to its
+/// type.
 class QVModelMapper
 {
 public:
