@@ -72,7 +72,7 @@ void qv_readOut(QWidget *widget)
 {
     if (!widget->isVisible())
         return;
-    // Screen readers of the Linux desktop speak of a notification that appears, and of no alert.
+    // Screen readers of the Linux desktop read a notification that appears, but no alert event.
     QAccessibleEvent appears(widget, QAccessible::ObjectShow);
     QAccessible::updateAccessibility(&appears);
 }

@@ -4,15 +4,15 @@
 
 class QWidget;
 
-/// Tells screen readers what a widget of our own is, where its class does not say so by itself. May
-/// change. Faces of a control that has a name of its own are best QAccessible::NoRole: they are passed
-/// over. A button can still be pressed whatever it is called. To be called first in a constructor: what
-/// has been looked at before stays what it was.
+/// Sets the role of one of the component's widgets for screen readers. It may be changed later.
+/// QAccessible::NoRole hides the widget from screen readers, for parts of a control that has a name itself. A
+/// button can be pressed with any role. Call this first in a constructor: Qt keeps the accessible interface
+/// of a widget once it has been asked for.
 void qv_setAccessibleRole(QWidget *widget, QAccessible::Role role);
 
-/// Has a message read out: a widget of the role QAccessible::Notification, which says what has just happened.
-/// Being shown has it read out already; this is for what was there before and says something else now.
+/// Makes screen readers read \a widget out, which must have the role QAccessible::Notification. They read it
+/// by themselves when it is shown; call this when its text changes while it is visible.
 void qv_readOut(QWidget *widget);
 
-/// Tells them that a widget with such a role is at work, and that it is not any more.
+/// Tells screen readers whether \a widget, which must have a role set as above, is busy.
 void qv_setAccessibleBusy(QWidget *widget, bool busy);

@@ -4,7 +4,7 @@
 
 #include <QWidget>
 
-/// A small grey ring with a gap that turns while something goes on. It is hidden while it stands.
+/// A small grey ring with a gap that turns while something is under way. Hidden while it does not turn.
 class QVActivitySpinner final : public QWidget
 {
     Q_OBJECT

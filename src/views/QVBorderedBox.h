@@ -10,7 +10,7 @@ class QVBorderedBox final : public QWidget
 public:
     using QWidget::QWidget;
 
-    /// A box that is typed in has the border that says so.
+    /// Highlights the border while the user types in the box.
     void setIsEdited(bool isEdited);
 
 protected:

@@ -19,7 +19,7 @@ namespace {
 
 constexpr int boxHeight = 30;
 constexpr int boxLeft = 10;
-// The box ends well before the button, which is half as wide.
+// The free space at the right of the box. The button needs half of it.
 constexpr int boxRight = 160;
 constexpr int fieldInset = 5;
 constexpr int buttonWidth = 80;
@@ -89,14 +89,14 @@ bool QVCharVerifyInputView::textFieldShouldBeginEditing() const
 
 bool QVCharVerifyInputView::textFieldShouldReturn()
 {
-    // The key only ends typing; it never sends.
+    // The return key only ends typing. It does not send the answer.
     m_inputTF->clearFocus();
     return false;
 }
 
 void QVCharVerifyInputView::doneButtonDidClickedAction()
 {
-    // What is being composed counts as typed.
+    // Text that an input method is still composing belongs to the answer.
     if (QGuiApplication::focusObject() == m_inputTF)
         QGuiApplication::inputMethod()->commit();
     const QString charString = m_inputTF->text();

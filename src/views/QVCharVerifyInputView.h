@@ -10,7 +10,7 @@ class QVBorderedBox;
 class QVCharVerifyInputViewDoneButton;
 class QVCharVerifyTextField;
 
-/// The strip under the picture that takes the characters seen in it.
+/// The strip below the picture with the field for the characters seen in it.
 class QVCharVerifyInputView final : public QWidget
 {
     Q_OBJECT

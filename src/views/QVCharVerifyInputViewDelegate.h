@@ -8,12 +8,13 @@
 
 class QVCharVerifyInputView;
 
-/// Takes the typed answer. Both operations are optional: their results say whether they are there.
+/// Receives the typed answer. Both operations are optional: the default results mean that they are not
+/// implemented.
 class QVCharVerifyInputViewDelegate : public QVDelegate
 {
 public:
-    /// The user has finished with \a charString, which is never empty. False means that nobody took
-    /// it: then the text stays in the field.
+    /// The user has finished with \a charString, which is never empty. Return false if it was not taken: then
+    /// the text stays in the field.
     virtual bool charVerifyInputViewDidClickedDoneButtonWithCharString(QVCharVerifyInputView *inputView,
                                                                        const QString &charString)
     {
@@ -22,6 +23,6 @@ public:
         return false;
     }
 
-    /// Whether the user may start typing now; no answer allows it.
+    /// Whether the user may start typing now. An empty result means yes.
     virtual std::optional<bool> canInput() { return std::nullopt; }
 };

@@ -6,7 +6,7 @@
 
 class QVActivitySpinner;
 
-/// Sends the typed answer. It turns into a spinner while the answer is checked.
+/// The button that sends the typed answer. It shows a spinner while the answer is checked.
 class QVCharVerifyInputViewDoneButton final : public QVTouchButton
 {
     Q_OBJECT
@@ -18,13 +18,13 @@ public:
     explicit QVCharVerifyInputViewDoneButton(QWidget *parent = nullptr);
 
     [[nodiscard]] int buttonStauts() const { return m_buttonStauts; }
-    /// Any status but normal and loading stops the spinner and leaves the title alone.
+    /// Any status except normal and loading stops the spinner and does not change the title.
     void setButtonStauts(int status);
     [[nodiscard]] const QString &title() const { return m_title.text(); }
     [[nodiscard]] QVActivitySpinner *indicatorView() const { return m_indicatorView; }
 
 protected:
-    /// While loading no point is inside.
+    /// False for all points while loading.
     [[nodiscard]] bool hitButton(const QPoint &point) const override;
     void keyPressEvent(QKeyEvent *event) override;
     void paintEvent(QPaintEvent *event) override;

@@ -19,13 +19,13 @@ namespace {
 
 constexpr int answerFontSize = 15;
 constexpr int tallestAnswer = 22; // in a box of 30
-// A server's characters are few; pasting a book must not cost its measuring.
+// The most characters that are measured: real answers are short, and a pasted book must not stall the host.
 constexpr qsizetype measuredLength = 100;
-// What QLineEdit leaves free before its text, whatever the style.
+// The space that QLineEdit leaves before its text in every style.
 constexpr int innerMargin = 2;
 
-// The widget's own sheet goes before those of its host, rule by rule, so every rule that would change
-// how the field looks is named.
+// Each rule in the widget's own style sheet overrides the same rule of the host's. So all rules that could
+// change the look of the field are listed.
 QString isolatingSheet()
 {
     QString family = QApplication::font().family();
@@ -42,13 +42,14 @@ QString isolatingSheet()
         .arg(family);
 }
 
-// The window has become active again, or the field's own menu has closed.
+// Whether the focus changes only because the window becomes active or inactive, or because the field's menu
+// opens or closes.
 bool isPassing(Qt::FocusReason reason)
 {
     return reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason;
 }
 
-// Without the focus these would select, paste or offer to paste.
+// QLineEdit would select, paste or show its menu even without the focus.
 bool needsFocus(QEvent::Type type)
 {
     return type == QEvent::MouseMove || type == QEvent::MouseButtonRelease ||
@@ -63,7 +64,7 @@ QVCharVerifyTextField::QVCharVerifyTextField(QWidget *parent)
 {
     setFrame(false);
     setStyleSheet(isolatingSheet());
-    // Not by click: a refused click must not take the focus away from elsewhere.
+    // Not Qt::ClickFocus: a refused click must not take the focus away from another widget.
     setFocusPolicy(Qt::TabFocus);
     setAcceptDrops(false);
     setMaxLength(std::numeric_limits<int>::max());
@@ -71,14 +72,14 @@ QVCharVerifyTextField::QVCharVerifyTextField(QWidget *parent)
     setInputMethodHints(Qt::ImhNoPredictiveText | Qt::ImhNoAutoUppercase);
 }
 
-// The base centres the line by its own height but then places it by the font's ascent, so that letters
-// of a taller fallback font (Chinese ones, mostly) would make the whole line jump up.
+// QLineEdit centres the line by its height, but then places it by the ascent of the font. So letters of a
+// taller fallback font, mostly Chinese ones, would make the whole line jump up.
 void QVCharVerifyTextField::levelLine(const QString &composed)
 {
     QTextLayout layout(text().left(measuredLength) + composed.left(measuredLength), font());
     layout.beginLayout();
     const QTextLine line = layout.createLine();
-    // Only this measures the line.
+    // The line has a height only after endLayout().
     layout.endLayout();
     const int height = line.isValid() ? qRound(line.height()) : 0;
     setTextMargins(0, std::max(0, height - fontMetrics().height()), 0, 0);
@@ -154,7 +155,7 @@ void QVCharVerifyTextField::keyPressEvent(QKeyEvent *event)
     const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (!isReturn || !m_shouldReturn || m_shouldReturn())
         QLineEdit::keyPressEvent(event);
-    // Taken, or a host's dialog would press its default button.
+    // Accepted, or a host's dialog would press its default button.
     if (isReturn)
         event->accept();
 }

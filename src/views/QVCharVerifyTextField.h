@@ -6,8 +6,8 @@
 
 #include <functional>
 
-/// The field of the answer. It asks before it lets the user begin to type and what the return key does, and
-/// a host's style sheet does not reach it.
+/// The field for the typed answer. Callbacks decide whether the user may begin to type, and whether the
+/// return key works. A host's style sheet has no effect on it.
 class QVCharVerifyTextField final : public QLineEdit
 {
     Q_OBJECT
@@ -17,11 +17,11 @@ public:
 
     explicit QVCharVerifyTextField(QWidget *parent = nullptr);
 
-    /// Asked whenever editing is about to begin.
+    /// \a question is called when editing is about to begin, and returns whether it may.
     void setShouldBeginEditing(Question question) { m_shouldBeginEditing = std::move(question); }
-    /// Asked whether the return key has its usual effect.
+    /// \a question returns whether the return key has its usual effect.
     void setShouldReturn(Question question) { m_shouldReturn = std::move(question); }
-    /// Shown while the field is empty. Not the base's own one, which has the text's font.
+    /// Shown while the field is empty. Not QLineEdit::placeholderText(), which has the font of the text.
     [[nodiscard]] const QString &placeholder() const { return m_placeholder.text(); }
     void setPlaceholder(const QString &text);
     [[nodiscard]] bool isEditing() const;

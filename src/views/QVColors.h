@@ -2,10 +2,11 @@
 
 #include <QColor>
 
-/// The colours that the views share. Texts on the component's own ground follow the wish for contrast.
+/// The colours that the views share. Text colours on the component's own background follow the setting for
+/// contrast.
 namespace QVColors {
 
-/// Where a view takes a colour from whenever it is painted.
+/// Called by a view each time it is painted.
 using Source = QColor (*)();
 
 inline constexpr QColor picture(38, 38, 52);
@@ -20,8 +21,8 @@ inline constexpr QColor successBar(0, 213, 159, 204);
 /// The host's accent colour, or the product's own.
 [[nodiscard]] QColor accent();
 
-// These are light or dark, as the host wants it.
-/// Where a popup lies: alpha 0.95.
+// The colours below are light or dark, as QVSDKManager::setAppearance() says.
+/// The background of a popup, with alpha 0.95.
 [[nodiscard]] QColor surface();
 [[nodiscard]] QColor strip();
 [[nodiscard]] QColor stripHover();

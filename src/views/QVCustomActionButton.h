@@ -6,7 +6,7 @@
 #include <QMargins>
 #include <QPixmap>
 
-/// A button that is a picture, a little fainter while it is pressed.
+/// A button that shows a picture, slightly translucent while it is pressed.
 class QVCustomActionButton final : public QVTouchButton
 {
     Q_OBJECT
@@ -16,13 +16,13 @@ public:
 
     [[nodiscard]] QPixmap image() const { return m_picture->contents(); }
     void setImage(const QPixmap &image);
-    /// What stays free around the picture.
+    /// The free space around the picture.
     void setImageEdgeInsets(const QMargins &insets);
-    /// 0 hides the button and keeps it from taking input.
+    /// With 0 the button is hidden and takes no input.
     [[nodiscard]] qreal alpha() const { return m_alpha; }
     void setAlpha(qreal alpha);
     void setHighlighted(bool highlighted) override;
-    /// The whole button, for animations; the picture is a part of it.
+    /// The layer of the whole button, for animations. The picture is a sublayer.
     [[nodiscard]] QVLayer &layer() const { return *m_layer; }
 
 protected:

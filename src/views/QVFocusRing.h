@@ -4,14 +4,15 @@
 
 class QPainter;
 
-/// Whether \a widget has the focus and the keyboard is in use: a window that becomes active gives the
-/// focus to something, and only the keyboard's user needs to see it.
+/// Whether \a widget has the focus and the user navigates by keyboard. A window that becomes active focuses
+/// some widget, which only users of the keyboard need to see.
 [[nodiscard]] bool qv_showsFocusRing(const QWidget &widget);
-/// Draws a ring inside \a widget if that is so, in two tones, of which one is seen on any ground.
+/// Draws a ring inside \a widget if qv_showsFocusRing(). It has two colours, so that one is visible on any
+/// background.
 void qv_paintFocusRing(QPainter &painter, const QWidget &widget);
 
-/// Such a ring above all children of a widget. The widget repaints itself when its focus changes, and what
-/// lies on it with it.
+/// A focus ring for \a widget above all its children. It is repainted with the widget, which repaints itself
+/// when its focus changes.
 class QVFocusRing final : public QWidget
 {
     Q_OBJECT

@@ -129,7 +129,7 @@ void QVInvisibleAnimationView::passAnimationComplete(std::function<void()> compl
         if (view)
             view->startHalo();
     });
-    // Not tied to this view: who waits for the end hears of it even if the badge has gone meanwhile.
+    // Not owned by this view: the completion is called even if the badge has been destroyed meanwhile.
     if (completion)
         QVScheduler::shared().schedule(1s, std::move(completion));
 }
@@ -275,7 +275,7 @@ qreal QVInvisibleAnimationView::openLength() const
 
 QMargins QVInvisibleAnimationView::overflow() const
 {
-    // A pixel more than the halo's pen, and than the strip's round end, for their soft edges.
+    // One pixel more than the pen of the halo and the round end of the strip, for antialiasing.
     const int halo = int(std::ceil(haloGrowth + haloWidth / 2)) + 1;
     const int strip = int(std::ceil(openLength() + halfStrip - bounds().width() / 2)) + 1;
     return {halo, halo, strip, halo};

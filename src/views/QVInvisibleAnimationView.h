@@ -5,11 +5,11 @@
 
 #include <QWidget>
 
-/// The round badge of an invisible verification: a spinning ring while it is under way, a strip with
-/// "PASS" and a halo once the user has passed. Takes no touches.
+/// The round badge of an invisible verification: a spinning ring while it is under way, a strip with "PASS"
+/// and a halo once the user has passed. Takes no input.
 ///
-/// Its elements are shown only until they are first cleared: one that was made for the ring is not
-/// shown again by the pass, and a second start shows nothing.
+/// Each layer is created and shown once; clearLayers() removes it for good. So the pass does not show the
+/// layers of the ring again, and a second startLoadingAnimation() shows nothing.
 class QVInvisibleAnimationView : public QWidget
 {
     Q_OBJECT
@@ -19,7 +19,7 @@ public:
 
     explicit QVInvisibleAnimationView(QWidget *parent = nullptr);
 
-    /// The side of the square that the owner gives the badge.
+    /// The usual side of the badge's square, in logical pixels.
     [[nodiscard]] static constexpr int defaultWidth() { return 80; }
 
     /// The badge's square in the parent. The widget itself is larger, since the strip and the halo
@@ -31,13 +31,13 @@ public:
     [[nodiscard]] QPainterPath circlePath() const;
     void clearLayers();
     void startLoadingAnimation();
-    /// Runs the pass sequence and, a second after its start, \a completion.
+    /// Runs the pass sequence. \a completion is called one second after its start.
     void passAnimationComplete(std::function<void()> completion = {});
 
-    /// Where the arc's start comes from.
+    /// The source of the random start of the arc.
     void setRandomSource(RandomSource source) { m_random = std::move(source); }
 
-    /// What is shown now, back to front.
+    /// The root layer. Its sublayers are shown back to front.
     [[nodiscard]] const QVLayer &layers() const { return m_host.root(); }
 
 protected:

@@ -6,8 +6,8 @@
 #include <QAccessible>
 #include <QWidget>
 
-/// A text that is only looked at, with an icon before it if it has one. It paints itself, so that a host's
-/// style sheet for labels does not reach it, and leaves all input to what lies below.
+/// A text with an optional icon before it. It paints itself, so that a host's style sheet for labels has no
+/// effect on it. All input goes to the widget below.
 class QVLabel final : public QWidget
 {
     Q_OBJECT
@@ -16,7 +16,7 @@ public:
     /// With a \a role other than QAccessible::NoRole, screen readers find the text.
     QVLabel(const QVTextStyle &style, QVColors::Source source, QAccessible::Role role, QWidget *parent);
 
-    /// Paints a box below the text, which reaches as far beyond it as \a padding says in all.
+    /// Paints a box behind the text. \a padding is how much wider and higher than the text it is.
     void setGround(const QColor &ground, QSize padding);
 
     [[nodiscard]] const QString &text() const { return m_text.text(); }
@@ -24,11 +24,11 @@ public:
     [[nodiscard]] QColor color() const { return m_color(); }
     /// Whether the text does not fit, so that its end is not shown.
     [[nodiscard]] bool isElided() const { return m_text.isElided(size()); }
-    /// How much higher than for one line the label is to be where it is \a width wide.
+    /// The height, beyond that of one line, that the text needs at this \a width.
     [[nodiscard]] int extraHeightFor(int width) const { return m_text.extraHeightFor(width); }
-    /// At most as wide as the parent, but for a margin.
+    /// At most as wide as the parent, less a margin.
     [[nodiscard]] QSize sizeHint() const override;
-    /// The size where the label may be \a width wide.
+    /// The size that the label needs if it may be at most \a width wide.
     [[nodiscard]] QSize sizeFor(int width) const;
 
 protected:

@@ -2,6 +2,6 @@
 
 class QString;
 
-/// What a line on screen, or its spoken name, can take of a server's text: without breaks, and no
-/// longer than would fit anywhere, since shaping a megabyte at each repaint would stall the host.
+/// \a text, which may come from a server, as one line for the screen or a screen reader: without line breaks,
+/// and cut off where no screen has room for more. Laying out a megabyte of text would stall the host.
 [[nodiscard]] QString qv_oneLine(const QString &text);

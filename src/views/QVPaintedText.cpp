@@ -28,7 +28,7 @@ double widest(const QStringList &lines, const QFontMetricsF &metrics)
     return width;
 }
 
-/// What the lines below the first one take.
+/// The height of the lines below the first one.
 double extraHeight(const QStringList &lines, const QFontMetricsF &metrics)
 {
     return metrics.lineSpacing() * double(std::max<qsizetype>(lines.size(), 1) - 1);
@@ -82,7 +82,7 @@ void QVPaintedText::paint(QPainter &painter, const QRect &room, const QColor &co
 {
     if (room.isEmpty() || (m_line.isEmpty() && m_icon.isNull()))
         return;
-    // Not the device's ratio: a widget that is rendered elsewhere answers with that of its own screen.
+    // The painter's ratio, not the device's: a widget that is rendered elsewhere reports that of its screen.
     const qreal ratio = std::clamp(painter.deviceTransform().m11(), 1.0, QVScaledPicture::largestRatio);
     const Key key{room.size(), ratio, color, QApplication::font()};
     if (key != m_key) {
@@ -149,7 +149,7 @@ QPixmap QVPaintedText::picture(const Key &key) const
     painter.setPen(key.color);
     draw(painter, key.size);
     if (m_style.hasShadow) {
-        // Under what is there already, a pixel lower.
+        // Behind the text, one pixel lower.
         const QImage shadow = shadowOf(ink);
         painter.setCompositionMode(QPainter::CompositionMode_DestinationOver);
         painter.drawImage(QRectF(QPointF(0, 1), QSizeF(key.size)), shadow);
@@ -163,7 +163,7 @@ void QVPaintedText::draw(QPainter &painter, QSize room) const
     const Lines lines = fitted(room);
     const QFontMetricsF metrics(lines.font);
     const bool hasIcon = !m_icon.isNull();
-    // The icon takes part in the height of the line, as a letter of its own size would.
+    // The icon counts for the height of the line, as a letter of that size would.
     const double ascent = std::max(metrics.ascent(), hasIcon ? iconSide - iconBelowBaseline : 0);
     const double descent = std::max(metrics.descent(), hasIcon ? iconBelowBaseline : 0);
     const double extra = extraHeight(lines.texts, metrics);
@@ -181,7 +181,7 @@ void QVPaintedText::draw(QPainter &painter, QSize room) const
                            QRectF(m_icon.rect()));
     }
     painter.setFont(lines.font);
-    // The application's direction is that of its own texts.
+    // The direction follows the text, not the application: the two may have different languages.
     painter.setLayoutDirection(Qt::LayoutDirectionAuto);
     for (const QString &line : lines.texts) {
         const double start = left + space + aligned(width - metrics.horizontalAdvance(line));

@@ -6,22 +6,22 @@
 
 class QPainter;
 
-/// How a text is set.
+/// The style of a text.
 struct QVTextStyle
 {
-    /// In logical pixels where the platform's text has its usual size. A text that does not fit shrinks
-    /// before it is cut, but not below 12.
+    /// The size in logical pixels, if the platform's text has the usual size. A text that does not fit is
+    /// made smaller, down to 12, before it is cut off.
     int pixelSize = 15;
     int mostLines = 1;
     Qt::Alignment alignment = Qt::AlignHCenter;
-    /// A soft one, for white text on coloured ground.
+    /// A soft shadow, for white text on a coloured background.
     bool hasShadow = false;
     bool isItalic = false;
 };
 
-/// A text, with an icon before it if it has one, in the application's font. It is painted once for each
-/// size, pixel ratio and colour; after that, painting copies a picture. The text may come from the network:
-/// it is never taken for markup.
+/// A text with an optional icon before it, in the application's font. It is rendered again only when its
+/// size, pixel ratio, colour or font changes; otherwise painting copies a picture. The text may come from the
+/// network, and is always plain text.
 class QVPaintedText final
 {
 public:
@@ -33,9 +33,9 @@ public:
     [[nodiscard]] const QString &text() const { return m_text; }
     void setText(const QString &text, const QPixmap &icon = {});
 
-    /// The room it needs where it may be \a width wide.
+    /// The size that the text needs if it may be at most \a width wide.
     [[nodiscard]] QSize sizeFor(int width) const;
-    /// How much of that height is there because one line does not hold it.
+    /// The part of that height that the lines below the first one need.
     [[nodiscard]] int extraHeightFor(int width) const;
     [[nodiscard]] bool isElided(QSize room) const;
     /// Paints it centred vertically in \a room.

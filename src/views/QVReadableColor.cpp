@@ -28,7 +28,7 @@ double luminance(const QColor &color)
 double contrast(const QColor &one, const QColor &other)
 {
     constexpr double flare = 0.05;
-    // By value, as from a list: of two temporaries it would return references.
+    // The list form of std::minmax returns values; the other one would return references to temporaries.
     const auto [darker, lighter] = std::minmax({luminance(one), luminance(other)});
     return (lighter + flare) / (darker + flare);
 }
@@ -49,7 +49,7 @@ bool isReadable(const QColor &text, const QColor &ground)
                     contrast(text, mixed(Qt::white, ground, part))) >= wantedContrast;
 }
 
-/// Palettes of high contrast know black and white and nothing between, on buttons as well.
+/// High-contrast palettes use only black and white for texts and their backgrounds, on buttons as well.
 bool hasHighContrast(const QPalette &palette)
 {
     constexpr double greatest = 20.9;

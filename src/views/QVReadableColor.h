@@ -2,6 +2,7 @@
 
 #include <QColor>
 
-/// \a text as it is painted on \a ground: as given, or where more contrast is wanted so much darker or
-/// lighter that the two have a ratio of at least 4.5 : 1. A ground that is not opaque may lie over anything.
+/// The colour in which \a text is painted on the background \a ground. If high contrast is wanted, it is made
+/// darker or lighter until the contrast ratio is at least 4.5 : 1, otherwise it is unchanged. A translucent
+/// \a ground may lie over any colour.
 [[nodiscard]] QColor qv_readableColor(const QColor &text, const QColor &ground);

@@ -54,7 +54,7 @@ QVRenderDrawImageView::QVRenderDrawImageView(QWidget *parent)
     m_focusRing = new QVFocusRing(this);
     connect(m_errorOverlayView, &QAbstractButton::clicked, this,
             &QVRenderDrawImageView::errorOverlayViewDidClickedAction);
-    // Places the bars below the edge, so that the first one slides in like any later one.
+    // The first call also places the bars below the edge, so that the first one slides in from there.
     qv_followLanguage(this, [this] { translate(); });
 }
 
@@ -157,7 +157,7 @@ void QVRenderDrawImageView::slideOut(Bar bar)
     view->setOnScreen(false);
     placeBar(view);
     m_layout.animateLayout(QVOverlaySurface::slideDuration, [view] {
-        // Out of sight, but a screen reader would still find it.
+        // Hidden, since a screen reader would find the bar even outside the picture.
         if (!view->isOnScreen())
             view->hide();
     });
@@ -165,7 +165,7 @@ void QVRenderDrawImageView::slideOut(Bar bar)
 
 void QVRenderDrawImageView::placeBar(QVRenderDrawOverlayView *bar)
 {
-    // A line of text stays in sight above the strip.
+    // One line of text must be visible above the strip.
     const int leastSeen = QVRenderDrawOverlayView::defaultHeight() * 2 / 3;
     const int height = std::max(bar->heightFor(width()), m_coveredHeight + leastSeen);
     m_layout.update(bar, [this, bar, height](QVConstraintMaker &make) {
@@ -183,7 +183,7 @@ void QVRenderDrawImageView::setStrip(QWidget *strip)
 bool QVRenderDrawImageView::eventFilter(QObject * /*watched*/, QEvent *event)
 {
     const QEvent::Type type = event->type();
-    // The strip finds its place while a bar may be on screen already.
+    // The strip may be placed or shown while a bar is on screen.
     if (type == QEvent::Move || type == QEvent::Show || type == QEvent::Hide)
         keepClearOfStrip();
     return false;
@@ -214,7 +214,7 @@ void QVRenderDrawImageView::paintEvent(QPaintEvent *event)
     if (!m_picture.isOpaque())
         painter.fillRect(event->rect(), QVColors::picture);
     m_picture.paint(painter, size());
-    // Loading dots wait as long as the dark does on which they lie.
+    // The loading dots are shown only after the former picture has been cleared.
     if (!m_clearing.isActive())
         m_layers.paint(painter);
 }

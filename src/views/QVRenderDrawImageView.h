@@ -17,8 +17,8 @@ class QVFocusRing;
 class QVRenderDrawImageViewLoadingLayer;
 class QVRenderDrawOverlayView;
 
-/// The captcha's picture, with three dots while it is fetched and one of three bars that slide up
-/// from under its bottom edge. It is told what to show and knows nothing of the service.
+/// The captcha's picture, with three dots while it is loaded, and three bars, of which one at a time slides
+/// up from its bottom edge. It does not know the service.
 class QVRenderDrawImageView final : public QWidget
 {
     Q_OBJECT
@@ -35,10 +35,10 @@ public:
 
     [[nodiscard]] QImage image() const { return m_image; }
     [[nodiscard]] bool hasImage() const { return !m_image.isNull(); }
-    /// Names a sibling that lies over the bottom edge where the picture is narrow, once.
+    /// Sets a sibling that may cover the bottom edge of a narrow picture. Call this once.
     void setStrip(QWidget *strip);
-    /// Shows a picture stretched into the bounds; a null one clears it. The former one is seen a moment
-    /// longer, so that a next one that comes at once takes its place without a dark flash.
+    /// Shows a picture, stretched to the size of the widget. A null picture clears it after a moment, so that
+    /// a picture that follows at once replaces the former one without a dark flash.
     void setImage(const QImage &image);
 
     [[nodiscard]] QVRenderDrawImageViewLoadingLayer &loadingLayer() const { return *m_loadingLayer; }
@@ -66,7 +66,7 @@ private:
 
     QVWeakDelegate<QVRenderDrawImageViewDelegate> m_delegate;
     QImage m_image;
-    /// What is seen.
+    /// The picture on screen.
     QVScaledPicture m_picture;
     QVTimer m_clearing;
     QVLayerHost m_layers;
@@ -79,6 +79,6 @@ private:
     bool m_isCharVerify = false;
     bool m_isLoading = false;
     QPointer<QWidget> m_strip;
-    /// How much of the bars' height the strip lies over.
+    /// The height that the strip covers of the bars.
     int m_coveredHeight = 0;
 };

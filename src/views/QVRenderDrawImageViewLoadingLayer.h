@@ -8,6 +8,6 @@ class QVRenderDrawImageViewLoadingLayer final : public QVLayer
 public:
     void startLoading();
     void stopLoading();
-    /// Puts the dots into the middle of the bounds, as they are now.
+    /// Moves the dots to the middle of the current bounds.
     void centerDots();
 };

@@ -17,7 +17,7 @@ constexpr double usualHeight = 30;
 constexpr int labelInset = 10;
 constexpr int retrySide = 16;
 
-/// White text lies on a coloured bar.
+/// White text is used on coloured bars, and needs a shadow.
 QVTextStyle styleFor(QVColors::Source text)
 {
     return {.pixelSize = 14, .mostLines = 2, .hasShadow = text == QVColors::white};
@@ -96,7 +96,7 @@ void QVRenderDrawOverlayView::setOnScreen(bool onScreen)
     updateInput();
     if (!onScreen)
         return;
-    // The bar that slides out may be back before it is gone.
+    // A bar that is still sliding out is visible, so showing it again would not make it read out.
     qv_readOut(m_overlayLabel);
     show();
     raise();
@@ -107,7 +107,7 @@ void QVRenderDrawOverlayView::updateInput()
     const bool takesInput = m_acceptsTouches && m_isOnScreen;
     setAttribute(Qt::WA_TransparentForMouseEvents, !takesInput);
     setFocusPolicy(takesInput ? Qt::TabFocus : Qt::NoFocus);
-    // The label is what is read out.
+    // The label is read out, not the bar.
     qv_setAccessibleRole(this, takesInput ? QAccessible::Button : QAccessible::Grouping);
     setAccessibleName(m_overlayLabel->accessibleName());
     setCursor(takesInput ? Qt::PointingHandCursor : Qt::ArrowCursor);

@@ -13,28 +13,27 @@ class QVRenderDrawOverlayView final : public QVTouchButton
     Q_OBJECT
 
 public:
-    /// 30, more where the platform's text is larger than usual.
+    /// 30 logical pixels; more if the platform's text is larger than usual.
     [[nodiscard]] static int defaultHeight();
 
     QVRenderDrawOverlayView(const QColor &background, QVColors::Source text, QWidget *parent = nullptr);
 
     [[nodiscard]] QVLabel *overlayLabel() const { return m_overlayLabel; }
-    /// Without a picture, or with a null text, the other one stands alone.
+    /// Either may be null.
     void setOverlayImage(const QPixmap &image, const QVText &text);
-    /// Shows the text in the language in force.
+    /// Shows the text in the current language.
     void translate();
-    /// The bar's height where it is \a width wide: the default one, more where the text takes two lines.
+    /// The height of a bar of this \a width: the default height, or more if the text needs two lines.
     [[nodiscard]] int heightFor(int width) const;
 
-    /// Keeps the line above what lies over the bar's lowest \a height.
+    /// Keeps the text above the lowest \a height pixels, which another widget covers.
     void setCoveredHeight(int height);
 
-    /// Whether the bar can be tapped while it is on screen. Otherwise it lets everything through to
-    /// what lies below.
+    /// Whether the bar can be tapped while it is on screen. Otherwise all input goes to the widget below.
     [[nodiscard]] bool acceptsTouches() const { return m_acceptsTouches; }
     void setAcceptsTouches(bool accepts);
     [[nodiscard]] bool isOnScreen() const { return m_isOnScreen; }
-    /// A bar on its way out takes no more taps and no focus.
+    /// A bar that slides out takes neither taps nor focus.
     void setOnScreen(bool onScreen);
 
 protected:
@@ -43,7 +42,7 @@ protected:
 private:
     void updateInput();
     [[nodiscard]] int rightInset() const;
-    /// Where the mark is that says that a tap tries again.
+    /// The frame of the symbol that invites to tap and try again.
     [[nodiscard]] QRect retryFrame() const;
 
     QVLabel *m_overlayLabel;

@@ -14,7 +14,7 @@ void QVScaledPicture::paint(QPainter &painter, QSize size)
 {
     if (m_image.isNull() || size.isEmpty())
         return;
-    // Not the device's ratio: a widget that is rendered elsewhere answers with that of its own screen.
+    // The painter's ratio, not the device's: a widget that is rendered elsewhere reports that of its screen.
     const qreal ratio = qBound(1.0, painter.deviceTransform().m11(), largestRatio);
     const QSize pixels = (QSizeF(size) * ratio).toSize();
     if (m_scaled.size() != pixels)

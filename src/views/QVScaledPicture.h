@@ -5,17 +5,17 @@
 
 class QPainter;
 
-/// A picture stretched to a widget's size. The stretched version is kept, in the device's own pixels,
-/// so that repainting a small part costs no more than copying it.
+/// A picture stretched to the size of a widget. The stretched version is kept, in device pixels, so that
+/// repainting a small part only copies it.
 class QVScaledPicture
 {
 public:
-    /// Bounds the memory where a host zooms a scene that shows a widget.
+    /// The largest pixel ratio. Limits the memory if a host zooms into a graphics scene with the widget.
     static constexpr qreal largestRatio = 4;
 
     [[nodiscard]] const QImage &image() const { return m_image; }
     void setImage(const QImage &image);
-    /// Whether it hides everything below.
+    /// Whether the picture hides everything behind it.
     [[nodiscard]] bool isOpaque() const { return !m_image.isNull() && !m_image.hasAlphaChannel(); }
     void paint(QPainter &painter, QSize size);
 

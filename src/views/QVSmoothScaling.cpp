@@ -10,11 +10,11 @@ QImage stripScaled(const QImage &image, QSize size)
     return image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
 
-// Qt shares larger pictures out among the threads of the process's pool and waits for them: a host that keeps
-// these busy would stop its own window. A strip is below that size.
+// Qt scales larger pictures on the threads of its global pool and waits for them. A host that keeps these
+// busy would block its own window. A strip is small enough that Qt does not use the pool.
 constexpr qsizetype pixelsPerStrip = qsizetype{1} << 16;
 
-/// As wide as \a width; each row by itself, so that strips of rows fit together.
+/// Scales only the width. Rows do not affect each other, so that strips of rows fit together.
 QImage scaledInWidth(const QImage &image, int width)
 {
     QImage wide(width, image.height(), image.format());
@@ -28,7 +28,7 @@ QImage scaledInWidth(const QImage &image, int width)
     return wide;
 }
 
-/// As high as \a height; each column by itself.
+/// Scales only the height. Columns do not affect each other, so that strips of columns fit together.
 QImage scaledInHeight(const QImage &image, int height)
 {
     QImage high(image.width(), height, image.format());

@@ -2,6 +2,6 @@
 
 #include <QImage>
 
-/// \a image stretched to \a size smoothly, without the threads of the process's pool: Qt waits for them
-/// behind whatever the host has them do.
+/// Scales \a image smoothly to \a size. Qt's own function would wait for the threads of its global pool,
+/// which may be busy with the host's work.
 [[nodiscard]] QImage qv_smoothlyScaled(const QImage &image, QSize size);

@@ -4,9 +4,9 @@
 
 #include <QWidget>
 
-/// What a control tells screen readers besides its name. A changed name alone is not heard: Qt sends it in
-/// a form that they cannot speak, and of a control without the focus they would not speak anyway. A part
-/// without size, and hidden until there is something to tell.
+/// A message of a control to screen readers, besides its name. They do not read a changed name: Qt sends it
+/// in a form that they cannot use, and they read nothing of a control without the focus. This is a child of
+/// the control, without size, and hidden until the first message.
 class QVSpokenMessage final : public QWidget
 {
     Q_OBJECT

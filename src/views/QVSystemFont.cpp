@@ -8,7 +8,7 @@
 
 namespace {
 
-// 11 points at 96 dots an inch, the largest that a desktop starts out with.
+// 11 points at 96 dots per inch, the largest default size of a desktop.
 constexpr double usualPixelSize = 15;
 constexpr double largestScale = 2;
 
@@ -23,7 +23,7 @@ QFont qv_systemFont(int pixelSize)
 {
     QFont font(QApplication::font().families());
     font.setPixelSize(static_cast<int>(std::lround(pixelSize * qv_textScale())));
-    // A painter takes what is left open from its widget's font.
+    // Otherwise a painter would take the unset properties from the font of its widget.
     font.setResolveMask(QFont::AllPropertiesResolved);
     return font;
 }

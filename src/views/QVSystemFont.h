@@ -2,11 +2,10 @@
 
 #include <QFont>
 
-/// How much larger than usual the platform shows text, from 1 to 2: what people with weak sight choose
-/// there holds here too.
+/// How much larger than usual the platform's text is, from 1 to 2. So the choice of users with weak sight
+/// applies here, too.
 [[nodiscard]] double qv_textScale();
 
-/// The application's font, upright and regular; \a pixelSize is in logical pixels where the platform's
-/// text has its usual size. Painting with it instead of the widget's own font keeps a host's style
-/// sheet out.
+/// The application's font, upright and of normal weight. \a pixelSize is in logical pixels and is multiplied
+/// by qv_textScale(). Unlike the font of a widget, it is not affected by a host's style sheet.
 [[nodiscard]] QFont qv_systemFont(int pixelSize);

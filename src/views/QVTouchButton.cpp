@@ -9,7 +9,7 @@ QVTouchButton::QVTouchButton(QWidget *parent)
 {
     setAttribute(Qt::WA_AcceptTouchEvents);
     setAttribute(Qt::WA_Hover);
-    // Not by click: a tap must not take the focus away from where the user types.
+    // Not Qt::ClickFocus: a tap must not take the focus away from the field that the user types in.
     setFocusPolicy(Qt::TabFocus);
     connect(this, &QAbstractButton::pressed, this, [this] { setHighlighted(true); });
     connect(this, &QAbstractButton::released, this, [this] { setHighlighted(false); });
@@ -35,7 +35,7 @@ bool QVTouchButton::event(QEvent *event)
 
 bool QVTouchButton::takeTouch(QTouchEvent &event)
 {
-    // Disabled, it still takes touches, as it does clicks: they must not go to what lies below.
+    // A disabled button takes touches, too, as it takes clicks: they must not go to the widget below.
     const bool isInside = event.pointCount() > 0 && hitButton(event.point(0).position().toPoint());
     if (event.type() == QEvent::TouchBegin && !isInside) {
         event.ignore();
@@ -88,7 +88,7 @@ void QVTouchButton::keyPressEvent(QKeyEvent *event)
 
 void QVTouchButton::hideEvent(QHideEvent *event)
 {
-    // The finger that was on it may still be down when it is shown again.
+    // When the button is shown again, the finger of an old touch may still be down.
     m_isTouched = false;
     setDown(false);
     QAbstractButton::hideEvent(event);

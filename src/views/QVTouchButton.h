@@ -4,10 +4,10 @@
 
 class QTouchEvent;
 
-/// A button that paints nothing of its own and works alike by mouse, touch and keyboard.
+/// A button without a look, which works by mouse, touch and keyboard.
 ///
-/// It takes touches itself, since a parent that takes them would leave it without the mouse events
-/// that the platform makes of them.
+/// It handles touches itself. If a parent accepted them, the platform would not make mouse events for the
+/// button of them.
 class QVTouchButton : public QAbstractButton
 {
     Q_OBJECT
@@ -15,15 +15,15 @@ class QVTouchButton : public QAbstractButton
 public:
     explicit QVTouchButton(QWidget *parent = nullptr);
 
-    /// Shows the button pressed or not; called whenever that changes.
+    /// Shows the button as pressed or not. Called whenever that changes.
     virtual void setHighlighted(bool highlighted);
 
 protected:
     static constexpr qreal pressedOpacity = 0.8;
-    /// Laid over a button that the pointer is on.
+    /// Painted over a button while the pointer is on it.
     static constexpr QColor hoverTint{255, 255, 255, 45};
 
-    /// Whether the pointer is on it and would press it.
+    /// Whether the pointer is on the button and a click would press it.
     [[nodiscard]] bool isHovered() const { return underMouse() && isEnabled() && !isDown(); }
 
     bool event(QEvent *event) override;
