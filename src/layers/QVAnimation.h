@@ -7,31 +7,31 @@
 #include <optional>
 #include <vector>
 
-/// A description of how a layer's presented values change over time; the values set stay as they are.
+/// Describes how the presented values of a layer change over time. The values that were set stay unchanged.
 ///
-/// Before it begins and after it ends an animation shows nothing. Times are in seconds.
+/// An animation has no effect before it begins and after it ends. Times are in seconds.
 class QVAnimation
 {
 public:
-    /// From one value to another; without \a from, from the value set on the layer.
+    /// From one value to another. Without \a from it starts at the value set on the layer.
     [[nodiscard]] static QVAnimation basic(QVLayerProperty property, std::optional<QVLayerValue> from,
                                            QVLayerValue to);
-    /// Through all values. \a keyTimes are fractions of the duration, one for each value; otherwise
-    /// the values are evenly spaced.
+    /// Through all \a values. \a keyTimes are fractions of the duration, one for each value. Without them the
+    /// values are evenly spaced.
     [[nodiscard]] static QVAnimation keyFrames(QVLayerProperty property, std::vector<QVLayerValue> values,
                                                std::vector<double> keyTimes = {});
-    /// Runs \a animations together; its own duration cuts off those that last longer.
+    /// Runs \a animations together. The duration of the group cuts off those that last longer.
     [[nodiscard]] static QVAnimation group(std::vector<QVAnimation> animations);
 
     void setDuration(double seconds) { m_duration = seconds; }
-    /// When it begins, counted from when it is added.
+    /// The delay between adding the animation and its begin.
     void setBeginTime(double seconds) { m_beginTime = seconds; }
     void setRepeatsForever() { m_repeatsForever = true; }
     void setTimingCurve(const QEasingCurve &curve) { m_curve = curve; }
 
-    /// When it ends, counted from when it is added; none if it never does.
+    /// The time from adding the animation to its end; empty if it never ends.
     [[nodiscard]] std::optional<double> end() const;
-    /// Writes into \a presented what the animation shows \a time after it was added.
+    /// Writes the values into \a presented that the animation shows \a time seconds after it was added.
     void apply(double time, const QVLayerProperties &model, QVLayerProperties &presented) const;
 
 private:

@@ -4,7 +4,7 @@
 
 #include <chrono>
 
-/// The animations of one layer, in the order in which they were added; a later one wins.
+/// The animations of one layer, in the order in which they were added. A later one overrides earlier ones.
 class QVAnimationStack
 {
 public:
@@ -12,12 +12,12 @@ public:
 
     void add(const QVAnimation &animation, Time time);
     void removeAll() { m_entries.clear(); }
-    /// Drops what is over at \a time.
+    /// Removes the animations that have ended at \a time.
     void finish(Time time);
 
-    /// Whether anything is still to come.
+    /// Whether any animation has not ended and moves.
     [[nodiscard]] bool isRunning() const;
-    /// When the next of those that end will do so.
+    /// The time of the next end of an animation; empty if there is none.
     [[nodiscard]] std::optional<Time> nextEnd() const;
     [[nodiscard]] QVLayerProperties presented(const QVLayerProperties &model, Time time) const;
 
@@ -27,7 +27,7 @@ private:
         QVAnimation animation;
         Time start;
         std::optional<Time> end;
-        /// Endless, but not to move.
+        /// An endless animation that has no effect, since motion is reduced.
         bool isStill = false;
     };
 

@@ -28,7 +28,7 @@ namespace QVEasing {
     return bezier({0.42, 0}, {0.58, 1});
 }
 
-/// That of a lone animation which names none.
+/// The curve of the platform's animations that set none.
 [[nodiscard]] inline QEasingCurve usual()
 {
     return bezier({0.25, 0.1}, {0.25, 1});

@@ -39,7 +39,7 @@ bool QVFrameLink::eventFilter(QObject *watched, QEvent *event)
         watchWindow();
         setVisible(!m_window->isMinimized());
     } else if (ofWidget && event->type() == QEvent::Hide) {
-        // A window that is being minimised hides its widgets before it knows its new state.
+        // The widgets of a window that is minimised are hidden before isMinimized() is true.
         setVisible(false);
     } else if (watched == m_window && event->type() == QEvent::WindowStateChange) {
         setVisible(m_widget->isVisible() && !m_window->isMinimized());

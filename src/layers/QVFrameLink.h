@@ -10,18 +10,18 @@
 
 class QWidget;
 
-/// Ties a client to the ticker for as long as it moves and its widget can be seen. Out of sight it
-/// is called only when what runs ends.
+/// Connects a client to the ticker while it runs and its widget is visible. While the widget is not visible,
+/// the client is called only when an animation ends.
 class QVFrameLink final : public QObject
 {
 public:
     using Time = QVTickerClient::Time;
 
-    /// Without a widget the client always counts as visible.
+    /// Without a \a widget the client always counts as visible.
     QVFrameLink(QVTickerClient &client, QWidget *widget);
     ~QVFrameLink() override;
 
-    /// The client moves from now on; \a end is when it next has something to finish, if ever.
+    /// Starts the ticks. \a end is the time of the next end of an animation; empty if there is none.
     void run(std::optional<Time> end);
     void stop();
     [[nodiscard]] bool isRunning() const { return m_running; }

@@ -8,8 +8,8 @@
 
 namespace {
 
-/// How far a stroke reaches beyond its path: square caps and mitred corners, which the pen cuts at
-/// twice its width, reach further than half the pen.
+/// How far a stroke reaches beyond its path. Square caps and mitred corners reach further than half the width
+/// of the pen; the pen cuts corners at twice its width.
 qreal strokeMargin(const QVLayer &layer)
 {
     return layer.lineJoin() == Qt::RoundJoin && layer.lineCap() != Qt::SquareCap ? layer.lineWidth() / 2
@@ -30,7 +30,7 @@ QRectF ownRect(const QVLayer &layer)
     return rect;
 }
 
-/// In the superlayer's coordinates.
+/// The rectangle of a layer and its sublayers, in the superlayer's coordinates.
 QRectF treeRect(const QVLayer &layer)
 {
     QRectF rect = ownRect(layer);
@@ -74,7 +74,7 @@ void QVLayer::removeFromSuperlayer()
     QVLayerContext *shownIn = context();
     auto &siblings = std::exchange(m_superlayer, nullptr)->m_sublayers;
     const auto found = std::ranges::find(siblings, this, &std::shared_ptr<QVLayer>::get);
-    // Perhaps the last owner.
+    // The superlayer may be the last owner of this.
     const std::shared_ptr<QVLayer> self = std::move(*found);
     siblings.erase(found);
     if (shownIn)

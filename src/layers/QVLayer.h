@@ -7,15 +7,15 @@
 
 #include <memory>
 
-/// Where a tree of layers is shown.
+/// The place where a tree of layers is shown.
 class QVLayerContext
 {
 public:
     virtual ~QVLayerContext() = default;
 
-    /// Something within \a rect, in the root layer's coordinates, looks different.
+    /// The look has changed within \a rect, in the root layer's coordinates.
     virtual void invalidate(const QRectF &rect) = 0;
-    /// Animations have come or gone somewhere in the tree.
+    /// Animations were added or removed somewhere in the tree.
     virtual void animationsChanged() = 0;
 
 protected:
@@ -25,8 +25,8 @@ protected:
 
 /// A retained drawing: a background, a picture, a filled and stroked path, and sublayers on top.
 ///
-/// A setter changes the value at once. An animation changes only what is presented meanwhile. A
-/// layer that is shown nowhere moves no animation on; it catches up when it is shown again.
+/// A setter changes a value at once. An animation changes only the presented value while it runs. Animations
+/// of a layer that is not visible do not advance; they catch up when it is shown again.
 class QVLayer
 {
 public:
@@ -36,7 +36,8 @@ public:
     virtual ~QVLayer();
     Q_DISABLE_COPY(QVLayer)
 
-    /// In the superlayer's coordinates, before rotation and scale; the layer's own begin at its corner.
+    /// In the superlayer's coordinates, before rotation and scale. The origin of the layer's own coordinates
+    /// is the frame's top left corner.
     [[nodiscard]] QRectF frame() const { return m_model.frame; }
     void setFrame(const QRectF &frame) { assign(m_model.frame, frame); }
     [[nodiscard]] QRectF bounds() const { return {QPointF(), m_model.frame.size()}; }
@@ -44,12 +45,12 @@ public:
     void setPath(const QPainterPath &path) { assign(m_model.path, path); }
     [[nodiscard]] qreal opacity() const { return m_model.opacity; }
     void setOpacity(qreal opacity) { assign(m_model.opacity, opacity); }
-    /// The fractions of the path's length between which it is stroked. The fill is always whole.
+    /// The path is stroked between these fractions of its length. The fill is not affected.
     [[nodiscard]] qreal strokeStart() const { return m_model.strokeStart; }
     void setStrokeStart(qreal start) { assign(m_model.strokeStart, start); }
     [[nodiscard]] qreal strokeEnd() const { return m_model.strokeEnd; }
     void setStrokeEnd(qreal end) { assign(m_model.strokeEnd, end); }
-    /// In radians, clockwise on screen, about the frame's centre, like the scale.
+    /// In radians, clockwise on screen. Rotation and scale have the frame's centre as their origin.
     [[nodiscard]] qreal rotation() const { return m_model.rotation; }
     void setRotation(qreal radians) { assign(m_model.rotation, radians); }
     [[nodiscard]] qreal scale() const { return m_model.scale; }
@@ -73,7 +74,7 @@ public:
     /// A picture scaled to fit into the bounds, centred.
     [[nodiscard]] const QPixmap &contents() const { return m_contents; }
     void setContents(const QPixmap &contents);
-    /// Nothing of the layer and its sublayers shows outside this path, unless it is empty.
+    /// The layer and its sublayers are clipped to this path, unless it is empty.
     [[nodiscard]] QPainterPath mask() const { return m_mask; }
     void setMask(const QPainterPath &mask) { assign(m_mask, mask); }
 
@@ -87,15 +88,16 @@ public:
     void removeAllAnimations();
     [[nodiscard]] const QVAnimationStack &animations() const { return m_animations; }
 
-    /// What the layer showed when it was last moved on.
+    /// The values that the layer shows, as of the last call of present().
     [[nodiscard]] const QVLayerProperties &presented() const { return m_presented; }
-    /// The presented part of the path that is stroked.
+    /// The part of the presented path that is stroked.
     [[nodiscard]] const QPainterPath &strokePath() const { return m_strokePath; }
     [[nodiscard]] QRectF presentedBounds() const { return {QPointF(), m_presented.frame.size()}; }
-    /// What the layer and its sublayers cover as presented, pen width included, in the root layer's
-    /// coordinates.
+    /// The rectangle that the layer and its sublayers cover as presented, including the pen width, in the
+    /// root layer's coordinates.
     [[nodiscard]] QRectF rectInRoot() const;
-    /// Moves the layer on and ends what is over; tells whether it looks different.
+    /// Advances the animations to \a time and removes those that have ended. Returns whether the look has
+    /// changed.
     bool present(Time time);
 
     /// For the root of a tree.

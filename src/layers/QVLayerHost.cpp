@@ -10,7 +10,7 @@
 
 namespace {
 
-/// What is still to come in a tree.
+/// The animations that have not ended in a tree.
 struct Outlook
 {
     bool running = false;
@@ -21,7 +21,7 @@ struct Outlook
         const std::optional<QVLayer::Time> end = layer.animations().nextEnd();
         if (end)
             nextEnd = std::min(*end, nextEnd.value_or(*end));
-        // An endless animation of a layer that draws nothing must not keep the ticker up.
+        // An endless animation of a layer that draws nothing must not keep the ticker running.
         const bool endless = !end && layer.animations().isRunning();
         running = running || end || (endless && !layer.rectInRoot().isEmpty());
         for (const auto &sublayer : layer.sublayers())
@@ -50,12 +50,12 @@ void QVLayerHost::paint(QPainter &painter) const
 
 void QVLayerHost::invalidate(const QRectF &rect)
 {
-    // A host may keep widgets beyond the application object; nothing is shown there any more.
+    // Widgets of the host may outlive the application object; they are not shown any more then.
     if (rect.isEmpty() || !QCoreApplication::instance())
         return;
-    // One more pixel than the shape covers: its soft edge.
+    // One pixel more than the shape covers, for antialiasing.
     m_widget.update(rect.toAlignedRect().adjusted(-1, -1, 1, 1));
-    // A layer that drew nothing may have had an animation waiting.
+    // An endless animation may have waited because its layer drew nothing.
     if (!m_link.isRunning())
         animationsChanged();
 }

@@ -5,7 +5,7 @@
 
 class QPainter;
 
-/// Shows a tree of layers in a widget: the widget owns the host and calls paint() when it is painted.
+/// Shows a tree of layers in a widget. The widget owns the host and calls paint() in its paint event.
 class QVLayerHost final : private QVLayerContext, private QVTickerClient
 {
 public:

@@ -5,7 +5,7 @@
 class QPainter;
 class QVLayer;
 
-/// Draws a tree of layers as it is presented.
+/// Draws the presented values of a tree of layers.
 class QVLayerPainter
 {
 public:

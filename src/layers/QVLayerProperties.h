@@ -6,12 +6,12 @@
 
 #include <variant>
 
-/// What of a layer can be animated.
+/// The properties of a layer that can be animated.
 enum class QVLayerProperty { Frame, Path, Opacity, StrokeStart, StrokeEnd, Rotation, Scale };
 
 using QVLayerValue = std::variant<qreal, QRectF, QPainterPath>;
 
-/// The animatable values of a layer, as set or as presented.
+/// The animatable values of a layer: either those set or those presented.
 struct QVLayerProperties
 {
     QRectF frame;
@@ -23,9 +23,9 @@ struct QVLayerProperties
     qreal scale = 1;
 
     [[nodiscard]] QVLayerValue value(QVLayerProperty property) const;
-    /// A value of another kind than the property's changes nothing.
+    /// Ignores a value that does not have the type of the property.
     void setValue(QVLayerProperty property, const QVLayerValue &value);
-    /// From the layer's own coordinates to its superlayer's: turned and scaled about the frame's centre.
+    /// From the layer's own coordinates to those of its superlayer, including rotation and scale.
     [[nodiscard]] QTransform transform() const;
 
     friend bool operator==(const QVLayerProperties &, const QVLayerProperties &) = default;

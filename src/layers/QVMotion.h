@@ -1,10 +1,10 @@
 #pragma once
 
-/// Whether the user wants things to move.
+/// Whether animations are wanted.
 class QVMotion
 {
 public:
-    /// True where the host says so or the desktop's style animates nothing: then effects jump to their end
-    /// and endless ones stand still.
+    /// True if the host has set it or the desktop's style does not animate. Animations then jump to their
+    /// end, and endless ones do not move.
     [[nodiscard]] static bool isReduced();
 };

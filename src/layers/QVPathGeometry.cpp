@@ -9,7 +9,7 @@
 
 namespace {
 
-// Chords per curve: over a quarter circle they find lengths to within 0.05 %.
+// Chords per curve. The length of a quarter circle is exact to within 0.05 %.
 constexpr int chords = 16;
 
 QPointF mixed(QPointF from, QPointF to, qreal t)
@@ -45,7 +45,7 @@ struct Segment
         return sum;
     }
 
-    /// The parameter at which \a distance of the segment's length lies behind.
+    /// The parameter of the point at \a distance from the start, along the segment of the length \a whole.
     [[nodiscard]] qreal parameterAt(qreal distance, qreal whole) const
     {
         if (distance <= 0 || distance >= whole)
@@ -134,7 +134,7 @@ bool haveSameElements(const QPainterPath &one, const QPainterPath &other)
 
 QPainterPath qv_arcPath(QPointF centre, qreal radius, qreal startAngle, qreal endAngle)
 {
-    // Qt counts degrees, counter-clockwise.
+    // Qt's angles are in degrees, counter-clockwise.
     const QRectF square(centre.x() - radius, centre.y() - radius, 2 * radius, 2 * radius);
     QPainterPath path;
     path.arcMoveTo(square, -qRadiansToDegrees(startAngle));

@@ -11,7 +11,7 @@ namespace {
 
 constexpr double nanosecondsPerSecond = 1e9;
 constexpr double usualRate = 60;
-// Virtual screens report anything, zero included.
+// Virtual screens may report any rate, even zero.
 constexpr double lowestRate = 24;
 constexpr double highestRate = 240;
 
@@ -26,7 +26,7 @@ double screenRate()
 
 QVTicker &QVTicker::shared()
 {
-    // Never destroyed: a host may end its own statics, managers among them, after ours.
+    // Never destroyed: a host's statics, managers among them, may be destroyed after ours.
     static auto *const ticker = new QVTicker;
     return *ticker;
 }
@@ -75,7 +75,7 @@ void QVTicker::tick()
     const auto frame = std::max(m_nextFrame, qint64(std::floor(passed * m_rate / nanosecondsPerSecond)));
     m_time = frameTime(frame);
     m_nextFrame = frame + 1;
-    // Before the clients: one of them may run an event loop of its own, in which the rest goes on.
+    // Scheduled before the clients are called: if one of them runs a nested event loop, ticks go on in it.
     scheduleNext();
     ++m_depth;
     const std::size_t count = m_clients.size();

@@ -5,7 +5,7 @@
 #include <chrono>
 #include <vector>
 
-/// Something that moves from frame to frame.
+/// An object that is animated frame by frame.
 class QVTickerClient
 {
 public:
@@ -14,7 +14,8 @@ public:
     virtual ~QVTickerClient() = default;
 
     virtual void tick(Time time) = 0;
-    /// Its widget has come into sight at \a time, before the next tick. Not a place to run callbacks.
+    /// The widget has become visible at \a time. Called before the next tick. Must not call back into the
+    /// host.
     virtual void appear(Time time) { Q_UNUSED(time) }
 
 protected:
@@ -22,10 +23,10 @@ protected:
     Q_DISABLE_COPY(QVTickerClient)
 };
 
-/// Drives everything that moves, at the screen's refresh rate. Without clients nothing is scheduled.
+/// Drives all animations at the refresh rate of the screen. Without clients nothing is scheduled.
 ///
-/// All clients of a tick get the same time. Ticks lie on a grid, so that late ones do not add up.
-/// Clients may start, stop and be destroyed during a tick.
+/// All clients of a tick get the same time. The times of ticks are multiples of the frame time, so that
+/// delays do not add up. Clients may be started, stopped and destroyed during a tick.
 class QVTicker
 {
 public:
@@ -36,9 +37,9 @@ public:
     void start(QVTickerClient *client);
     void stop(QVTickerClient *client);
     [[nodiscard]] bool isRunning() const { return m_task != 0; }
-    /// The time of the tick under way; outside a tick, now.
+    /// The time of the current tick; outside a tick, the current time.
     [[nodiscard]] Time time() const;
-    /// Ticks a second; 0 brings back the screen's own rate.
+    /// Sets the rate in ticks per second. 0 restores the rate of the screen.
     void setRefreshRate(double rate) { m_rateOverride = rate; }
 
 private:
@@ -50,7 +51,7 @@ private:
     void forgetStopped();
     [[nodiscard]] Time frameTime(qint64 frame) const;
 
-    // A client that stops leaves a null here until no tick is under way.
+    // A client that is stopped during a tick is null until the end of the tick.
     std::vector<QVTickerClient *> m_clients;
     QVScheduler::TaskId m_task = 0;
     double m_rateOverride = 0;

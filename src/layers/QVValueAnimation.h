@@ -7,22 +7,21 @@
 #include <functional>
 #include <memory>
 
-/// Takes a number from one value to another, for what a widget moves by itself. The widget keeps its
-/// final state as a plain value and asks this only for the way there.
+/// Animates a number from one value to another, for a widget that paints the motion itself. The widget keeps
+/// its final state as a plain value, and uses this only for the steps between.
 class QVValueAnimation final : private QVTickerClient
 {
 public:
     using Step = std::function<void(double value)>;
     using Completion = std::function<void()>;
 
-    /// \a widget is the one whose visibility counts. While it is hidden there are no steps, but the
-    /// animation still ends in time.
+    /// While \a widget is hidden there are no steps, but the animation still ends in time.
     explicit QVValueAnimation(QWidget *widget = nullptr);
 
     void setTimingCurve(const QEasingCurve &curve) { m_curve = curve; }
-    /// Calls \a step at once with \a from, then once a frame, and at the end with \a to; then
-    /// \a completion, never before this call has returned. Both may destroy the animation. A start
-    /// during a run replaces it, and its completion is not called.
+    /// Calls \a step at once with \a from, then once per frame, and at the end with \a to. Then it calls
+    /// \a completion, never before this call has returned. Both may destroy the animation. A start during a
+    /// run replaces that run, whose completion is not called.
     void start(double from, double to, double seconds, Step step, Completion completion = {});
     void stop();
     [[nodiscard]] bool isRunning() const { return m_run != nullptr; }
@@ -41,7 +40,7 @@ private:
     void tick(Time time) override;
 
     QEasingCurve m_curve;
-    // Shared only with a call under way, which may destroy or replace it.
+    // Shared only with the callback under way, which may destroy or restart the animation.
     std::shared_ptr<Run> m_run;
     QVFrameLink m_link;
 };
