@@ -9,11 +9,11 @@
 class QVConstraintMaker;
 class QWidget;
 
-/// One equation of a maker, in terms of widgets.
+/// One constraint of a maker, between widgets.
 struct QVConstraintDraft
 {
     QVLayoutAttribute attribute = QVLayoutAttribute::Left;
-    /// Without a target the offset alone is the value.
+    /// Without a target the value is the offset.
     bool hasTarget = false;
     QWidget *target = nullptr;
     QVLayoutAttribute targetAttribute = QVLayoutAttribute::Left;
@@ -21,11 +21,11 @@ struct QVConstraintDraft
     double offset = 0;
 };
 
-/// Last stage: what is done to the target's value.
+/// The last stage: changes the value of the target.
 class QVConstraintAmount
 {
 public:
-    /// Factor on the target's value; applies before the offset, wherever it is written.
+    /// A factor for the target's value. It applies before the offset, whatever the order of the calls.
     QVConstraintAmount &multipliedBy(double factor);
     QVConstraintAmount &offset(double constant);
 
@@ -42,7 +42,7 @@ private:
     std::size_t m_first;
 };
 
-/// Middle stage: the attributes to set, waiting for what they are equal to.
+/// The middle stage: the attributes are chosen, and their value is to be set.
 class QVConstraintSubject
 {
 public:
@@ -50,13 +50,13 @@ public:
     QVConstraintAmount equalTo(QWidget *target) const;
     /// One attribute of another widget.
     QVConstraintAmount equalTo(QWidget *target, QVLayoutAttribute attribute) const;
-    /// The widget's own attribute.
+    /// Another attribute of the same widget.
     QVConstraintAmount equalTo(const QVConstraintSubject &own) const;
-    /// A number; for a place it is counted from the parent's left or top edge.
+    /// A number. A position is counted from the parent's left or top edge.
     void equalTo(double value) const;
-    // For a literal 0, which could as well be a null widget.
+    // For a literal 0, which would be ambiguous, since it can also be a null pointer.
     void equalTo(int value) const { equalTo(static_cast<double>(value)); }
-    /// The size's width for what is horizontal, its height for the rest.
+    /// The width of \a size for horizontal attributes, its height for vertical ones.
     void equalTo(QSizeF size) const;
 
 private:
@@ -72,7 +72,7 @@ private:
     std::vector<QVLayoutAttribute> m_attributes;
 };
 
-/// First stage: chooses what of a widget is set.
+/// The first stage: chooses the attributes of a widget.
 ///
 ///     layout.make(badge, [&](QVConstraintMaker &make) {
 ///         make.left().equalTo(picture).offset(10);

@@ -17,7 +17,8 @@ Q_LOGGING_CATEGORY(quarvoLayout, "quarvo.layout")
 
 namespace {
 
-// A thousandth of a pixel must not decide: sums of thirds and the like are never exact.
+// Sums of fractions such as thirds are not exact: an edge that is short of a half by a thousandth is rounded
+// up.
 int roundedEdge(double edge)
 {
     constexpr double tolerance = 0.001;
@@ -88,7 +89,7 @@ void QVLayout::build(QWidget *widget, const Build &build, Merge merge)
 
 void QVLayout::append(const QVLayoutConstraint &constraint)
 {
-    // What is no number is equal to nothing, itself included.
+    // NaN is not equal to itself, so such a constraint is found by its form.
     std::erase_if(m_constraints, [&](const QVLayoutConstraint &each) {
         return each == constraint || (!each.isFinite() && each.hasFormOf(constraint));
     });
@@ -116,7 +117,7 @@ QVLayout::ItemId QVLayout::watch(QWidget *widget)
         return id;
     widget->installEventFilter(this);
     connect(widget, &QObject::destroyed, this, &QVLayout::requestLayout);
-    // What lies between takes part: its moves carry the widget along.
+    // The widgets between this one and the container are watched, too, since this one moves with them.
     if (m_container && widget != m_container && m_container->isAncestorOf(widget))
         watch(widget->parentWidget());
     return id;
@@ -180,7 +181,7 @@ void QVLayout::report(const std::vector<QVLayoutProblem> &problems)
 
 void QVLayout::apply()
 {
-    // Collected first: a widget that is resized may run code of its owner, which may end any of them.
+    // Collected first: resizing a widget may run code of its owner, which may destroy any of them.
     std::vector<std::pair<QPointer<QWidget>, QRect>> moves;
     for (const auto &[item, place] : m_places)
         moves.emplace_back(m_items.widget(item), m_transition.seen(item, place));
@@ -240,7 +241,7 @@ void QVLayout::move()
 void QVLayout::scheduleEnd(std::chrono::milliseconds duration, Completion completion)
 {
     QVScheduler::shared().schedule(duration, [self = QPointer(this), completion = std::move(completion)] {
-        // The last frame may come a little later, yet everything has arrived by now.
+        // The last tick may come a little later, so the widgets are moved to their places now.
         if (self)
             self->move();
         if (self && self->m_container && completion)

@@ -16,15 +16,15 @@
 
 class QWidget;
 
-/// Places the widgets of a container's tree by constraints.
+/// Places the descendants of a container widget by constraints.
 ///
-/// A change of the constraints takes effect with the next layout pass, which comes by itself with
-/// the next events, or earlier through layoutNow() or animateLayout(). The container's own size
-/// changes, and those of anything that the constraints mention, are followed at once. Results are
-/// rounded on their edges in the container's coordinates, so neighbours never leave a gap.
+/// Changed constraints take effect with the next layout pass. That runs from the event loop, or earlier by
+/// layoutNow() or animateLayout(). A pass also runs at once when the container is resized, or when a widget
+/// in a constraint is moved or resized. Edges are rounded in the container's coordinates, so that neighbours
+/// have no gap.
 ///
-/// Widgets are held weakly: a constraint ends with its widget or target. A constraint that cannot be
-/// used is reported once under quarvo.layout and left out.
+/// Widgets are held weakly: a constraint is removed when its widget or target is destroyed. A constraint that
+/// cannot be used is ignored, and reported once in the log quarvo.layout.
 class QVLayout final : public QObject
 {
     Q_OBJECT
@@ -36,17 +36,18 @@ public:
     explicit QVLayout(QWidget *container);
     ~QVLayout() override;
 
-    /// Adds constraints. An equal one that is there already moves to the end instead.
+    /// Adds constraints. An equal one that exists already is moved to the end instead.
     void make(QWidget *widget, const Build &build);
     /// Replaces all constraints of the widget.
     void remake(QWidget *widget, const Build &build);
-    /// Changes the constants of the constraints that have the same form, and adds the others.
+    /// Replaces constraints that differ only in their constants, and adds the others.
     void update(QWidget *widget, const Build &build);
 
     void layoutNow();
-    /// Moves what belongs elsewhere now from where it is seen, slow at both ends. \a completion
-    /// comes once, after \a duration, even if another animation has taken over meanwhile; only the end
-    /// of the layout or its container prevents it. A hidden container jumps to its new geometry.
+    /// Moves widgets whose place has changed smoothly from where they are now, slow at both ends.
+    /// \a completion is called once, after \a duration, even if another animation has replaced this one
+    /// meanwhile. It is not called if the layout or its container is destroyed before. In a hidden container
+    /// widgets jump to their places.
     void animateLayout(std::chrono::milliseconds duration, Completion completion = {});
 
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -76,7 +77,7 @@ private:
     ItemId m_containerId;
     std::vector<QVLayoutConstraint> m_constraints;
     QStringList m_reported;
-    /// Where the constrained widgets belong, in their parents' coordinates.
+    /// The final places of the constrained widgets, in their parents' coordinates.
     Frames m_places;
     QVLayoutTransition m_transition;
     QVValueAnimation m_motion;

@@ -4,33 +4,32 @@
 
 #include <functional>
 
-/// What of a rectangle a constraint sets or reads.
+/// The attribute of a rectangle that a constraint sets or reads.
 enum class QVLayoutAttribute { Left, Right, CenterX, Width, Top, Bottom, CenterY, Height };
 
 [[nodiscard]] bool qv_isHorizontal(QVLayoutAttribute attribute);
-/// A width or a height, as opposed to a place.
+/// Whether it is a width or a height, not a position.
 [[nodiscard]] bool qv_isLength(QVLayoutAttribute attribute);
 [[nodiscard]] QString qv_attributeName(QVLayoutAttribute attribute);
 
 /// One equation: attribute of an item = attribute of a target * multiplier + offset, or a number.
 ///
-/// Places are measured in the coordinates of the item's parent, also where the target lies in
-/// another branch of the tree.
+/// Positions are in the coordinates of the item's parent, even if the target has another parent.
 struct QVLayoutConstraint
 {
-    /// Names an item; 0 names none.
+    /// Identifies an item; 0 is none.
     using ItemId = quint64;
 
     ItemId item = 0;
     QVLayoutAttribute attribute = QVLayoutAttribute::Left;
-    /// 0: the offset alone is the value.
+    /// With 0 the value is the offset.
     ItemId target = 0;
     QVLayoutAttribute targetAttribute = QVLayoutAttribute::Left;
     double multiplier = 1;
     double offset = 0;
 
     [[nodiscard]] bool isFinite() const;
-    /// Whether the two differ in nothing but their constants.
+    /// Whether the two differ at most in their constants.
     [[nodiscard]] bool hasFormOf(const QVLayoutConstraint &other) const;
     [[nodiscard]] QString description(const std::function<QString(ItemId)> &nameOf) const;
 

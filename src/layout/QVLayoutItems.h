@@ -8,26 +8,26 @@
 
 class QWidget;
 
-/// The widgets behind the numbers that a layout's constraints use. A number is never given twice,
-/// so that a new widget at a dead one's address inherits nothing.
+/// The widgets of a layout, by the numbers that its constraints use. A number is never used twice, so that a
+/// new widget at the address of a destroyed one does not get its constraints.
 class QVLayoutItems
 {
 public:
     using ItemId = QVLayoutConstraint::ItemId;
 
-    /// Stands for what is no widget at all; never known to a solver.
+    /// The number of a null or unknown widget. No solver knows it.
     static constexpr ItemId nothing = ~ItemId(0);
 
     [[nodiscard]] ItemId find(const QWidget *widget) const;
-    /// Gives the widget a number; tells through \a isNew whether it had none.
+    /// The number of \a widget, which is given one if it has none. \a isNew is set to whether it had none.
     ItemId add(QWidget *widget, bool &isNew);
     [[nodiscard]] QWidget *widget(ItemId id) const;
     /// Class and object name, for messages.
     [[nodiscard]] QString nameOf(ItemId id) const;
-    /// Drops the numbers of dead widgets and tells whether there were any.
+    /// Removes the numbers of destroyed widgets. Returns whether there were any.
     bool forgetDead();
 
-    /// Tells the solver of every widget that lies below \a container.
+    /// Adds every known widget below \a container to the solver.
     void describeTo(QVLayoutSolver &solver, QWidget *container) const;
 
 private:

@@ -11,7 +11,7 @@ using Constraint = QVLayoutConstraint;
 
 namespace {
 
-// How far along the item a place lies.
+// The fraction of the item's length at which a position lies.
 double fractionOf(Attribute place)
 {
     if (place == Attribute::Left || place == Attribute::Top)
@@ -26,7 +26,7 @@ double lengthOf(const QSizeF &size, bool horizontal)
 
 } // namespace
 
-/// One attempt at solving. It stops at the first constraint that it cannot use.
+/// One attempt to solve. It stops at the first constraint that cannot be used.
 class QVLayoutPass
 {
 public:
@@ -47,7 +47,7 @@ public:
     }
 
 private:
-    /// One of the two things that fix an axis; without a constraint it is the fallback.
+    /// One of the two attributes that define an axis. Without a constraint the fallback is used.
     struct Term
     {
         Attribute attribute = Attribute::Left;
@@ -77,7 +77,7 @@ private:
         return derived(item, attribute, terms);
     }
 
-    // A place is origin + fraction * length, so that any two attributes of an axis give the others.
+    // A position is origin + fraction * length, so that any two attributes of an axis give the others.
     double derived(ItemId item, Attribute attribute, const Terms &terms)
     {
         const Term &place = qv_isLength(terms[0].attribute) ? terms[1] : terms[0];
@@ -146,7 +146,7 @@ private:
         return target * constraint.multiplier + constraint.offset;
     }
 
-    // Zero of the item's own coordinates for an attribute.
+    // The origin of the coordinates that an attribute of the item is counted in.
     double base(ItemId item, Attribute attribute)
     {
         return qv_isLength(attribute) ? 0
@@ -188,7 +188,7 @@ QVLayoutSolution QVLayoutSolver::solve(std::vector<Constraint> constraints) cons
 {
     QVLayoutSolution solution;
     removeUnusable(constraints, solution);
-    // Each round but the last one takes a constraint out, so this ends.
+    // Each round except the last one removes a constraint, so the loop ends.
     for (;;) {
         QVLayoutPass pass(*this, constraints);
         solution.frames.clear();

@@ -7,15 +7,15 @@
 #include <map>
 #include <vector>
 
-/// A constraint that could not be used, and why. Solving goes on without it.
+/// A constraint that could not be used, and the reason. The others are solved without it.
 struct QVLayoutProblem
 {
     enum class Kind {
-        /// The constraint closes a circle of constraints.
+        /// The constraint closes a cycle of constraints.
         Cycle,
         /// Its item or target is not known to the solver, or its item is the container.
         UnknownItem,
-        /// It holds, or leads to, something that is no finite number.
+        /// It contains, or leads to, a number that is not finite.
         NotFinite,
     };
 
@@ -23,19 +23,19 @@ struct QVLayoutProblem
     QVLayoutConstraint constraint;
 };
 
-/// Where everything ends up, in the container's coordinates and not rounded.
+/// The resulting frames, in the container's coordinates and not rounded.
 struct QVLayoutSolution
 {
     std::map<QVLayoutConstraint::ItemId, QRectF> frames;
     std::vector<QVLayoutProblem> problems;
 };
 
-/// Turns constraints into rectangles. Pure geometry: items are numbers in a tree below a container.
+/// Computes rectangles from constraints. It knows no widgets: items are numbers in a tree below a container.
 ///
-/// On each axis an item is fixed by two of its constraints: the two that were added last, and only
-/// the last one of those that set the same attribute. Where there are fewer, a missing length is
-/// the item's intrinsic one and a missing place stays what it is in the item's parent. An item
-/// without any constraint keeps its frame and moves with its parent. A length is never negative.
+/// On each axis two constraints define an item: the two that were added last. Of several for the same
+/// attribute only the last one counts. If there are fewer than two, a missing length is the item's intrinsic
+/// one, and a missing position stays unchanged in the item's parent. An item without any constraint keeps its
+/// frame and moves with its parent. A length is never negative.
 class QVLayoutSolver
 {
 public:
@@ -44,7 +44,7 @@ public:
     QVLayoutSolver(ItemId container, QSizeF size);
 
     /// Adds an item below \a parent, which must have been added before. \a frame is in the parent's
-    /// coordinates; a negative side of \a intrinsicSize means that the frame's own is used.
+    /// coordinates. If a side of \a intrinsicSize is negative, that of \a frame is used.
     void addItem(ItemId item, ItemId parent, const QRectF &frame, QSizeF intrinsicSize = QSizeF(-1, -1));
     [[nodiscard]] bool contains(ItemId item) const { return m_items.contains(item); }
 

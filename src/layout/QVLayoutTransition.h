@@ -8,10 +8,10 @@
 #include <chrono>
 #include <map>
 
-/// The way from where widgets are seen to where they belong, slow at both ends.
+/// Moves widgets from where they are to their final places, slow at both ends.
 ///
-/// It is kept as the distance that is left, not as a start, so that a place that changes under way
-/// (the container is resized) is followed at once and still reached exactly.
+/// A move is stored as the distance to the final place, not as its start. So, if the final place changes
+/// meanwhile (the container is resized), the widget follows at once and still arrives exactly.
 class QVLayoutTransition
 {
 public:
@@ -19,22 +19,22 @@ public:
     using Frames = std::map<ItemId, QRect>;
     using Time = std::chrono::nanoseconds;
 
-    /// What now belongs elsewhere, at \a places instead of at \a formerPlaces, sets out from where it
-    /// is seen. The rest is left alone, on its way or not, and what is new appears in place.
+    /// Starts a move for each widget whose final place in \a places differs from that in \a formerPlaces. It
+    /// begins at the frame in \a seen. Other moves under way go on. New widgets appear at their places.
     void start(const Frames &seen, const Frames &formerPlaces, const Frames &places, Time duration);
-    /// Moves on and forgets what has arrived.
+    /// Sets the time, and removes the moves that have ended.
     void advanceTo(Time now);
     void stop() { m_moves.clear(); }
     [[nodiscard]] bool isRunning() const { return !m_moves.empty(); }
-    /// How long until everything has arrived.
+    /// The time until the last move ends.
     [[nodiscard]] Time remaining() const;
-    /// Where something is seen that belongs at \a place.
+    /// The current frame of an item whose final place is \a place.
     [[nodiscard]] QRect seen(ItemId item, const QRect &place) const;
 
 private:
     struct Move
     {
-        /// From the place to what was seen at the start, for each edge.
+        /// The distance of each edge from the final place, at the start.
         QMargins distance;
         Time start;
         Time duration;
