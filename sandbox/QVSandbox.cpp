@@ -42,7 +42,7 @@ QByteArray contentOf(const QString &fileName)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-// None where the files are no certificate and its key.
+// Empty if the files are not a certificate and its key.
 std::optional<QSslConfiguration> tlsConfiguration(const QVSandboxOptions &options)
 {
     const auto certificates = QSslCertificate::fromData(contentOf(options.certificateFile), QSsl::Pem);
@@ -107,7 +107,7 @@ struct QVSandbox::Parts
     bool outageActive = false;
     QString errorString;
     quint16 port = 0;
-    // Last, so that its connections end before what answers them.
+    // Last, so that it is destroyed first: its handler uses the members above.
     SandboxHttpServer server;
 };
 
@@ -137,7 +137,7 @@ bool QVSandbox::listen()
         sslServer->setSslConfiguration(*configuration);
         tcpServer = std::move(sslServer);
     }
-    // Never another interface: what the sandbox accepts protects nothing.
+    // Never on another interface: the tokens of the sandbox prove nothing.
     if (!tcpServer->listen(QHostAddress::LocalHost, options.port)) {
         m_parts->errorString =
             QStringLiteral("cannot listen on port %1: %2").arg(options.port).arg(tcpServer->errorString());
@@ -290,7 +290,7 @@ void QVSandbox::handle(const QHttpServerRequest &request, const Reply &reply)
 
 void QVSandbox::sendPicture(const QFuture<QByteArray> &picture, const Reply &reply, QVSandboxLogEntry entry)
 {
-    // Watched, since a future has but one continuation and several may ask for a picture.
+    // A watcher, since a future has only one continuation, and several requests may ask for one picture.
     auto *const drawing = new QFutureWatcher<QByteArray>(this);
     connect(drawing, &QFutureWatcherBase::finished, this, [this, drawing, reply, entry = std::move(entry)] {
         send({200, QByteArrayLiteral("image/jpeg"), drawing->result(), {}}, reply, entry);

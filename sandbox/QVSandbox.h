@@ -20,36 +20,36 @@ struct SandboxBehaviour;
 template<class Result>
 class QFuture;
 
-/// How a sandbox is set up.
+/// The settings of a sandbox.
 struct QVSandboxOptions
 {
     using Clock = std::function<std::chrono::milliseconds()>;
 
-    /// Makes pictures, challenges and tokens reproducible; without one they differ in every run.
+    /// Makes pictures, challenges and tokens reproducible. Without a seed they differ in every run.
     std::optional<quint64> seed;
-    /// 0 takes any free port.
+    /// The port to listen on; 0 for any free port.
     quint16 port = 0;
-    /// PEM files; both or none. With them every address is https.
+    /// PEM files; set both or none. With them every address is https.
     QString certificateFile;
     QString keyFile;
-    /// What the outage switch says at first.
+    /// Whether the outage switch is active at first.
     bool outageActive = false;
-    /// How late the id "test-slow" is answered.
+    /// The delay of answers for the id "test-slow".
     std::chrono::milliseconds slowDelay{3000};
-    /// How many requests are remembered.
+    /// The number of requests that log() keeps.
     qsizetype logLimit = 1000;
-    /// Age of challenges and refresh bounds are measured on it; the real clock when not set.
+    /// Measures the age of challenges and the rate of refreshes. If it is not set, the real clock does.
     Clock clock;
 };
 
-/// Where the parts of a listening sandbox are, in the words of the client's settings.
+/// The addresses of a listening sandbox, named like the client's settings.
 struct QVSandboxAddresses
 {
     QString base;
     QString apiHost;
     QString downloadHost;
-    /// A download host whose switch is always active. The switch request carries no id, so this is
-    /// how the id "test-outage" gets its outage.
+    /// A download host whose outage switch is always active. For the id "test-outage", since the request for
+    /// the switch contains no id.
     QString outageDownloadHost;
     QString imageHost;
     QString cdn;
@@ -58,33 +58,33 @@ struct QVSandboxAddresses
     [[nodiscard]] QJsonObject toJson() const;
 };
 
-/// A request that the sandbox received, with what it answered.
+/// A request that the sandbox has received, and its answer.
 struct QVSandboxLogEntry
 {
     QString path;
-    /// As it came, undecoded.
+    /// The query string, not decoded.
     QString query;
     QMap<QString, QString> values;
     QString contentType;
     int status = 0;
-    /// The service code answered, empty where the answer has none.
+    /// The service code of the answer; empty if it has none.
     QString code;
 
     [[nodiscard]] QJsonObject toJson() const;
 };
 
-/// What a challenge wants to be answered.
+/// The right answer to a challenge.
 struct QVSandboxSolution
 {
-    /// The curve from its start, in picture units (400 x 230, y down); empty for characters.
+    /// The curve from its start, in picture units (400 x 230, y downwards). Empty for characters.
     QList<QPointF> points;
     QString characters;
 
     [[nodiscard]] QJsonObject toJson() const;
 };
 
-/// A complete captcha service on 127.0.0.1 that draws its own pictures and really judges the
-/// answers. Lives on the thread that made it and needs an event loop there.
+/// A complete captcha service on 127.0.0.1. It draws its own pictures and really judges the answers. It needs
+/// an event loop on the thread that created it.
 class QVSandbox : public QObject
 {
     Q_OBJECT
@@ -93,7 +93,7 @@ public:
     explicit QVSandbox(QVSandboxOptions options = {}, QObject *parent = nullptr);
     ~QVSandbox() override;
 
-    /// Starts serving; false leaves the reason in errorString().
+    /// Starts serving. If it returns false, errorString() is the reason.
     [[nodiscard]] bool listen();
     [[nodiscard]] QString errorString() const;
 
@@ -105,10 +105,11 @@ public:
     [[nodiscard]] bool outageActive() const;
     void setOutageActive(bool active);
 
-    /// The latest requests to the service, oldest first; those to /sandbox/ are not among them.
+    /// The latest requests to the service, oldest first. Requests to /sandbox/ are not included.
     [[nodiscard]] QList<QVSandboxLogEntry> log() const;
     void clearLog();
-    /// The answer to the current picture of a challenge, or to the latest of all where none is named.
+    /// The answer to the current picture of \a challenge. With a null \a challenge, the answer to the latest
+    /// of all pictures.
     [[nodiscard]] std::optional<QVSandboxSolution> solution(const QString &challenge) const;
 
 private:

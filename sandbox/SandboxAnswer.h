@@ -14,17 +14,17 @@ struct SandboxAnswer
     QString code;
 
     [[nodiscard]] static SandboxAnswer json(const QJsonObject &object, int status = 200);
-    /// An answer of the service that has nothing but its code.
+    /// An answer of the service that contains only a code.
     [[nodiscard]] static SandboxAnswer onlyCode(const QString &code);
     [[nodiscard]] static SandboxAnswer failure(int status, const QString &message);
-    /// A page where the client expects JSON.
+    /// An HTML page, where the client expects JSON.
     [[nodiscard]] static SandboxAnswer notJson();
 };
 
 namespace SandboxCode {
 
 inline const QString success = QStringLiteral("0103");
-/// A wrong answer; on a click "draw, please".
+/// A wrong answer. As the answer to a click: the user has to draw.
 inline const QString wrong = QStringLiteral("0104");
 inline const QString refreshedTooFast = QStringLiteral("0105");
 inline const QString refreshedTooOften = QStringLiteral("0106");

@@ -2,11 +2,11 @@
 
 #include <QString>
 
-/// What the service does for a verification id. The ids that begin with "test-" each show one case;
-/// any other id is asked to draw.
+/// What the service does for a verification id. Each id that begins with "test-" is for one case. For any
+/// other id the user has to draw.
 struct SandboxBehaviour
 {
-    /// Answered to every request when not empty.
+    /// If not empty, the code of the answer to every request.
     QString code;
     bool isCharacter = false;
     bool passesOnClick = false;

@@ -10,11 +10,11 @@ namespace {
 
 constexpr qsizetype samples = 80;
 constexpr int gridSize = 4;
-// How far off, in picture units, a hand may be and still name the neighbouring cell.
+// The inaccuracy of a hand, in picture units. A point so close to a border may count for either cell.
 constexpr double tolerance = 14.0;
-// A corner at least this close to the farthest, in area, can be taken for it.
+// The part of the largest triangle from which on a corner may be taken for the farthest one.
 constexpr double nearlyFarthest = 0.85;
-// In square units: a smaller corner is lost in the shaking of a hand.
+// In square picture units. A smaller corner is lost in the shaking of a hand.
 constexpr double clearCorner = 1500.0;
 constexpr int clearCombinations = 300;
 
@@ -25,7 +25,7 @@ struct Run
     qsizetype top = 0;
 };
 
-// The stretches in which the area is close to its greatest value.
+// The sequences of points at which the area is close to its greatest value.
 QList<Run> runsNearTop(const QList<double> &areas)
 {
     const double least = nearlyFarthest * *std::ranges::max_element(areas);
@@ -66,7 +66,8 @@ SandboxCellJudge::SandboxCellJudge(const SandboxPath &curve)
     for (const QPointF point : std::as_const(m_points))
         areas.append(triangleArea(m_points.first(), m_points.last(), point));
     for (const Run &run : runsNearTop(areas)) {
-        // In a flat bow the second corner depends on where in it the first one was found.
+        // In a flat bow several points may be taken for the first corner, and the second corner depends on
+        // that.
         for (const qsizetype corner : {run.first, run.top, run.last})
             addReadings(corner, cellsAround(run.first, run.last));
     }

@@ -6,24 +6,25 @@
 
 #include <array>
 
-/// Judges the outage service's coarse traces: four hexadecimal digits that name the cells, on a
-/// 4 x 4 grid over the picture, of a stroke's start, its two chief corners and its end.
+/// Judges the coarse traces of the outage service. These are four hexadecimal digits, which name cells of a 4
+/// x 4 grid over the picture: those of a stroke's start, its two main corners and its end.
 ///
-/// The corners are the point farthest from the line between the ends, and the point then farthest
-/// from the leg on its side. Where the curve has several about as far, or a flat bow, a hand a
-/// little off the curve finds another one: each of those is right.
+/// The first corner is the point that is farthest from the line between the ends. The second one is the point
+/// that is then farthest from the line between the first corner and the end on its side. If several points
+/// are about as far, or in a flat bow, a slightly different stroke has different corners; all of these are
+/// accepted.
 class SandboxCellJudge
 {
 public:
     explicit SandboxCellJudge(const SandboxPath &curve);
 
     [[nodiscard]] bool accepts(const QString &digits) const;
-    /// Whether so few traces are right that a guess is no answer, and the corners stand out enough
-    /// for a hand to hit them.
+    /// Whether the curve suits: few enough traces are right that guessing does not help, and the corners are
+    /// clear enough to be drawn.
     [[nodiscard]] bool isClear() const;
 
 private:
-    /// A bit a cell.
+    /// One bit per cell.
     using Cells = quint16;
     using Reading = std::array<Cells, 4>;
 

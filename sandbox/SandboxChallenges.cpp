@@ -2,7 +2,7 @@
 
 namespace {
 
-// Clients replace a picture one second before this.
+// Clients replace a picture one second earlier.
 constexpr std::chrono::minutes lifetime(3);
 constexpr qsizetype maximumChallenges = 1000;
 

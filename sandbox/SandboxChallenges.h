@@ -8,26 +8,26 @@
 #include <chrono>
 #include <optional>
 
-/// One captcha from its configuration until it is passed or given up.
+/// One captcha, from its configuration until it is passed or expires.
 struct SandboxChallenge
 {
     QString id;
     std::optional<SandboxPuzzle> puzzle;
-    /// Wrong answers to the current picture.
+    /// The number of wrong answers to the current picture.
     int wrongAnswers = 0;
     std::chrono::milliseconds renewedAt{};
-    /// When pictures were fetched, within the last minute.
+    /// The times at which pictures were fetched within the last minute.
     QQueue<std::chrono::milliseconds> fetches;
 };
 
-/// The challenges that are open, by their names.
+/// The open challenges, by name.
 class SandboxChallenges
 {
 public:
     using Time = std::chrono::milliseconds;
 
     SandboxChallenge &add(const QString &name, const QString &id, Time now);
-    /// Null where there is none of that name, or it has grown too old.
+    /// Null if there is no challenge with that name, or if it has expired.
     [[nodiscard]] SandboxChallenge *find(const QString &name, Time now);
     [[nodiscard]] const SandboxChallenge *peek(const QString &name) const;
     void remove(const QString &name);

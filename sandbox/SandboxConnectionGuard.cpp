@@ -13,7 +13,7 @@ SandboxConnectionGuard::SandboxConnectionGuard(QTcpSocket *socket)
     : QObject(socket)
     , m_socket(socket)
 {
-    // Small answers go out in three parts, which must not wait for one another.
+    // Small answers are written in three parts, which must not wait for each other.
     socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
     socket->setReadBufferSize(maximumRequest);
     connect(socket, &QTcpSocket::readyRead, this, &SandboxConnectionGuard::countReceived);
@@ -27,7 +27,7 @@ void SandboxConnectionGuard::countReceived()
 {
     m_received += m_socket->bytesAvailable();
     m_silence.start(longestSilence);
-    // Not at once: the HTTP server is still to be told about the same bytes.
+    // Not at once: the HTTP server has not been notified of these bytes yet.
     if (m_received >= maximumRequest)
         QMetaObject::invokeMethod(this, &SandboxConnectionGuard::end, Qt::QueuedConnection);
 }
@@ -40,6 +40,6 @@ void SandboxConnectionGuard::forgetReceived()
 
 void SandboxConnectionGuard::end()
 {
-    // The HTTP server deletes it then.
+    // The HTTP server then deletes the socket.
     m_socket->abort();
 }

@@ -4,8 +4,8 @@
 #include <QTcpSocket>
 #include <QTimer>
 
-/// Ends a connection that sends more than any request holds, or stays silent for long. The HTTP
-/// server itself reads without a limit and keeps a connection whose request it could not read.
+/// Closes a connection that sends more than any request has, or is silent for long. The HTTP server itself
+/// reads without a limit, and keeps a connection whose request it could not read.
 class SandboxConnectionGuard : public QObject
 {
     Q_OBJECT
@@ -24,7 +24,7 @@ private:
     qint64 m_received = 0;
 };
 
-/// A TCP or TLS server that sets a guard on each connection.
+/// A TCP or TLS server that adds a guard to each connection.
 template<class Server>
 class SandboxGuardedServer : public Server
 {

@@ -11,7 +11,8 @@ using namespace SandboxGeometry;
 
 namespace {
 
-// The prompt bar covers the lowest 30 units; half a stroke and some air come on top.
+// Curves stay inside this. The prompt bar covers the lowest 30 units; half a stroke width and a margin are
+// added.
 constexpr QRectF canvas(26.0, 24.0, 348.0, 160.0);
 // Badge and advertisement lie top left, two buttons top right.
 constexpr std::array occupied{QRectF(0.0, 0.0, 84.0, 42.0), QRectF(320.0, 0.0, 80.0, 48.0)};
@@ -21,10 +22,10 @@ constexpr int attempts = 3000;
 constexpr int stepsBetween = 16;
 constexpr double minimumLength = 330.0;
 constexpr double maximumLength = 600.0;
-// Nearer than this, two branches of the curve would be hard to tell apart under a finger.
+// Two branches of the curve that are closer would be hard to follow with a finger.
 constexpr double minimumGap = 44.0;
 constexpr double minimumRadius = 20.0;
-// A straight line from start to end must be no answer.
+// A straight line from start to end must not be a right answer.
 constexpr double minimumBend = 46.0;
 
 bool isOnFreeGround(QPointF point)
@@ -81,7 +82,7 @@ SandboxPath SandboxCurveMaker::make(const Wish &wish)
         if (isDrawable(curve) && (!wish || wish(curve)))
             return curve;
     }
-    // So many refusals in a row do not happen by chance, but a picture there must be.
+    // So many refusals in a row do not happen by chance. There must be a picture in any case.
     return splineThrough({{50, 150}, {110, 60}, {190, 70}, {230, 160}, {310, 165}, {350, 90}}, stepsBetween);
 }
 

@@ -5,8 +5,8 @@
 
 #include <functional>
 
-/// Invents the curves to draw: smooth, one stroke, clear of the controls that clients lay over a
-/// picture, never so close to itself that a drawer could take the wrong branch.
+/// Makes the curves to draw. A curve is smooth and has one stroke. It stays clear of the controls that
+/// clients show over a picture, and its branches are never so close that a user could follow the wrong one.
 class SandboxCurveMaker
 {
 public:
@@ -14,7 +14,7 @@ public:
 
     explicit SandboxCurveMaker(quint64 seed);
 
-    /// A curve of densely spaced points; \a wish can turn down those that do not suit.
+    /// A curve of densely spaced points. \a wish can refuse curves that do not suit.
     [[nodiscard]] SandboxPath make(const Wish &wish = {});
 
     [[nodiscard]] static bool isDrawable(const SandboxPath &curve);

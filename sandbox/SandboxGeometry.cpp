@@ -13,7 +13,7 @@ QPointF mixed(QPointF a, QPointF b, double from, double to, double at)
     return a * ((to - at) / (to - from)) + b * ((at - from) / (to - from));
 }
 
-// A step of the centripetal knot sequence; never zero, also where two points coincide.
+// A step of the centripetal knot sequence. Never zero, even if two points coincide.
 double knotStep(QPointF a, QPointF b)
 {
     return std::max(std::sqrt(distance(a, b)), 1e-3);
@@ -78,7 +78,7 @@ SandboxPath splineThrough(const SandboxPath &points, int stepsBetween)
 {
     if (points.size() < 2)
         return points;
-    // The ends are mirrored outward, so that the line reaches the first and last point.
+    // A mirrored point is added at each end, so that the line reaches the first and last point.
     SandboxPath p{points[0] * 2.0 - points[1]};
     p += points;
     p.append(points.last() * 2.0 - points[points.size() - 2]);

@@ -46,7 +46,7 @@ const Table &table()
     return glyphs;
 }
 
-// Straight strokes are divided too, so that whatever bends a picture bends them.
+// Straight strokes are divided, too, so that a distortion of the picture bends them.
 SandboxPath dense(const Stroke &stroke)
 {
     constexpr int stepsBetween = 8;
@@ -68,7 +68,7 @@ QString alphabet()
     QString characters;
     for (auto it = table().cbegin(); it != table().cend(); ++it)
         characters.append(it.key());
-    // A hash has no order of its own that would be the same in every run.
+    // The order of a hash differs from run to run.
     std::ranges::sort(characters);
     return characters;
 }

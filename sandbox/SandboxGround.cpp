@@ -191,7 +191,8 @@ void SandboxGround::drawRibbons(QPainter &painter)
 
 void SandboxGround::addGrain(QImage &image)
 {
-    // A table of a prime length, since drawing a number for each pixel would take longer than the scenery.
+    // A table, since a random number for each pixel would take longer than the scenery. Its length is prime,
+    // so that no pattern is visible.
     constexpr std::size_t length = 4093;
     std::array<int, length> grain{};
     std::ranges::generate(grain, [this] { return static_cast<int>(m_random.real(-6.0, 7.0)); });

@@ -10,7 +10,7 @@
 
 class QPainter;
 
-/// The scenery behind a puzzle: one of a few kinds, in one of a few palettes, with grain over it.
+/// The scenery behind a puzzle: one of a few kinds, in one of a few palettes, covered with grain.
 class SandboxGround
 {
 public:

@@ -46,7 +46,7 @@ bool SandboxHttpServer::serve(std::unique_ptr<QTcpServer> tcpServer)
 #else
     m_server.bind(tcpServer.get());
 #endif
-    // Owned by the HTTP server now.
+    // The HTTP server owns it now.
     static_cast<void>(tcpServer.release());
     return true;
 }
@@ -67,7 +67,7 @@ void SandboxHttpServer::handle(const QHttpServerRequest &request, QHttpServerRes
         if (!responder)
             return;
         m_unanswered.erase(responder);
-        // The responder itself does not notice that the client has gone.
+        // The responder does not notice that the client has disconnected.
         if (client && client->state() == QAbstractSocket::ConnectedState)
             write(*responder, answer);
     });

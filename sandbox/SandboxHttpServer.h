@@ -10,18 +10,19 @@
 class QTcpServer;
 struct SandboxAnswer;
 
-/// Qt's HTTP server behind one interface, since its own changed with Qt 6.8.
+/// Qt's HTTP server behind an interface of our own, since Qt's changed in 6.8.
 class SandboxHttpServer
 {
 public:
-    /// Answers a request, at once or later. Without effect once the client or the server has gone.
+    /// Answers a request, at once or later. Has no effect after the client has disconnected or the server was
+    /// destroyed.
     using Reply = std::function<void(const SandboxAnswer &answer)>;
     using Handler = std::function<void(const QHttpServerRequest &request, const Reply &reply)>;
 
-    /// Every request goes to \a handler.
+    /// Every request is passed to \a handler.
     explicit SandboxHttpServer(Handler handler);
 
-    /// Serves the connections of \a tcpServer, which listens already; false where it cannot.
+    /// Serves the connections of \a tcpServer, which must be listening. Returns false if that fails.
     [[nodiscard]] bool serve(std::unique_ptr<QTcpServer> tcpServer);
 
 private:
@@ -29,6 +30,6 @@ private:
 
     Handler m_handler;
     QHttpServer m_server;
-    // Destroyed before the server, since they refer to its connections.
+    // Below the server, so that they are destroyed first: they refer to its connections.
     std::set<std::shared_ptr<QHttpServerResponder>> m_unanswered;
 };

@@ -14,12 +14,12 @@ namespace {
 
 using std::chrono::milliseconds;
 
-// Nobody looks at pictures this fast, nor at this many; a script does.
+// No user, only a script, asks for pictures as fast as this, or for as many.
 constexpr qsizetype maximumInBurst = 10;
 constexpr milliseconds burst = std::chrono::seconds(2);
 constexpr qsizetype maximumInMinute = 30;
 constexpr milliseconds minute = std::chrono::minutes(1);
-// Clients fetch a new picture after the second wrong answer; beyond this it is guessing.
+// Clients fetch a new picture after the second wrong answer. More wrong answers than this are guesses.
 constexpr int maximumWrongAnswers = 5;
 
 QString idOf(const SandboxQuery &query)
@@ -32,7 +32,7 @@ QString challengeOf(const SandboxQuery &query)
     return query.value(QStringLiteral("challenge"));
 }
 
-// The code that refuses one more picture, empty where it is allowed.
+// The code that refuses one more picture; empty if it is allowed.
 QString refusal(SandboxChallenge &challenge, milliseconds now)
 {
     auto &fetches = challenge.fetches;
@@ -183,7 +183,7 @@ SandboxAnswer SandboxMainService::judgeStroke(SandboxChallenge &challenge, const
 
 SandboxAnswer SandboxMainService::pass(const SandboxQuery &query, const QString &earnedBy, QJsonObject answer)
 {
-    // A challenge passes once.
+    // A challenge can be passed only once.
     m_challenges.remove(challengeOf(query));
     answer.insert(QStringLiteral("code"), SandboxCode::success);
     answer.insert(QStringLiteral("token"), m_shared.grant({idOf(query), earnedBy}));

@@ -7,7 +7,7 @@
 
 struct SandboxShared;
 
-/// The captcha service proper: configuration, click decision, pictures, verification.
+/// The main captcha service: configuration, click decision, pictures and verification.
 class SandboxMainService
 {
 public:
@@ -15,13 +15,13 @@ public:
 
     [[nodiscard]] SandboxAnswer config(const SandboxQuery &query);
     [[nodiscard]] SandboxAnswer click(const SandboxQuery &query);
-    /// Serves get and refresh, which differ only for the client.
+    /// Answers the requests get and refresh. They differ only for the client.
     [[nodiscard]] SandboxAnswer picture(const SandboxQuery &query);
     [[nodiscard]] SandboxAnswer verify(const SandboxQuery &query);
 
     [[nodiscard]] const SandboxChallenges &challenges() const { return m_challenges; }
 
-    /// Path of the pictures below the base address.
+    /// Path of the pictures, relative to the base address.
     [[nodiscard]] static QString picturePath();
 
 private:

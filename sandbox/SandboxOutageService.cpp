@@ -6,7 +6,7 @@
 
 namespace {
 
-// A trace of four cells is soon guessed, so there are no tries to spare.
+// Few attempts, since a trace of four cells is soon guessed.
 constexpr int maximumWrongCells = 3;
 
 } // namespace

@@ -6,7 +6,8 @@
 
 struct SandboxShared;
 
-/// The service that stands in while the main one is down: one address, told apart by "action".
+/// The service that replaces the main one while that is down. It has one address; the parameter "action"
+/// names the request.
 class SandboxOutageService
 {
 public:

@@ -17,7 +17,7 @@ namespace {
 
 constexpr int jpegQuality = 82;
 
-// Keeps the line apart from the ground, whatever colour that is.
+// The outline that separates the line from the background, whatever colour that has.
 const QColor casing(12, 20, 38, 120);
 const QColor startColour(255, 120, 48);
 const QColor hintColour(58, 92, 150, 210);
@@ -61,7 +61,7 @@ void drawStart(QPainter &painter, QPointF centre)
     painter.setBrush(Qt::NoBrush);
 }
 
-// Lays a character's box at a place on the picture, leaning, turned and rippled.
+// Maps a character's box to a place in the picture: slanted, rotated and rippled.
 class Warp
 {
 public:
@@ -160,7 +160,7 @@ void SandboxPainter::drawCurve(QPainter &painter) const
 {
     if (m_puzzle.curve.size() < 2)
         return;
-    // A point every few units, so that the hints sit where they should.
+    // One point every few units, so that the hints are at the right places.
     const SandboxPath points =
         resampled(m_puzzle.curve, static_cast<qsizetype>(length(m_puzzle.curve) / 3.0) + 2);
     const QPainterPath line = pathThrough(points);

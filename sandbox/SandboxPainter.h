@@ -7,11 +7,12 @@
 
 class QPainter;
 
-/// Draws a puzzle's picture. Uses no fonts, so it works on any thread of any process.
+/// Draws the picture of a puzzle. It uses no fonts, so it works on any thread, even without a
+/// QGuiApplication.
 class SandboxPainter
 {
 public:
-    /// \a scale 1 gives 400 x 230, 2 its double.
+    /// With \a scale 1 the picture has 400 x 230 pixels, with 2 twice as many in each direction.
     SandboxPainter(const SandboxPuzzle &puzzle, int scale);
 
     [[nodiscard]] QImage image() const;

@@ -11,16 +11,16 @@
 #include <memory>
 #include <optional>
 
-/// The latest pictures, drawn on threads of its own from the moment that they are announced.
+/// The latest pictures. Drawing begins on other threads as soon as a picture is added.
 class SandboxPictureStore
 {
 public:
     SandboxPictureStore();
 
-    /// \a stem is the picture's path without what tells its size and format.
+    /// \a stem is the picture's path without the part for its size and format.
     void add(const QString &stem, const SandboxPuzzle &puzzle);
     void addBroken(const QString &stem);
-    /// The file at a path; none where there is no such picture.
+    /// The file at \a path; empty if there is no such picture.
     [[nodiscard]] std::optional<QFuture<QByteArray>> file(const QString &path);
 
 private:

@@ -4,7 +4,7 @@
 
 #include <QString>
 
-/// What a picture asks for, and the seed of everything else in it.
+/// What the user of a picture has to draw or type, and the seed of everything else in it.
 struct SandboxPuzzle
 {
     /// The curve to draw in picture units; empty for characters.

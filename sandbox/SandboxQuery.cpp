@@ -4,7 +4,7 @@
 
 namespace {
 
-// More than any client sends; keeps a log entry small whatever arrives.
+// More than any client sends. They limit the size of a log entry.
 constexpr qsizetype maximumPairs = 32;
 constexpr qsizetype maximumValueLength = 4096;
 

@@ -7,7 +7,7 @@ SandboxRandom::SandboxRandom(quint64 seed)
 
 double SandboxRandom::real(double low, double high)
 {
-    // 53 bits are what a double holds.
+    // A double has 53 bits.
     const double fraction = static_cast<double>(m_engine() >> 11) * 0x1.0p-53;
     return low + fraction * (high - low);
 }
@@ -19,7 +19,8 @@ int SandboxRandom::below(int count)
 
 double SandboxRandom::normal(double deviation)
 {
-    // The sum of twelve has variance one, and needs no function that differs between libraries.
+    // The sum of twelve uniform numbers has the variance one. It needs no function whose results differ
+    // between libraries.
     constexpr int terms = 12;
     double sum = -terms / 2.0;
     for (int i = 0; i < terms; ++i)

@@ -4,7 +4,7 @@
 
 #include <random>
 
-/// Random numbers that are the same for the same seed on every platform; the standard library's
+/// Random numbers that are the same for the same seed on every platform. Those of the standard library's
 /// distributions are not.
 class SandboxRandom
 {
@@ -15,7 +15,7 @@ public:
     [[nodiscard]] double real(double low, double high);
     /// From 0 to \a count - 1.
     [[nodiscard]] int below(int count);
-    /// Bell-shaped around 0, with this standard deviation.
+    /// Approximately normally distributed around 0, with this standard deviation.
     [[nodiscard]] double normal(double deviation);
 
 private:

@@ -5,12 +5,12 @@
 
 #include <optional>
 
-/// Source of everything that must not be guessed: names of challenges and pictures, tokens, and
-/// the seeds of pictures. Nothing that it gives away leads back to it or on to the next one.
+/// The source of everything that must not be guessed: names of challenges and pictures, tokens, and the seeds
+/// of pictures. No value reveals the secret or the next value.
 class SandboxSecret
 {
 public:
-    /// With a seed the sequence is reproducible, without one it is secret.
+    /// With a \a seed the sequence is reproducible. Without one it is secret.
     explicit SandboxSecret(std::optional<quint64> seed);
 
     [[nodiscard]] QString nextName();

@@ -8,7 +8,7 @@
 #include <functional>
 #include <optional>
 
-/// What both services of a sandbox use.
+/// What the two services of a sandbox share.
 struct SandboxShared
 {
     SandboxSecret secret;
@@ -17,7 +17,7 @@ struct SandboxShared
     SandboxPictureStore pictures;
     /// Scheme, host and port; known once the sandbox listens.
     QString base;
-    /// What the picture that was asked for last shows.
+    /// The puzzle of the latest picture.
     std::optional<SandboxPuzzle> latestPuzzle;
 
     void publish(const QString &stem, const SandboxPuzzle &puzzle)

@@ -5,7 +5,7 @@
 
 namespace {
 
-// A signal handler may do little more than write to a pipe.
+// A signal handler may only call a few functions; writing to a pipe is allowed.
 volatile sig_atomic_t writeEnd = -1;
 
 void handleSignal(int)

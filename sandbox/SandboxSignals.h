@@ -6,7 +6,7 @@
 #include <array>
 #include <memory>
 
-/// Turns the signals that ask a program to stop into a Qt signal.
+/// Emits a Qt signal when a system signal asks the program to stop.
 class SandboxSignals : public QObject
 {
     Q_OBJECT

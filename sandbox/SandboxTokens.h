@@ -6,7 +6,7 @@
 
 #include <optional>
 
-/// The tokens that were given out and not asked about yet.
+/// The tokens that were issued and not checked yet.
 class SandboxTokens
 {
 public:
@@ -18,7 +18,7 @@ public:
     };
 
     void add(const QString &token, const Grant &grant);
-    /// What the token stands for; the token is spent by asking.
+    /// What the token was issued for. A token can be checked only once.
     [[nodiscard]] std::optional<Grant> take(const QString &token);
 
 private:

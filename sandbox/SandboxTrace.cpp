@@ -11,7 +11,7 @@ constexpr QStringView digits = u"kqrsvj567opcd89ghiyz";
 constexpr qsizetype digitsPerNumber = 3;
 constexpr qsizetype minimumPoints = 10;
 constexpr qsizetype maximumPoints = 80;
-// The digit of weight 400 is never sent, so numbers are known up to multiples of it.
+// The digit of weight 400 is not sent, so numbers are known only up to multiples of 400.
 constexpr qint64 wrap = 400;
 constexpr qint64 longestStroke = 8000;
 
@@ -41,7 +41,7 @@ std::optional<QList<qint64>> decodedNumbers(QStringView text)
     return numbers;
 }
 
-// A finger does not jump half a picture between two points: a bigger jump is a lost multiple.
+// A finger does not move by half a picture between two points: a larger jump is a lost multiple.
 void unwrapPositions(QList<qint64> &numbers)
 {
     for (qsizetype i = 1; i < numbers.size(); ++i) {
@@ -50,7 +50,7 @@ void unwrapPositions(QList<qint64> &numbers)
     }
 }
 
-// Time does not run backwards: where it seems to, a multiple was lost.
+// Times never decrease: where they seem to, a multiple was lost.
 void unwrapTimes(QList<qint64> &numbers)
 {
     for (qsizetype i = 1; i < numbers.size(); ++i) {
@@ -59,7 +59,8 @@ void unwrapTimes(QList<qint64> &numbers)
     }
 }
 
-// Where the first point alone was beyond the edge, all others followed it out of the picture.
+// If only the first point was beyond the edge, unwrapPositions() has moved all others out of the picture,
+// too.
 void shiftIntoPicture(QList<qint64> &columns)
 {
     double sum = 0.0;
@@ -90,7 +91,7 @@ std::optional<SandboxTrace> SandboxTrace::decode(const QString &text)
     unwrapTimes(*times);
     shiftIntoPicture(*columns);
 
-    // Clients scale x by 400 and y by 230, both over the view's width.
+    // Clients scale x to 400 and y to 230, both by the width of the view.
     constexpr double rowScale = SandboxGeometry::pictureWidth / SandboxGeometry::pictureHeight;
     SandboxTrace trace;
     for (qsizetype i = 0; i < count; ++i) {

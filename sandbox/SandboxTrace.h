@@ -6,18 +6,18 @@
 
 #include <optional>
 
-/// A stroke as clients send it: nine characters a point, first all x, then all y, then all times,
-/// three base-20 digits each.
+/// A stroke as clients send it: first all x, then all y, then all times. Each number has three base-20
+/// digits.
 struct SandboxTrace
 {
-    /// In picture units on both axes, but for an unknown vertical offset: clients measure y from the
-    /// top of a view in which the picture is centred.
+    /// In picture units on both axes, with an unknown vertical offset: clients measure y from the top of a
+    /// view in which the picture is centred.
     SandboxPath points;
-    /// The shortest duration in milliseconds that gives these times.
+    /// The shortest duration, in milliseconds, that these times can have.
     qint64 duration = 0;
 
-    /// None where the text is no trace of 10 to 80 points.
+    /// Empty if \a text is not a trace of 10 to 80 points.
     [[nodiscard]] static std::optional<SandboxTrace> decode(const QString &text);
-    /// Whether the draw time sent beside it can be that of this stroke.
+    /// Whether \a drawtime, which is sent with the trace, can be the duration of this stroke.
     [[nodiscard]] bool agreesWithDrawtime(const QString &drawtime) const;
 };

@@ -2,7 +2,7 @@
 
 #include "sandbox/SandboxGeometry.h"
 
-/// Scores how well a stroke follows a curve, wherever vertically and in whichever direction it was drawn.
+/// Scores how well a stroke follows a curve. A vertical offset and the direction of the stroke do not matter.
 class SandboxTraceJudge
 {
 public:
@@ -12,7 +12,7 @@ public:
 
     /// 0 to 100.
     [[nodiscard]] int score(const SandboxPath &stroke) const;
-    /// Mean distance plus a part of the greatest one, in picture units.
+    /// The mean distance plus a part of the greatest one, in picture units.
     [[nodiscard]] double deviation(const SandboxPath &stroke) const;
 
 private:

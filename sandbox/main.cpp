@@ -38,7 +38,7 @@ void addOptions(QCommandLineParser &parser)
                                  QStringLiteral("[KEY]"));
 }
 
-// Fills the options; gives the reason where the command line makes no sense.
+// Reads the options. Returns the reason if the command line is wrong, otherwise an empty text.
 QString readOptions(const QCommandLineParser &parser, QVSandboxOptions &options)
 {
     bool isNumber = false;
