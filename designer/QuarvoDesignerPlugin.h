@@ -3,7 +3,7 @@
 #include <QObject>
 #include <QtUiPlugin/QDesignerCustomWidgetCollectionInterface>
 
-/// What Qt Designer and QUiLoader load: the click button and the embedded panel.
+/// The plugin for Qt Designer and QUiLoader, with the click button and the embedded panel.
 class QuarvoDesignerPlugin : public QObject, public QDesignerCustomWidgetCollectionInterface
 {
     Q_OBJECT

@@ -11,8 +11,8 @@
 
 namespace {
 
-/// A form that is being made must not ask any service anything: time stands still, and where a click in
-/// a preview asks at once, there is no address to ask.
+/// A form in Qt Designer must not send requests. Time stands still, so that no delayed request starts. A
+/// click in a preview would send one at once, but all addresses are empty.
 void keepQuiet()
 {
     static QuarvoStillScheduler still;

@@ -5,7 +5,7 @@
 
 #include <functional>
 
-/// One widget of the component, as Qt Designer wants to know it.
+/// Describes one widget of the component to Qt Designer.
 class QuarvoDesignerWidget : public QObject, public QDesignerCustomWidgetInterface
 {
     Q_OBJECT

@@ -2,7 +2,7 @@
 
 #include "platform/QVScheduler.h"
 
-/// Time that stands still: what starts by itself after a while, and what moves, does not.
+/// A clock that stands still. Delayed actions and animations do not run.
 class QuarvoStillScheduler final : public QVScheduler
 {
 public:
