@@ -1,4 +1,4 @@
-// Answers as they come over a connection: bounded, and the same however the bytes are parcelled out.
+// HTTP answers: the reader must keep its bounds, and the result must not depend on how the bytes are split.
 #include "fuzz/FuzzInput.h"
 #include "net/QVHttpReader.h"
 

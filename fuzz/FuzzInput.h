@@ -5,13 +5,13 @@
 #include <cstdint>
 #include <cstdlib>
 
-/// A fuzzer's bytes, a copy of their own so that reading behind them is noticed.
+/// A copy of the fuzzer's bytes, so that a sanitizer notices reads behind them.
 inline QByteArray fuzzBytes(const std::uint8_t *data, std::size_t size)
 {
     return {reinterpret_cast<const char *>(data), static_cast<qsizetype>(size)};
 }
 
-/// Ends the run as found when two things that must agree do not.
+/// Reports a finding by ending the process if \a holds is false.
 inline void fuzzRequire(bool holds)
 {
     if (!holds)

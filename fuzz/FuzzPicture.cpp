@@ -1,4 +1,4 @@
-// Pictures as a hostile server may send them.
+// Pictures of a hostile server.
 #include "fuzz/FuzzInput.h"
 #include "image/QVFirstFrame.h"
 #include "image/QVImageDecoder.h"
@@ -17,7 +17,7 @@ namespace {
 constexpr qint64 mostMemory = 64 << 20;
 constexpr auto mostTime = 2s;
 
-/// The most memory that this process ever had.
+/// The highest memory use of this process so far, in bytes.
 qint64 peakMemory()
 {
     rusage usage{};
@@ -25,7 +25,7 @@ qint64 peakMemory()
     return qint64(usage.ru_maxrss) << 10;
 }
 
-/// What is left of a file is not reduced any further.
+/// The first frame of \a file. Reducing that once more must not change it.
 QVFirstFrame reduced(const QByteArray &file)
 {
     QVFirstFrame frame = QVFirstFrame::ofFile(file);
@@ -35,7 +35,7 @@ QVFirstFrame reduced(const QByteArray &file)
     return frame;
 }
 
-/// Whether Qt makes a picture of it without our help.
+/// Whether Qt alone decodes it to a picture of an allowed size.
 bool isPicture(QVFirstFrame frame)
 {
     QBuffer buffer(&frame.bytes);
@@ -47,10 +47,10 @@ bool isPicture(QVFirstFrame frame)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
-    // Broken pictures are told of by Qt's plugins at length.
+    // Qt's plugins log many messages about broken pictures.
     static const auto silent =
         qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) {});
-    // What is loaded once is nobody's cost.
+    // Plugins are loaded in advance, so that their cost does not count.
     static const bool isReady = qv_decoderReads("png") && qv_decoderReads("jpeg") && qv_decoderReads("gif") &&
                                 qv_decoderReads("webp");
     Q_UNUSED(silent)

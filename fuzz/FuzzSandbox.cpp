@@ -1,4 +1,4 @@
-// The local service's readers and judges.
+// The readers and judges of the local service.
 #include "fuzz/FuzzInput.h"
 #include "sandbox/SandboxCellJudge.h"
 #include "sandbox/SandboxQuery.h"

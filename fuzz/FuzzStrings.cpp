@@ -1,4 +1,4 @@
-// Strings tables: what was read, written out again with everything escaped, reads the same.
+// Strings tables: a table that is written again, with all characters escaped, must be read as the same table.
 #include "fuzz/FuzzInput.h"
 #include "settings/QVStringsTable.h"
 

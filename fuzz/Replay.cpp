@@ -1,5 +1,4 @@
-// The short form of fuzzing, for compilers without a fuzzer: the seeds and random changes of them, the same
-// ones in each run.
+// Short fuzzing for compilers without libFuzzer: the seeds and random changes of them, the same in each run.
 #include <QByteArray>
 #include <QDir>
 #include <QElapsedTimer>
