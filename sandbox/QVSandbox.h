@@ -108,8 +108,8 @@ public:
     /// The latest requests to the service, oldest first. Requests to /sandbox/ are not included.
     [[nodiscard]] QList<QVSandboxLogEntry> log() const;
     void clearLog();
-    /// The answer to the current picture of \a challenge. With a null \a challenge, the answer to the latest
-    /// of all pictures.
+    /// The answer to the current picture of \a challenge. If that is empty, the answer to the latest of all
+    /// pictures.
     [[nodiscard]] std::optional<QVSandboxSolution> solution(const QString &challenge) const;
 
 private:
