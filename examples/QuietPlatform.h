@@ -5,8 +5,8 @@
 
 #include <algorithm>
 
-/// Keeps out of a program's output what a platform without a desktop says of itself. Called before the
-/// application object is made.
+/// Suppresses the messages that a platform without a desktop prints about itself. Call this before the
+/// application object is created.
 inline void quietPlatform()
 {
     static QtMessageHandler printer = nullptr;

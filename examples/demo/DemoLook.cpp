@@ -31,7 +31,7 @@ const char *const light = R"(
     QComboBox::down-arrow { image: url(:/demo/chevron.png); width: 12px; height: 12px; }
 )";
 
-// What differs in the other looks.
+// Added to the rules above by the other looks.
 
 const char *const dark = R"(
     DemoWindow { background: #12151c; }

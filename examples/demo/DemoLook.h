@@ -2,11 +2,11 @@
 
 #include <QString>
 
-/// The hosts that the demo can look like, to see that the component looks well in each.
+/// The looks of the demo, to see the component in different hosts.
 enum class DemoLook {
     Light,
     Dark,
-    /// Whose style sheet has rules for every button and label there is.
+    /// A style sheet with rules for all buttons and labels.
     Loud,
     RightToLeft
 };

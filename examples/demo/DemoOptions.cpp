@@ -71,7 +71,7 @@ bool isWebAddress(const QString &text)
            (url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("https"));
 }
 
-/// Fills the addresses; returns the option that holds none, or nothing.
+/// Reads the addresses. Returns the name of an option whose value is not an address, otherwise a null text.
 QString readAddresses(const QCommandLineParser &parser, DemoOptions &options)
 {
     const std::pair<const char *, QString *> targets[] = {
@@ -162,6 +162,6 @@ QString DemoOptions::usage()
 {
     QCommandLineParser parser;
     describe(parser);
-    // There is no application object yet, of which the parser would take the program's name.
+    // There is no application object yet, so the parser does not know the program's name.
     return parser.helpText().replace(QLatin1String("<executable_name>"), QLatin1String("quarvo-demo"));
 }

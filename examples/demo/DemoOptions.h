@@ -11,7 +11,7 @@
 /// Which front-end of the component the demo shows.
 enum class DemoMode { Embed, Click, Invisible };
 
-/// What the command line asked for.
+/// The options of the command line.
 struct DemoOptions
 {
     DemoMode mode = DemoMode::Embed;
@@ -21,7 +21,7 @@ struct DemoOptions
     bool outageOpen = false;
     bool animation = true;
 
-    /// Null where the sandbox in this process serves.
+    /// Null if the sandbox in this process is used.
     QString apiHost;
     QString downloadHost;
     QString imageHost;
@@ -33,12 +33,12 @@ struct DemoOptions
     std::optional<int> timeoutSeconds;
     QSize size{1080, 720};
     DemoLook look = DemoLook::Light;
-    /// The form, and the panel in it, is as wide where the window has the room.
+    /// The width of the form and of the panel in it, if the window is wide enough.
     int formWidth = 400;
     bool helpWanted = false;
 
-    /// Reads the arguments (the program's name first). On bad input returns nothing and says why in
-    /// one line.
+    /// Reads the arguments, of which the first is the program's name. If they are wrong, the result is empty
+    /// and \a problem is the reason, in one line.
     [[nodiscard]] static std::optional<DemoOptions> parse(const QStringList &arguments, QString &problem);
     [[nodiscard]] static QString usage();
 };

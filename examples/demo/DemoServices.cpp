@@ -6,8 +6,8 @@
 
 namespace {
 
-/// A service that was given is the whole service: what the command line leaves open is looked for
-/// at the same place, never in this process.
+/// The scheme, host and port of \a address. If the command line names a service, this is used for the
+/// addresses that it does not name, instead of the sandbox in this process.
 QString origin(const QString &address)
 {
     return QUrl(address).adjusted(QUrl::RemovePath | QUrl::RemoveQuery | QUrl::RemoveFragment).toString();
@@ -48,7 +48,7 @@ bool DemoServices::start(const DemoOptions &options, QString &problem)
     addresses.setApiHost(firstGiven({options.apiHost, isElsewhere ? elsewhere : local.apiHost}));
     addresses.setDownloadHost(firstGiven({options.downloadHost, isElsewhere ? elsewhere : localDownload}));
     addresses.setCdn(firstGiven({options.cdn, isElsewhere ? elsewhere : local.cdn}));
-    // The pictures of an outage service lie beside it unless told otherwise.
+    // The pictures of an outage server are on the same host, unless another one is given.
     addresses.setImageHost(firstGiven(
         {options.imageHost, options.outageServer.isNull() ? QString() : origin(options.outageServer),
          isElsewhere ? elsewhere : local.imageHost}));

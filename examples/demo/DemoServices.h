@@ -10,18 +10,18 @@
 
 class QVSandbox;
 
-/// Where the demo's requests go: to the addresses it was given, else to a sandbox in this process.
+/// The services that the demo uses: those at the given addresses, otherwise a sandbox in this process.
 class DemoServices
 {
 public:
-    /// With a seed, the sandbox draws the same pictures in every run.
+    /// With a \a seed the sandbox draws the same pictures in every run.
     explicit DemoServices(std::optional<quint64> seed = {});
     ~DemoServices();
 
-    /// Starts the sandbox where one is needed and tells the component all addresses. False, with
-    /// the reason, when the sandbox cannot serve.
+    /// Starts the sandbox if one is needed, and sets the addresses of the component. Returns false if the
+    /// sandbox cannot serve; \a problem is the reason.
     bool start(const DemoOptions &options, QString &problem);
-    /// The services that may know the answer to the picture on screen, the likeliest first.
+    /// The services that may know the answer to the picture on screen, the most likely one first.
     [[nodiscard]] QVector<QUrl> solutionServices() const { return m_solutionServices; }
 
 private:

@@ -18,7 +18,7 @@ constexpr std::array rows{
     Row{u"User name", u"用户名", u"使用者名稱"},
     Row{u"Password", u"密码", u"密碼"},
     Row{u"Sign in", u"登录", u"登入"},
-    // The token is no proof before a server has asked about it, and the demo has none.
+    // A token proves nothing until a server has checked it, and the demo has no server.
     Row{u"Verified. Checking with the server…", u"验证成功，正在与服务器核对…",
         u"驗證成功，正在與伺服器核對…"},
     Row{u"Start again", u"重新开始", u"重新開始"},

@@ -2,7 +2,7 @@
 
 #include <QString>
 
-/// The demo's own words; the component brings its texts with it.
+/// The texts of the demo itself. The component has its own texts.
 enum class DemoText {
     Title,
     Subtitle,

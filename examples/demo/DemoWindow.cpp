@@ -15,7 +15,7 @@
 
 namespace {
 
-// Beside the form from this width on, below it in narrower windows.
+// From this width on the side column is beside the form, in narrower windows below it.
 constexpr int widthForTwoColumns = 760;
 constexpr int sideWidth = 300;
 constexpr int clickButtonHeight = 44;
@@ -75,7 +75,7 @@ private:
     const int m_widest;
 };
 
-/// A dialog that is smaller has room for the verification alone.
+/// A dialog that is smaller shows only the verification, without the fields.
 constexpr int leastWithFields = 480;
 
 } // namespace
@@ -92,7 +92,7 @@ DemoWindow::DemoWindow(const DemoOptions &options, EventLog &log)
         setLayoutDirection(Qt::RightToLeft);
     m_invisible.setAnimation(options.animation);
 
-    // The form follows the window's width, and must not keep it from becoming narrower.
+    // The width of the form follows that of the window, and must not limit it.
     setMinimumWidth(smallestSide);
     m_columns = new QBoxLayout(QBoxLayout::LeftToRight, this);
     m_columns->addStretch(1);
@@ -153,7 +153,7 @@ QWidget *DemoWindow::makeFields()
     m_password = new QLineEdit(fields);
     m_password->setEchoMode(QLineEdit::Password);
     m_result = makeLabel(QStringLiteral("result"), fields);
-    // The form must not jump when it comes.
+    // The form must not jump when the result is shown.
     QSizePolicy reserved = m_result->sizePolicy();
     reserved.setRetainSizeWhenHidden(true);
     m_result->setSizePolicy(reserved);
@@ -191,8 +191,8 @@ QWidget *DemoWindow::makePages()
 QWidget *DemoWindow::makeEmbedPage()
 {
     auto *page = new QWidget(this);
-    // The panel joins the page only when that page is first shown, since being in a host's layout is
-    // what makes it ask the service.
+    // The panel is added when the page is first shown, since it sends its first request once it is in a
+    // layout.
     pageLayout(page);
     return page;
 }
@@ -293,7 +293,7 @@ void DemoWindow::showMode(DemoMode mode)
     m_mode = mode;
     m_tabs->setCurrentIndex(static_cast<int>(mode));
     m_pages->setCurrentIndex(static_cast<int>(mode));
-    // A stack is as high as its highest page; the hidden ones must not stretch the form.
+    // A stack is as high as its highest page. Hidden pages must not stretch the form.
     for (int index = 0; index < m_pages->count(); ++index) {
         const bool isCurrent = index == m_pages->currentIndex();
         m_pages->widget(index)->setSizePolicy(QSizePolicy::Preferred,
@@ -307,7 +307,7 @@ void DemoWindow::showMode(DemoMode mode)
     m_pages->adjustSize();
 }
 
-// The panel came last and would be reached last.
+// Moves the panel in the tab order: it was created last and would be last.
 void DemoWindow::orderFocus(const QWidget *page)
 {
     QWidget *before = m_password;
@@ -385,7 +385,7 @@ void DemoWindow::fitSide()
         qMin(m_formWidth + 2 * padding + 2, width() - 2 * margin));
     m_side->setFixedWidth(isWide ? sideWidth : width() - 2 * margin);
     m_side->setSizePolicy(QSizePolicy::Fixed, isWide ? QSizePolicy::Preferred : QSizePolicy::Maximum);
-    // A phone's height has no room for them; they are printed anyway.
+    // A narrow window has no room for the events. They are printed anyway.
     m_eventsLabel->setVisible(isWide);
     m_events->setVisible(isWide);
 }

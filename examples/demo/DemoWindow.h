@@ -18,7 +18,7 @@ class QPushButton;
 class QStackedWidget;
 class QTabBar;
 
-/// A login form up to where its server, which the demo lacks, would be handed the token.
+/// A login form. The demo has no server that would check the token.
 class DemoWindow : public QWidget
 {
     Q_OBJECT

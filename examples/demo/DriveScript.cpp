@@ -35,7 +35,7 @@ std::optional<QPointF> pointFrom(const QString &word)
     bool isX = false;
     bool isY = false;
     const QPointF point(parts.value(0).toDouble(&isX), parts.value(1).toDouble(&isY));
-    // Written so that a NaN, which a number may be spelled as, is refused as well.
+    // With <= a NaN, which the text may contain, is refused as well.
     const bool isNear = std::abs(point.x()) <= farthest && std::abs(point.y()) <= farthest;
     if (parts.size() != 2 || !isX || !isY || !isNear)
         return std::nullopt;
@@ -99,7 +99,7 @@ QString parseKeys(const QStringList &words, DriveAction &action)
 
 QString parseShot(const QStringList &words, DriveAction &action)
 {
-    // Only the name of a file in the screenshots folder, never a path out of it.
+    // A name, not a path, so that the file is in the screenshots folder.
     static const QRegularExpression name(QStringLiteral("^[A-Za-z0-9][A-Za-z0-9._-]{0,99}$"));
     if (words.size() != 2 || !name.match(words[1]).hasMatch())
         return QStringLiteral("shot takes a name of letters, digits, dots and dashes");

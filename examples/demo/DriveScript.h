@@ -31,12 +31,12 @@ struct DriveAction
         Disable,
         Resize,
         Shot,
-        /// Ends the drive well though no token has come.
+        /// Ends the drive successfully without a token.
         End
     };
 
     Kind kind = Kind::Tap;
-    /// The event to wait for, the text to type or the picture's name.
+    /// The event to wait for, the text to type, or the name of the picture.
     QString text;
     QVector<QPointF> points;
     /// Key codes, in order.
@@ -46,11 +46,11 @@ struct DriveAction
     int line = 0;
 };
 
-/// A drive file: an action a line, empty lines and lines that begin with # left out.
+/// A drive file: one action per line. Empty lines and lines that begin with # are ignored.
 class DriveScript
 {
 public:
-    /// On a malformed line returns nothing and says which and why.
+    /// If a line is malformed, the result is empty, and \a problem names the line and the reason.
     [[nodiscard]] static std::optional<DriveScript> parse(const QByteArray &source, QString &problem);
     [[nodiscard]] static std::optional<DriveScript> read(const QString &path, QString &problem);
 

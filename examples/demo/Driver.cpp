@@ -15,7 +15,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// Between two actions, so that what one has started on the event loop is seen by the next.
+// The pause between two actions, in which the event loop handles the effects of the first.
 constexpr auto betweenActions = 30ms;
 
 constexpr int solutionMilliseconds = 1400;
@@ -35,7 +35,7 @@ Driver::Driver(const Stage &stage, DriveScript script, const QVector<QUrl> &solu
     connect(&m_solution, &SolutionClient::curve, this, &Driver::solveCurve);
     connect(&m_solution, &SolutionClient::characters, this, &Driver::solveCharacters);
     connect(&m_solution, &SolutionClient::failed, this, &Driver::fail);
-    // Queued: the window is to be as the event left it before the next action starts.
+    // Queued: the window must have handled the event completely before the next action.
     connect(&m_stage.log, &EventLog::added, this, &Driver::checkEvents, Qt::QueuedConnection);
 }
 
@@ -155,7 +155,7 @@ void Driver::pressErrorBar()
     const QRect place = bar ? bar->geometry() : QRect();
     const bool hasMoved = std::exchange(m_errorBarPlace, place) != place;
     if (bar && (hasMoved || !bar->parentWidget()->rect().contains(place))) {
-        // It is still sliding in, so that a tap would miss it: the same action again.
+        // The bar is still sliding in, so that a tap would miss it: repeat the action.
         --m_next;
         continueSoon();
         return;
@@ -194,7 +194,7 @@ void Driver::solveCharacters(const QString &text)
 
 QPixmap Driver::picture() const
 {
-    // A popup may lie over the window in one of its own.
+    // A popup may be a window of its own, above this one.
     QList<QWidget *> shown{&m_stage.window};
     QRect whole = m_stage.window.geometry();
     for (QWidget *const widget : QApplication::topLevelWidgets()) {

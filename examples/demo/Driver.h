@@ -13,7 +13,7 @@ class DemoWindow;
 class EventLog;
 class PanelProbe;
 
-/// Performs the actions of a drive file, one after another, on the window.
+/// Performs the actions of a drive file in the window, one after another.
 class Driver : public QObject
 {
     Q_OBJECT
@@ -32,7 +32,7 @@ public:
     void start();
 
 Q_SIGNALS:
-    /// The file is done and, with \a success, a token has come or is not wanted.
+    /// All actions are done, or one has failed. \a success is true if a token has come, or if none is needed.
     void finished(bool success);
 
 private:
@@ -58,12 +58,12 @@ private:
     InputPlayer m_input;
     QDir m_screenshots;
     QTimer m_pause;
-    /// Where the error bar was a moment ago.
+    /// The place of the error bar at the last look.
     QRect m_errorBarPlace;
     qsizetype m_next = 0;
-    /// Events up to here have been waited for.
+    /// The number of events that have been waited for.
     qsizetype m_seen = 0;
-    /// What the driver waits for at present; empty while it waits for none.
+    /// The event that the driver waits for; empty if it does not wait.
     QString m_awaited;
     bool m_isEnded = false;
 };

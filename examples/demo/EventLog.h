@@ -3,7 +3,7 @@
 #include <QObject>
 #include <QStringList>
 
-/// What happened so far, a line each: printed as it comes and shown by the window.
+/// The events so far, one line each. They are printed at once and shown in the window.
 class EventLog : public QObject
 {
     Q_OBJECT
@@ -11,7 +11,7 @@ class EventLog : public QObject
 public:
     using QObject::QObject;
 
-    /// \a kind is one word (ready, token, wrong, error, closed …); \a detail is kept to one line.
+    /// \a kind is one word (ready, token, wrong, error, closed …). Line breaks in \a detail are removed.
     void add(const QString &kind, const QString &detail = {});
 
     [[nodiscard]] const QStringList &kinds() const { return m_kinds; }

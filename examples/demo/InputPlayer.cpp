@@ -7,7 +7,7 @@
 
 namespace {
 
-// As fast as a held key repeats.
+// The rate at which a held key repeats.
 constexpr int betweenKeysMilliseconds = 30;
 
 void sendKey(QWidget *target, int key, const QString &text)

@@ -6,8 +6,8 @@
 #include <QVector>
 #include <QWidget>
 
-/// Plays a person at the mouse and the keyboard: events enter at the window and find their widget
-/// as those of a real device do.
+/// Simulates a user with mouse and keyboard. Events are sent to the window, which delivers them to widgets
+/// like those of a real device.
 class InputPlayer : public QObject
 {
     Q_OBJECT
@@ -17,12 +17,11 @@ public:
 
     void click(QWidget *target);
     void type(QWidget *target, const QString &text);
-    /// Draws through \a points of \a target, evenly over the time; finished() comes at the end. A
-    /// stroke that is held goes on until lift().
+    /// Draws through \a points, in the coordinates of \a target, evenly over \a milliseconds, and then emits
+    /// finished(). With \a isHeld the button stays pressed until lift().
     void draw(QWidget *target, const QVector<QPointF> &points, int milliseconds, bool isHeld = false);
     void lift();
-    /// Presses and releases \a keys one after the other in the window of \a target; finished() comes at
-    /// the end.
+    /// Presses and releases \a keys one after another in the window of \a target, and then emits finished().
     void press(QWidget *target, const QVector<int> &keys);
 
 Q_SIGNALS:

@@ -62,10 +62,10 @@ bool PanelProbe::eventFilter(QObject *watched, QEvent *event)
 void PanelProbe::watch(QWidget *panel)
 {
     m_panel = panel;
-    // A panel that comes back brings its picture along.
+    // A panel that is shown again still has its picture, and does not emit ready().
     if (panel->property(hadPicture).toBool())
         m_log.add(QStringLiteral("ready"));
-    // By name: the panel's class is the component's own business, its signals are not.
+    // By name, since the class of the panel is not public.
     connect(panel, SIGNAL(ready()), this, SLOT(onReady()), Qt::UniqueConnection);
     connect(panel, SIGNAL(wrongAnswer()), this, SLOT(onWrongAnswer()), Qt::UniqueConnection);
     connect(panel, SIGNAL(failed(QVError)), this, SLOT(onFailed(QVError)), Qt::UniqueConnection);

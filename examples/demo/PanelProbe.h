@@ -10,8 +10,8 @@
 
 class EventLog;
 
-/// Watches the drawing panel that is on screen, wherever the component put it, as a test of a user
-/// interface would: by its widgets.
+/// Watches the drawing panel on screen, in the window or in a popup. It finds the panel by its widgets, as a
+/// test of a user interface does.
 class PanelProbe : public QObject
 {
     Q_OBJECT
@@ -19,14 +19,14 @@ class PanelProbe : public QObject
 public:
     explicit PanelProbe(EventLog &log, QObject *parent = nullptr);
 
-    /// The panel on screen, or null.
+    /// The panel on screen; null if there is none.
     [[nodiscard]] QWidget *panel() const;
-    /// A part of the panel on screen by its object name, or null.
+    /// The part of the panel on screen with this object name; null if there is none.
     [[nodiscard]] QWidget *part(const QString &name) const;
-    /// Points of the picture, in its units (400 wide), as points of the panel; none where there is no
-    /// picture.
+    /// Converts points of the picture, in picture units (400 wide), to points of the panel. Empty if there is
+    /// no picture.
     [[nodiscard]] QVector<QPointF> onPanel(QVector<QPointF> points) const;
-    /// The popup's close button, or null.
+    /// The popup's close button; null if there is none.
     [[nodiscard]] static QWidget *closeButton();
 
 protected:

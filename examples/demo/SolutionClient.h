@@ -6,13 +6,13 @@
 #include <QUrl>
 #include <QVector>
 
-/// Asks the sandboxes for the answer to the picture that they served last.
+/// Asks sandboxes for the answer to the picture that they have served last.
 class SolutionClient : public QObject
 {
     Q_OBJECT
 
 public:
-    /// \a services are addresses of the sandboxes in use, the likeliest first.
+    /// \a services are the addresses of the sandboxes in use, the most likely one first.
     explicit SolutionClient(const QVector<QUrl> &services, QObject *parent = nullptr);
 
     void ask();

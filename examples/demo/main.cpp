@@ -31,7 +31,7 @@ QStringList argumentList(int argc, char *argv[])
     return arguments;
 }
 
-/// Reads the drive file; nothing is driven without one.
+/// Reads the drive file, if there is one. Returns false if it is wrong; \a problem is the reason.
 bool readScript(const DemoOptions &options, std::optional<DriveScript> &script, QString &problem)
 {
     if (options.driveFile.isEmpty())
@@ -66,7 +66,7 @@ int run(const DemoOptions &options, std::optional<DriveScript> script)
     PanelProbe probe(log);
     DemoWindow window(options, log);
     window.show();
-    // Without a window manager nobody else gives it the keyboard.
+    // Without a window manager nothing else activates the window.
     window.activateWindow();
 
     std::optional<Driver> driver;
@@ -92,7 +92,7 @@ int run(const DemoOptions &options, std::optional<DriveScript> script)
 
 int main(int argc, char *argv[])
 {
-    // Before the application object, so that bad input is told without a display too.
+    // Before the application object is created, so that wrong options are reported even without a display.
     QString problem;
     const auto options = DemoOptions::parse(argumentList(argc, argv), problem);
     if (!options)

@@ -20,7 +20,7 @@ namespace {
 
 constexpr auto patience = 20s;
 constexpr int exitFailed = 1;
-// The unfolding of a popup, in which strokes would land elsewhere.
+// The time in which a popup unfolds. A stroke during that time would be at the wrong place.
 constexpr auto unfolding = 400ms;
 constexpr int strokeMilliseconds = 1200;
 
@@ -34,7 +34,7 @@ void hear(QtMsgType type, const QMessageLogContext &context, const QString &mess
         driver->heard(message);
 }
 
-/// As if it came from the platform, through whatever the window does with it.
+/// Clicks into the middle of the window with events like those of the platform.
 void clickInto(QWindow *window)
 {
     const QPointF middle(window->width() / 2.0, window->height() / 2.0);
@@ -45,7 +45,7 @@ void clickInto(QWindow *window)
     }
 }
 
-/// Runs inside the application object's constructor, so that no window is missed.
+/// Runs in the constructor of the application object, so that no window is missed.
 void attach()
 {
     driver = new ExampleDriver;
@@ -62,7 +62,7 @@ ExampleDriver::ExampleDriver()
     printer = qInstallMessageHandler(hear);
     connect(&m_log, &EventLog::added, this, &ExampleDriver::handleEvent);
     QTimer::singleShot(patience, this, [] { QApplication::exit(exitFailed); });
-    // Once main() has said all it has to say.
+    // From the event loop, after main() has created its objects.
     QTimer::singleShot(0, this, &ExampleDriver::start);
 }
 
@@ -92,7 +92,7 @@ void ExampleDriver::press()
 {
     const QWidgetList widgets = QApplication::allWidgets();
     for (QWidget *widget : widgets) {
-        // Parts of a panel are buttons as well.
+        // Parts of a panel are buttons, too, and must not be pressed here.
         const bool isHosts = widget->inherits("QPushButton") || widget->inherits("QVClickButton");
         if (isHosts && widget->isVisible() && widget->isEnabled()) {
             m_input.click(widget);
@@ -117,7 +117,7 @@ void ExampleDriver::solve(const QVector<QPointF> &curve)
     if (points.isEmpty())
         return;
     m_input.draw(m_probe.panel(), points, strokeMilliseconds);
-    // A form is sent by its user once its picture is done.
+    // The user of a form sends it after the picture has been solved.
     QTimer::singleShot(strokeMilliseconds + 2000, this, [this] {
         if (!m_hasPrinted)
             press();

@@ -8,9 +8,9 @@
 
 #include <QTimer>
 
-/// Uses an example as a person would, against a service in its own process: presses what there is to
-/// press, draws where a picture appears, and ends the program once the service knows the token that
-/// the example printed. Exit code 0 then, 1 when that takes too long.
+/// Uses an example like a person, with a service in the same process. It presses the example's button and
+/// solves the picture. It ends the program with exit code 0 once the service has confirmed the token that the
+/// example printed, or with 1 if that takes too long.
 class ExampleDriver : public QObject
 {
     Q_OBJECT
@@ -19,12 +19,12 @@ public:
     ExampleDriver();
     ~ExampleDriver() override;
 
-    /// What the example prints; called by the message handler.
+    /// Receives the messages that the example prints. Called by the message handler.
     void heard(const QString &message);
 
 private:
     void start();
-    /// Presses the example's own button, whatever toolkit made it.
+    /// Presses the example's own button, which may be a widget or a Quick item.
     void press();
     void handleEvent(const QString &line);
     void solve(const QVector<QPointF> &curve);

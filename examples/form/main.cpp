@@ -5,7 +5,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 
-/// A form to sign up with, the picture a part of it: what was typed can be sent once the line is drawn.
+/// A sign-up form that contains the picture. It can be sent once the line has been drawn.
 class SignUpForm : public QWidget
 {
 public:
@@ -15,7 +15,7 @@ public:
         form->addRow(QStringLiteral("&Name"), &m_name);
         form->addRow(&m_panel);
         form->addRow(&m_send);
-        // The picture looks as it was meant to at this size.
+        // The size that the panel is designed for.
         m_panel.setMinimumSize(400, 270);
         m_send.setEnabled(false);
 
@@ -33,7 +33,7 @@ private:
     void send()
     {
         qInfo() << "send this to your server:" << m_name.text() << m_token;
-        // A token is good for one question; the next one needs another.
+        // A token can be checked once, so the form needs another one to be sent again.
         m_token.clear();
         m_send.setEnabled(false);
         m_panel.manager()->reset();

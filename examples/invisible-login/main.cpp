@@ -6,8 +6,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 
-/// A login without any captcha to be seen, until the service wants a line to be drawn. Hears of it as a
-/// delegate; the user's closing the popup comes by signal only.
+/// A login that shows no captcha unless the service asks for a drawn line. It is a delegate of the manager.
+/// Only a signal tells that the user has closed the popup.
 class LoginForm : public QWidget, public QVInvisibleDelegate
 {
 public:
@@ -31,7 +31,7 @@ public:
     void invisibleVerifyPassedWithToken(const QString &token) override
     {
         qInfo() << "send this to your server:" << m_user.text() << token;
-        // The user is in only when the server, having asked the service about the token, says so.
+        // The user is logged in only after the server has checked the token with the service.
         finish(QStringLiteral("Checking with the server…"));
     }
 

@@ -1,7 +1,7 @@
 import QtQuick
 import QtQuick.Window
 
-// "verification" is the QVInvisibleManager that main() made.
+// "verification" is the QVInvisibleManager that main() has created.
 Window {
     id: window
 
@@ -70,7 +70,7 @@ Window {
         target: verification
 
         function onPassed(token) {
-            // The user is in only when the server, having asked the service about the token, says so.
+            // The user is logged in only after the server has checked the token with the service.
             window.finish("Checking with the server…");
         }
         function onClosed() {

@@ -6,7 +6,7 @@
 
 int main(int argc, char *argv[])
 {
-    // Not a QGuiApplication: the badge and the popup are widgets, which appear over the Quick window.
+    // A QApplication, since the badge and the popup are widgets, which are shown over the Quick window.
     QApplication application(argc, argv);
     // The local service, started by: quarvo-sandbox --port 8300
     QVSDKManager::setServiceAddresses(QVServiceAddresses::at(QStringLiteral("http://127.0.0.1:8300")));
