@@ -2,8 +2,8 @@
 
 #include <vector>
 
-/// Milliseconds on the clock that all processes share.
+/// Milliseconds on a clock that is the same in all processes.
 [[nodiscard]] double benchNow();
-/// MiB of memory that this process has to itself, with its share of what it has in common with others.
+/// The memory of this process in MiB. Pages that it shares with others count in part.
 [[nodiscard]] double benchMemory();
 [[nodiscard]] double benchMedian(std::vector<double> values);

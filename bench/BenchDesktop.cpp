@@ -15,7 +15,7 @@ BenchDesktop::BenchDesktop(const QString &sandbox)
         start(m_bus, QStringLiteral("dbus-daemon"),
               {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--print-address"),
                QStringLiteral("--address=unix:dir=") + m_home.path()});
-    // It says so once it can be used.
+    // It prints the number of its display once it is ready.
     m_display = start(m_screen, QStringLiteral("Xvfb"),
                       {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
                        QStringLiteral("0"), QStringLiteral("1280x1024x24")});
@@ -70,7 +70,7 @@ void BenchDesktop::startKeyring()
 void BenchDesktop::prepare(QProcess &process, bool withKeys) const
 {
     process.setProcessEnvironment(environment(withKeys));
-    // A benchmark that is stopped takes its daemons along.
+    // The daemons end with the benchmark, even if that is killed.
     process.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGTERM); });
 }
 

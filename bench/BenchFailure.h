@@ -4,7 +4,7 @@
 
 #include <stdexcept>
 
-/// Something did not run.
+/// A program could not be started or has failed.
 class BenchFailure : public std::runtime_error
 {
 public:

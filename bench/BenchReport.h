@@ -4,17 +4,17 @@
 
 #include <optional>
 
-/// One line of the table: a figure of ours, the bare toolkit's beside it, and what was to be reached.
+/// One line of the table: the figure of the component, that of the bare toolkit, and the goal.
 struct BenchRow
 {
     QString what;
     QString unit;
     double ours = 0;
     std::optional<double> bare = {};
-    /// The most that ours may be; none for a figure that is told for itself.
+    /// The largest allowed value of \a ours; empty if there is no goal.
     std::optional<double> atMost = {};
 };
 
-/// Prints what kind of machine measures, and the table's head.
+/// Prints the kind of machine and the head of the table.
 void benchBegin(bool isShort);
 void benchTell(const BenchRow &row);

@@ -7,7 +7,7 @@
 #include <map>
 #include <vector>
 
-/// What the runs of one host told, by the figures' names.
+/// The results of the runs of one host, by the names of the figures.
 class BenchRuns
 {
 public:
@@ -20,7 +20,7 @@ private:
     std::map<QString, std::vector<double>> m_figures;
 };
 
-/// Runs \a program to its end, and returns the figures that it prints as one line of JSON. Throws where
-/// it fails.
+/// Runs \a program to its end, and returns the figures that it prints as one line of JSON. Throws
+/// BenchFailure if it fails.
 [[nodiscard]] QJsonObject benchRun(const QString &program, const QStringList &arguments,
                                    const QProcessEnvironment &environment);

@@ -31,8 +31,8 @@ QProcessEnvironment scaled(QProcessEnvironment environment, int ratio)
     return environment;
 }
 
-/// Runs ours and the bare host in turn: whatever else the machine does disturbs both alike. The first round
-/// only warms up.
+/// Runs our host and the bare one in turns, so that other load of the machine affects both equally. The first
+/// round only warms up.
 std::pair<BenchRuns, BenchRuns> runBoth(const BenchSetting &setting, int rounds, const QString &ourMode,
                                         const QString &bareMode, const QProcessEnvironment &environment)
 {
@@ -143,7 +143,7 @@ void benchStalls(const BenchSetting &setting)
 void benchFrames(const BenchSetting &setting)
 {
     constexpr double allowedShare = 5;
-    // One core has other work meanwhile.
+    // Keeps one core busy.
     QThread *const load = QThread::create([] {
         while (!QThread::currentThread()->isInterruptionRequested()) {
         }
@@ -170,7 +170,7 @@ void benchIdle(const BenchSetting &setting)
     for (const char *what : {"panel", "button", "popup"}) {
         const QJsonObject told =
             runHost(setting, "host", QStringLiteral("idle-") + QLatin1String(what), setting.desktop.plain());
-        // A timer interrupt of the system itself may put a waiting process back on its processor.
+        // One switch is allowed, since a timer interrupt of the system may wake a waiting process.
         benchTell({QStringLiteral("idle %1: context switches in %2 s")
                        .arg(QLatin1String(what))
                        .arg(told.value(QStringLiteral("seconds")).toDouble()),

@@ -4,15 +4,15 @@
 
 class BenchDesktop;
 
-/// What every section is given.
+/// The settings for all sections.
 struct BenchSetting
 {
     bool isShort = false;
-    /// The folder of the hosts' programs.
+    /// The folder with the programs of the hosts.
     QString folder;
     const BenchDesktop &desktop;
 
-    /// How often something is repeated.
+    /// The number of repetitions: \a whole, or 1 in a short run.
     [[nodiscard]] int rounds(int whole) const { return isShort ? 1 : whole; }
 };
 

@@ -15,7 +15,7 @@
 
 namespace {
 
-/// A picture and nothing else.
+/// Shows only a picture.
 class PictureWidget : public QWidget
 {
 public:
@@ -36,7 +36,7 @@ private:
     QImage m_picture;
 };
 
-/// Paints each move's segment of the pen in its box, and nothing below it.
+/// Paints the segment of each mouse move, and repaints only its rectangle.
 class SegmentWidget : public QWidget
 {
 protected:
@@ -62,7 +62,7 @@ private:
     QPointF m_to;
 };
 
-/// The component's requests without the component.
+/// Sends the requests that the component would send.
 class Requests
 {
 public:
@@ -91,7 +91,8 @@ public:
             [answered](const QByteArray &body) { answered(QJsonDocument::fromJson(body).object()); });
     }
 
-    /// The switch, the configuration, then \a last, which is answered.
+    /// Asks for the outage switch, for the configuration, and then for \a last. Calls \a answered with the
+    /// last two answers.
     void askThree(const QString &type, const QString &last,
                   const std::function<void(const QJsonObject &config, const QJsonObject &answer)> &answered)
     {
@@ -128,7 +129,7 @@ int runButton()
 
 int runPanel(double start)
 {
-    // As long as the component waits before it starts.
+    // The delay of the component before it starts.
     constexpr int startDelay = 100;
     HostWindow window;
     PictureWidget picture;

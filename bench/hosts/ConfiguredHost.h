@@ -2,5 +2,5 @@
 
 #include <QString>
 
-/// Points the component at the sandbox whose addresses the program was given.
+/// Sets the addresses of the component to those of the sandbox in the program's arguments.
 void configureHost(const QString &vid);

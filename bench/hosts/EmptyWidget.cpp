@@ -1,6 +1,6 @@
 #include <QWidget>
 
-/// The least that a library of widgets can hold.
+/// The smallest library that contains a widget.
 class Q_DECL_EXPORT EmptyWidget : public QWidget
 {
     Q_OBJECT

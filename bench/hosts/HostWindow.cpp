@@ -16,7 +16,7 @@ namespace {
 
 constexpr double microsecondsPerMillisecond = 1000;
 
-/// A line that never ends: to and fro over the picture.
+/// A position on an endless line, which runs to and fro over the picture.
 QPointF strokePosition(int index)
 {
     constexpr int perRow = 50;

@@ -9,21 +9,21 @@
 #include <functional>
 #include <vector>
 
-/// The window of both kinds of host: a button, and room for whatever is placed below it.
+/// The window of both kinds of host: a button, and widgets below it.
 class HostWindow : public QWidget
 {
 public:
     static constexpr QSize panelSize{400, 270};
-    /// What the button asks a layout for.
+    /// The size hint of the button.
     static constexpr QSize buttonSize{300, 44};
 
     HostWindow();
 
-    /// Adds \a content at that size.
+    /// Adds \a content with the fixed size \a size.
     void place(QWidget *content, QSize size);
-    /// Runs \a action when the next repaint is through.
+    /// Runs \a action once the next repaint has finished.
     void afterPaint(std::function<void()> action);
-    /// When repaints were through, from now on.
+    /// The times at which repaints have finished.
     [[nodiscard]] std::vector<double> &paints() { return m_paints; }
 
 protected:
@@ -36,18 +36,18 @@ private:
     std::vector<double> m_paints;
 };
 
-/// Sends a mouse event to \a widget at \a position, as a window system would.
+/// Sends a mouse event at \a position of \a widget, like one of the window system.
 void sendMouse(QWidget &widget, QEvent::Type type, QPointF position);
-/// The cost in microseconds of the moves near the 10th and the 500th point of a line that runs to and fro
-/// over \a widget, each with its repaint.
+/// The cost of the mouse moves near the 10th and the 500th point of a line over \a widget, in microseconds,
+/// including their repaints.
 [[nodiscard]] QJsonObject strokeCosts(QWidget &widget);
 
-/// Makes the application, whose platform says nothing of itself, and runs \a host.
+/// Creates the application object, without messages of the platform, and runs \a host.
 [[nodiscard]] int runApplication(int argc, char *argv[], const std::function<int(const QString &mode)> &host);
 
-/// Prints \a result as one line, the memory now in use added, and ends the program.
+/// Adds the memory in use to \a result, prints that as one line, and ends the program.
 void finishHost(QJsonObject result);
-/// Does so once the program has settled.
+/// Does the same after a pause, in which the program comes to rest.
 void finishHostLater(const QJsonObject &result);
-/// The sandbox's addresses, given as the program's second argument.
+/// The addresses of the sandbox, from the program's second argument.
 [[nodiscard]] QJsonObject hostAddresses();

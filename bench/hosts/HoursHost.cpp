@@ -1,5 +1,5 @@
-// A panel that is left alone for hours of a clock that runs sixty times as fast: what it comes to need, and
-// what it asks for.
+// Leaves a panel alone for hours, on a clock that runs sixty times as fast, and measures its memory and its
+// requests.
 
 #include "BenchClock.h"
 #include "hosts/ConfiguredHost.h"

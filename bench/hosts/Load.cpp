@@ -3,7 +3,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-/// Tells how long it took from the moment given, just before the process was started, to here.
+/// Prints the time from the given moment, just before the process was started, to the start of main().
 int main(int argc, char *argv[])
 {
     const double now = benchNow();

@@ -28,7 +28,7 @@ void click(QWidget &widget)
     sendMouse(widget, QEvent::MouseButtonRelease, middle(widget));
 }
 
-/// The visible widget of that class, which is the component's own business.
+/// The visible widget of a class that is not public.
 QWidget *findPart(const char *className)
 {
     const QWidgetList all = QApplication::allWidgets();
@@ -64,7 +64,8 @@ int runPanel(double start)
     return QApplication::exec();
 }
 
-/// Presses as long as a person does, and tells how long it takes from the release to the passed look, twice.
+/// Presses the button as long as a person does, and measures the time from the release to the passed look,
+/// twice.
 int runClick()
 {
     constexpr int pressMilliseconds = 80;
@@ -100,7 +101,7 @@ int runClick()
     return QApplication::exec();
 }
 
-/// What click mode asks, with nothing to paint.
+/// Measures the requests of click mode, without painting.
 int runInvisible()
 {
     HostWindow window;
@@ -126,7 +127,7 @@ int runInvisible()
     return QApplication::exec();
 }
 
-/// Draws the curve over the picture as a person would, in a second.
+/// Draws the curve over the picture within a second, like a person.
 class Player : public QObject
 {
 public:
@@ -161,8 +162,8 @@ private:
     qsizetype m_next = 1;
 };
 
-/// Solves what \a manager shows once \a opened was emitted, and tells how long the thread stood still from
-/// the first input on.
+/// Solves the picture of \a manager after it has emitted \a opened, and measures how long the main thread was
+/// blocked, from the first input on.
 template<class Manager, class Opened>
 int solve(HostWindow &window, Manager &manager, Opened opened, const std::function<void()> &begin)
 {
@@ -173,7 +174,7 @@ int solve(HostWindow &window, Manager &manager, Opened opened, const std::functi
     StallProbe probe;
     std::unique_ptr<Player> player;
     QObject::connect(&manager, opened, &window, [&] {
-        // Its picture is on screen then, and nothing moves.
+        // Then the picture is on screen, and nothing moves.
         QTimer::singleShot(unfolded, &window, [&] {
             probe.pause();
             solution.ask();
@@ -210,7 +211,8 @@ int runSolvePanel()
 {
     HostWindow window;
     QVEmbedManager manager;
-    // The panel asks as soon as it has a parent, its picture comes while the probe watches.
+    // The panel sends its requests as soon as it has a parent, so that the probe watches the arrival of the
+    // picture.
     return solve(window, manager, &QVEmbedManager::ready,
                  [&] { window.place(manager.embedView(), HostWindow::panelSize); });
 }
@@ -230,7 +232,7 @@ int runStroke()
     return QApplication::exec();
 }
 
-/// How many of the repaints came later than half a frame too late, in percent.
+/// The share of repaints that were late by more than half a frame, in percent.
 double lateShare(const std::vector<double> &paints)
 {
     constexpr double frame = 1000.0 / 60;
@@ -240,7 +242,7 @@ double lateShare(const std::vector<double> &paints)
     return paints.size() > 1 ? 100.0 * late / double(paints.size() - 1) : 100;
 }
 
-/// Lets something wait for an answer that does not come, and counts the frames.
+/// Shows an animation that waits for an answer, which does not come, and counts the late frames.
 int runFrames(const QString &what)
 {
     constexpr int duration = 3000;
@@ -268,7 +270,7 @@ int runFrames(const QString &what)
     return QApplication::exec();
 }
 
-/// How often the threads of this process were put on a processor so far.
+/// How often the threads of this process have been scheduled so far.
 qint64 contextSwitches()
 {
     qint64 count = 0;
@@ -292,7 +294,7 @@ void tellIdle()
     QTimer::singleShot(quiet, qApp, [before = qint64(0)]() mutable {
         before = contextSwitches();
         QTimer::singleShot(duration, qApp, [before] {
-            // The end of the wait itself wakes the process once.
+            // One switch is subtracted for the timer at the end of the wait.
             finishHost({{QStringLiteral("switches"), double(contextSwitches() - before - 1)},
                         {QStringLiteral("seconds"), duration / 1000}});
         });

@@ -1,5 +1,4 @@
-// Loaded before the system's library: each call for a file of the home folder takes 10 ms, as on a slow
-// network.
+// To be preloaded: each call for a file in the home folder takes 10 ms, as on a slow network.
 
 #include <cstdarg>
 #include <cstdlib>

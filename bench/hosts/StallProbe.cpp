@@ -12,7 +12,7 @@ namespace {
 
 constexpr double longMilliseconds = 4;
 
-// Nothing of the event loop tells when it wakes up, so the program's own poll() stands before the system's.
+// The event loop does not tell when it wakes up. So the program replaces poll() of the system by its own.
 bool isWatching = false;
 thread_local bool isMainThread = false;
 double awakeSince = 0;

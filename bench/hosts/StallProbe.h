@@ -1,6 +1,7 @@
 #pragma once
 
-/// Watches for how long the thread of main() at a time does not wait for events. One at a time.
+/// Measures how long the main thread is busy between two waits for events. Only one probe may exist at a
+/// time.
 class StallProbe
 {
 public:
@@ -9,11 +10,11 @@ public:
     StallProbe(const StallProbe &) = delete;
     StallProbe &operator=(const StallProbe &) = delete;
 
-    /// What goes on from here to the next wait, and while it is paused, is the program's own.
+    /// The time from here to the next wait, and while the probe is paused, does not count.
     void pause();
     void resume();
-    /// Milliseconds of the longest.
+    /// The longest busy time, in milliseconds.
     [[nodiscard]] double longest() const;
-    /// How many took longer than 4 ms.
+    /// The number of busy times of more than 4 ms.
     [[nodiscard]] int many() const;
 };
