@@ -12,7 +12,7 @@
 
 namespace {
 
-/// A form with both widgets, as Qt Designer writes it.
+/// A form with both widgets, in the format of Qt Designer.
 QByteArray form(const QList<QDesignerCustomWidgetInterface *> &widgets)
 {
     QByteArray children;
@@ -39,7 +39,7 @@ private Q_SLOTS:
             names.append(widget->name());
             QCOMPARE(widget->includeFile(), QStringLiteral("<Quarvo/%1.h>").arg(widget->name()));
             const std::unique_ptr<QWidget> made(widget->createWidget(nullptr));
-            // Qt Designer refuses a widget that is of another class than it was announced as.
+            // Qt Designer refuses a widget whose class is not the announced one.
             QCOMPARE(QString::fromLatin1(made->metaObject()->className()), widget->name());
         }
         QCOMPARE(names, QStringList({QStringLiteral("QVClickButton"), QStringLiteral("QVEmbedPanel")}));
@@ -47,7 +47,7 @@ private Q_SLOTS:
 
     void asksNobodyAnything()
     {
-        // All traffic of the process would come by here, whomever it is for.
+        // All traffic of the process would go through this proxy.
         QTcpServer proxy;
         QVERIFY(proxy.listen(QHostAddress::LocalHost));
         QNetworkProxy::setApplicationProxy(
@@ -60,12 +60,13 @@ private Q_SLOTS:
         QVERIFY(button && panel);
         QCOMPARE(panel->size(), QSize(400, 270));
 
-        // A click, as in a preview, ends where it began.
+        // A click, as in a preview, fails at once.
         const QSignalSpy failures(button, SIGNAL(failed(QVError)));
         QVERIFY(failures.isValid());
         button->click();
         QVERIFY(waitFor([&failures] { return failures.size() == 1; }));
-        // Until the panel would have started: the plugin's time is its own, no test can move it.
+        // Waits until the panel would have started, in real time, since a test cannot replace the clock
+        // inside the plugin.
         QTest::qWait(300);
         QVERIFY(!proxy.hasPendingConnections());
         QNetworkProxy::setApplicationProxy(QNetworkProxy::NoProxy);
@@ -81,7 +82,7 @@ private:
 
     static std::unique_ptr<QWidget> load(const QByteArray &source)
     {
-        // A loader looks for all plugins there are as it is made, and others' are none of ours.
+        // The constructor of QUiLoader loads all plugins that it finds. Those of others are not tested here.
         const QStringList paths = QCoreApplication::libraryPaths();
         QCoreApplication::setLibraryPaths({});
         QUiLoader loader;

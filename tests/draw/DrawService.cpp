@@ -127,7 +127,7 @@ QByteArray DrawService::bodyFor(const QString &name)
     if (m_bodies.contains(name))
         return m_bodies.value(name);
     QJsonObject json = m_answers.value(name);
-    // Each picture has a name of its own, so that none comes from a cache.
+    // Each picture has another name, so that none comes from a cache.
     const QString picture = q("%1-%2").arg(m_server.requests().size()).arg(m_server.serverPort());
     if (name == QLatin1String("outage get"))
         json.insert(q("imgid"), picture);
@@ -139,7 +139,7 @@ QByteArray DrawService::bodyFor(const QString &name)
 
 QByteArray DrawService::nextPicture()
 {
-    // Small, since its size does not matter here.
+    // Small, since the size does not matter here.
     QImage picture(40, 23, QImage::Format_RGB32);
     picture.fill(QColor::fromHsv(++m_pictureCount * 40 % 360, 120, 200));
     QByteArray bytes;

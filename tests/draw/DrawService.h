@@ -6,7 +6,7 @@
 #include <QJsonObject>
 #include <QMap>
 
-/// A captcha service that answers as a test tells it, and the settings that lead to it.
+/// A captcha service with scripted answers. The constructor sets the component's addresses to it.
 ///
 /// Requests are named: switch, config, get, refresh, click, verify, picture, outage get, outage verify,
 /// outage picture.
@@ -15,21 +15,21 @@ class DrawService
 public:
     DrawService();
 
-    /// Where it is, as the settings were told.
+    /// The addresses that the settings were given.
     [[nodiscard]] QVServiceAddresses addresses() const;
-    /// What a request is answered from now on.
+    /// Sets the answer to a request.
     void answer(const QString &name, const QJsonObject &json) { m_answers[name] = json; }
-    /// The same with a body that need not be JSON.
+    /// Sets the body of the answer, which need not be JSON.
     void answerBytes(const QString &name, const QByteArray &body) { m_bodies[name] = body; }
-    /// Adds to what a request is answered.
+    /// Adds members to the answer to a request.
     void extend(const QString &name, const QJsonObject &json);
-    /// How long, in the scheduler's time, an answer takes from now on.
+    /// Delays the answer to a request, in virtual time.
     void delay(const QString &name, std::chrono::milliseconds duration) { m_delays[name] = duration; }
     void breakPictures(bool broken) { m_picturesAreBroken = broken; }
 
-    /// Whether nothing is under way but what waits for its time.
+    /// Whether nothing is under way except delayed answers.
     [[nodiscard]] bool isQuiet() const;
-    /// The names of all requests so far, but for the pictures.
+    /// The names of all requests so far, except those for pictures.
     [[nodiscard]] QStringList asked() const;
     [[nodiscard]] qsizetype count(const QString &name) const;
     /// The latest request of that name.

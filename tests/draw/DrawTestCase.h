@@ -12,8 +12,8 @@
 
 class QVRenderDrawOverlayView;
 
-/// Tests of the drawing captcha as a user sees it: in a window, by real input, against a service that
-/// answers as the test tells it.
+/// Base of the tests of the drawing captcha as a user sees it: in a window, with real input events and a
+/// scripted service.
 class DrawTestCase : public QVTestCase, public QVRenderDrawViewDelegate
 {
     Q_OBJECT
@@ -26,16 +26,16 @@ protected:
     void prepare() override;
     void finish() override;
 
-    /// Shows a view of \a size in a window. Nothing is asked yet.
+    /// Shows a view of \a size in a window. It sends no request yet.
     void show(QVVerifyStyle style, QSize size = QSize(414, 400));
     /// Starts the shown view as its hosts do.
     void start();
-    /// Starts a view and waits for its picture, and for the bars and the shape to come to rest.
+    /// Starts a view and waits for its picture, and until the bars and the layout do not move any more.
     void startWithPicture(QVVerifyStyle style, QSize size = QSize(414, 400));
     void destroyView() { delete std::exchange(m_view, nullptr); }
 
     [[nodiscard]] DrawService &service() const { return *m_service; }
-    /// The view, or null where there is none.
+    /// The view; null if there is none.
     [[nodiscard]] QVRenderDrawView *view() const { return m_view; }
     template<class Part = QWidget>
     [[nodiscard]] Part *part(const QString &name) const
@@ -47,25 +47,25 @@ protected:
         return *part<QVRenderDrawImageView>(q("imageView"));
     }
     [[nodiscard]] bool isShown(const QString &name) const { return part(name) && part(name)->isVisible(); }
-    /// Where a part is in the view.
+    /// The frame of a part in the view's coordinates.
     [[nodiscard]] QRect frame(const QString &name) const;
-    /// The bar that is up, or null.
+    /// The bar on screen; null if there is none.
     [[nodiscard]] QVRenderDrawOverlayView *bar() const;
 
-    /// Points of a stroke that is sent, over the middle of the picture or from that of another part.
+    /// The points of a valid stroke. It begins in the middle of the picture, or of another part.
     [[nodiscard]] QVPointerInput::Points stroke(const QString &part = {}) const;
     void click(const QString &name) const;
-    /// Waits until the view has told something so many times.
+    /// Waits until \a told contains \a what at least \a count times.
     [[nodiscard]] bool waitForTold(const char *what, int count = 1) const
     {
         return waitFor([&] { return told.count(q(what)) >= count; });
     }
-    /// Runs the event loop until nothing is under way but what waits for its time.
+    /// Runs the event loop until nothing is under way except what waits for a time.
     void settle() const;
-    /// Lets \a duration pass in small steps, with all traffic that happens in it.
+    /// Advances the virtual time by \a duration in small steps, and waits for all traffic in between.
     void pass(std::chrono::milliseconds duration) const;
 
-    /// What the view has told, by signals and to its delegate.
+    /// What the view has reported by signals and to its delegate.
     QStringList told;
 
 private:

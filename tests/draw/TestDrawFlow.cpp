@@ -14,7 +14,7 @@
 using namespace std::chrono_literals;
 using namespace QVPointerInput;
 
-/// Conversations of the view with the service: what each step of the user, the host or the clock leads to.
+/// Conversations of the view with the service: the effects of each step of the user, the host or the clock.
 class TestDrawFlow : public DrawTestCase
 {
     Q_OBJECT
@@ -25,7 +25,7 @@ public Q_SLOTS:
 private Q_SLOTS:
     void conversations_data()
     {
-        // Behind each step what the service is asked, then what the view tells or shows.
+        // Each step is followed by the requests that it causes and by what the view then reports or shows.
         const auto row = addColumns<QString>({"steps"});
         addStarts(row);
         addStrokes(row);
@@ -40,7 +40,7 @@ private Q_SLOTS:
     void conversations()
     {
         QFETCH(QString, steps);
-        // How most of them begin.
+        // The steps that most conversations begin with.
         steps.replace(q("embedded"), q("begin embed -> switch config get ready"));
         steps.replace(q("opened"), q("begin popup -> switch config click ready"));
         QStringList seen;
@@ -179,7 +179,7 @@ private:
     }
     static void addFailures(const auto &row)
     {
-        // Behind each of them nothing may be left that waits.
+        // After a failure nothing may be left that waits for a time.
         const auto failed = [&row](const char *name, const char *steps) {
             row(name, q(steps) + q(", 200000ms, idle -> yes"));
         };
@@ -282,7 +282,7 @@ private:
             "look -> 'Draw along the curve' picture 2 outageLabel helpButton refreshButton, "
             "draw -> outage verify passed");
     }
-    /// The view goes, or starts anew, in each state that waits for an answer.
+    /// Destroys or restarts the view in each state that waits for an answer.
     static void addWaits(const auto &row)
     {
         const QVCases<QString, QString> cases{
@@ -304,7 +304,7 @@ private:
         row("passed, destroyed", "embedded, draw -> verify passed, destroy, 1000ms -> main-token");
     }
 
-    // What the service answers from now on.
+    // Steps that change the answers of the service.
     Q_INVOKABLE void outage(const QString &is) { answer("switch", "active", is == q("true")); }
     Q_INVOKABLE void guide(const QString &is) { answer("config", "guide", is == q("true")); }
     Q_INVOKABLE void kind(const QString &type) { answer("config", "type", type); }
@@ -324,11 +324,11 @@ private:
     {
         service().extend(QString::fromLatin1(request), {{q(member), value}});
     }
-    // All words but the last, and the last.
+    // All words except the last one, and the last one.
     static QString front(const QString &words) { return words.section(u' ', 0, -2); }
     static QString back(const QString &words) { return words.section(u' ', -1); }
 
-    // What the host does.
+    // Steps of the host.
     Q_INVOKABLE void begin(const QString &style)
     {
         const QStringList styles{q("embed"), q("popup"), q("invisible")};
@@ -346,7 +346,7 @@ private:
     Q_INVOKABLE void enabled(const QString &is) { view()->setEnabled(is == q("true")); }
     Q_INVOKABLE void destroy(const QString &) { destroyView(); }
 
-    // What the test wants to know.
+    // Steps that add something to the report.
     Q_INVOKABLE void idle(const QString &) { told.append(time().pendingCount() == 0 ? q("yes") : q("no")); }
     Q_INVOKABLE void tell(const QString &what) { told.append(service().query(front(what))[back(what)]); }
     Q_INVOKABLE void spoken(const QString &)
@@ -354,7 +354,7 @@ private:
         told.append(view()->findChild<QVSpokenMessage *>()->accessibleName());
     }
 
-    // What the user does, at the named part of the view.
+    // Steps of the user, at the named part of the view.
     Q_INVOKABLE void draw(const QString &part) { strokeWithMouse(*view(), stroke(part), m_pause); }
     Q_INVOKABLE void finger(const QString &part) { strokeWithFinger(*view(), stroke(part), m_pause); }
     Q_INVOKABLE void pen(const QString &part) { strokeWithPen(*view(), stroke(part), m_pause); }
@@ -399,7 +399,7 @@ private:
         points.resize(9);
         strokeWithFinger(*view(), points);
     }
-    /// Begins above or below the picture, or leaves it.
+    /// Draws a stroke that begins above or below the picture, or leaves it.
     Q_INVOKABLE void stray(const QString &side)
     {
         const QRect area = frame(q("imageView"));
@@ -407,7 +407,7 @@ private:
         points[side == q("out") ? 15 : 0].setY(side == q("above") ? area.top() - 8 : area.bottom() + 1);
         strokeWithMouse(*view(), points, m_pause);
     }
-    /// From the top left down, up to the top right and down again.
+    /// Draws a stroke from the top left down, up to the top right and down again.
     Q_INVOKABLE void corners(const QString &)
     {
         const QRect area = frame(q("imageView")).adjusted(20, 20, -20, -20);
@@ -417,13 +417,13 @@ private:
             points.push_back(ends[i / 7] + (ends[i / 7 + 1] - ends[i / 7]) * (i % 7) / 6);
         strokeWithFinger(*view(), points, m_pause);
     }
-    /// As unsteady as a finger is.
+    /// A tap that moves a little, as a finger does.
     [[nodiscard]] Points tapped(const QString &part) const
     {
         const QPoint place = frame(part).center();
         return {place, place + QPoint(4, -4)};
     }
-    /// The other finger comes and goes during the stroke.
+    /// Draws a stroke, during which a second finger touches and leaves the screen.
     Q_INVOKABLE void twoFingers(const QString &otherOn)
     {
         const Points points = stroke();
@@ -444,7 +444,7 @@ private:
                 event.release(1, other, view());
         }
     }
-    /// The drag under way goes on without the view.
+    /// Takes the drag under way from the view: the release does not reach it.
     Q_INVOKABLE void lose(const QString &way)
     {
         if (way == q("release")) {
@@ -463,7 +463,7 @@ private:
         }
     }
 
-    /// What can be seen: the text of the bar, the picture and by which answer it came, and all else.
+    /// Reports what can be seen: the text of the bar, the number of the picture, and all other parts.
     Q_INVOKABLE void look(const QString &)
     {
         QStringList seen;

@@ -4,7 +4,7 @@
 
 using namespace std::chrono_literals;
 
-/// The whole component against a service that decodes and judges with code of its own.
+/// The whole component against the sandbox, which shares no code with it to decode and judge traces.
 class TestDrawSandbox : public DrawTestCase
 {
     Q_OBJECT
@@ -30,7 +30,7 @@ private Q_SLOTS:
         QVSDKManager::setQuarvoSDKVid(q("test-draw"), q("1"));
         startWithPicture(QVVerifyStyle(style), size);
         if (isOutage) {
-            // Its pictures are named to the client alone, who then names them in its first try.
+            // The log of the sandbox has the name of an outage picture only after a first attempt on it.
             QVPointerInput::strokeWithMouse(*view(), stroke(), [this] { advance(20ms); });
             QVERIFY(waitForTold("wrong"));
         }
@@ -70,7 +70,7 @@ private:
         m_sandbox.reset();
     }
 
-    /// The curve of the picture that was last asked for.
+    /// The curve of the latest picture.
     [[nodiscard]] QVPointerInput::Points curve() const
     {
         QString challenge;

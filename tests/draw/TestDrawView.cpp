@@ -10,7 +10,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// Keeps what of a widget had to be painted.
+/// Records the painted regions of a widget.
 class PaintWatch : public QObject
 {
 public:
@@ -28,7 +28,7 @@ public:
 
 } // namespace
 
-/// Where the parts of the view are, and how they take input.
+/// The places of the view's parts, and how they take input.
 class TestDrawView : public DrawTestCase
 {
     Q_OBJECT
@@ -60,7 +60,7 @@ private Q_SLOTS:
         QFETCH(QRect, image);
         service().extend(q("config"),
                          {{q("guide"), true}, {q("type"), isCharacters ? q("character") : QString()}});
-        // Made in another window, which then takes its size.
+        // Started at another size, then resized.
         startWithPicture(QVVerifyStyle(style), QSize(60, 90));
         view()->window()->resize(size);
         view()->resize(size);
@@ -96,7 +96,7 @@ private Q_SLOTS:
     {
         offer(q("click"), q("Word (of Ad)!"), q("https://ad.example"));
         startWithPicture(QVVerifyStylePopup);
-        // Both kinds of halo.
+        // Bars with dark and with white text.
         for (const char *name : {"promptOverlayView", "errorOverlayView"})
             part<QVRenderDrawOverlayView>(q(name))->setOverlayImage({}, q("(One) two!"));
         for (const char *name : {"contentView", "promptOverlayView", "errorOverlayView"}) {
@@ -104,7 +104,7 @@ private Q_SLOTS:
             QGuiApplication::setLayoutDirection(Qt::RightToLeft);
             const QImage after = pixelsOf(*part(q(name)));
             QGuiApplication::setLayoutDirection(Qt::LeftToRight);
-            // Outlines come out a step lighter or darker.
+            // Antialiasing may differ slightly.
             QVERIFY(farthest(after, before) <= 2);
         }
     }

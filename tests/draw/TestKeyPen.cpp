@@ -3,7 +3,7 @@
 
 using namespace std::chrono_literals;
 
-/// The pen that is moved by keys. What its strokes lead to is among the conversations.
+/// The pen that is moved by keys. TestDrawFlow tests the effects of its strokes.
 class TestKeyPen : public DrawTestCase
 {
     Q_OBJECT
@@ -20,7 +20,7 @@ private Q_SLOTS:
         QVERIFY(picture().hasFocus());
         QVERIFY(part(q("keyPen"))->isVisible());
         QVERIFY(!picture().accessibleDescription().isEmpty());
-        // While there is no picture, there is no pen.
+        // Without a picture the pen is hidden.
         view()->requestQuarvoConfigAction();
         QVERIFY(picture().hasFocus() && !part(q("keyPen"))->isVisible());
         QVERIFY(waitForTold("ready", 2));
@@ -29,7 +29,7 @@ private Q_SLOTS:
 
     void moves_data()
     {
-        // In steps, of which the picture is 40 wide.
+        // Distances are in steps of a fortieth of the picture's width.
         const auto row = addColumns<QList<int>, Qt::KeyboardModifiers, QPointF>({"keys", "modifiers", "way"});
         row("right", QList<int>(15, Qt::Key_Right), Qt::KeyboardModifiers(), QPointF(15, 0));
         row("in small steps", QList<int>(15, Qt::Key_Up), Qt::KeyboardModifiers(Qt::ShiftModifier),

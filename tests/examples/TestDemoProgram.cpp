@@ -4,7 +4,7 @@
 #include <QTemporaryDir>
 #include <QTemporaryFile>
 
-/// Runs the demo as its users do, in a process of its own and in real time.
+/// Runs the demo as its users do, in another process and in real time.
 class TestDemoProgram : public QVTestCase
 {
     Q_OBJECT

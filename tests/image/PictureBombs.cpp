@@ -38,7 +38,7 @@ QByteArray riffChunk(const char *type, const QByteArray &content)
     return type + littleEndian(quint32(content.size())) + content + QByteArray(content.size() % 2, '\0');
 }
 
-/// Numbers of single bits, the lowest first.
+/// Writes numbers of any count of bits, the lowest bit first.
 class Bits
 {
 public:
@@ -67,8 +67,8 @@ quint32 reversed(quint32 byte)
     return result;
 }
 
-/// At least \a count times the same \a byte: once in full, and in each 13 bits the command to repeat it 258
-/// times.
+/// Deflate data that unpack to at least \a count times the same \a byte: one literal, then commands of 13
+/// bits, each of which repeats it 258 times.
 QByteArray packed(quint8 byte, qsizetype count)
 {
     constexpr qsizetype longestRepetition = 258;
@@ -91,7 +91,7 @@ QByteArray packed(quint8 byte, qsizetype count)
            bigEndian(quint32(sumOfSums << 16 | sum));
 }
 
-/// A code of eight bits for each of the first 256 symbols.
+/// Writes a prefix code with eight bits for each of the first 256 symbols.
 void putEvenCode(Bits &bits, int symbols)
 {
     constexpr int lengths = 12;
@@ -103,13 +103,13 @@ void putEvenCode(Bits &bits, int symbols)
         bits.put(symbol < 256 ? 1 : 0, 1);
 }
 
-/// A code of one symbol.
+/// Writes a prefix code with one symbol.
 void putShortCode(Bits &bits)
 {
     bits.put(1, 4);
 }
 
-/// Behind the size: a group for each block of four by four pixels, in turn.
+/// Writes what follows the size: the blocks of four by four pixels use all groups in turn.
 void putGroups(Bits &bits, QSize size, int groups)
 {
     constexpr quint32 noTransformAndNoCache = 0;
@@ -178,7 +178,7 @@ QByteArray PictureBombs::gif(QSize size, QSize frame, qsizetype codes, int frame
     Bits bits;
     int width = 9;
     bits.put(clear, width).put(0, width);
-    // Each code stands for what the one before does and a pixel more.
+    // Each code stands for the pixels of the previous code and one more.
     for (quint32 code = clear + 2; codes > 0 && code <= full; ++code, --codes) {
         bits.put(code, width);
         width = std::min(12, code + 1 == 1U << width ? width + 1 : width);

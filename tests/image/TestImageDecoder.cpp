@@ -24,7 +24,7 @@ constexpr bool isMemoryTold = false;
 constexpr bool isMemoryTold = true;
 #endif
 
-/// While it lives, this process gets hardly any more memory.
+/// Limits the memory of this process to little more than it has, until it is destroyed.
 class LittleMemory
 {
 public:
@@ -49,7 +49,7 @@ QImage plain(QSize size, const QColor &colour)
     return image;
 }
 
-/// All kinds of neighbours, so that an encoder tries everything.
+/// A picture with varied neighbouring pixels, so that an encoder uses all its methods.
 QImage colourful(QSize size)
 {
     QImage image(size, QImage::Format_RGB32);
@@ -71,7 +71,7 @@ private Q_SLOTS:
     {
         for (const char *format : {"png", "jpeg", "gif", "webp"})
             QVERIFY2(qv_decoderReads(format), format);
-        // Decoders speak of what is wrong with a file by themselves.
+        // Decoders log messages about broken files. They must not fail the test.
         static const QtMessageHandler usual = qInstallMessageHandler(nullptr);
         qInstallMessageHandler([](QtMsgType type, const QMessageLogContext &context, const QString &message) {
             if (!QByteArrayView(context.category).startsWith("qt.gui.imageio") &&
@@ -129,7 +129,7 @@ private Q_SLOTS:
         QVERIFY(image.format() == QImage::Format_RGB32 ||
                 image.format() == QImage::Format_ARGB32_Premultiplied);
         const QColor seen = image.pixelColor(200, 100);
-        // Formats that lose colours do so only nearly.
+        // Lossy formats change colours slightly.
         for (const auto part : {&QColor::red, &QColor::green, &QColor::blue, &QColor::alpha})
             QVERIFY2(qAbs((seen.*part)() - (colour.*part)()) < 6, qPrintable(seen.name(QColor::HexArgb)));
     }

@@ -61,7 +61,7 @@ private Q_SLOTS:
             load(probe, "/a.png");
             expectFailure(probe, code);
         }
-        // A failure is not remembered: the next try asks anew.
+        // A failure is not cached: the next load sends a request again.
         m_server->enqueue(picture());
         Probe probe;
         load(probe, "/a.png");
@@ -70,7 +70,7 @@ private Q_SLOTS:
 
     void decodingThatTakesLong()
     {
-        // Minutes, if nobody stopped it.
+        // Decoding this would take minutes.
         const QByteArray bomb = PictureBombs::gif({16, 16}, {16, 16}, 5 << 20, 1);
         for (const bool isTooLate : {true, false}) {
             std::optional<QVImageResources> resources(std::in_place);
@@ -78,7 +78,7 @@ private Q_SLOTS:
             Probe probe;
             load(probe, "/a.gif", *resources);
             QVERIFY(waitFor([&] { return resources->isWorking(); }));
-            // One that takes long keeps no other waiting.
+            // A slow decoder does not block other loads.
             m_server->enqueue(picture());
             Probe other;
             load(other, "/b.png", *resources);
@@ -93,7 +93,7 @@ private Q_SLOTS:
             } else {
                 resources.reset();
             }
-            // Of the second that decoding may take, it had taken what the other picture took.
+            // The decoder was stopped long before the limit of a second.
             QVERIFY(std::clock() - start < CLOCKS_PER_SEC / 2);
             QCOMPARE(time().pendingCount(), 0);
         }

@@ -86,11 +86,11 @@ private Q_SLOTS:
         advance(100ms);
         QCOMPARE(canvas.painted.size(), 6U);
         for (const QRect &rect : canvas.painted) {
-            // A step of 1.7 pixels, a soft pixel on either side, rounded outwards.
+            // A step of 1.7 pixels, plus one pixel on either side for antialiasing, rounded outwards.
             QVERIFY(rect.width() <= 15);
             QVERIFY(rect.height() <= 12);
         }
-        // The newest frame covers the dot's place before and after it.
+        // The last repaint covers the dot's place before and after the step.
         QVERIFY(canvas.painted.back().contains(QRect(29, 20, 10, 10)));
     }
 
@@ -123,7 +123,7 @@ private Q_SLOTS:
         canvas.turnForever();
         advance(1100ms);
         window.showMinimized();
-        // On Wayland nobody learns that the compositor has minimised a window.
+        // On Wayland a program is not notified when its window is minimised.
         if (QGuiApplication::platformName() == q("wayland"))
             window.hide();
         advance(0ms);

@@ -72,7 +72,7 @@ private Q_SLOTS:
             const auto solution = solve({fixed(Attribute::Top, 33), bad});
             QCOMPARE(solution.problems.size(), 1U);
             QCOMPARE(solution.problems.front().kind, kind);
-            // The rest holds.
+            // The other constraints are used.
             QCOMPARE(solution.frames.at(first), QRectF(10, 33, 50, 60));
         }
         QWidget outside;
@@ -104,10 +104,10 @@ private Q_SLOTS:
             make.left().equalTo(picture).offset(0.5);
         });
         m_layout->layoutNow();
-        // Rounded on the edges.
+        // Edges are rounded, not sizes.
         QCOMPARE(picture->geometry(), QRect(5, 0, 190, 10));
         QCOMPARE(m_box->geometry(), QRect(56, 0, 10, 20));
-        // Moved by somebody else.
+        // A target that is moved by other code is followed.
         content->move(60, 0);
         QCOMPARE(m_box->x(), 66);
         delete content;
@@ -125,7 +125,7 @@ private Q_SLOTS:
                 make.top().equalTo(m_container.get(), QVLayoutAttribute::Bottom).offset(offset);
             });
         };
-        // What was changed last wins.
+        // The constraint that was changed last overrides the others.
         hangAt(0);
         m_layout->make(m_box, [](QVConstraintMaker &make) { make.top().equalTo(7); });
         hangAt(0);

@@ -9,7 +9,7 @@
 
 namespace {
 
-/// A member of a record that is filled over values which are easily told from the mapped ones.
+/// Maps \a value to a field of a record, whose fields have distinctive values before.
 QVariant mapped(const char *name, const QJsonValue &value)
 {
     QVConfigResponseModel record;
@@ -52,7 +52,7 @@ private Q_SLOTS:
         const QVCases<const char *, qint64> words{
             {"TRUE|True|true|YES|Yes|yes", 1},
             {"FALSE|False|false|NO|No|no", 0},
-            // Left alone, as are all other texts.
+            // These leave the field unchanged, as all other texts do.
             {"NIL|Nil|nil|NULL|Null|null|(NULL)|(Null)|(null)|<NULL>|<Null>|<null>", kept},
             {"tRUE|oui|(nil)|<nil>|(NULL>| true|true |Y||nо", kept}};
         for (const auto &[list, expected] : words) {
@@ -84,7 +84,7 @@ private Q_SLOTS:
             // Positions are kept.
             {"cdn_servers", QJsonArray{QJsonValue(), q("a"), 5, QJsonArray{}, q("")},
              QStringList{QString(), q("a"), q("5"), QString(), q("")}},
-            // Through the setter.
+            // The setter is used.
             {"api_server", q("a.example"), q("https://a.example")}};
         for (const auto &[name, json, expected] : cases) {
             QCOMPARE(mapped(name, json), expected);

@@ -22,7 +22,7 @@ const char *const goodAddress = "127.0.0.1";
 
 } // namespace
 
-// The program's own in place of the system's: the name above has two addresses, of which the first is deaf.
+// Replaces getaddrinfo() of the system: the name above has two addresses, of which the first does not answer.
 extern "C" Q_DECL_EXPORT int getaddrinfo(const char *node, const char *service, const addrinfo *hints,
                                          addrinfo **result)
 {
@@ -43,7 +43,7 @@ class TestConnections : public QVTestCase
 private Q_SLOTS:
     void aDeafAddressCostsAMoment()
     {
-        // Its queue is full, so that the system ignores who comes.
+        // The queue of the listener is full, so that the system ignores further connections.
         const int listener = ::socket(AF_INET, SOCK_STREAM, 0);
         const int guest = ::socket(AF_INET, SOCK_STREAM, 0);
         sockaddr_in address{};
@@ -122,7 +122,7 @@ protected:
     }
 
 private:
-    /// What a download ends with; -2 where it does not end.
+    /// The code that a download ends with; -2 if it does not end.
     [[nodiscard]] qint64 codeOf(const QString &address) const
     {
         std::optional<qint64> code;

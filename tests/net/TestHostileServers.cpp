@@ -20,7 +20,7 @@ constexpr qint64 answerLimit = 1 << 20;
 constexpr qint64 pictureLimit = 8 << 20;
 constexpr qint64 memoryLimit = 32 << 20;
 
-// 16 MiB of nothing, in a few kilobytes.
+// 16 MiB of blanks, packed to a few kilobytes.
 QByteArray bomb()
 {
     constexpr qsizetype lengthBeforeData = 4;
@@ -28,9 +28,8 @@ QByteArray bomb()
     return packed;
 }
 
-/// A server that does to each connection what no library would: it answers with a head and goes on with a
-/// flood, without end and as fast as it can, in a thread of its own. With an empty flood it ends after the
-/// head. It serves one connection after the other.
+/// A server that answers with a head and then sends a flood, without end and as fast as it can, from another
+/// thread. With an empty flood it closes the connection after the head. It serves one connection at a time.
 class FloodServer
 {
 public:
@@ -114,8 +113,7 @@ private:
 
 } // namespace
 
-/// What a server sends without end ends the request at once, in a message, with little memory; nothing of it
-/// stays.
+/// An endless answer ends the request at once with an error. It takes little memory, and none of it is kept.
 class TestHostileServers : public QVTestCase
 {
     Q_OBJECT
@@ -182,7 +180,7 @@ private Q_SLOTS:
     }
 
 private:
-    /// What a download ends with; -2 where it does not end.
+    /// The code that a download ends with; -2 if it does not end.
     static qint64 codeOf(QVNetworkSession &session, const FloodServer &server, qint64 limit)
     {
         std::optional<qint64> code;

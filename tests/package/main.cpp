@@ -1,5 +1,5 @@
-// The host that scripts/check-package builds against an installed Quarvo: clicks the button, which the
-// service that it is told lets pass, and says what the user would see. Exit code 0 once it has a token.
+// The host that scripts/check-package builds against an installed Quarvo. It clicks the button, which passes
+// at the service in its arguments, and prints what a user would see. The exit code is 0 once it has a token.
 #include <Quarvo/Quarvo.h>
 
 #include <QApplication>
@@ -9,7 +9,7 @@
 
 namespace {
 
-// The strip at the button's left edge shows the logo on a plain ground.
+// The number of colours at the left edge of the button, where the logo is on a plain background.
 int logoColours(QWidget &button)
 {
     const QImage strip = button.grab().toImage().copy(0, 0, button.height(), button.height());

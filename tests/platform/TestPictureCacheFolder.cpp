@@ -22,7 +22,7 @@ void keepPicture(const QString &folder)
     meta.setUrl(QUrl(q("https://pictures.example/a.png")));
     meta.setSaveToDisk(true);
     cache.insert(cache.prepare(meta));
-    // Left as by a process that ended in the middle of a download.
+    // An unfinished file, as a process leaves it that ends during a download.
     (void)cache.prepare(meta);
 }
 
@@ -34,7 +34,7 @@ void makeFile(const QString &path)
     file.write("foreign");
 }
 
-/// Everything in a folder, each with its permissions, and the folder's own.
+/// The permissions of a folder, and all its contents with their permissions.
 QStringList contents(const QString &folder)
 {
     QStringList entries{QString::number(QFileInfo(folder).permissions())};
@@ -81,7 +81,7 @@ private Q_SLOTS:
                 QCOMPARE(contents(root()), kept);
                 continue;
             }
-            // A new one clears them by itself.
+            // A new folder clears the others by itself.
             QVPictureCacheFolder next;
             QCOMPARE(QDir(root()).entryList(QDir::AllDirs | QDir::NoDotAndDotDot).size(), 2);
         }
@@ -95,13 +95,13 @@ private Q_SLOTS:
         QVPictureCacheFolder own;
         keepPicture(own.path());
         const QString hex = q(nameOfOurForm);
-        // By hand, or as links in the place of ours.
+        // Files that a user has made, and links in the place of our folders.
         makeFile(root() + q("/notes/data8/0/a.d"));
         makeFile(root() + q("/a.d"));
         makeFile(root() + u'/' + hex + q("/data8/0/a.d"));
         QVERIFY(QFile::link(victim, root() + u'/' + QString(hex).replace(u'0', u'1')));
         QVERIFY(QFile::link(victim, root() + q("/zz")));
-        // An earlier process's, in which somebody put things since.
+        // The folder of an earlier process, into which somebody has put other files.
         const QString mixed = root() + u'/' + QString(hex).replace(u'0', u'2');
         for (const char *file : {"quarvo.lock", "data8/0/photo.jpg", "mine/a.d"})
             makeFile(mixed + u'/' + q(file));
@@ -119,7 +119,7 @@ private Q_SLOTS:
         const auto row = addColumns<QString>({"place"});
         for (const char *place : {"link", "dangling link", "file", "open to others"})
             row(place, q(place));
-        // Only a superuser can give a folder away.
+        // Only root can change the owner of a folder.
         if (::geteuid() == 0)
             row("another user's", q("another user's"));
     }

@@ -20,7 +20,7 @@ private Q_SLOTS:
             return QVScheduler::shared().secondsSince1970();
         };
         QVERIFY(std::abs(reading() * 1000 - double(QDateTime::currentMSecsSinceEpoch())) < 1000);
-        // Two readings soon differ by less than a millisecond.
+        // Two readings must sometimes differ by less than a millisecond.
         double previous = reading();
         QVERIFY(waitFor([&] {
             const double step = reading() - std::exchange(previous, reading());
@@ -41,7 +41,7 @@ private Q_SLOTS:
             });
         }
         real.cancel(real.schedule(0ms, [&runs] { runs.append(-2); }));
-        // A coarse timer shows after seconds only; Qt says which are.
+        // A coarse timer would be late only by seconds after minutes, so the type of the timer is looked at.
         const QVScheduler::TaskId late = real.schedule(179s, [] {});
         for (const auto &timer :
              QAbstractEventDispatcher::instance()->registeredTimers(dynamic_cast<QObject *>(&real)))

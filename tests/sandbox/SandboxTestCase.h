@@ -6,7 +6,7 @@
 #include <QJsonObject>
 #include <QNetworkAccessManager>
 
-/// A listening sandbox with a clock of its own, and a client without manners to ask it.
+/// Base of tests with a listening sandbox, whose clock the test sets, and a client that may break rules.
 class SandboxTestCase : public QVTestCase
 {
     Q_OBJECT
@@ -30,7 +30,7 @@ protected:
     void finish() override;
 
     [[nodiscard]] QVSandbox &sandbox() const { return *m_sandbox; }
-    /// GETs an address, or a path below the sandbox's base.
+    /// Sends a GET request to an address, or to a path below the sandbox's base address.
     Reply get(const QString &address) const;
     void age(std::chrono::milliseconds duration) { m_now += duration; }
 

@@ -9,7 +9,7 @@
 
 using std::chrono::milliseconds;
 
-/// What the sandbox answers.
+/// The answers of the sandbox.
 class TestSandbox : public SandboxTestCase
 {
     Q_OBJECT
@@ -17,7 +17,7 @@ class TestSandbox : public SandboxTestCase
 private Q_SLOTS:
     void conversations_data()
     {
-        // Behind each request the code that answers it.
+        // Each request is followed by the code of its answer.
         const auto row = addColumns<QString>({"steps"});
         row("accepts the curve, once",
             "config test-draw -> 0103, draw -> 0104, get -> 0103, draw -> 0103, token -> draw, token -> , "
@@ -73,7 +73,7 @@ private Q_SLOTS:
         const QJsonObject picture = get(server + q("?action=get&deviceid=d")).json();
         const QUrl address(sandbox().addresses().imageHost + u'/' + picture[q("imgid")].toString() +
                            q(".jpg"));
-        // While it is drawn, it may be asked for twice.
+        // A picture may be requested twice while it is drawn.
         QNetworkAccessManager network;
         const std::array replies{network.get(QNetworkRequest(address)),
                                  network.get(QNetworkRequest(address))};
@@ -113,7 +113,7 @@ private Q_SLOTS:
             {"GET /app/config/v1?id=" + QByteArray(20000, 'a') + end, "414"},
             {"GET /../../etc/passwd.jpg" + end, "404"},
             {"POST /app/config/v1 HTTP/1.1\r\nHost: x\r\nContent-Length: 2\r\n\r\nid", "405"},
-            // No answer, and the connection ends.
+            // No answer: the connection is closed.
             {"GET /" + QByteArray(200000, 'a'), ""}};
         for (const auto &[request, status] : cases)
             QCOMPARE(raw(request).mid(9, 3), status);
@@ -131,7 +131,7 @@ private Q_SLOTS:
         flooding.write(QByteArray(200000, 'a'));
         QVERIFY(waitFor([&flooding] { return flooding.state() == QAbstractSocket::UnconnectedState; }));
         QCOMPARE(get(q("/app/config/v1?id=test-slow")).code(), q("0103"));
-        // The sandbox goes before it has answered.
+        // The sandbox is destroyed before it has answered.
         QTcpSocket waiting;
         QVERIFY(askSlowly(waiting));
     }
@@ -158,7 +158,7 @@ private Q_SLOTS:
         QVSandbox second(options);
         QVERIFY(!second.listen());
         QVERIFY(second.errorString().contains(QString::number(sandbox().port())));
-        // On this machine only.
+        // It listens only on 127.0.0.1.
         QTcpSocket socket;
         socket.connectToHost(QHostAddress(q("::1")), sandbox().port());
         QVERIFY(waitFor([&socket] { return socket.state() == QAbstractSocket::UnconnectedState; }));
@@ -181,7 +181,7 @@ private Q_SLOTS:
     }
 
 private:
-    /// Does a step of a conversation. Gives the code of the answer; null where nothing was asked.
+    /// Performs a step of a conversation. Returns the code of the answer; null if there was no request.
     QString perform(const QString &verb, const QString &more)
     {
         const auto solution = sandbox().solution(m_challenge);
@@ -222,7 +222,7 @@ private:
         return answer.code();
     }
 
-    // Sends bytes as they are; gives what comes back until the answer is whole or the connection ends.
+    // Sends bytes unchanged. Returns the answer, up to its end or the end of the connection.
     [[nodiscard]] QByteArray raw(const QByteArray &request) const
     {
         QTcpSocket socket;

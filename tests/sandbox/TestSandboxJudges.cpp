@@ -39,7 +39,7 @@ class TestSandboxJudges : public QVTestCase
 private Q_SLOTS:
     void tellsHandsFromOtherStrokes_data()
     {
-        // How many in a hundred may pass, at least and at most.
+        // The least and the greatest number of a hundred strokes that may pass.
         const auto row = addColumns<bool, int, int, int>({"isOutage", "kind", "fewest", "most"});
         row("following", false, 0, 98, 100);
         row("straight from start to end", false, 1, 0, 2);
@@ -80,7 +80,7 @@ private Q_SLOTS:
         for (int seed = 0; seed < 40; ++seed) {
             const SandboxPath curve = curveOf(seed);
             const SandboxPath stroke = SandboxGeometry::resampled(curve, 40);
-            // Backwards too, and in a tall view whose picture begins far down.
+            // Strokes in the other direction, and in a tall view whose picture is far below its top.
             QVERIFY(score(curve, SandboxGeometry::reversed(stroke)) >= 93);
             QVERIFY(score(curve, stroke, 520) >= 93);
             for (const QPointF point : SandboxGeometry::resampled(curve, 200))
@@ -90,7 +90,7 @@ private Q_SLOTS:
             const SandboxPath points = SandboxGeometry::resampled(curve, 100);
             const auto bright = std::ranges::count_if(
                 points, [&](QPointF point) { return qGray(image.pixel((point * 2.0).toPoint())) > 225; });
-            // The start's mark and the hints for the direction take the rest.
+            // The mark of the start and the hints for the direction cover the rest.
             QVERIFY2(bright > 66, qPrintable(QString::number(bright)));
         }
     }
@@ -110,7 +110,7 @@ private Q_SLOTS:
 
     void readsCellsOfAKnownShape()
     {
-        // Up from cell 4 to cell 0, across to cell 3, down to cell f.
+        // Up from cell 4 to cell 0, right to cell 3, down to cell f.
         const SandboxCellJudge judge({{50, 86}, {50, 28}, {350, 28}, {350, 200}});
         QVERIFY(judge.accepts(q("403f")) && judge.accepts(q("f304")));
         for (const char *digits : {"430f", "403c", "4a3f", "403F", "403", "403ff", "zzzz", ""})
@@ -123,8 +123,8 @@ private Q_SLOTS:
             QVERIFY(!SandboxTrace::decode(q("k").repeated(length)));
         QVERIFY(SandboxTrace::decode(q("k").repeated(720)));
         QVERIFY(!SandboxTrace::decode(q("kkQ") + q("k").repeated(87)));
-        // The digits of a number are worth 8000, 20 and 1, and k to z stand for 0 to 19. Of x only what is
-        // left of 400 is sent: kzz is 399, kzk 380, kkk 0 or 400, kqk 20 or 420.
+        // The digits of a number have the weights 8000, 20 and 1; k is 0, q is 1 and z is 19. Multiples of
+        // 400 are not sent: kzk is 380, kkk is 0 or 400, kqk is 20 or 420.
         const QVCases<QString, QList<double>> columns{
             {numbers({q("kzk"), q("kkk"), q("kqk")}, q("kzk")), {380, 400, 420, 380}},
             {numbers({q("kkk")}, q("kzk")), {400, 380}},
@@ -134,7 +134,7 @@ private Q_SLOTS:
             for (qsizetype i = 0; i < expected.size(); ++i)
                 QCOMPARE(trace->points[i], QPointF(expected[i], 200.0));
         }
-        // 380 ms, then 60 ms: which can only be 460.
+        // 380 ms, then 60 ms, which can only be 460 ms.
         const auto trace =
             SandboxTrace::decode(q("k").repeated(60) + numbers({q("kkk"), q("kzk")}, q("ksk")));
         QCOMPARE(trace->duration, 460);

@@ -9,7 +9,7 @@
 
 namespace {
 
-/// The protocol's description, as far as it uses JSON Schema.
+/// The description of the protocol, with the part of JSON Schema that it uses.
 class Protocol
 {
 public:
@@ -22,7 +22,7 @@ public:
 
     [[nodiscard]] QStringList paths() const { return m_all.value(q("paths")).toObject().keys(); }
 
-    /// What an answer has that the description has not, or the other way round; null where nothing.
+    /// The difference between an answer and its description; null if there is none.
     [[nodiscard]] QString fault(const QUrl &asked, int status, const QByteArray &type,
                                 const QByteArray &body) const
     {

@@ -17,7 +17,7 @@
 #include <QDir>
 #include <QTemporaryDir>
 
-/// Base of the tests that talk to a scripted server standing in for all services.
+/// Base of the tests with a scripted server in place of all services.
 class QVServiceTestCase : public QVTestCase
 {
 protected:
@@ -33,7 +33,7 @@ protected:
     [[nodiscard]] static QVAPIRequestManager &manager() { return QVAPIRequestManager::shared(); }
     [[nodiscard]] QVScriptedServer &server() const { return *m_server; }
 
-    /// Asks the scripted server for a picture, the plainest of all requests.
+    /// Requests a picture from the scripted server. That is the simplest request.
     Task requestPicture(Probe<Picture> &probe, const QString &vid = q("v")) const
     {
         return probe.run([&](QVCompletion<Picture> completed) {
@@ -41,7 +41,7 @@ protected:
         });
     }
 
-    /// Waits for the completion, which must come as all of them do.
+    /// Waits for the completion, and checks that it was called once, later and on the main thread.
     template<class Result>
     static void await(const QVCompletionProbe<Result> &probe)
     {

@@ -6,7 +6,7 @@ namespace {
 
 using Operation = std::function<void(QVCompletionProbe<bool> &)>;
 
-// Watches any operation through one kind of probe, which only needs to know that it completed.
+// Wraps an operation of any record type, so that one kind of probe can watch it.
 template<class Record, class Start>
 Operation operation(const Start &start)
 {
@@ -22,7 +22,7 @@ Operation operation(const Start &start)
 
 } // namespace
 
-/// What each operation asks, and how long it waits for an answer.
+/// The request of each operation, and how long it waits for an answer.
 class TestOperations : public QVServiceTestCase
 {
     Q_OBJECT
@@ -83,7 +83,7 @@ private Q_SLOTS:
         QFETCH(const Operation, start);
         QFETCH(const std::chrono::seconds, deadline);
         QFETCH(const QByteArrayList, pairs);
-        // It drips, which must not prolong the wait.
+        // The answer arrives byte by byte, which must not extend the deadline.
         QVScript script;
         script.send("HTTP/1.1 200 OK\r\n\r\n");
         for (auto second = 0s; second < 2 * deadline; second += 1s)
@@ -116,8 +116,7 @@ private Q_SLOTS:
         QVServiceAddresses addresses = settings().serviceAddresses();
         addresses.setCdn(q("https://default.example"));
         settings().setServiceAddresses(addresses);
-        // What is in the answer, then its API server, its server of pictures and whether characters are
-        // typed.
+        // The answer, then its API server, its picture server, and whether characters are typed.
         const QVCases<const char *, const char *, const char *, bool> cases{
             {"'api_server':'a.example','cdn_servers':['b.example','c']", "https://a.example",
              "https://b.example", false},
@@ -161,11 +160,11 @@ private Q_SLOTS:
                                                                            q("9"), completed);
                 });
                 await(verify);
-                // The time that was drawn for is the caller's to know.
+                // The drawing time in the record is the caller's.
                 QCOMPARE(verify.result() ? verify.result()->drawtime() : QString(),
                          isVerify ? q("9") : QString());
             }
-            // An absent base is replaced where there is no id, either.
+            // A null base is replaced only if there is no id, either.
             for (const auto &[vid, expected] :
                  QVCases<QString, qint64>{{q("v"), -1002}, {q(""), -1002}, {QString(), isVerify ? 0 : 104}}) {
                 Probe<Picture> probe;
@@ -180,7 +179,8 @@ private Q_SLOTS:
 
     void outageSwitch()
     {
-        // Whether the host forces it, whether the answer says so, and whether there is an answer at all.
+        // The answer, whether the host forces the outage, whether it is active then, and whether there is a
+        // record.
         const QVCases<const char *, bool, bool, bool> cases{{R"({"active":true})", false, true, true},
                                                             {R"({"code":"0101"})", false, false, true},
                                                             {R"({"active":false})", true, true, true},
@@ -191,7 +191,7 @@ private Q_SLOTS:
             Probe<QVDownTimeResponseModel> probe;
             settings().setIsOpenOutage(!isForced);
             probe.run([](auto completed) { return manager().requestOutageComplted(completed); });
-            // What holds is the setting at the time of the answer.
+            // The setting at the time of the answer counts.
             settings().setIsOpenOutage(isForced);
             await(probe);
             QCOMPARE(probe.result() != nullptr, isThere);

@@ -7,7 +7,7 @@
 
 namespace {
 
-/// Trusts a certificate, as a system's own store would, while it lives.
+/// Trusts a certificate until it is destroyed, as the system's certificate store does.
 class TrustedCertificate
 {
 public:
@@ -53,7 +53,7 @@ private Q_SLOTS:
             [](const QVReceivedRequest &) { return QVScript::answer(R"({"code":"0103"})"); });
         QNetworkAccessManager hosts;
         for (const bool isVerifiedByDefault : {true, false}) {
-            // A host may have switched it off for itself.
+            // A host may have switched verification off for the process.
             QSslConfiguration tls = QSslConfiguration::defaultConfiguration();
             tls.setPeerVerifyMode(isVerifiedByDefault ? QSslSocket::AutoVerifyPeer : QSslSocket::VerifyNone);
             QSslConfiguration::setDefaultConfiguration(tls);
@@ -75,7 +75,7 @@ private Q_SLOTS:
         for (const bool isTrusted : {true, true, false}) {
             const TrustedCertificate trust(
                 qv_serverTls(isTrusted ? q("local") : q("stranger")).localCertificate());
-            // What was trusted before is not trusted for ever.
+            // Trust in an earlier certificate must not last.
             QCOMPARE(codeFrom(q("127.0.0.1")), isTrusted ? 0 : -1200);
         }
         QCOMPARE(server().connectionCount(), 2);
@@ -83,7 +83,7 @@ private Q_SLOTS:
 
     void plainServer()
     {
-        // It waits for a request that never makes sense to it.
+        // The server waits for a plain request, which never comes.
         server().enqueue(QVScript());
         QCOMPARE(codeFrom(q("127.0.0.1"), std::chrono::seconds(8)), -1001);
     }
@@ -116,7 +116,7 @@ private Q_SLOTS:
     }
 
 private:
-    /// What a request ends with after \a duration has passed.
+    /// The code that a request ends with after \a duration.
     qint64 codeFrom(const QString &host, std::chrono::milliseconds duration = {})
     {
         Probe<Picture> probe;

@@ -33,7 +33,7 @@ QVScript cutShort()
 
 } // namespace
 
-/// What becomes of a request, whatever the address, the server or the host does.
+/// The outcome of requests for all kinds of addresses, servers and hosts.
 class TestTransport : public QVServiceTestCase
 {
     Q_OBJECT
@@ -87,7 +87,7 @@ private Q_SLOTS:
         QFETCH(const bool, isRefusal);
         QFETCH(const qint64, code);
         if (code != 0 && code != 104) {
-            // For the host's developer, with nothing of the address or the answer in it.
+            // The warning for the host's developer contains neither the address nor the answer.
             const QString warning = q("^Request for a picture failed: [^/?=]* \\(code %1\\)$").arg(code);
             QTest::ignoreMessage(QtWarningMsg, QRegularExpression(warning));
         }
@@ -97,7 +97,7 @@ private Q_SLOTS:
         QVERIFY(task);
         await(probe);
         QVERIFY(waitFor([&] { return !task; }));
-        // Nothing is asked again but what a redirect asks for.
+        // No request is repeated, except for redirects.
         const bool isCircle = q(QTest::currentDataTag()).endsWith(q("circle"));
         QCOMPARE(server().requests().size(), isCircle ? 6 : 1);
         QTEST(probe.code(), "code");
@@ -123,12 +123,13 @@ private Q_SLOTS:
         QCOMPARE(codeOfNext(), 0);
         QCOMPARE(codeOfNext(), 0);
         QCOMPARE(server().connectionCount(), 1);
-        // The server has closed it while nobody used it.
+        // The server has closed the idle connection.
         QVERIFY(waitFor([this] { return server().closedCount() == 1; }));
         server().enqueue(QVScript::answer(goodBody));
         QCOMPARE(codeOfNext(), 0);
         QCOMPARE(server().connectionCount(), 2);
-        // It is closed after the request has been read: the service has counted that.
+        // The server closes the connection after it has read the request. That is not repeated, since the
+        // service has counted it.
         server().enqueue(QVScript().close());
         QCOMPARE(codeOfNext(), -1005);
         QCOMPARE(server().connectionCount(), 2);
@@ -151,7 +152,7 @@ private Q_SLOTS:
                 server().enqueue(QVScript::answer(goodBody, status, wishes));
                 QCOMPARE(codeOfNext(), 0);
             }
-            // That there is one does not make an answer whole.
+            // An answer that is cut short is an error even with an HTTP error status.
             server().enqueue(cutShort());
             QCOMPARE(codeOfNext(), -1005);
             for (const qsizetype surplus : {0, 1}) {
@@ -166,7 +167,7 @@ private Q_SLOTS:
 
     void sendsPlainGetWithItsHeader()
     {
-        // Nothing of an answer is kept; five redirects are followed, and no other status is one.
+        // Cookies and cache headers are ignored. Five redirects are followed, and 300 is not a redirect.
         const QByteArray wishes = "Set-Cookie: id=7\r\nCache-Control: max-age=999\r\n";
         server().enqueue(QVScript::answer(goodBody, 200, wishes));
         for (const int status : {301, 302, 303, 307, 308, 300})
@@ -176,7 +177,7 @@ private Q_SLOTS:
         QCOMPARE(server().requests().size(), 7);
         const QVReceivedRequest &request = server().requests().last();
         QCOMPARE(request.method + request.target, QByteArray("GET/elsewhere"));
-        // From Qt 6.8 on names are in lower case, which means the same.
+        // From Qt 6.8 on the names are in lower case, which means the same.
         QByteArrayList fields = request.fields().join('\n').toLower().split('\n');
         QVERIFY(fields.takeAt(5).startsWith("accept-language: "));
         QCOMPARE(fields, QByteArrayList({"host: 127.0.0.1:" + QByteArray::number(server().serverPort()),
@@ -187,7 +188,7 @@ private Q_SLOTS:
 
     void addresses()
     {
-        // A machine without any network says -1009 where a name is not found.
+        // On a machine without a network, a name that is not found gives -1009.
         const QVCases<QString, QList<qint64>> cases{{QString(), {-1002}},
                                                     {q("outage.example/x"), {-1002}},
                                                     {q("file:///etc/passwd"), {-1002}},
@@ -216,7 +217,7 @@ private Q_SLOTS:
             {q("a&b=c"), "b=c"},
             {q("a%26b"), "id=a%26b"},
             {q("a#b"), "id=a"},
-            // Whether these can be sent is the platform's business; that it ends well is ours.
+            // The platform decides whether these can be sent. The request must end in any case.
             {QString(QChar(0xd800)), {}},
             {QString(200000, u'x'), {}}};
         for (const auto &[vid, onTheWire] : cases) {
@@ -255,11 +256,11 @@ private Q_SLOTS:
         Probe<Picture> probe;
         requestPicture(probe);
         QVERIFY(waitFor([&] { return server().requests().size() == 1; }));
-        // As its own time-out does.
+        // The manager's own time-out does the same.
         network->findChild<QNetworkReply *>()->abort();
         await(probe);
         QCOMPARE(probe.code(), -1001);
-        // It goes during the completion.
+        // The manager is destroyed during the completion.
         int completions = 0;
         const Task task = manager().requestGetWithApiServer(server().address(), q("v"), q("c"),
                                                             [&](const auto &, const auto &) {

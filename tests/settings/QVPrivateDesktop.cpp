@@ -23,8 +23,8 @@ QByteArray busConfiguration(const QString &folder)
         .toUtf8();
 }
 
-// In memory where there is such a place: the keyring waits for the disk at each change, for seconds on a
-// busy machine.
+// In memory, if possible: the keyring waits for the disk at each change, which takes seconds on a busy
+// machine.
 QString folderTemplate()
 {
     const QString memory = q("/dev/shm");
@@ -111,7 +111,7 @@ void QVPrivateDesktop::prepare(QProcess &process) const
         environment.insert(QString::fromLatin1(name), m_folder.path());
     environment.insert(QString::fromLatin1(addressVariable), m_address);
     process.setProcessEnvironment(environment);
-    // A test that crashes takes its daemons along.
+    // The daemons end with the test, even if it crashes.
     process.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGTERM); });
     process.setStandardErrorFile(QProcess::nullDevice());
 }

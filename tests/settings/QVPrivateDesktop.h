@@ -5,8 +5,8 @@
 
 #include <chrono>
 
-/// A session bus and a real keyring, for the test alone. While it lives, the process's session bus is
-/// this one.
+/// A session bus and a real keyring for one test. Until it is destroyed, it is the session bus of the
+/// process.
 class QVPrivateDesktop
 {
 public:
@@ -15,19 +15,19 @@ public:
     QVPrivateDesktop &operator=(const QVPrivateDesktop &) = delete;
     ~QVPrivateDesktop();
 
-    /// Starts a bus that starts no service by itself.
+    /// Starts the bus, which does not start services itself.
     [[nodiscard]] bool startBus();
-    /// Starts the keyring, unlocked by the right password or left as it lies on the disk.
+    /// Starts the keyring. It is unlocked with its password, or stays locked.
     [[nodiscard]] bool startKeyring(bool unlocked = true);
     void stopKeyring();
-    /// Leaves it there, without an answer to anything, until it is stopped or woken.
+    /// Suspends the keyring, so that it does not answer until it is stopped or woken.
     void suspendKeyring() const;
     void wakeKeyring() const;
-    /// For the store under test: only a store that hangs may meet its limit, however busy the machine is.
+    /// A limit for the store under test that only a hanging service exceeds, even on a busy machine.
     static constexpr std::chrono::seconds generousLimit{30};
 
     [[nodiscard]] QString address() const { return m_address; }
-    /// Where the bus has its socket, "bus".
+    /// The folder with the socket of the bus, "bus".
     [[nodiscard]] QString folder() const { return m_folder.path(); }
 
 private:

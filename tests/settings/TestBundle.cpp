@@ -10,7 +10,7 @@
 #include <QDir>
 #include <QTemporaryDir>
 
-/// The bundle that ships, and the ones that a host may ship instead.
+/// The component's bundle, and bundles that a host may ship instead.
 class TestBundle : public QVTestCase
 {
     Q_OBJECT
@@ -58,7 +58,7 @@ private Q_SLOTS:
         QCOMPARE(QVMainBundle::defaultPlaces().last(), q(":"));
         ship(q("en.lproj/QVLocalizable.strings"), "\"done\" = \"Submit\";\nnonsense\n");
         ship(q("qv_draw_edit.png"), pngOf({7, 7}));
-        // Alone in its place, or as what differs from the bundle that ships.
+        // First in place of the component's bundle, then as a bundle with differences.
         shipFolder();
         QVSDKManager::setPreferredLanguage(q("en"));
         QCOMPARE(qv_localizedStringForKey(q("done")), q("Submit"));

@@ -17,7 +17,7 @@ class TestConfigurationManager : public QVTestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    // The first function of the process: the others find the settings made.
+    // Must be the first function of the process, since the settings are created once.
     void isMadeOnceAndClearsThePictures()
     {
         const QString cache = QStandardPaths::writableLocation(QStandardPaths::CacheLocation);
@@ -45,7 +45,7 @@ private Q_SLOTS:
                                               {q("zh-Hant-TW"), q("zh-Hant")},
                                               {q("zh"), q("en")},
                                               {q("ZH-HANS"), q("en")},
-                                              // The device's own, which is English here.
+                                              // The user's language, which is English here.
                                               {q(""), q("en")},
                                               {QString(), q("en")}};
         const auto &settings = QVConfigurationManager::sharedManager();

@@ -9,7 +9,7 @@
 #include <QRegularExpression>
 #include <QTemporaryDir>
 
-/// The identifier in a real keyring. A new store is what a new process would have.
+/// The identifier in a real keyring. A new store stands for a new process.
 class TestDeviceIdentifier : public QVTestCase
 {
     Q_OBJECT
@@ -38,7 +38,7 @@ private Q_SLOTS:
         QCOMPARE(QVConfigurationManager::sharedManager().deviceId(), made);
         renewStore();
         QCOMPARE(QVKeychain::passwordForService(m_service, m_till), made);
-        // Whatever is stored there is taken for it, unless it is empty.
+        // Any stored text is used, unless it is empty.
         for (const QString &stored : {q("NOT-in that form"), q("0"), q("")}) {
             QVERIFY(QVKeychain::setPassword(stored, m_service, m_till));
             const QString identifier = QVDeviceIdentifier::getDeviceId();

@@ -8,7 +8,7 @@
 #include <QDir>
 #include <QTemporaryDir>
 
-/// Writes down what it is asked, and answers as a test wants.
+/// Records its calls and gives scripted answers.
 class QVScriptedStore final : public QVSecureStore
 {
 public:
@@ -46,7 +46,7 @@ private:
     }
 };
 
-/// What the facade asks of a store, and what it makes of the answers.
+/// The calls of the facade to a store, and its results.
 class TestKeychain : public QVTestCase
 {
     Q_OBJECT
@@ -88,7 +88,7 @@ private Q_SLOTS:
             QVERIFY(QVKeychain::passwordForService(q("s"), q("a"), &error).isNull());
             QCOMPARE(error,
                      QVError(q("com.quarvo.qvkeychain"), status, {{q("localizedDescription"), q(key)}}));
-            // The texts are looked for once a process.
+            // The texts are looked for once per process.
             QVMainBundle::shared().setPlaces({q("nowhere")});
         }
         QVError none(q("x"), 1);

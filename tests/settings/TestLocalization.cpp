@@ -48,7 +48,7 @@ private Q_SLOTS:
 
     void reads()
     {
-        // A file, and the texts of "a" and "b" in it.
+        // A file, and its texts for "a" and "b".
         const QVCases<const char *, QString, QString> cases{
             {"", {}, {}},
             {"\"a\"=\"1\";\"b\"=\"2\";", q("1"), q("2")},

@@ -11,7 +11,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// Stands in for the desktop's password dialog, and never answers.
+/// Replaces the desktop's password dialog, and never answers.
 class Prompter : public QDBusVirtualObject
 {
 public:
@@ -31,7 +31,7 @@ public:
 
 } // namespace
 
-/// The desktop's store, asked directly: what it holds, and how it behaves where there is none.
+/// The store over the real desktop services: its contents, and its behaviour without a service.
 class TestSecureStore : public QVTestCase
 {
     Q_OBJECT
@@ -70,17 +70,17 @@ private Q_SLOTS:
 
         QCOMPARE(m_store->deleteMatching(query("one", "a")), QVSecureStatus::Success);
         QCOMPARE(m_store->deleteMatching(query("one", "a")), QVSecureStatus::ItemNotFound);
-        // The service may give the place of an item that is gone to the next one.
+        // The service may give the path of a deleted item to the next one.
         QVSecureItem large = item("three", "c");
         large.data = QByteArray(64 * 1024 + 1, 'x');
         QCOMPARE(m_store->add(large), QVSecureStatus::Success);
         QCOMPARE(statusOfReading("one", "a"), QVSecureStatus::ItemNotFound);
         QCOMPARE(statusOfReading("three", "c"), QVSecureStatus::Decode);
-        // A service that was started anew knows nothing of what was agreed on before.
+        // A restarted service does not know the key that was negotiated before.
         m_desktop->stopKeyring();
         QVERIFY(m_desktop->startKeyring());
         QCOMPARE(read("two", "a"), QByteArray("two/a"));
-        // The module is what the store is in.
+        // The store from the module works, too.
         const auto make = reinterpret_cast<QVOpenSecretStore>(
             QLibrary::resolve(q(QUARVO_SECRETS_FILE), "quarvoSecretStore"));
         QVERIFY(make);
@@ -95,7 +95,7 @@ private Q_SLOTS:
         m_desktop->stopKeyring();
         QVERIFY(m_desktop->startKeyring(false));
         verifyEveryCallGives(QVSecureStatus::InteractionNotAllowed);
-        // The keyring would ask the user for the password, which takes as long as the user likes.
+        // The keyring would ask the user for the password, without a time limit.
         const Prompter prompter(m_desktop->address());
         QVERIFY(prompter.isThere);
         m_store = std::make_unique<QVDesktopStore>(5s);
@@ -110,7 +110,8 @@ private Q_SLOTS:
             qputenv("DBUS_SESSION_BUS_ADDRESS", address);
             verifyEveryCallGives(QVSecureStatus::NotAvailable);
         }
-        // None of that was a wait in vain, after which the store would pause. The bus is where buses are.
+        // None of the calls above has timed out, or the store would now fail at once. The bus is found at its
+        // usual place.
         QVERIFY(m_desktop->startKeyring());
         qunsetenv("DBUS_SESSION_BUS_ADDRESS");
         qputenv("XDG_RUNTIME_DIR", QFile::encodeName(m_desktop->folder()));
@@ -136,12 +137,12 @@ private Q_SLOTS:
             advance(1ms);
         }
         m_desktop->wakeKeyring();
-        // More than once only where the machine is so busy that a keyring is slow, too.
+        // Repeated, since on a very busy machine a keyring may exceed the limit, too.
         QVERIFY(waitFor([this] {
             advance(24h);
             return m_store->add(item("one", "a")) == QVSecureStatus::Success;
         }));
-        // From then on it starts over.
+        // After a success the pauses begin with five minutes again.
         m_desktop->suspendKeyring();
         QVERIFY(waitsInVain());
         advance(5min);
@@ -209,7 +210,8 @@ private:
         QCOMPARE(m_store->deleteMatching(query("one", "a")), status);
     }
 
-    /// Whether calls that nobody answers wait for an answer: only the first one may.
+    /// Makes several calls that are not answered. Returns whether the first one has waited and the others
+    /// have not.
     bool waitsInVain()
     {
         QElapsedTimer timer;

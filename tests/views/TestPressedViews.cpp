@@ -39,7 +39,7 @@ using Bar = QVOverlaySurface::Bar;
 
 } // namespace
 
-/// What a press on a view leads to, and how long views take.
+/// The effects of presses on views, and the duration of their animations.
 class TestPressedViews : public QVTestCase
 {
     Q_OBJECT
