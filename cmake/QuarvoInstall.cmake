@@ -1,5 +1,5 @@
-# What `cmake --install` lays down, in parts: the core, the widgets, what hosts build with, the local
-# service and the plugin for Qt Designer.
+# `cmake --install` has these components: the core, the widgets, the files to build hosts with, the local
+# service, and the plugin for Qt Designer.
 include(CMakePackageConfigHelpers)
 include(GNUInstallDirs)
 
@@ -22,7 +22,7 @@ if(QUARVO_BUILD_WIDGETS)
   list(APPEND QUARVO_COMPONENTS Widgets)
   list(APPEND pkgconfig_modules quarvo)
 endif()
-# Each in a file of its own, so that a host needs only what it asks for.
+# The targets of each library are in a separate file, so that a host loads only those that it asks for.
 set(QuarvoCore_component core)
 set(Quarvo_component widgets)
 foreach(library ${QUARVO_LIBRARIES})
@@ -54,7 +54,7 @@ write_basic_package_version_file("${PROJECT_BINARY_DIR}/QuarvoConfigVersion.cmak
 install(FILES "${PROJECT_BINARY_DIR}/QuarvoConfig.cmake" "${PROJECT_BINARY_DIR}/QuarvoConfigVersion.cmake"
         DESTINATION "${config_folder}" COMPONENT development)
 
-# Relative to the file itself, so that an installed tree can be moved.
+# Relative to the .pc file, so that an installed tree can be moved.
 file(RELATIVE_PATH prefix_from_pkgconfig "/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/")
 foreach(module ${pkgconfig_modules})
   configure_file("${PROJECT_SOURCE_DIR}/cmake/${module}.pc.in" "${PROJECT_BINARY_DIR}/${module}.pc" @ONLY)
@@ -69,7 +69,7 @@ if(TARGET quarvo_designer)
   install(TARGETS quarvo_designer LIBRARY DESTINATION "${QUARVO_DESIGNER_PLUGIN_DIR}" COMPONENT designer)
 endif()
 
-# A project around this one has packages of its own.
+# If this is part of another project, that project makes the packages.
 if(PROJECT_IS_TOP_LEVEL)
   include(QuarvoPackages)
 endif()

@@ -1,6 +1,6 @@
 include(CMakeDependentOption)
 
-# Choices of a build. A host that adds this folder to its own project gets the library alone.
+# The options of a build. A host that adds this folder to its own project gets only the library by default.
 option(QUARVO_BUILD_WIDGETS "Build the widgets, not only the core" ON)
 option(QUARVO_BUILD_TESTS "Build the tests" ${PROJECT_IS_TOP_LEVEL})
 cmake_dependent_option(QUARVO_BUILD_EXAMPLES "Build the demo host" ${PROJECT_IS_TOP_LEVEL} QUARVO_BUILD_WIDGETS OFF)
@@ -8,7 +8,7 @@ cmake_dependent_option(QUARVO_BUILD_DESIGNER "Build the plugin for Qt Designer w
   ${PROJECT_IS_TOP_LEVEL} QUARVO_BUILD_WIDGETS OFF)
 cmake_dependent_option(QUARVO_BUILD_FUZZERS "Build the fuzz targets, which needs Clang" OFF QUARVO_BUILD_WIDGETS OFF)
 cmake_dependent_option(QUARVO_BUILD_BENCH "Offer the benchmark: target quarvo-benches" OFF QUARVO_BUILD_WIDGETS OFF)
-# All of these are served by it.
+# Examples, tests, fuzz targets and the benchmark need the sandbox.
 cmake_dependent_option(QUARVO_BUILD_SANDBOX "Build the local captcha service" ${PROJECT_IS_TOP_LEVEL}
   "NOT QUARVO_BUILD_EXAMPLES;NOT QUARVO_BUILD_TESTS;NOT QUARVO_BUILD_FUZZERS;NOT QUARVO_BUILD_BENCH" ON)
 option(QUARVO_WARNINGS_AS_ERRORS "Stop at the first warning" OFF)
@@ -17,7 +17,7 @@ option(QUARVO_WITH_LIBSECRET "Keep the device identifier in the desktop's Secret
 option(QUARVO_HARDEN "Build with what makes a fault in memory hard to exploit" ${PROJECT_IS_TOP_LEVEL})
 set(QUARVO_SANITIZE "" CACHE STRING "Sanitizers to build with, as -fsanitize= takes them")
 
-# Where the service lives. A deployment sets its own; QVSDKManager can override them at run time.
+# The addresses of the service. A deployment sets its own; QVSDKManager can replace them at run time.
 set(QUARVO_API_HOST "https://api.quarvo.example" CACHE STRING "Host of the captcha service")
 set(QUARVO_DOWNLOAD_HOST "https://download.quarvo.example" CACHE STRING "Host of the outage switch")
 set(QUARVO_IMAGE_HOST "https://image.quarvo.example" CACHE STRING "Host of outage pictures")
@@ -37,8 +37,8 @@ target_compile_definitions(quarvo_build_flags INTERFACE
   QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH
   QT_DISABLE_DEPRECATED_BEFORE=0x060400 QUARVO_BUILD)
 target_compile_options(quarvo_build_flags INTERFACE -Wall -Wextra -Wconversion -Wshadow)
-# Small rather than unrolled: what takes time is the toolkit's, and a third of the library's size was ours to
-# save. Sections let the linker leave out what nothing in the library calls.
+# Optimised for size, which makes the library a third smaller; most of the time is spent in the toolkit anyway.
+# Sections let the linker remove functions that the library does not call.
 target_compile_options(quarvo_build_flags INTERFACE
   $<$<CONFIG:Release>:-Os> $<$<CONFIG:Release>:-ffunction-sections> $<$<CONFIG:Release>:-fdata-sections>)
 if(QUARVO_WARNINGS_AS_ERRORS)
@@ -49,11 +49,11 @@ if(QUARVO_SANITIZE)
     -fsanitize=${QUARVO_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(quarvo_build_flags INTERFACE -fsanitize=${QUARVO_SANITIZE})
 endif()
-# A sanitizer does the same and more; the two get in each other's way.
+# Not with a sanitizer, which checks more, and conflicts with this.
 if(QUARVO_HARDEN AND NOT QUARVO_SANITIZE AND CMAKE_SYSTEM_NAME STREQUAL "Linux")
   target_compile_options(quarvo_build_flags INTERFACE
     -fstack-protector-strong -fstack-clash-protection
-    # Checked calls need optimisation to see what they check.
+    # _FORTIFY_SOURCE needs optimisation.
     $<$<NOT:$<CONFIG:Debug>>:-U_FORTIFY_SOURCE> $<$<NOT:$<CONFIG:Debug>>:-D_FORTIFY_SOURCE=2>)
   if(CMAKE_SYSTEM_PROCESSOR MATCHES "x86_64|AMD64|i[3-6]86")
     target_compile_options(quarvo_build_flags INTERFACE -fcf-protection)

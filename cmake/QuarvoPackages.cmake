@@ -12,17 +12,17 @@ set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_HOMEPAGE "https://quarvo.example")
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# A host's own package learns from them what it needs.
+# From these files the tools that build a host's package know its dependencies.
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
-# The widgets' package finds the core's library where it was built.
+# The widgets' package depends on the core's library, which is found in the build folder.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS "${PROJECT_BINARY_DIR}/src")
 set(CPACK_DEBIAN_ENABLE_COMPONENT_DEPENDS OFF)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 
-# The loader's cache; what a package's own scripts would do by hand.
+# Updates the loader's cache, so that the packages need no scripts for it.
 file(WRITE "${PROJECT_BINARY_DIR}/debian/triggers" "activate-noawait ldconfig\n")
 
-# quarvo_package(COMPONENT NAME SECTION DESCRIPTION): one of the packages.
+# quarvo_package(COMPONENT NAME SECTION DESCRIPTION): defines a package.
 macro(quarvo_package component name section description)
   string(TOUPPER ${component} upper)
   set(CPACK_DEBIAN_${upper}_PACKAGE_NAME ${name})
@@ -30,7 +30,7 @@ macro(quarvo_package component name section description)
   set(CPACK_COMPONENT_${upper}_DESCRIPTION "${description}")
 endmacro()
 
-# quarvo_library_package(COMPONENT NAME DESCRIPTION): a library.
+# quarvo_library_package(COMPONENT NAME DESCRIPTION): defines the package of a library.
 macro(quarvo_library_package component name description)
   quarvo_package(${component} ${name} libs ${description})
   set(CPACK_DEBIAN_${upper}_PACKAGE_CONTROL_EXTRA "${PROJECT_BINARY_DIR}/debian/triggers")
@@ -39,7 +39,7 @@ endmacro()
 set(exactly "(= ${PROJECT_VERSION})")
 quarvo_library_package(core libquarvocore${QUARVO_ABI_VERSION}
   "The part that needs no widgets, with texts and pictures, and the module for the desktop's key chain.")
-# Reads WebP, which Qt by itself does not.
+# Qt needs this to read WebP.
 set(CPACK_DEBIAN_CORE_PACKAGE_RECOMMENDS qt6-image-formats-plugins)
 set(development_depends "libquarvocore${QUARVO_ABI_VERSION} ${exactly}")
 if(QUARVO_BUILD_WIDGETS)

@@ -1,9 +1,9 @@
-# What the parts of src/ may use. The core knows no widget: their headers are not found there.
+# The Qt modules that the parts of src/ may use. The core cannot include the headers of widgets.
 set(QUARVO_CORE_TOOLKIT Qt6::Gui Qt6::Network)
 set(QUARVO_WIDGETS_TOOLKIT ${QUARVO_CORE_TOOLKIT} Qt6::Widgets)
 
-# quarvo_objects(NAME SOURCES...): a part of src/, compiled once for all that holds it. QUARVO_PART, CORE or
-# WIDGETS, says which library that is.
+# quarvo_objects(NAME SOURCES...): a part of src/, compiled once for all libraries that contain it. QUARVO_PART is
+# CORE or WIDGETS.
 function(quarvo_objects name)
   set(target quarvo_${name})
   add_library(${target} OBJECT ${ARGN})
@@ -13,7 +13,7 @@ function(quarvo_objects name)
   quarvo_precompile(${target} ${QUARVO_PART})
 endfunction()
 
-# quarvo_room(NAME SOURCES...): one folder below src/, in the shared and the static form of its library.
+# quarvo_room(NAME SOURCES...): one folder below src/. It is part of the shared and the static library.
 function(quarvo_room name)
   quarvo_objects(${name} ${ARGN})
   set_property(GLOBAL APPEND PROPERTY QUARVO_${QUARVO_PART}_ROOMS quarvo_${name})
@@ -28,8 +28,7 @@ function(quarvo_public_headers)
   endforeach()
 endfunction()
 
-# quarvo_precompile(TARGET PART): Qt's headers, parsed once for all targets of CORE, or of WIDGETS, that are
-# built with the same flags.
+# quarvo_precompile(TARGET PART): precompiles Qt's headers, once for all targets of a PART (CORE or WIDGETS).
 function(quarvo_precompile target part)
   if(NOT QUARVO_PRECOMPILE)
     return()
@@ -42,7 +41,7 @@ function(quarvo_precompile target part)
     endif()
     file(WRITE "${PROJECT_BINARY_DIR}/precompiled.cpp" "")
     add_library(${precompiled} OBJECT "${PROJECT_BINARY_DIR}/precompiled.cpp")
-    # The host's project may switch it on for all; there is nothing to find.
+    # The host's project may have switched it on for all targets. This one needs no moc.
     set_target_properties(${precompiled} PROPERTIES AUTOMOC OFF)
     target_link_libraries(${precompiled} PRIVATE quarvo_build_flags ${QUARVO_${part}_TOOLKIT})
     target_precompile_headers(${precompiled} PRIVATE
@@ -50,12 +49,12 @@ function(quarvo_precompile target part)
       <chrono> <functional> <memory> <optional> <vector>)
   endif()
   target_precompile_headers(${target} REUSE_FROM ${precompiled})
-  # As the headers themselves: CMake gives a program -fPIE, with which they are not usable.
+  # The headers are precompiled with -fPIC. CMake would compile programs with -fPIE, which does not match.
   target_compile_options(${target} PRIVATE -fPIC)
 endfunction()
 
-# quarvo_tests(ROOM CLASSES...): test classes in files of their own names, linked into one program;
-# each class is a CTest entry with a process to itself. QUARVO_PART says whether they use widgets.
+# quarvo_tests(ROOM CLASSES...): links test classes, each from the file of its name, into one program. Each class
+# is a CTest entry, which runs in its own process. QUARVO_PART is CORE or WIDGETS.
 function(quarvo_tests room)
   set(target quarvo_tests_${room})
   list(TRANSFORM ARGN APPEND ".cpp" OUTPUT_VARIABLE sources)
@@ -67,7 +66,7 @@ function(quarvo_tests room)
   endif()
   target_link_libraries(${target} PRIVATE ${support})
   if(CMAKE_UNITY_BUILD AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-    # In a batch GCC takes a test's file, and so its unnamed namespace, for a header's.
+    # In a unity build GCC treats the included test files, and so their unnamed namespaces, as parts of a header.
     target_compile_options(${target} PRIVATE -Wno-subobject-linkage)
   endif()
   quarvo_precompile(${target} ${QUARVO_PART})
