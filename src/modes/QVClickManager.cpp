@@ -1,96 +1,18 @@
 #include "modes/QVClickManager.h"
 
-#include "flow/QVIdentity.h"
 #include "modes/QVAlternative.h"
 #include "modes/QVCannotBeShown.h"
 #include "modes/QVClickButton.h"
 #include "modes/QVClickManagerDelegate.h"
+#include "modes/QVClickManagerPrivate.h"
 #include "modes/QVLostManager.h"
-#include "platform/QVDelegate.h"
 #include "platform/QVMainThread.h"
-#include "platform/QVScheduler.h"
 
 #include <QPointer>
 
-class QVClickManager::Private
-{
-public:
-    explicit Private(QVClickManager *manager)
-        : q(manager)
-    {
-    }
-
-    void createButton();
-    void buttonDestroyed();
-    void offerAlternative() const;
-
-    QVClickManager *const q;
-    QVWeakDelegate<QVClickManagerDelegate> delegate;
-    QPointer<QVClickButton> button;
-    bool isUnderWay = false;
-    /// Attempts whose end was not told yet and will not come by the delegate. A host that starts again in a
-    /// change of status makes it more than one.
-    int openAttempts = 0;
-    QVIdentity identity;
-};
-
-void QVClickManager::Private::createButton()
-{
-    button = new QVClickButton;
-    button->setDelegate(q);
-    button->setVid(identity.ownVid);
-    button->setScene(identity.ownScene);
-    isUnderWay = false;
-    openAttempts = 0;
-    connect(button, &QVClickButton::clickStatusChanged, q, [this](QVClickStatus status) {
-        const bool was = isUnderWay;
-        isUnderWay = status == QVClickStatusVerifying || status == QVClickStatusDrawing;
-        if (isUnderWay && !was)
-            ++openAttempts;
-        else if (status == QVClickStatusPassed)
-            --openAttempts;
-    });
-    connect(button, &QVClickButton::failed, q, [this] { --openAttempts; });
-    connect(button, &QVClickButton::closed, q, [this] { --openAttempts; });
-    connect(button, &QVClickButton::popupOpened, q, &QVClickManager::popupOpened);
-    connect(button, &QVClickButton::outageStarted, q, &QVClickManager::outageStarted);
-    connect(button, &QVClickButton::failed, q, &QVClickManager::failed);
-    connect(button, &QVClickButton::closed, q, &QVClickManager::closed);
-    connect(button, &QVClickButton::popupFailed, q, &QVClickManager::popupFailed);
-    connect(button, &QVClickButton::expired, q, &QVClickManager::expired);
-    connect(button, &QObject::destroyed, q, [this] { buttonDestroyed(); });
-    offerAlternative();
-}
-
-void QVClickManager::Private::offerAlternative() const
-{
-    if (!button)
-        return;
-    // Connected only while the host listens, so that the button offers it only then.
-    if (q->isSignalConnected(QMetaMethod::fromSignal(&QVClickManager::alternativeRequested)))
-        connect(button, &QVClickButton::alternativeRequested, q, &QVClickManager::alternativeRequested,
-                Qt::UniqueConnection);
-    else
-        disconnect(button, &QVClickButton::alternativeRequested, q, &QVClickManager::alternativeRequested);
-}
-
-void QVClickManager::Private::buttonDestroyed()
-{
-    // A widget tells of its end while pointers to it still hold.
-    button = nullptr;
-    // Not at once: the window around the button may be in its destructor, where its slots must not
-    // be called any more.
-    for (int i = 0; i < openAttempts; ++i) {
-        QVScheduler::shared().schedule({}, [manager = QPointer(q)] {
-            if (manager)
-                Q_EMIT manager->closed(QVCloseReason::WindowGone);
-        });
-    }
-}
-
 QVClickManager::QVClickManager(QObject *parent)
     : QObject(parent)
-    , d(std::make_unique<Private>(this))
+    , d(std::make_unique<QVClickManagerPrivate>(this))
 {
     qv_mayCall(Q_FUNC_INFO);
 }

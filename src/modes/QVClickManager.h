@@ -12,6 +12,7 @@
 class QAbstractButton;
 class QVClickButton;
 class QVClickManagerDelegate;
+class QVClickManagerPrivate;
 
 /// Click verification for a host that does not want to deal with the button itself: creates the
 /// button on demand and relays what becomes of it.
@@ -89,6 +90,6 @@ protected:
     void disconnectNotify(const QMetaMethod &signal) override;
 
 private:
-    class Q_DECL_HIDDEN Private;
-    const std::unique_ptr<Private> d;
+    friend class QVClickManagerPrivate;
+    const std::unique_ptr<QVClickManagerPrivate> d;
 };

@@ -8,6 +8,7 @@
 #include <memory>
 
 class QVEmbedManagerDelegate;
+class QVEmbedManagerPrivate;
 class QVRenderDrawView;
 class QWidget;
 
@@ -86,6 +87,6 @@ protected:
     void disconnectNotify(const QMetaMethod &signal) override;
 
 private:
-    class Q_DECL_HIDDEN Private;
-    const std::unique_ptr<Private> d;
+    friend class QVEmbedManagerPrivate;
+    const std::unique_ptr<QVEmbedManagerPrivate> d;
 };

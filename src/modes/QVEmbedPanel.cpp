@@ -1,39 +1,42 @@
 #include "modes/QVEmbedPanel.h"
 
 #include "modes/QVEmbedManager.h"
+#include "modes/QVEmbedPanelPrivate.h"
 
 #include <QVBoxLayout>
 
 QVEmbedPanel::QVEmbedPanel(QWidget *parent)
     : QWidget(parent)
-    , m_manager(new QVEmbedManager(this))
+    , d(std::make_unique<QVEmbedPanelPrivate>(this))
 {
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
-    layout->addWidget(m_manager->embedView());
+    layout->addWidget(d->manager->embedView());
 }
+
+QVEmbedPanel::~QVEmbedPanel() = default;
 
 QVEmbedManager *QVEmbedPanel::manager() const
 {
-    return m_manager;
+    return d->manager;
 }
 
 QString QVEmbedPanel::vid() const
 {
-    return m_manager->vid();
+    return d->manager->vid();
 }
 
 void QVEmbedPanel::setVid(const QString &vid)
 {
-    m_manager->setVid(vid);
+    d->manager->setVid(vid);
 }
 
 QString QVEmbedPanel::scene() const
 {
-    return m_manager->scene();
+    return d->manager->scene();
 }
 
 void QVEmbedPanel::setScene(const QString &scene)
 {
-    m_manager->setScene(scene);
+    d->manager->setScene(scene);
 }

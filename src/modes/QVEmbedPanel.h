@@ -4,7 +4,10 @@
 
 #include <QWidget>
 
+#include <memory>
+
 class QVEmbedManager;
+class QVEmbedPanelPrivate;
 
 /// The embedded panel as a widget of its own, manager included, for forms that are made in Qt
 /// Designer. Elsewhere QVEmbedManager alone does the same.
@@ -17,6 +20,7 @@ class QUARVO_EXPORT QVEmbedPanel : public QWidget
 public:
     /// Starts by itself a tenth of a second later; the verification id has to be set by then.
     explicit QVEmbedPanel(QWidget *parent = nullptr);
+    ~QVEmbedPanel() override;
 
     /// The verification id of this panel; null, as at first, stands for that of QVSDKManager.
     [[nodiscard]] QString vid() const;
@@ -31,5 +35,5 @@ public:
     [[nodiscard]] QVEmbedManager *manager() const;
 
 private:
-    QVEmbedManager *const m_manager;
+    const std::unique_ptr<QVEmbedPanelPrivate> d;
 };

@@ -1,0 +1,62 @@
+#include "modes/QVClickManagerPrivate.h"
+
+#include "modes/QVClickButton.h"
+#include "modes/QVClickManager.h"
+#include "platform/QVScheduler.h"
+
+#include <QMetaMethod>
+
+void QVClickManagerPrivate::createButton()
+{
+    button = new QVClickButton;
+    button->setDelegate(q);
+    button->setVid(identity.ownVid);
+    button->setScene(identity.ownScene);
+    isUnderWay = false;
+    openAttempts = 0;
+    QObject::connect(button, &QVClickButton::clickStatusChanged, q, [this](QVClickStatus status) {
+        const bool was = isUnderWay;
+        isUnderWay = status == QVClickStatusVerifying || status == QVClickStatusDrawing;
+        if (isUnderWay && !was)
+            ++openAttempts;
+        else if (status == QVClickStatusPassed)
+            --openAttempts;
+    });
+    QObject::connect(button, &QVClickButton::failed, q, [this] { --openAttempts; });
+    QObject::connect(button, &QVClickButton::closed, q, [this] { --openAttempts; });
+    QObject::connect(button, &QVClickButton::popupOpened, q, &QVClickManager::popupOpened);
+    QObject::connect(button, &QVClickButton::outageStarted, q, &QVClickManager::outageStarted);
+    QObject::connect(button, &QVClickButton::failed, q, &QVClickManager::failed);
+    QObject::connect(button, &QVClickButton::closed, q, &QVClickManager::closed);
+    QObject::connect(button, &QVClickButton::popupFailed, q, &QVClickManager::popupFailed);
+    QObject::connect(button, &QVClickButton::expired, q, &QVClickManager::expired);
+    QObject::connect(button, &QObject::destroyed, q, [this] { buttonDestroyed(); });
+    offerAlternative();
+}
+
+void QVClickManagerPrivate::offerAlternative() const
+{
+    if (!button)
+        return;
+    // Connected only while the host listens, so that the button offers it only then.
+    if (q->isSignalConnected(QMetaMethod::fromSignal(&QVClickManager::alternativeRequested)))
+        QObject::connect(button, &QVClickButton::alternativeRequested, q,
+                         &QVClickManager::alternativeRequested, Qt::UniqueConnection);
+    else
+        QObject::disconnect(button, &QVClickButton::alternativeRequested, q,
+                            &QVClickManager::alternativeRequested);
+}
+
+void QVClickManagerPrivate::buttonDestroyed()
+{
+    // A widget tells of its end while pointers to it still hold.
+    button = nullptr;
+    // Not at once: the window around the button may be in its destructor, where its slots must not
+    // be called any more.
+    for (int i = 0; i < openAttempts; ++i) {
+        QVScheduler::shared().schedule({}, [manager = QPointer(q)] {
+            if (manager)
+                Q_EMIT manager->closed(QVCloseReason::WindowGone);
+        });
+    }
+}

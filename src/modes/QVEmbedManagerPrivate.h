@@ -1,0 +1,33 @@
+#pragma once
+
+#include "flow/QVIdentity.h"
+#include "flow/QVRenderDrawViewDelegate.h"
+#include "platform/QVDelegate.h"
+
+#include <QPointer>
+
+class QVEmbedManager;
+class QVEmbedManagerDelegate;
+class QVRenderDrawView;
+
+/// Owns the view while nobody else does, and relays its token.
+class QVEmbedManagerPrivate final : public QVRenderDrawViewDelegate
+{
+public:
+    explicit QVEmbedManagerPrivate(QVEmbedManager &manager);
+    ~QVEmbedManagerPrivate() override;
+
+    [[nodiscard]] QVRenderDrawView *renderView();
+    void renderDrawViewVerifySuccess(const QString &token) override;
+
+    void offerAlternative() const;
+    void setIdentity(const QVIdentity &identity);
+    [[nodiscard]] QVIdentity identity() const { return m_identity; }
+
+    QVWeakDelegate<QVEmbedManagerDelegate> delegate;
+
+private:
+    QVEmbedManager &m_manager;
+    QPointer<QVRenderDrawView> m_renderView;
+    QVIdentity m_identity;
+};
