@@ -103,7 +103,7 @@ void QVClickSequence::requestClickFromQuarvoServer(const Config &config)
         [self = shared_from_this(), config](const Click &click, const auto &error) {
             if (!click)
                 self->finish(Failed{*error});
-            else if (click->code() == QLatin1String("0103"))
+            else if (click->code() == QVResponseModel::successCode)
                 self->finish(Passed{click});
             else
                 self->finish(Draw{config, click});

@@ -4,5 +4,5 @@ QVResponseModel::~QVResponseModel() = default;
 
 bool QVResponseModel::responseSuccess() const
 {
-    return m_code == QLatin1String("0103");
+    return m_code == successCode;
 }

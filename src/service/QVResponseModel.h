@@ -12,6 +12,9 @@ class QVResponseModel
     Q_PROPERTY(QString code READ code WRITE setCode)
 
 public:
+    /// The code of an answer to a request that succeeded.
+    static constexpr QLatin1String successCode{"0103"};
+
     virtual ~QVResponseModel();
 
     /// The service's result, four digits as text. Compared as text only.
