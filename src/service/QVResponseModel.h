@@ -5,14 +5,14 @@
 
 #include <utility>
 
-/// What every answer of the captcha service has. Properties carry the names of the JSON members.
+/// The base of all answers of the captcha service. Properties have the names of the JSON members.
 class QVResponseModel
 {
     Q_GADGET
     Q_PROPERTY(QString code READ code WRITE setCode)
 
 public:
-    /// The code of an answer to a request that succeeded.
+    /// The code of a successful answer.
     static constexpr QLatin1String successCode{"0103"};
 
     virtual ~QVResponseModel();
@@ -21,7 +21,7 @@ public:
     [[nodiscard]] QString code() const { return m_code; }
     void setCode(QString value) { m_code = std::move(value); }
 
-    /// Whether the service did what was asked.
+    /// Whether the request was successful.
     [[nodiscard]] virtual bool responseSuccess() const;
 
 private:
