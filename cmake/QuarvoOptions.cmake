@@ -14,7 +14,7 @@ cmake_dependent_option(QUARVO_BUILD_SANDBOX "Build the local captcha service" ${
 option(QUARVO_WARNINGS_AS_ERRORS "Stop at the first warning" OFF)
 option(QUARVO_PRECOMPILE "Precompile Qt's headers" ON)
 option(QUARVO_WITH_LIBSECRET "Keep the device identifier in the desktop's Secret Service" ON)
-option(QUARVO_HARDEN "Build with what makes a fault in memory hard to exploit" ${PROJECT_IS_TOP_LEVEL})
+option(QUARVO_HARDEN "Use compiler and linker options that make memory errors hard to exploit" ${PROJECT_IS_TOP_LEVEL})
 set(QUARVO_SANITIZE "" CACHE STRING "Sanitizers to build with, as -fsanitize= takes them")
 
 # The addresses of the service. A deployment sets its own; QVSDKManager can replace them at run time.
