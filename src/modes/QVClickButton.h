@@ -12,16 +12,14 @@
 class QVClickButtonDelegate;
 class QVClickButtonPrivate;
 
-/// The click-to-verify button: the user activates it, and it asks the service. Where the service
-/// wants more, a popup opens in which the user draws.
+/// The click-to-verify button. When the user activates it, it asks the service. If the service requires more,
+/// a popup opens in which the user draws.
 ///
-/// A host places it like any widget. It paints itself, whatever style or style sheet is in force,
-/// and ignores text and icon. While it verifies and after it has passed, it takes no input: touches
-/// go to what lies below it.
+/// A host places it like any widget. It paints itself: style, style sheet, text and icon have no effect.
+/// While it verifies and after it has passed, it takes no input, and touches go to the widget below.
 ///
-/// Each attempt (an activation by mouse, touch, key, accessibility or click()) ends in exactly one
-/// of passed(), failed() and closed(). If the button is destroyed during an attempt, no signal is
-/// emitted.
+/// Each attempt (an activation by mouse, touch, key, accessibility or click()) ends with exactly one of
+/// passed(), failed() and closed(). If the button is destroyed during an attempt, no signal is emitted.
 class QUARVO_EXPORT QVClickButton : public QAbstractButton
 {
     Q_OBJECT
@@ -31,33 +29,33 @@ class QUARVO_EXPORT QVClickButton : public QAbstractButton
     Q_PROPERTY(int cornerRadius READ cornerRadius WRITE setCornerRadius)
 
 public:
-    /// Ready to be clicked.
+    /// Creates a button that is ready to be clicked.
     explicit QVClickButton(QWidget *parent = nullptr);
-    /// Closes an open popup. A token that is about to be reported still reaches a living delegate.
+    /// Closes an open popup. If the user has just passed, the delegate still receives the token.
     ~QVClickButton() override;
 
-    /// Who hears what becomes of it; null where nobody does.
+    /// The delegate; null if there is none.
     [[nodiscard]] QVClickButtonDelegate *delegate() const;
-    /// The delegate stays the host's own and is held weakly.
+    /// Sets the delegate, which is held weakly: the host keeps the ownership.
     void setDelegate(QVClickButtonDelegate *delegate);
 
-    /// The verification id of this button; null, as at first, stands for that of QVSDKManager.
+    /// The verification id of this button. Null, the default, means that of QVSDKManager.
     [[nodiscard]] QString vid() const;
     /// Takes effect for the next attempt.
     void setVid(const QString &vid);
-    /// The scene of this button; null, as at first, stands for that of QVSDKManager.
+    /// The scene of this button. Null, the default, means that of QVSDKManager.
     [[nodiscard]] QString scene() const;
     /// Takes effect for the next attempt.
     void setScene(const QString &scene);
 
-    /// The radius of the corners in logical pixels; 0 at first.
+    /// The radius of the corners in logical pixels; 0 by default.
     [[nodiscard]] int cornerRadius() const;
-    /// A negative \a radius counts as 0, a large one as half the button's height.
+    /// A negative \a radius counts as 0. Half of the button's height is the maximum.
     void setCornerRadius(int radius);
 
-    /// How far the verification has come.
+    /// The state of the verification.
     [[nodiscard]] QVClickStatus clickStatus() const;
-    /// What the button says: the state, or the message of the last failure.
+    /// The text on the button: the state, or the message of the last failure.
     [[nodiscard]] QString statusText() const;
 
     [[nodiscard]] QSize sizeHint() const override;
@@ -70,22 +68,23 @@ public Q_SLOTS:
 Q_SIGNALS:
     /// The user has passed; \a token is for the host's own server.
     void passed(const QString &token);
-    /// The time that QVSDKManager::setTokenLifetime() gives a token is up, and the last one is no longer
-    /// good. The button is ready again. Not emitted after reset().
+    /// The last token has expired, after the time set by QVSDKManager::setTokenLifetime(). The button is
+    /// ready again. Not emitted after reset().
     void expired();
-    /// The service could not be asked or refused; the button shows the error's domain.
+    /// The service did not answer, or refused. The button shows the error's domain.
     void failed(const QVError &error);
     /// The attempt ended without a result, for \a reason.
     void closed(QVCloseReason reason);
-    /// Something failed inside the popup, which shows the error's domain. The attempt goes on: the user
-    /// may try again, or close the popup.
+    /// Something failed inside the popup, which shows the error's domain. The attempt goes on: the user can
+    /// try again, or close the popup.
     void popupFailed(const QVError &error);
-    /// The user has to draw.
+    /// A popup has opened, since the user has to draw.
     void popupOpened();
-    /// The service is down or the host said so, and the outage service asks the user instead.
+    /// The outage service replaces the main one, since that is down or the host has set
+    /// QVSDKManager::setOutageOpen().
     void outageStarted();
-    /// The user asks for another way, since they cannot do what the picture asks. Only while this is
-    /// connected do popups offer it, by a text button below the picture. Nothing else happens: the attempt
+    /// The user asks for another way, since they cannot do what the picture asks. Popups offer this, by a
+    /// text button below the picture, only while the signal is connected. Nothing else happens: the attempt
     /// goes on until the host calls reset().
     ///
     /// \code
@@ -95,7 +94,7 @@ Q_SIGNALS:
     /// });
     /// \endcode
     void alternativeRequested();
-    /// The verification has come to \a status.
+    /// The state of the verification has changed to \a status.
     void clickStatusChanged(QVClickStatus status);
 
 protected:

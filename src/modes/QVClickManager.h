@@ -14,10 +14,9 @@ class QVClickButton;
 class QVClickManagerDelegate;
 class QVClickManagerPrivate;
 
-/// Click verification for a host that does not want to deal with the button itself: creates the
-/// button on demand and relays what becomes of it.
+/// Click verification: creates a QVClickButton on demand and relays its signals.
 ///
-/// Each attempt of the user ends in exactly one of passed(), failed() and closed().
+/// Each attempt of the user ends with exactly one of passed(), failed() and closed().
 class QUARVO_EXPORT QVClickManager : public QObject, public QVClickButtonDelegate
 {
     Q_OBJECT
@@ -25,29 +24,29 @@ class QUARVO_EXPORT QVClickManager : public QObject, public QVClickButtonDelegat
     Q_PROPERTY(QString scene READ scene WRITE setScene)
 
 public:
-    /// Makes no button yet.
+    /// Does not create the button yet.
     explicit QVClickManager(QObject *parent = nullptr);
     ~QVClickManager() override;
 
-    /// Who hears what becomes of it; null where nobody does.
+    /// The delegate; null if there is none.
     [[nodiscard]] QVClickManagerDelegate *delegate() const;
-    /// The delegate stays the host's own and is held weakly.
+    /// Sets the delegate, which is held weakly: the host keeps the ownership.
     void setDelegate(QVClickManagerDelegate *delegate);
 
-    /// The verification id of the button; null, as at first, stands for that of QVSDKManager.
+    /// The verification id of the button. Null, the default, means that of QVSDKManager.
     [[nodiscard]] QString vid() const;
     /// Takes effect for the next attempt.
     void setVid(const QString &vid);
-    /// The scene of the button; null, as at first, stands for that of QVSDKManager.
+    /// The scene of the button. Null, the default, means that of QVSDKManager.
     [[nodiscard]] QString scene() const;
     /// Takes effect for the next attempt.
     void setScene(const QString &scene);
 
-    /// The button, created by the first call. It belongs to the manager until it is given a parent.
-    /// Null where the application object is no QApplication, which failed() then tells with the code
+    /// The button, which the first call creates. The manager owns it until it is given a parent. Null if the
+    /// application object is not a QApplication; then failed() is emitted with the code
     /// QVError::CannotBeShown.
     [[nodiscard]] QVClickButton *button();
-    /// The same button, for a host that only places it in a layout.
+    /// The same button, for hosts that only place it in a layout.
     [[nodiscard]] QAbstractButton *clickButton();
 
     void clickButtonVerifyPassedWithToken(const QString &token) override;
@@ -59,22 +58,23 @@ public Q_SLOTS:
 Q_SIGNALS:
     /// The user has passed; \a token is for the host's own server.
     void passed(const QString &token);
-    /// The time that QVSDKManager::setTokenLifetime() gives a token is up, and the last one is no longer
-    /// good. The button is ready again. Not emitted after reset().
+    /// The last token has expired, after the time set by QVSDKManager::setTokenLifetime(). The button is
+    /// ready again. Not emitted after reset().
     void expired();
-    /// The service could not be asked or refused; the button shows the error's domain.
+    /// The service did not answer, or refused. The button shows the error's domain.
     void failed(const QVError &error);
     /// The attempt ended without a result, for \a reason.
     void closed(QVCloseReason reason);
-    /// Something failed inside the popup, which shows the error's domain. The attempt goes on: the user
-    /// may try again, or close the popup.
+    /// Something failed inside the popup, which shows the error's domain. The attempt goes on: the user can
+    /// try again, or close the popup.
     void popupFailed(const QVError &error);
-    /// The user has to draw.
+    /// A popup has opened, since the user has to draw.
     void popupOpened();
-    /// The service is down or the host said so, and the outage service asks the user instead.
+    /// The outage service replaces the main one, since that is down or the host has set
+    /// QVSDKManager::setOutageOpen().
     void outageStarted();
-    /// The user asks for another way, since they cannot do what the picture asks. Only while this is
-    /// connected do popups offer it, by a text button below the picture. Nothing else happens: the attempt
+    /// The user asks for another way, since they cannot do what the picture asks. Popups offer this, by a
+    /// text button below the picture, only while the signal is connected. Nothing else happens: the attempt
     /// goes on until the host calls reset().
     ///
     /// \code

@@ -4,7 +4,7 @@
 
 #include <QString>
 
-/// Hears what becomes of the button of a QVClickManager. The manager holds it weakly.
+/// Receives the result of a QVClickManager, which holds it weakly.
 class QUARVO_EXPORT QVClickManagerDelegate : public QVDelegate
 {
 public:

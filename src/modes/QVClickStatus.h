@@ -8,34 +8,34 @@
 #include <QMetaType>
 #include <QObject>
 
-/// Holds an enumeration, so that QML and the meta-object system know its values.
+/// The scope of an enumeration, so that QML and the meta-object system know its values.
 class QUARVO_EXPORT QVClick
 {
     Q_GADGET
 
 public:
-    /// How far a click verification has come.
+    /// The state of a click verification.
     enum Status : qint64 {
         /// Ready to be clicked.
         QVClickStatusNormal = 0,
         /// Pressed.
         QVClickStatusTouching = 1,
-        /// The service is being asked; also while a popup with its picture already chosen is open.
+        /// The service is being asked, or a popup is open whose picture came with the answer to the click.
         QVClickStatusVerifying = 2,
-        /// The user draws, in a popup whose picture was asked for afterwards.
+        /// The user draws in a popup whose picture is requested separately.
         QVClickStatusDrawing = 3,
         /// The user has passed.
         QVClickStatusPassed = 4,
-        /// The service could not be asked, or refused.
+        /// The service did not answer, or refused.
         QVClickStatusFailed = 5,
     };
     Q_ENUM(Status)
 };
 
-/// How far a click verification has come.
+/// The state of a click verification.
 using QVClickStatus = QVClick::Status;
 
-// As "using enum" does, which C++17 lacks.
+// Same as "using enum", which C++17 lacks.
 /// See QVClick::QVClickStatusNormal.
 inline constexpr QVClickStatus QVClickStatusNormal = QVClick::QVClickStatusNormal;
 /// See QVClick::QVClickStatusTouching.

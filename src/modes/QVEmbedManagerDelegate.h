@@ -4,7 +4,7 @@
 
 #include <QString>
 
-/// Hears what becomes of the verification in a QVEmbedManager's view. The manager holds it weakly.
+/// Receives the result of a QVEmbedManager, which holds it weakly.
 class QUARVO_EXPORT QVEmbedManagerDelegate : public QVDelegate
 {
 public:

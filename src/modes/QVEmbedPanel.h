@@ -9,8 +9,8 @@
 class QVEmbedManager;
 class QVEmbedPanelPrivate;
 
-/// The embedded panel as a widget of its own, manager included, for forms that are made in Qt
-/// Designer. Elsewhere QVEmbedManager alone does the same.
+/// The embedded panel as a widget that contains its manager, for forms made in Qt Designer. In code
+/// QVEmbedManager does the same.
 class QUARVO_EXPORT QVEmbedPanel : public QWidget
 {
     Q_OBJECT
@@ -18,15 +18,15 @@ class QUARVO_EXPORT QVEmbedPanel : public QWidget
     Q_PROPERTY(QString scene READ scene WRITE setScene)
 
 public:
-    /// Starts by itself a tenth of a second later; the verification id has to be set by then.
+    /// Starts by itself a tenth of a second later. The verification id must be set by then.
     explicit QVEmbedPanel(QWidget *parent = nullptr);
     ~QVEmbedPanel() override;
 
-    /// The verification id of this panel; null, as at first, stands for that of QVSDKManager.
+    /// The verification id of this panel. Null, the default, means that of QVSDKManager.
     [[nodiscard]] QString vid() const;
     /// Takes effect for the next request.
     void setVid(const QString &vid);
-    /// The scene of this panel; null, as at first, stands for that of QVSDKManager.
+    /// The scene of this panel. Null, the default, means that of QVSDKManager.
     [[nodiscard]] QString scene() const;
     /// Takes effect for the next request.
     void setScene(const QString &scene);

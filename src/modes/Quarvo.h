@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// Everything a host needs.
+/// Includes all public headers.
 
 #include <Quarvo/QVAppearance.h>
 #include <Quarvo/QVClickButton.h>
