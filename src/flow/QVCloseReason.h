@@ -8,13 +8,13 @@
 #include <QMetaType>
 #include <QObject>
 
-/// Holds an enumeration, so that QML and the meta-object system know its values.
+/// The scope of an enumeration, so that QML and the meta-object system know its values.
 class QUARVO_EXPORT QVClose
 {
     Q_GADGET
 
 public:
-    /// Why an attempt ended without a result.
+    /// The reason why an attempt ended without a result.
     enum class Reason {
         /// The user closed the popup.
         User,
@@ -22,7 +22,7 @@ public:
         HostReset,
         /// The window that the attempt belongs to was closed, hidden or destroyed.
         WindowGone,
-        /// Another attempt of the same manager took the popup's place.
+        /// Another attempt of the same manager needed the popup.
         Replaced,
     };
     Q_ENUM(Reason)
