@@ -3,9 +3,9 @@
 #include <QMetaMethod>
 #include <QObject>
 
-/// For the connectNotify() and disconnectNotify() of a class with the signal alternativeRequested(): has
-/// \a offer called from the event loop of \a sender where \a changed is that signal, or any. Not at once:
-/// what is being disconnected still counts as connected.
+/// For connectNotify() and disconnectNotify() of a class with the signal alternativeRequested(). Calls
+/// \a offer from the event loop of \a sender if \a changed is that signal or invalid, which means all
+/// signals. Not at once, since a slot that is being disconnected still counts as connected.
 template<class Sender, class Offer>
 void qv_followAlternative(Sender *sender, const QMetaMethod &changed, Offer offer)
 {

@@ -5,8 +5,8 @@
 #include <QMetaObject>
 #include <QThread>
 
-/// Has \a manager tell by failed() that there is nothing to show it with, unless it was called from another
-/// thread. From the event loop: its host may not have connected anything yet.
+/// Makes \a manager emit failed() with the code QVError::CannotBeShown, unless this is called on another
+/// thread. It is emitted from the event loop, since the host may not have connected its slots yet.
 template<class Manager>
 void qv_failToShow(Manager *manager)
 {

@@ -43,22 +43,23 @@ QVClickButton::QVClickButton(QWidget *parent)
     , d(std::make_unique<QVClickButtonPrivate>(this))
 {
     qv_mayCall(Q_FUNC_INFO);
-    // Taken here, since a host's widget around the button that takes touches leaves no mouse events.
+    // The button handles touches itself. If a widget of the host around it accepted them, Qt would not make
+    // mouse events for the button of them.
     setAttribute(Qt::WA_AcceptTouchEvents);
     setAttribute(Qt::WA_Hover);
     setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-    // Every way of activating a button meets here.
+    // All ways of activating a button emit clicked().
     connect(this, &QAbstractButton::clicked, this, [this] { d->clickButtonTouchUpInside(); });
 }
 
 QVClickButton::~QVClickButton()
 {
-    // Beyond the application object nothing is on screen.
+    // Without an application object nothing is on screen.
     if (!QCoreApplication::instance())
         return;
-    // While this is still a button: the popup may give the focus back to it, and the host may click it when
-    // it loses the focus.
+    // Before the base destructors run: the popup may give the focus back to this button, and the host may
+    // click it when it loses the focus.
     d->abandon();
     clearFocus();
 }
@@ -230,7 +231,7 @@ void QVClickButton::keyPressEvent(QKeyEvent *event)
     }
     d->showsFocus = true;
     update();
-    // Taken even while the button is busy: it would go on to the default button of the host's dialog.
+    // Accepted even while the button is busy, or the key would press the default button of the host's dialog.
     event->accept();
     if (event->isAutoRepeat() || d->press.isTracking() || !d->takesInput())
         return;
@@ -263,7 +264,7 @@ void QVClickButton::focusInEvent(QFocusEvent *event)
         break;
     case Qt::PopupFocusReason:
     case Qt::ActiveWindowFocusReason:
-        break; // As it was before the focus went away.
+        break; // Keeps the value from before the focus was lost.
     default:
         d->showsFocus = false;
     }

@@ -29,7 +29,7 @@ namespace {
 constexpr auto successDelay = 500ms;
 constexpr int labelInset = 10;
 
-/// The text that goes with a status; null where the text stays.
+/// The text for a status; null if the text does not change.
 QVText textOf(QVClickStatus status)
 {
     switch (status) {
@@ -74,8 +74,8 @@ void QVClickButtonPrivate::setupSubviews()
     clickStatusLabel =
         new QVLabel({.pixelSize = 15, .mostLines = 2, .alignment = Qt::AlignLeft, .hasShadow = true},
                     QVColors::white, QAccessible::NoRole, q);
-    // Made with the button: a host may start an attempt while Qt destroys its window, in which a new child
-    // is not allowed.
+    // Created with the button: a host may start an attempt while Qt destroys its window, when children can no
+    // longer be added.
     m_spokenMessage = new QVSpokenMessage(q);
     clickStatusView->setAttribute(Qt::WA_TransparentForMouseEvents);
 }
@@ -204,7 +204,7 @@ void QVClickButtonPrivate::pressIsTakenAway()
     if (!press.isTracking())
         return;
     press.forget();
-    // Not at once: Qt goes on with the widget, which the host could destroy in answer.
+    // From the event loop: Qt still uses the widget, and the host may destroy it in a slot.
     QVScheduler::shared().schedule({}, [button = QPointer(q)] {
         if (button && button->clickStatus() == QVClickStatusTouching && !button->d->press.isTracking())
             button->d->pressEnded(false);
@@ -213,7 +213,7 @@ void QVClickButtonPrivate::pressIsTakenAway()
 
 void QVClickButtonPrivate::clickButtonTouchDownAction()
 {
-    // Requests follow when the finger is lifted.
+    // The first request is sent on the release.
     QVConfigurationManager::prepareDeviceId();
     setClickStatus(QVClickStatusTouching);
 }
@@ -255,7 +255,8 @@ void QVClickButtonPrivate::attemptDraws(QVAttempt & /*attempt*/)
 
 void QVClickButtonPrivate::attemptShowsPopup(QVAttempt & /*attempt*/)
 {
-    // With its picture already chosen, the popup is still part of verifying, so the status stays.
+    // The status is unchanged here: a popup whose picture came with the answer to the click counts as
+    // verifying.
     Q_EMIT q->popupOpened();
 }
 
@@ -299,8 +300,8 @@ void QVClickButtonPrivate::attemptHasClosed(QVAttempt & /*attempt*/, QVCloseReas
 
 void QVClickButtonPrivate::handleSuccess(const QString &token)
 {
-    // Not a timer of the button's: the user has passed, so neither reset() nor the button's end
-    // takes the token from the host.
+    // Not a timer of the button: the user has passed, so the host receives the token even after reset() or
+    // the destruction of the button.
     QVScheduler::shared().schedule(successDelay, [button = QPointer(q), last = delegate, token] {
         if (button)
             button->d->beginTokenLife();
@@ -314,7 +315,7 @@ void QVClickButtonPrivate::handleSuccess(const QString &token)
 
 void QVClickButtonPrivate::beginTokenLife()
 {
-    // The host may have reset the button while it was turning green.
+    // The host may have reset the button meanwhile.
     if (clickStatus == QVClickStatusPassed)
         m_tokenLife.start([this] { tokenHasExpired(); });
 }
@@ -342,7 +343,7 @@ void QVClickButtonPrivate::reset()
     press.forget();
     q->setDown(false);
     const bool isUnderWay = m_attempts.areUnderWay();
-    // Gives the focus back to the host, which may destroy the button in answer.
+    // This gives the focus back to the host, which may then destroy the button.
     m_attempts.close(QVCloseReason::HostReset);
     if (button && !isUnderWay)
         setClickStatus(QVClickStatusNormal);

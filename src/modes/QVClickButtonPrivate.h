@@ -17,11 +17,10 @@ class QVClickWaterRippleView;
 class QVLabel;
 class QVSpokenMessage;
 
-/// What the click button does, apart from being a widget: its states and looks, its presses, and what
-/// becomes of the attempts that it starts.
+/// The behaviour of the click button: its states and looks, its presses, and the results of its attempts.
 ///
-/// A status change tells the host, which may then destroy the button: whatever a step does, it does
-/// before, and looks at the button again afterwards.
+/// A change of status emits a signal, in which the host may destroy the button. So each step does its own
+/// work before, and checks afterwards whether the button still exists.
 class QVClickButtonPrivate final : public QVAttemptObserver, public QVPressTracker::Button
 {
 public:
@@ -31,16 +30,16 @@ public:
     void setClickStatus(QVClickStatus status);
     [[nodiscard]] QColor background() const;
     void layoutSubviews() const;
-    /// As far as the button's size allows it.
+    /// The corner radius, limited by the size of the button.
     [[nodiscard]] double paintedRadius() const;
 
-    /// Whether touches and keys are heard.
+    /// Whether touches and keys have an effect.
     [[nodiscard]] bool takesInput() const;
     [[nodiscard]] bool pointInside(QPointF point) const override;
     void beginTrackingWithTouch(QPointF point) override;
     void pressMoved(bool inside) override;
     void pressEnded(bool inside) override;
-    /// The button was hidden or disabled, or lost the focus, while it was pressed.
+    /// Called when the button is hidden or disabled, or loses the focus, while it is pressed.
     void pressIsTakenAway();
     void clickButtonTouchDownAction();
     void clickButtonTouchDragInside();
@@ -50,7 +49,7 @@ public:
 
     void reset();
     void alternativeHasChanged() const { m_attempts.alternativeHasChanged(); }
-    /// Ends the attempt without a word, and the popup with it.
+    /// Ends the attempt and its popup without a signal.
     void abandon() { m_attempts.abandon(); }
 
     void attemptAsks(QVAttempt &attempt) override;
@@ -80,9 +79,9 @@ private:
     void setupSubviews();
     void setStatusText(const QVText &text);
     void showStatusText();
-    /// Tells screen readers of what happened, which nothing else does when it happens by itself.
+    /// Makes screen readers read the status out. They do not notice changes without an action of the user.
     void readOut();
-    /// Offers screen readers the text where its end is not shown.
+    /// Sets the whole text as the accessible description if its end is cut off.
     void describe() const;
     [[nodiscard]] bool isUnderWay() const;
     void handleSuccess(const QString &token);

@@ -38,7 +38,8 @@ void QVClickManagerPrivate::offerAlternative() const
 {
     if (!button)
         return;
-    // Connected only while the host listens, so that the button offers it only then.
+    // Connected only while the host has connected the manager's signal, so that the button offers it only
+    // then.
     if (q->isSignalConnected(QMetaMethod::fromSignal(&QVClickManager::alternativeRequested)))
         QObject::connect(button, &QVClickButton::alternativeRequested, q,
                          &QVClickManager::alternativeRequested, Qt::UniqueConnection);
@@ -49,10 +50,10 @@ void QVClickManagerPrivate::offerAlternative() const
 
 void QVClickManagerPrivate::buttonDestroyed()
 {
-    // A widget tells of its end while pointers to it still hold.
+    // A QWidget emits destroyed() before QPointers to it become null.
     button = nullptr;
-    // Not at once: the window around the button may be in its destructor, where its slots must not
-    // be called any more.
+    // From the event loop: the window around the button may be in its destructor, when its slots must not be
+    // called any more.
     for (int i = 0; i < openAttempts; ++i) {
         QVScheduler::shared().schedule({}, [manager = QPointer(q)] {
             if (manager)

@@ -9,7 +9,7 @@ class QVClickButton;
 class QVClickManager;
 class QVClickManagerDelegate;
 
-/// What the click manager knows of its button, whose signals it relays.
+/// The state of the click manager, and the connections with its button.
 class QVClickManagerPrivate
 {
 public:
@@ -26,8 +26,8 @@ public:
     QVWeakDelegate<QVClickManagerDelegate> delegate;
     QPointer<QVClickButton> button;
     bool isUnderWay = false;
-    /// Attempts whose end was not told yet and will not come by the delegate. A host that starts again in a
-    /// change of status makes it more than one.
+    /// The number of attempts that have not ended. It is more than one if the host starts another attempt in
+    /// a slot of a status change.
     int openAttempts = 0;
     QVIdentity identity;
 };

@@ -97,7 +97,7 @@ void QVClickStatusView::paintEvent(QPaintEvent *event)
     painter.setRenderHint(QPainter::Antialiasing, m_cornerRadius > 0);
     painter.setPen(Qt::NoPen);
     painter.setBrush(stripColor);
-    // The corners on the right lie beyond the edge.
+    // The corners on the right are outside the widget, so that they are not round.
     painter.drawRoundedRect(QRectF(0, 0, width() + m_cornerRadius, height()), m_cornerRadius, m_cornerRadius);
     m_host.paint(painter);
 }
@@ -105,7 +105,7 @@ void QVClickStatusView::paintEvent(QPaintEvent *event)
 void QVClickStatusView::resizeEvent(QResizeEvent *event)
 {
     QWidget::resizeEvent(event);
-    // Keeps what is shown in the middle without restarting it.
+    // Keeps the layers centred without restarting their animations.
     m_host.root().setFrame(QRectF(centre() - m_builtCentre, QSizeF()));
 }
 
@@ -234,7 +234,7 @@ void QVClickStatusView::statusWaitingAnimation()
 {
     restart(statusLoadingLayer(), reveal(1));
     restart(statusAnimationLayer(), reveal(1));
-    // The pulse comes whatever the status is by then; on a layer made only for it, it shows nothing.
+    // The pulse starts even if the status has changed. Then it runs on a new, empty layer and shows nothing.
     QVScheduler::shared().schedule(1s, [view = QPointer(this)] {
         if (view)
             view->statusWaitingSecondStep();

@@ -5,9 +5,9 @@
 
 #include <QWidget>
 
-/// The strip at the click button's left edge: a logo or a ring that tells how far it has come.
+/// The strip at the left edge of the click button, with a logo or a ring that shows the status.
 ///
-/// Every status builds its layers afresh, so the same status given again starts its effect anew.
+/// Each call of setClickStatus() creates the layers again, so setting the same status restarts its effect.
 class QVClickStatusView : public QWidget
 {
     Q_OBJECT
@@ -21,12 +21,12 @@ public:
 
     [[nodiscard]] QVClickStatus clickStatus() const { return m_clickStatus; }
     void setClickStatus(QVClickStatus status);
-    /// Of the two corners on the left.
+    /// Sets the radius of the two corners on the left.
     void setCornerRadius(qreal radius);
-    /// Where the spinning arc's start comes from.
+    /// The source of the random start of the spinning arc.
     void setRandomSource(RandomSource source) { m_random = std::move(source); }
 
-    /// What is shown now, back to front.
+    /// The root layer. Its sublayers are shown back to front.
     [[nodiscard]] const QVLayer &layers() const { return m_host.root(); }
 
 protected:

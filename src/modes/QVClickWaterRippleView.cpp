@@ -41,9 +41,9 @@ void QVClickWaterRippleView::beganWaterRippleAnimationAtPoint(QPointF point)
         m_waterRippleLayer->setMask(button);
     }
     m_host.root().addSublayer(m_waterRippleLayer);
-    // The diagonal reaches the far corner from any point.
+    // With the diagonal as its radius the ripple reaches the far corner from any point.
     const qreal endRadius = std::hypot(float(width()), float(height()));
-    // The layer has no path of its own: the ripple vanishes at once when it has spread.
+    // The layer itself has no path, so the ripple disappears at the end of the animation.
     QVAnimation spread = QVAnimation::basic(QVLayerProperty::Path, circleAround(point, startRadius),
                                             circleAround(point, endRadius));
     spread.setDuration(spreadSeconds);

@@ -4,7 +4,7 @@
 
 #include <QWidget>
 
-/// Covers the click button and shows a ripple spreading from where it was touched. Takes no touches.
+/// Covers the click button and shows a ripple that spreads from the point of the touch. Takes no input.
 class QVClickWaterRippleView : public QWidget
 {
     Q_OBJECT
@@ -12,9 +12,9 @@ class QVClickWaterRippleView : public QWidget
 public:
     explicit QVClickWaterRippleView(QWidget *parent = nullptr);
 
-    /// That of the button, which no ripple leaves.
+    /// Sets the corner radius of the button, to which ripples are clipped.
     void setCornerRadius(qreal radius) { m_cornerRadius = radius; }
-    /// Cuts off a ripple in progress.
+    /// Starts a ripple, and ends one in progress.
     void beganWaterRippleAnimationAtPoint(QPointF point);
 
     [[nodiscard]] const QVLayer *waterRippleLayer() const { return m_waterRippleLayer.get(); }

@@ -42,7 +42,7 @@ QVRenderDrawView *QVEmbedManagerPrivate::renderView()
     QObject::connect(m_renderView, &QVRenderDrawView::expired, &m_manager, &QVEmbedManager::expired);
     QObject::connect(m_renderView, &QVRenderDrawView::alternativeRequested, &m_manager,
                      &QVEmbedManager::alternativeRequested);
-    // A widget tells of its end while pointers to it still hold.
+    // A QWidget emits destroyed() before QPointers to it become null.
     QObject::connect(m_renderView, &QObject::destroyed, &m_manager, [this] { m_renderView = nullptr; });
     offerAlternative();
     return m_renderView;

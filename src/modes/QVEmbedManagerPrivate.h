@@ -10,7 +10,7 @@ class QVEmbedManager;
 class QVEmbedManagerDelegate;
 class QVRenderDrawView;
 
-/// Owns the view while nobody else does, and relays its token.
+/// Owns the view until it has a parent, and relays its token.
 class QVEmbedManagerPrivate final : public QVRenderDrawViewDelegate
 {
 public:

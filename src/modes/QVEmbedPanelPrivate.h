@@ -2,7 +2,7 @@
 
 #include "modes/QVEmbedManager.h"
 
-/// What the panel consists of besides its widgets.
+/// The private data of the panel.
 class QVEmbedPanelPrivate
 {
 public:

@@ -38,7 +38,7 @@ QVInvisibleManagerPrivate::QVInvisibleManagerPrivate(QVInvisibleManager *manager
 
 QVInvisibleManagerPrivate::~QVInvisibleManagerPrivate()
 {
-    // Beyond the application object nothing is on screen, and widgets cannot even be hidden.
+    // Without an application object nothing is on screen, and widgets cannot be hidden.
     if (!QCoreApplication::instance())
         return;
     m_attempts.abandon();
@@ -58,7 +58,7 @@ QVInvisibleAnimationView *QVInvisibleManagerPrivate::animationView(QObject *host
 
 void QVInvisibleManagerPrivate::createAnimationView(QObject *host)
 {
-    // Deleted by removeAnimationView(), or with the host's window.
+    // Deleted by removeAnimationView(), or together with the host's window.
     m_animationView = new QVInvisibleAnimationView;
     m_badgeHost = host;
     if (auto *const window = qobject_cast<QWidget *>(host)) {
@@ -90,7 +90,7 @@ void QVInvisibleManagerPrivate::removeAnimationView()
     const QPointer<QVInvisibleAnimationView> view = std::exchange(m_animationView, nullptr);
     if (!view)
         return;
-    // Not hidden here: the host may see that, and destroy the manager in answer.
+    // Not hidden here, since the host may notice that and destroy the manager.
     view->clearLayers();
     view->deleteLater();
 }
@@ -103,7 +103,8 @@ void QVInvisibleManagerPrivate::startInsivible()
 
 void QVInvisibleManagerPrivate::attemptAsks(QVAttempt &attempt)
 {
-    // Queued: the host may start in a focus handler while Qt destroys its window, which then takes no child.
+    // Queued: the host may start in a focus handler while Qt destroys its window, when children can no longer
+    // be added.
     const auto showBadge = [this, started = attempt.weak_from_this()] {
         const auto asking = started.lock();
         if (asking && asking->isAsking() && asking->isHostShown())
@@ -161,7 +162,8 @@ void QVInvisibleManagerPrivate::attemptHasPassed(QVAttempt &attempt, const QStri
         return;
     }
     const QPointer<QWidget> badge(view);
-    // The user has passed, so neither reset() nor the manager's end takes the token from the host.
+    // The user has passed, so the host receives the token even after reset() or the destruction of the
+    // manager.
     view->passAnimationComplete([manager = QPointer(q), last = delegate, token] {
         if (manager) {
             manager->d->removeAnimationView();
@@ -186,7 +188,7 @@ void QVInvisibleManagerPrivate::attemptHasFailed(QVAttempt & /*attempt*/, const 
 void QVInvisibleManagerPrivate::attemptHasClosed(QVAttempt & /*attempt*/, QVCloseReason reason)
 {
     attemptHasEnded();
-    // The delegate is not told, on purpose: it hears results only.
+    // The delegate receives only results, so a close is only a signal.
     Q_EMIT q->closed(reason);
 }
 

@@ -12,7 +12,7 @@ class QVInvisibleAnimationView;
 class QVInvisibleDelegate;
 class QVInvisibleManager;
 
-/// What the invisible manager does: its badge, and what becomes of the attempts that it starts.
+/// The behaviour of the invisible manager: its badge, and the results of its attempts.
 ///
 /// The host may destroy the manager in any callback: each step does its own work before it calls back.
 class QVInvisibleManagerPrivate final : public QVAttemptObserver
@@ -42,20 +42,20 @@ public:
     bool animation = true;
 
 private:
-    /// The badge, created over \a host where there is none; null while it is switched off.
+    /// The badge. It is created over \a host if there is none. Null if it is switched off or cannot be shown.
     QVInvisibleAnimationView *animationView(QObject *host);
     void createAnimationView(QObject *host);
     void showLoadingBadge(QObject *host);
     void centreAnimationView() const;
     void removeAnimationView();
-    /// What all ends have in common.
+    /// Called at each end of an attempt.
     void attemptHasEnded();
 
     static void report(const QPointer<QVInvisibleManager> &manager,
                        const QVWeakDelegate<QVInvisibleDelegate> &last, const QString &token);
 
     QPointer<QVInvisibleAnimationView> m_animationView;
-    /// What the badge is centred on.
+    /// The window that the badge is centred on.
     QPointer<QObject> m_badgeHost;
     std::unique_ptr<QVHostWatch> m_badgeWatch;
     QVTokenLife m_tokenLife;

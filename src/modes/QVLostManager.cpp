@@ -14,7 +14,7 @@ Q_LOGGING_CATEGORY(modesLog, "quarvo.modes", QtInfoMsg)
 
 void qv_warnOfLostManager(const char *manager, const char *part, QWidget *widget)
 {
-    // Later: a window destroys its members before its children.
+    // From the event loop: a window destroys its members before its children.
     QVScheduler::shared().schedule({}, [manager, part, widget = QPointer(widget)] {
         if (widget)
             qCWarning(

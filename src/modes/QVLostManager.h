@@ -2,6 +2,6 @@
 
 class QWidget;
 
-/// Warns in the log if \a widget, whose \a manager is being destroyed, is still there a moment later: a host
-/// that kept the manager in a local variable would wait for its signals in vain.
+/// Logs a warning if \a widget, whose \a manager is being destroyed, still exists a moment later. A host that
+/// has kept the manager in a local variable would never receive its signals.
 void qv_warnOfLostManager(const char *manager, const char *part, QWidget *widget);

@@ -6,16 +6,16 @@
 class QPointingDevice;
 class QTouchEvent;
 
-/// Follows one press of a button, by mouse, by one finger or by a key, and tells where it goes. While
-/// one finger is followed, all others are ignored.
+/// Follows one press of a button by mouse, finger or key, and reports its moves to the button. While one
+/// finger is followed, all others are ignored.
 class QVPressTracker
 {
 public:
-    /// The button that is pressed. Each call may destroy it, and the tracker with it.
+    /// The pressed button. Each call may destroy it together with the tracker.
     class Button
     {
     public:
-        /// Whether a press at \a point is the button's, which no point is while it takes no input.
+        /// Whether \a point is inside the button. False for all points while it takes no input.
         [[nodiscard]] virtual bool pointInside(QPointF point) const = 0;
         virtual void beginTrackingWithTouch(QPointF point) = 0;
         virtual void pressMoved(bool inside) = 0;
@@ -31,9 +31,9 @@ public:
     void begin(QPointF point);
     void move(QPointF point);
     void end(QPointF point);
-    /// Ends a press whose release will not come, as a release outside the button does.
+    /// Ends a press whose release will not come, like a release outside the button.
     void cancel();
-    /// Forgets the press without a word.
+    /// Ends the press without telling the button.
     void forget() { m_tracking = false; }
     void takeTouch(QTouchEvent &event);
 
