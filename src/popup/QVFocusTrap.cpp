@@ -67,7 +67,7 @@ void QVFocusTrap::moveFocus(bool next)
     for (QWidget *widget = step(start); widget != start; widget = step(widget)) {
         if (!m_root->isAncestorOf(widget) || !takesTabFocus(widget))
             continue;
-        // Before it has the focus, which it may refuse by moving on from there.
+        // Set before the focus is moved: the widget may refuse the focus and move on from there.
         m_inside = widget;
         moveTo(widget, next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
         return;
@@ -95,17 +95,17 @@ bool QVFocusTrap::isOnTop() const
 
 void QVFocusTrap::followFocus(QWidget *now)
 {
-    // Other windows, and no window at all, are the user's choice.
+    // The user may move the focus to another window, or to none.
     if (now ? now->window() != m_root->window() : !m_root->isActiveWindow())
         return;
     if (holds(now))
         m_inside = now;
     else if (isMoving())
-        return; // A host that holds on to the focus gets it, or the two would take turns for ever.
+        return; // The host has taken the focus back and keeps it, or the two would fight for it without end.
     else if (isOnTop() && now)
         focusInside();
     else if (isOnTop())
-        moveTo(m_root, Qt::OtherFocusReason); // Given up inside: keys would go to the host's window.
+        moveTo(m_root, Qt::OtherFocusReason); // A part has given the focus up: keys would go to the host.
 }
 
 void QVFocusTrap::focusInside()

@@ -17,22 +17,22 @@ public:
 
     [[nodiscard]] bool isActive() const { return m_active; }
     void activate();
-    /// Gives up the focus in a window that the root is about to leave: Qt would let that window go on
-    /// pointing to it.
+    /// Clears the focus in a window that the root is about to leave. Otherwise the root would stay the focus
+    /// widget of that window.
     void leaveWindow();
-    /// Takes the focus again, after the root has moved to another window.
+    /// Takes the focus again after the root has moved to another window.
     void moveInside();
-    /// Lets go; whoever had the focus before gets it back if it can still take it.
+    /// Deactivates the trap. The widget that had the focus before gets it back if it still can.
     void release();
 
-    /// Whether the trap is moving the focus at this moment. The host hears of that, and may run a nested
-    /// event loop in answer: Qt still works on the root, which must not be destroyed before settled().
+    /// Whether the trap is moving the focus at this moment. The host may run a nested event loop in a focus
+    /// handler while Qt still uses the root. So the root must not be destroyed before settled().
     [[nodiscard]] bool isMoving() const { return m_moves > 0; }
 
-    /// Whether no other widget of the root's class lies above it in the same window.
+    /// Whether no other widget of the root's class is above it in the same window.
     [[nodiscard]] bool isOnTop() const;
 
-    /// Tab and Backtab: the next or previous element inside, round and round.
+    /// For Tab and Backtab: moves the focus to the next or previous widget inside, cyclically.
     void moveFocus(bool next);
 
 Q_SIGNALS:
@@ -41,9 +41,10 @@ Q_SIGNALS:
 private:
     [[nodiscard]] bool holds(const QWidget *widget) const;
     void followFocus(QWidget *now);
-    /// Where it was inside before, if that can still take it.
+    /// Moves the focus to the widget inside that had it last, if it is visible, otherwise to the root.
     void focusInside();
-    /// Comes last wherever it is called: the root may have been destroyed together with the host's window.
+    /// Must be the last statement of its caller: the root may be destroyed in it, together with the host's
+    /// window.
     void moveTo(QWidget *target, Qt::FocusReason reason);
     void move(const std::function<void()> &work);
 

@@ -8,7 +8,7 @@
 
 namespace {
 
-/// Keeps a window from hearing of its new children.
+/// Hides the events about new children from a window.
 class ChildSilence : public QObject
 {
     bool eventFilter(QObject *, QEvent *event) override { return event->type() == QEvent::ChildAdded; }
@@ -98,7 +98,7 @@ void QVHostWatch::watchChild(QObject *child)
 
 void QVHostWatch::endLater()
 {
-    // The host may still refuse to close, which shows only once its handler has run.
+    // From the event loop: the host's handler may refuse to close.
     QVScheduler::shared().schedule({}, [self = QPointer(this)] {
         if (self && !isShown(self->m_host))
             Q_EMIT self->ended();

@@ -5,7 +5,7 @@
 
 class QWidget;
 
-/// Tells what happens to a window of the host: a widget, or a window of another toolkit.
+/// Reports changes of a window of the host, which is a widget or a window of another toolkit.
 class QVHostWatch final : public QObject
 {
     Q_OBJECT
@@ -15,21 +15,21 @@ public:
 
     /// Whether \a host is a window on screen, minimised or not.
     [[nodiscard]] static bool isShown(const QObject *host);
-    /// Makes \a host the parent of \a child without its noticing: a window that takes each new child
-    /// into a layout of its own (a splitter does) leaves this one alone.
+    /// Makes \a host the parent of \a child without an event to the host. A window that adds new children to
+    /// its layout, such as a splitter, would add this one, too.
     static void adopt(QWidget *host, QWidget *child);
 
 Q_SIGNALS:
-    /// Its size changed; that of a window that is no widget, or its place.
+    /// The size has changed, or the position of a window that is not a widget.
     void resized();
-    /// The host added or raised a child, which may cover ours.
+    /// The host has added or raised a child, which may cover the popup.
     void restacked();
-    /// It was enabled or disabled, or a modal window blocks it or no longer does.
+    /// The window was enabled or disabled, or was blocked or unblocked by a modal window.
     void usabilityChanged();
-    /// It is being hidden or closed, at this moment. Its owner may be in a destructor.
+    /// The window is being hidden or closed at this moment, maybe in a destructor.
     void hiding();
-    /// It was hidden, closed or destroyed. Comes from the event loop, never out of the window's own
-    /// destructor, where its owner's slots must not be called any more.
+    /// The window was hidden, closed or destroyed. Emitted from the event loop, never in the destructor of
+    /// the window, when its slots must not be called any more.
     void ended();
 
 private:

@@ -3,11 +3,10 @@
 class QObject;
 class QWidget;
 
-/// The window that \a widget is seen in. For one that is embedded in a graphics scene, that is the
-/// window of the view.
+/// The window that shows \a widget. For a widget in a graphics scene, that is the window of the view.
 [[nodiscard]] QWidget *qv_hostOf(QWidget *widget);
 
-/// The window that something shown now belongs to: the active window, else one of another toolkit
-/// (Qt Quick's) that has the focus, else any visible one of either; null where there is none. A QWidget
-/// or a QWindow.
+/// The host for a popup or badge that is shown now: the active window; otherwise a window of another toolkit
+/// (Qt Quick) with the focus; otherwise any visible window of either kind. It is a QWidget or a QWindow, or
+/// null if there is none.
 [[nodiscard]] QObject *qv_activeHost();

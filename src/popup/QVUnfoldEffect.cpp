@@ -3,8 +3,8 @@
 #include <QPainter>
 #include <QWidget>
 
-// Qt does not paint what lies below an opaque widget, even where an effect shows that widget
-// elsewhere; so nothing may be opaque meanwhile.
+// Qt does not paint the parts that an opaque widget covers, even if an effect paints that widget elsewhere.
+// So no widget may be opaque while the effect is active.
 QVUnfoldEffect::QVUnfoldEffect(QWidget *widget)
     : QGraphicsEffect(widget)
 {

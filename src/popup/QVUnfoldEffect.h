@@ -6,8 +6,8 @@
 
 class QWidget;
 
-/// Squeezes a widget vertically about its centre line, from nothing at 0 to its full height at 1.
-/// To be set on the very widget that it was made for.
+/// Scales a widget vertically about its centre line, from nothing at 0 to its full height at 1. Set it on the
+/// widget that it was created for.
 class QVUnfoldEffect final : public QGraphicsEffect
 {
     Q_OBJECT

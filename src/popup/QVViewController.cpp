@@ -33,7 +33,7 @@ std::shared_ptr<QVViewController> QVViewController::showQvWithVerifyStyle(QVVeri
     controller->m_verifyStyle = style;
     controller->m_config = config;
     controller->m_clickResp = click;
-    // Deleted by dismissWindow(), or with a window that it lies in.
+    // Deleted by dismissWindow(), or together with a window that contains it.
     controller->showIn(new QVWindow);
     return controller;
 }
@@ -91,7 +91,7 @@ void QVViewController::layoutSubviews()
     const QRect screen = m_showWindow->popupScreen();
     m_renderView->setScreenWidth(screen.width());
     m_renderView->setGeometry(screen);
-    // Flush in the corner: there is no status bar here that it would have to keep clear of.
+    // Directly in the corner: there is no status bar to avoid.
     m_closeButton->move(screen.right() + 1 - m_closeButton->width(), screen.top());
     m_supportLabel->adjustSize();
     const QPoint corner = screen.bottomRight() + QPoint(1, 1) - supportOffset;
@@ -119,11 +119,11 @@ void QVViewController::hiddenWindow()
 
 void QVViewController::dismissWindow()
 {
-    // Beyond the application object nothing is on screen, and widgets cannot even be hidden.
+    // Without an application object nothing is on screen, and widgets cannot be hidden.
     if (!m_showWindow || !QCoreApplication::instance())
         return;
     const QPointer<QVWindow> window = std::exchange(m_showWindow, nullptr);
-    // Kept until the end of this call; usually nobody else holds it.
+    // Keeps this alive until the end of the call; usually there is no other owner.
     const auto self = window->takeRootController();
     window->resignKeyAndHide();
     if (window)
@@ -144,7 +144,7 @@ void QVViewController::showRenderViewAnimation()
     m_renderView->setGraphicsEffect(m_unfold);
     if (!m_unfoldAnimation)
         m_unfoldAnimation = std::make_unique<QVValueAnimation>(m_renderView);
-    // The platform's default curve for a lone animation; anything livelier makes the picture wobble.
+    // The usual curve; with a more dynamic one the picture seems to wobble.
     m_unfoldAnimation->setTimingCurve(QVEasing::usual());
     m_unfoldAnimation->start(
         0, 1, unfoldSeconds,

@@ -17,10 +17,10 @@ class QVUnfoldEffect;
 class QVValueAnimation;
 class QVWindow;
 
-/// The popup: a draw view with a close button on a window of its own.
+/// The popup: a draw view with a close button on a QVWindow.
 ///
-/// The window owns the controller, shown or hidden, and is owned by nobody else. Both are destroyed by
-/// dismissWindow(), or with a window that this one lies in.
+/// The window owns the controller, whether it is shown or hidden. Both are destroyed by dismissWindow(), or
+/// together with a window of the host that contains the popup.
 class QVViewController final : public QVPopup
 {
 public:
@@ -57,6 +57,6 @@ private:
     QPointer<QVWindow> m_showWindow;
     QPointer<QVUnfoldEffect> m_unfold;
     std::unique_ptr<QVValueAnimation> m_unfoldAnimation;
-    /// Ends the window's connections with this controller.
+    /// The context of the window's connections, which end with this controller.
     QObject m_context;
 };

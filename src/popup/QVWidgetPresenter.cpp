@@ -8,8 +8,8 @@
 
 namespace {
 
-/// On this platform a Quick window takes the whole screen, and a widget's window over it is never
-/// painted.
+/// Whether \a host is a Quick window on eglfs. That covers the whole screen, and windows of widgets over it
+/// are never painted.
 bool isCoveredForGood(const QObject *host)
 {
     return host && !host->isWidgetType() && QGuiApplication::platformName() == QLatin1String("eglfs");
