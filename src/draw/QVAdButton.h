@@ -9,7 +9,7 @@ class QVAdButton final : public QVTouchButton
 public:
     explicit QVAdButton(QWidget *parent);
 
-    /// Shows \a word, and takes the size that it needs up to a limit. \a link is kept, not shown.
+    /// Shows \a word, and takes the size that it needs, up to a limit. \a link is stored, but not shown.
     void setWord(const QString &word, const QString &link);
     [[nodiscard]] QString link() const { return m_link; }
 
@@ -19,7 +19,7 @@ protected:
 private:
     void nameWord();
 
-    // Not the button's text, in which an ampersand would mean a shortcut.
+    // Not QAbstractButton::text(), in which an ampersand would define a shortcut.
     QVPaintedText m_word{{.pixelSize = 12}};
     QString m_link;
 };

@@ -2,11 +2,11 @@
 
 #include <QWidget>
 
-/// Holds the picture and the strip for its characters. From a width of 400 on there is a gap between the
-/// two, which belongs to the strip and is painted like it.
+/// Contains the picture and the strip for its characters. From a width of 400 on there is a gap between the
+/// two, which is painted like the strip.
 ///
-/// It has a class of its own also because a host's style sheet that gives QWidget a background paints it on
-/// widgets of exactly that class.
+/// A subclass also prevents that a host's style sheet paints a background here: with a rule for QWidget, Qt
+/// paints it only on widgets of exactly that class.
 class QVContentView final : public QWidget
 {
     Q_OBJECT

@@ -20,7 +20,7 @@ namespace {
 
 constexpr int markSide = 21;
 constexpr QSize hintPadding(20, 12);
-// A stroke across the picture and back up and down fits into the points that a trace may have.
+// With these steps a stroke across the picture and back fits into the points that a trace may have.
 constexpr double stepsAcross = 40;
 constexpr double fineStepsAcross = 160;
 
@@ -79,7 +79,7 @@ void QVKeyPen::translate()
 void QVKeyPen::setReady(bool ready)
 {
     m_isReady = ready;
-    // The focus stays where it is while an answer is being checked.
+    // The picture keeps the focus while an answer is being checked.
     m_picture->setFocusPolicy(ready || m_picture->hasFocus() ? Qt::TabFocus : Qt::NoFocus);
     if (ready)
         m_picture->setAccessibleDescription(m_help);
@@ -120,7 +120,7 @@ void QVKeyPen::placeHint()
 {
     const QRect picture(m_picture->mapTo(parentWidget(), QPoint(0, 0)), m_picture->size());
     QRect box(QPoint(), m_hint->sizeFor(picture.width() - 2 * hintPadding.width()));
-    // Below the pen, and above a bar.
+    // Below the pen and above the bars.
     constexpr double part = 0.7;
     box.moveCenter({picture.center().x(), picture.top() + qRound(part * picture.height())});
     m_hint->setGeometry(box);
@@ -225,7 +225,7 @@ void QVKeyPen::leave()
 
 QPointF QVKeyPen::location() const
 {
-    // Half a unit inside, since the picture's far edges do not belong to it.
+    // At least half a pixel inside, since the right and bottom edges do not belong to the picture.
     const double x =
         std::clamp(m_place.x() * m_picture->width(), 0.5, std::max(0.5, m_picture->width() - 0.5));
     const double y =
@@ -239,7 +239,7 @@ void QVKeyPen::paintEvent(QPaintEvent * /*event*/)
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     const QPointF centre = QRectF(rect()).center();
-    // Light within dark is seen on any picture.
+    // A light ring inside a dark one is visible on any picture.
     painter.setPen(QPen(Qt::black, 5));
     painter.setBrush(m_isDown ? QBrush(QVColors::accent()) : QBrush(Qt::NoBrush));
     painter.drawEllipse(centre, radius, radius);

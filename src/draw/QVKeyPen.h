@@ -11,18 +11,18 @@ class QVPanGestureRecognizer;
 /// Drawing with the keyboard: while the picture has the focus, the arrow keys move a pen over it,
 /// Space lowers and lifts it, and Escape discards what was drawn. Shift makes the steps small.
 ///
-/// This is the mark that shows where the pen is; its strokes go the way of all others.
+/// This widget is the mark at the pen's position. The strokes go through the recogniser, like all others.
 class QVKeyPen final : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// \a picture lies in \a view, and \a recognizer takes the strokes. All three must outlive this.
+    /// \a picture is inside \a view, and \a recognizer receives the strokes. All three must outlive this.
     QVKeyPen(QWidget *view, QWidget *picture, QVPanGestureRecognizer &recognizer);
 
-    /// Whether there is something to draw on.
+    /// Sets whether there is a picture to draw on.
     void setReady(bool ready);
-    /// Shows whether the pen is down, which others may have changed.
+    /// Updates the mark: the pen may have been lifted by other code.
     void refresh();
 
 protected:
@@ -41,15 +41,15 @@ private:
     [[nodiscard]] bool isSteering() const;
     void lowerOrLift();
     void leave();
-    /// In the view's coordinates.
+    /// The position of the pen in the view's coordinates.
     [[nodiscard]] QPointF location() const;
 
     QWidget *m_picture;
     QVPanGestureRecognizer &m_recognizer;
-    /// In parts of the picture, so that it stays in place when that is resized.
+    /// The position as fractions of the picture's size, so that it stays in place when that is resized.
     QPointF m_place{0.1, 0.5};
     QSet<int> m_heldArrows;
-    /// Says which keys there are, until one is used.
+    /// Shows the keys until one of them is used.
     QVLabel *m_hint;
     QString m_help;
     bool m_isReady = false;

@@ -12,7 +12,7 @@
 
 namespace {
 
-/// Tells \a control that the mouse is outside it.
+/// Sends a mouse event to \a control at a position outside it.
 void sendMouse(QWidget *control, QEvent::Type type, Qt::MouseButtons buttons)
 {
     const QPointF outside(-1, -1);
@@ -28,7 +28,7 @@ QVPanEventFilter::QVPanEventFilter(QWidget *view, QVPanGestureRecognizer &recogn
     , m_recognizer(recognizer)
 {
     view->setAttribute(Qt::WA_AcceptTouchEvents);
-    // Moves without a button tell that a release was lost.
+    // A move without a pressed button shows that a release was lost.
     view->setMouseTracking(true);
     view->installEventFilter(this);
     connect(qGuiApp, &QGuiApplication::applicationStateChanged, this, [this](Qt::ApplicationState state) {
@@ -99,7 +99,7 @@ bool QVPanEventFilter::handleMouse(QWidget *receiver, const QMouseEvent &event)
         press(Pointer::Mouse, isOnControl ? receiver : nullptr, location);
     else if (wasFollowed)
         m_recognizer.release(Pointer::Mouse, location);
-    // Until it is a drag, a press on a control is the control's too.
+    // Until a drag begins, the control also receives a press on it.
     return isOnControl ? wasDragging || m_recognizer.isDragging()
                        : wasFollowed || m_recognizer.pointer() == Pointer::Mouse;
 }
@@ -109,7 +109,7 @@ bool QVPanEventFilter::takesClick(QWidget *receiver, const QMouseEvent &event)
     if (event.type() == QEvent::MouseMove || event.button() != Qt::LeftButton)
         return false;
     if (m_isPickedUp && receiver != m_view) {
-        // The control's own click: the line is gone.
+        // A click on a control belongs to the control, and discards the line.
         m_isPickedUp = false;
         m_recognizer.cancel();
         return false;
@@ -127,7 +127,7 @@ void QVPanEventFilter::followMouse(Qt::MouseButtons buttons, QPointF location)
 {
     if (m_recognizer.pointer() != Pointer::Mouse)
         return;
-    // A move without the button means that the release went elsewhere.
+    // A move without the button means that another widget has received the release.
     if (m_isPickedUp || (buttons & Qt::LeftButton))
         move(Pointer::Mouse, location);
     else

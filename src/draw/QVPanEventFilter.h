@@ -13,14 +13,14 @@ class QTabletEvent;
 class QTouchEvent;
 class QWidget;
 
-/// Tells a recogniser what the pointers do on a widget, wherever in it and over whatever else is in it.
+/// Passes the pointer events of a widget and its children to a recogniser.
 class QVPanEventFilter final : public QObject
 {
 public:
     /// \a view and \a recognizer must outlive this.
     QVPanEventFilter(QWidget *view, QVPanGestureRecognizer &recognizer);
 
-    /// Lets a drag start on a control too; the control then takes it for a press that left it.
+    /// Lets a drag start on a control, too. To the control this looks like a press that has left it.
     void addControl(QWidget *control);
 
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -29,7 +29,7 @@ private:
     using Pointer = QVPanGestureRecognizer::Pointer;
 
     bool handleMouse(QWidget *receiver, const QMouseEvent &event);
-    /// Whether a click picks the pen up, or is the one that puts it down.
+    /// Whether a click picks the pen up or puts it down.
     [[nodiscard]] bool takesClick(QWidget *receiver, const QMouseEvent &event);
     void followMouse(Qt::MouseButtons buttons, QPointF location);
     bool handleTouch(QWidget *receiver, QTouchEvent &event);
@@ -48,10 +48,10 @@ private:
     std::vector<QPointer<QWidget>> m_controls;
     const QPointingDevice *m_touchDevice = nullptr;
     int m_touchId = 0;
-    /// The control on which the pointer was pressed, until it is told that the press has left it.
+    /// The control on which the pointer was pressed, until the control receives that the press has left it.
     QPointer<QWidget> m_pressedControl;
     bool m_isTakingFromControl = false;
-    /// A click has picked the pen up, for those who cannot drag: it follows the mouse without a button until
+    /// A click has picked the pen up, for users who cannot drag. It follows the mouse without a button until
     /// the next click.
     bool m_isPickedUp = false;
 };

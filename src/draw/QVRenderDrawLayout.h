@@ -3,7 +3,7 @@
 #include "flow/QVVerifyStyle.h"
 #include "layout/QVLayout.h"
 
-/// Where the parts of the draw view are.
+/// The places of the draw view's parts.
 class QVRenderDrawLayout final
 {
 public:
@@ -21,18 +21,18 @@ public:
 
     QVRenderDrawLayout(QVVerifyStyle style, const Parts &parts);
 
-    /// Places everything for a drawing captcha. \a contentWidth counts in the popup styles only; embedded,
-    /// the content is as wide as the view, or as fits into a flatter one.
+    /// Places everything for a drawing captcha. \a contentWidth is used only in the popup styles. In an
+    /// embedded view the content is as wide as the view, or as fits into its height.
     void initRenders(double contentWidth);
-    /// Moves to the shape for characters or for drawing.
+    /// Changes to the layout for characters or for drawing.
     void setIsCharVerify(bool isCharVerify, double contentWidth);
     void setContentWidth(double contentWidth);
-    /// How much narrower than an embedded view its content has to be to fit.
+    /// How much narrower than an embedded view the content must be to fit into its height.
     [[nodiscard]] double excessWidth() const;
-    /// Leaves that much room below the content. A popup has it anyway.
+    /// Leaves \a height below the content. A popup has that room anyway.
     void setAlternativeHeight(int height, double contentWidth);
     [[nodiscard]] int alternativeHeight() const { return m_alternativeHeight; }
-    /// A help button that is not shown takes no width.
+    /// Gives the help button its width only if it is shown.
     void setHelpShown(bool shown);
     void layoutNow() { m_layout.layoutNow(); }
 
@@ -44,7 +44,7 @@ private:
 
     QVVerifyStyle m_style;
     Parts m_parts;
-    /// Height of the content by its width.
+    /// The height of the content divided by its width.
     double m_aspect;
     int m_alternativeHeight = 0;
     QVLayout m_layout;

@@ -55,7 +55,7 @@ void QVRenderDrawParts::initRenders(QVVerifyStyle style)
 {
     initContent();
     initControls();
-    // Moves without a button pass through to whoever follows the pointer.
+    // So that moves without a button reach the filter that follows the pointer.
     m_contentView->setMouseTracking(true);
     m_imageView->setMouseTracking(true);
     m_layout = std::make_unique<QVRenderDrawLayout>(
@@ -108,7 +108,7 @@ bool QVRenderDrawParts::isSeen() const
 
 QRectF QVRenderDrawParts::traceFrame() const
 {
-    // In a view that is flatter than its content the whole width would make the curve too small to be right.
+    // In a view that is flatter than its content, a trace relative to the whole width would be too small.
     return m_layout->excessWidth() > 0 ? m_contentView->geometry() : m_view->rect();
 }
 
@@ -126,7 +126,7 @@ QVLabel &QVRenderDrawParts::outageLabel()
         m_outageLabel->setObjectName(QStringLiteral("outageLabel"));
         qv_followLanguage(m_outageLabel, [label = m_outageLabel] {
             label->setText(qv_localizedStringForKey(QVKey::outage));
-            // Whatever room the picture has: it may be far from its final size.
+            // Independent of the picture's size, which may not be final yet.
             label->resize(label->sizeFor(QWIDGETSIZE_MAX));
         });
     }

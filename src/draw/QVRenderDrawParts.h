@@ -15,8 +15,8 @@ class QVRenderDrawLayout;
 class QVSpokenMessage;
 class QWidget;
 
-/// What a drawing captcha is made of on screen: the picture with its bars, caption, buttons, badge,
-/// advertisement and character input. Shows what it is told to; the view that it is in does the rest.
+/// The parts of a drawing captcha on screen: the picture with its bars, caption, buttons, outage label,
+/// advertisement and character input. It only shows what the flow sets; QVRenderDrawView does the rest.
 class QVRenderDrawParts : public QVRenderDrawSurface
 {
 public:
@@ -48,13 +48,13 @@ protected:
     /// The parts become children of \a view.
     explicit QVRenderDrawParts(QWidget *view);
 
-    /// Makes the parts and places them.
+    /// Creates the parts and places them.
     void initRenders(QVVerifyStyle style);
-    /// Takes up a changed width of a popup's content.
+    /// Applies a changed width of a popup's content.
     void updateContentWidth();
-    /// How wide the content of a popup is.
+    /// The width of a popup's content.
     [[nodiscard]] virtual double contentViewWidth() const = 0;
-    /// The advertisement has been shown for the first time.
+    /// Called when the advertisement is shown for the first time.
     virtual void adButtonWasAdded(QVAdButton &button) = 0;
 
     [[nodiscard]] QVRenderDrawImageView &imageView() const { return *m_imageView; }
@@ -62,9 +62,9 @@ protected:
     [[nodiscard]] QVCustomActionButton &helpButton() const { return *m_helpButton; }
     [[nodiscard]] QVCustomActionButton &refreshButton() const { return *m_refreshButton; }
     [[nodiscard]] QVAlternativeButton &alternativeButton() const { return *m_alternativeButton; }
-    /// Shows the button for another way, or takes it and its height away.
+    /// Shows the button for another way, or hides it and removes its height.
     void setAlternativeShown(bool shown);
-    /// The height that it takes.
+    /// The height of that button; 0 if it is hidden.
     [[nodiscard]] int alternativeHeight() const;
     void spinRefreshButton();
 
@@ -85,7 +85,7 @@ private:
     QVAlternativeButton *m_alternativeButton = nullptr;
     QVLabel *m_outageLabel = nullptr;
     QVSpokenMessage *m_spokenMessage = nullptr;
-    // Has no parent any more once it has been taken out of the picture.
+    // It has no parent after it was removed from the picture.
     std::unique_ptr<QVAdButton> m_adButton;
     std::unique_ptr<QVRenderDrawLayout> m_layout;
 };

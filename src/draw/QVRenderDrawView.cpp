@@ -25,14 +25,14 @@ constexpr double widestContent = 414;
 
 QCursor penCursor()
 {
-    // Where the tip of the pen is.
+    // The position of the pen's tip in the picture.
     constexpr QPoint tip(2, 22);
     return QCursor(qv_imageFromBundleWithName(QStringLiteral("qv_draw_pen")), tip.x(), tip.y());
 }
 
-/// What an embedded view asks of a host's layout: room for the picture and the character input.
+/// The size hint of an embedded view: room for the picture and the character input.
 constexpr QSize embedSize(400, 270);
-/// The least that a curve can be seen and drawn in.
+/// The smallest size in which a curve can be seen and drawn.
 constexpr QSize leastEmbedSize(200, 135);
 
 } // namespace
@@ -139,7 +139,7 @@ bool QVRenderDrawView::event(QEvent *event)
         m_flow->didMoveToSuperview();
     else if (event->type() == QEvent::Show)
         appear();
-    // A graphics scene is a parent, too.
+    // A graphics scene counts as a parent, too.
     if (event->type() == QEvent::Show && graphicsProxyWidget() && !std::exchange(m_isInScene, true))
         m_flow->didMoveToSuperview();
     return handled;
@@ -181,7 +181,7 @@ void QVRenderDrawView::layoutSubviews()
 void QVRenderDrawView::appear()
 {
     watchScreen();
-    // Also when a minimised window comes back.
+    // This also happens when a minimised window is restored.
     m_flow->surfaceHasAppeared();
 }
 

@@ -20,8 +20,8 @@ struct QVIdentity;
 class QVRenderDrawFlow;
 class QVRenderStrokeView;
 
-/// The drawing captcha as a widget: its parts, the stroke on top of them, and what the user does with
-/// both. QVRenderDrawFlow decides what follows.
+/// The drawing captcha as a widget: its parts, the stroke on top of them, and the input of the user.
+/// QVRenderDrawFlow decides what happens.
 class QVRenderDrawView final : public QWidget,
                                private QVRenderDrawParts,
                                private QVCharVerifyInputViewDelegate
@@ -42,16 +42,16 @@ public:
 
     void requestQuarvoConfigAction();
     void reset();
-    /// Starts with answers that the host holds already; without a configuration, from scratch.
+    /// Starts with answers that the host has already. Without a configuration it starts from scratch.
     void handleConfigResponseFromQuarvoServer(const std::shared_ptr<QVConfigResponseModel> &config,
                                               const std::shared_ptr<QVGetRefreshResponseModel> &getRefresh);
 
-    /// How wide the screen that a popup fills counts as; without one, the window does.
+    /// Sets the width of the area of a popup. By default it is that of the window.
     void setScreenWidth(double width);
-    /// How wide the content of a popup is.
+    /// The width of a popup's content.
     [[nodiscard]] double contentViewWidth() const override;
 
-    /// Whether the user is offered another way, below the picture.
+    /// Sets whether the user is offered another way, below the picture.
     void setOffersAlternative(bool offers);
 
     [[nodiscard]] QSize sizeHint() const override;
@@ -59,15 +59,15 @@ public:
     [[nodiscard]] int heightForWidth(int width) const override;
 
 Q_SIGNALS:
-    /// A picture is there to be drawn on, or to be read.
+    /// A picture is shown, to draw on or to read.
     void ready();
-    /// The service took the answer for wrong. The user may go on.
+    /// The service has judged the answer as wrong. The user may go on.
     void wrongAnswer();
-    /// The outage service takes over from the usual one.
+    /// The outage service replaces the main one.
     void outageStarted();
     /// Something failed. The view shows it and lets the user start again.
     void failed(const QVError &error);
-    /// The token of an embedded view is no longer good. The view lets the user start again.
+    /// The token of an embedded view has expired. The view lets the user start again.
     void expired();
     /// The user asks for another way.
     void alternativeRequested();
@@ -107,7 +107,7 @@ private:
     bool m_isInScene = false;
     QPointer<QScreen> m_screen;
     QVRenderStrokeView *m_renderLayer = nullptr;
-    // No children of the view: they must not report anything to the flow while the view is destroyed.
+    // Not children of the view: they must not report anything to the flow while the view is destroyed.
     std::unique_ptr<QVPanEventFilter> m_events;
     std::unique_ptr<QVKeyPen> m_keyPen;
 };

@@ -11,7 +11,7 @@
 namespace {
 
 constexpr double lineWidth = 5.0;
-// Beyond any screen, yet safe to turn into whole pixels.
+// Outside any screen, but small enough to be converted to whole pixels.
 constexpr double farthestPosition = 32000.0;
 
 double drawable(double coordinate)
@@ -24,7 +24,7 @@ QPointF drawable(QPointF point)
     return {drawable(point.x()), drawable(point.y())};
 }
 
-/// The pixels that a line covers, soft edges included.
+/// The pixels that a line covers, including antialiasing.
 QRect boxOf(const QRectF &line)
 {
     constexpr double margin = lineWidth / 2 + 1;
@@ -97,12 +97,12 @@ void QVRenderStrokeView::renewCanvas()
 
 void QVRenderStrokeView::drawOnCanvas(const QPointF *points, int count)
 {
-    // A view of no size has no canvas.
+    // An empty view has no canvas.
     if (m_canvas.isNull())
         return;
     QPainter painter(&m_canvas);
     painter.setRenderHint(QPainter::Antialiasing);
-    // Round, so that lines drawn one by one join as if drawn in one go.
+    // With round caps and joins, lines that are drawn one by one look like one line.
     painter.setPen(QPen(QVColors::accent(), lineWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter.drawPolyline(points, count);
 }

@@ -4,10 +4,10 @@
 #include <QPolygonF>
 #include <QWidget>
 
-/// The stroke on screen, above everything else in its parent and taking no input.
+/// The stroke on screen, above all other children of its parent. Takes no input.
 ///
-/// What was drawn is kept as a picture, so that a longer stroke costs no more: each new line is painted
-/// once, and only its own box of the screen is renewed.
+/// The stroke is kept as a picture, so that the cost does not grow with its length: each new line is painted
+/// once, and only its rectangle on screen is repainted.
 class QVRenderStrokeView final : public QWidget
 {
     Q_OBJECT
