@@ -45,7 +45,7 @@ void QVAttempt::close(QVCloseReason reason)
         return;
     qCDebug(qv_serviceLog, "Attempt closed: %s",
             QMetaEnum::fromType<QVCloseReason>().valueToKey(int(reason)));
-    // Gives the focus back, in answer to which the host may destroy the front-end.
+    // This gives the focus back, and the host may destroy the front-end in a focus handler.
     if (reason != QVCloseReason::User)
         dismissPopup();
     if (auto *const told = m_observer.get())
@@ -81,7 +81,8 @@ void QVAttempt::requestOutageAction()
     const auto self = shared_from_this();
     m_sequence = std::make_shared<QVClickSequence>(m_style, m_identity,
                                                    [weak = weak_from_this()](const auto &outcome) {
-                                                       // The click answer may come after the attempt.
+                                                       // The click answer may arrive after the attempt has
+                                                       // ended.
                                                        if (const auto attempt = weak.lock())
                                                            attempt->handleOutcome(outcome);
                                                    });
@@ -115,7 +116,7 @@ void QVAttempt::showVerifyControllerWithConfig(const QVClickSequence::Config &co
 {
     if (m_hasEnded)
         return;
-    // A host that was hidden before the start is found out only now.
+    // The host may have been hidden before the start, which is checked only now.
     if (!isHostShown()) {
         close(QVCloseReason::WindowGone);
         return;
@@ -165,7 +166,7 @@ void QVAttempt::qv_controllerShowAction(const std::shared_ptr<QVPopup> &popup)
 
 void QVAttempt::qv_controllerPassedAction()
 {
-    // The token has been earned in time.
+    // The user has passed in time.
     m_deadline.stop();
 }
 

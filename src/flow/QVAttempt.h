@@ -14,16 +14,16 @@ class QVAttempt;
 class QVPopup;
 class QVPopupPresenter;
 
-/// What an attempt tells the front-end that started it. In answer anything may happen: the front-end
-/// may be destroyed, the attempt closed, another one started.
+/// The callbacks of an attempt to the front-end that has started it. In each the front-end may be destroyed,
+/// the attempt closed, or another one started.
 class QVAttemptObserver : public QVDelegate
 {
 public:
     /// The service is about to be asked.
     virtual void attemptAsks(QVAttempt &attempt) = 0;
-    /// The service has answered; what it said comes next.
+    /// The service has answered. The call for the answer follows.
     virtual void attemptIsAnswered(QVAttempt &attempt) { Q_UNUSED(attempt) }
-    /// A popup is about to be shown in which the user draws, other than by a click answer.
+    /// A popup is about to be shown whose picture does not come from the answer to the click.
     virtual void attemptDraws(QVAttempt &attempt) { Q_UNUSED(attempt) }
     /// The popup is on screen.
     virtual void attemptShowsPopup(QVAttempt &attempt) = 0;
@@ -35,17 +35,17 @@ public:
     /// The user asks for that other way. The attempt goes on.
     virtual void attemptWantsAlternative(QVAttempt &attempt) = 0;
 
-    // The ends, of which each attempt comes to exactly one.
+    // The ends. Exactly one of them is called for each attempt.
     virtual void attemptHasPassed(QVAttempt &attempt, const QString &token) = 0;
     virtual void attemptHasFailed(QVAttempt &attempt, const QVError &error) = 0;
     virtual void attemptHasClosed(QVAttempt &attempt, QVCloseReason reason) = 0;
 };
 
-/// One verification by click or in invisible mode, from its start to its one end. Owns the questions to
-/// the service and the deadline, and holds the popup while the user draws.
+/// One verification by click or in invisible mode, from its start to its end. Owns the requests before the
+/// popup and the deadline, and refers to the popup while the user draws.
 ///
-/// It ends exactly once, as passed, failed or closed, in whatever order things happen. When its owner
-/// lets it go, it ends silently.
+/// It ends exactly once, as passed, failed or closed, in whatever order things happen. If its owner destroys
+/// it, it ends without a callback.
 class QUARVO_CORE_EXPORT QVAttempt final : public QVViewControllerDelegate,
                                            public std::enable_shared_from_this<QVAttempt>
 {
@@ -55,19 +55,19 @@ public:
     ~QVAttempt() override;
     Q_DISABLE_COPY(QVAttempt)
 
-    /// Shows \a hidden, which has a picture, again; where it is null, asks the service.
+    /// Shows the hidden popup \a hidden, which has a picture, again. If it is null, asks the service.
     void start(const std::shared_ptr<QVPopup> &hidden);
     /// Ends the attempt. A popup that the user closed may be shown again by the next attempt; in other
     /// cases it is dismissed.
     void close(QVCloseReason reason);
-    /// Ends the attempt without a word.
+    /// Ends the attempt without a callback, and dismisses its popup.
     void abandon();
 
     /// Leaves the popup to the next attempt: the user has closed it, or the window of this attempt has gone
-    /// and its end is about to be told.
+    /// and the close is about to be reported.
     void leavePopup() { m_popup.reset(); }
 
-    /// Whether the host is on screen, or there is none.
+    /// Whether the host is on screen. True if there is no host.
     [[nodiscard]] bool isHostShown() const;
     [[nodiscard]] bool hasEnded() const { return m_hasEnded; }
     /// Whether the service is being asked.
@@ -95,10 +95,10 @@ private:
     void popupIsShown();
     void handleSuccess(const QString &token);
     void handleError(const QVError &error);
-    /// Leaves nothing under way. False where the attempt had ended before.
+    /// Ends everything under way. Returns false if the attempt had ended before.
     [[nodiscard]] bool end();
     void dismissPopup();
-    /// Null once the front-end has gone, or the attempt has ended.
+    /// Null once the front-end was destroyed or the attempt has ended.
     [[nodiscard]] QVAttemptObserver *observer() const { return m_hasEnded ? nullptr : m_observer.get(); }
 
     const QVVerifyStyle m_style;

@@ -6,13 +6,13 @@
 
 #include <functional>
 
-/// The time that the host gives an attempt, if it limits it at all.
+/// The host's time limit for an attempt, if it has set one.
 class QUARVO_CORE_EXPORT QVAttemptDeadline
 {
 public:
     using Expired = std::function<void(const QVError &error)>;
 
-    /// Counts from now on, as long as the settings say now. \a expired may destroy this.
+    /// Starts the time, with the limit that is set now. \a expired may destroy this.
     void start(Expired expired);
     void stop() { m_timer.stop(); }
 

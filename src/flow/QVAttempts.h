@@ -5,10 +5,10 @@
 #include <memory>
 #include <vector>
 
-/// The attempts that one front-end started, and the popup of the latest one, shown or hidden.
+/// The attempts that one front-end has started, and the popup of the latest one, shown or hidden.
 ///
-/// A popup that the user closed with its picture is shown again by the next attempt. While a popup with a
-/// picture is on screen, its attempt goes on instead of another one.
+/// If the user has closed a popup with a picture, the next attempt shows it again. While a popup with a
+/// picture is on screen, start() continues its attempt instead of starting another one.
 class QUARVO_CORE_EXPORT QVAttempts
 {
 public:
@@ -16,19 +16,19 @@ public:
     Q_DISABLE_COPY(QVAttempts)
 
     void start(const QVIdentity &identity, QObject *host);
-    /// Ends all attempts for \a reason and dismisses the popup. The observer may destroy this in answer.
+    /// Ends all attempts for \a reason and dismisses the popup. The observer may destroy this meanwhile.
     void close(QVCloseReason reason);
-    /// Dismisses the popup and ends its attempt, unless that is \a by. The observer may destroy this in
-    /// answer.
+    /// Dismisses the popup and ends its attempt, unless that is \a by. The observer may destroy this
+    /// meanwhile.
     void replacePopup(const QVAttempt *by);
-    /// Ends all attempts without a word and dismisses the popup.
+    /// Ends all attempts without a callback and dismisses the popup.
     void abandon();
 
-    /// The host has, or no longer has, another way for users who cannot do what the picture asks.
+    /// Call when the host begins or ceases to offer another way to users who cannot do what the picture asks.
     void alternativeHasChanged() const;
 
     [[nodiscard]] bool areUnderWay() const;
-    /// Whether any of them asks the service.
+    /// Whether any attempt is waiting for the service.
     [[nodiscard]] bool areAsking() const;
 
 private:

@@ -52,7 +52,7 @@ void QVClickSequence::handleOutage(const std::shared_ptr<QVDownTimeResponseModel
         finish(Failed{*error});
         return;
     }
-    // An answer that says nothing of the switch has no record.
+    // There is no record if the answer is not an object.
     const bool isActive = record && record->active();
     if (m_switched)
         m_switched(isActive);
@@ -96,8 +96,8 @@ void QVClickSequence::requestClickFromQuarvoServer(const Config &config)
 {
     if (isFinished())
         return;
-    // Held strongly: the decision is taken in even when the owner has let go of this sequence, whose
-    // completion knows whether the owner is still there.
+    // A strong reference: the decision is handled even if the owner has released this sequence. The
+    // completion checks whether the owner still exists.
     m_task = QVAPIRequestManager::shared().requestClickWithApiServer(
         config->api_server(), m_identity.vid(), config->challenge(),
         [self = shared_from_this(), config](const Click &click, const auto &error) {
@@ -112,7 +112,7 @@ void QVClickSequence::requestClickFromQuarvoServer(const Config &config)
 
 void QVClickSequence::finish(const Outcome &outcome)
 {
-    // Taken out first: the completion may let go of this sequence or start another one.
+    // Taken out first: the completion may destroy this sequence or start another one.
     if (const Completion completion = std::exchange(m_completion, nullptr))
         completion(outcome);
 }

@@ -16,25 +16,25 @@ class QVConfigResponseModel;
 class QVBoundedDownload;
 class QVDownTimeResponseModel;
 
-/// The questions before a picture, in their order: outage switch, configuration, and, unless the style
-/// is embedded, the click decision. It ends in exactly one outcome, unless it is cancelled or its owner
-/// lets it go before the click decision is asked for.
+/// The requests before a picture, in this order: outage switch, configuration, and, unless the style is
+/// embedded, click decision. It ends with exactly one outcome, unless it is cancelled, or destroyed before
+/// the click decision is requested.
 class QVClickSequence final : public std::enable_shared_from_this<QVClickSequence>
 {
 public:
     using Config = std::shared_ptr<QVConfigResponseModel>;
     using Click = std::shared_ptr<QVClickResponseModel>;
 
-    /// The outage service is in force.
+    /// The outage service is to be used.
     struct OutageActive
     {
     };
-    /// An embedded panel asks for a picture next.
+    /// There is a configuration. An embedded panel requests a picture next.
     struct Configured
     {
         Config config;
     };
-    /// The click was enough; the record carries the token.
+    /// The click has passed; the record contains the token.
     struct Passed
     {
         Click click;
@@ -56,13 +56,14 @@ public:
     ~QVClickSequence();
     Q_DISABLE_COPY(QVClickSequence)
 
-    /// Is told the outage switch's answer and, before the click decision is asked for, the configuration.
+    /// Sets callbacks for the answer of the outage switch, and for the configuration, before the click
+    /// decision is requested.
     void setProgress(std::function<void(bool isOutage)> switched,
                      std::function<void(const Config &)> configured);
     void requestOutageAction();
-    /// No outcome is reported any more.
+    /// Cancels the sequence: no outcome is reported any more.
     void cancel();
-    /// Whether the outcome is known, or will never be.
+    /// Whether the outcome was reported or the sequence was cancelled.
     [[nodiscard]] bool isFinished() const { return !m_completion; }
 
 private:

@@ -2,8 +2,7 @@
 
 #include <QString>
 
-/// Who asks for a verification: the id and the scene of one front-end. A null text stands for the one
-/// that holds for the whole process.
+/// The verification id and the scene of one front-end. A null text means that of the process.
 struct QVIdentity
 {
     QString ownVid;

@@ -5,15 +5,15 @@
 
 #include <chrono>
 
-/// The three bars that slide up over the picture's lower edge, as a screen shows them.
+/// The interface to the three bars that slide up over the picture's lower edge.
 class QVOverlaySurface : public QVDelegate
 {
 public:
     enum class Bar { Prompt, Error, Success };
-    /// How long a bar takes.
+    /// The time that a bar takes to slide.
     static constexpr std::chrono::milliseconds slideDuration{200};
 
-    /// Lays \a bar over the others. One that takes no touches lets them through to what lies below.
+    /// Shows \a bar above the others. If it accepts no touches, they go to the widget below.
     virtual void slideIn(Bar bar, const QVText &text, bool acceptsTouches) = 0;
     virtual void slideOut(Bar bar) = 0;
 };

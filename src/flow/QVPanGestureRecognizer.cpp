@@ -14,7 +14,7 @@ void QVPanGestureRecognizer::setEnabled(bool enabled)
 
 void QVPanGestureRecognizer::press(Pointer pointer, QPointF location)
 {
-    // A second press of the same pointer: its release was lost.
+    // A second press of the same pointer means that its release was lost.
     if (m_pointer == pointer)
         cancel();
     if (!m_isEnabled || m_pointer != Pointer::None)

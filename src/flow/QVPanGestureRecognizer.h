@@ -8,9 +8,9 @@
 
 /// Recognises a drag of one pointer: a finger, a pen, the left mouse button, or a pen moved by keys.
 ///
-/// A drag begins once the pointer is as far from where it was pressed as a trace's points have to be
-/// from each other. The first position told is the press itself. So a tap is no drag, and no part of
-/// a drag that would count is lost. While one pointer is followed, all others are ignored.
+/// A drag begins once the pointer is as far from the press as the points of a trace must be from each other.
+/// The first reported position is that of the press. So a tap is not a drag, and no point of a trace is lost.
+/// While one pointer is followed, all others are ignored.
 class QUARVO_CORE_EXPORT QVPanGestureRecognizer
 {
 public:
@@ -23,18 +23,18 @@ public:
     void setShouldBegin(ShouldBegin shouldBegin) { m_shouldBegin = std::move(shouldBegin); }
 
     [[nodiscard]] bool isEnabled() const { return m_isEnabled; }
-    /// Disabling cancels the drag under way, which does not start again on enabling.
+    /// Disabling cancels the drag under way. Enabling does not resume it.
     void setEnabled(bool enabled);
     [[nodiscard]] State state() const { return m_state; }
     [[nodiscard]] bool isDragging() const { return m_state == State::Began || m_state == State::Changed; }
-    /// The pointer that is followed, dragging or not.
+    /// The pointer that is followed, even before it drags.
     [[nodiscard]] Pointer pointer() const { return m_pointer; }
 
     void press(Pointer pointer, QPointF location);
-    /// Ignored, as release() is, unless \a pointer is followed. Returns whether a drag began by this move.
+    /// Ignored, as release() is, unless \a pointer is followed. Returns whether a drag begins with this move.
     bool move(Pointer pointer, QPointF location);
     void release(Pointer pointer, QPointF location);
-    /// Cancels whatever drag is under way.
+    /// Cancels the drag under way, if there is one.
     void cancel() { finish(State::Cancelled); }
 
 private:

@@ -10,7 +10,7 @@
 
 namespace {
 
-// The service's text may hold anything. What is no number counts as 0.
+// The text of the service may contain anything. If it is not a number, the result is 0.
 double leadingNumber(const QString &text)
 {
     const QByteArray latin = text.trimmed().toLatin1();
@@ -22,7 +22,7 @@ double leadingNumber(const QString &text)
 QString seconds(const QString &milliseconds)
 {
     constexpr double perSecond = 1000;
-    // Room for the largest finite number. Unlike the printf family it knows no locale.
+    // Room for the largest finite number. to_chars() does not depend on the locale, unlike the printf family.
     std::array<char, 512> digits{};
     const auto end = std::to_chars(digits.data(), digits.data() + digits.size(),
                                    leadingNumber(milliseconds) / perSecond, std::chars_format::fixed, 1);

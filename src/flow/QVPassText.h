@@ -4,5 +4,5 @@
 
 class QVVerifyResponseModel;
 
-/// What the success bar says about an answer.
+/// The text of the success bar for an answer.
 [[nodiscard]] QString qv_passText(const QVVerifyResponseModel &answer);

@@ -25,7 +25,7 @@ void QVPopup::closeButtonDidClickedAction()
     const int displays = m_displays;
     if (auto *const opener = delegate())
         opener->qv_controllerCloseAction();
-    // The opener's host may have started its next attempt at once.
+    // In the callback the host may have started the next attempt, which shows this popup again.
     if (m_displays != displays)
         return;
     if (canDirectlyShow())

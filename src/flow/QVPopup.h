@@ -6,8 +6,8 @@
 
 #include <memory>
 
-/// A popup of some toolkit: what its opener asks of it, and what becomes of it when the user closes it or
-/// passes. It lives on by itself, shown or hidden, until it is dismissed; openers hold it weakly.
+/// A popup, independent of the toolkit: the functions for its opener, and the reactions when the user closes
+/// it or passes. It owns itself, shown or hidden, until it is dismissed. Openers hold it weakly.
 class QUARVO_CORE_EXPORT QVPopup : public QVRenderDrawViewDelegate,
                                    public std::enable_shared_from_this<QVPopup>
 {
@@ -17,19 +17,19 @@ public:
     {
     }
 
-    /// Changes who opened it; null while it is hidden and belongs to no attempt.
+    /// Changes its opener; null while it is hidden and belongs to no attempt.
     void setDelegate(QVViewControllerDelegate *delegate) { m_delegate = delegate; }
     [[nodiscard]] QVViewControllerDelegate *delegate() const { return m_delegate.get(); }
 
-    /// Shows it over its delegate's host.
+    /// Shows the popup over its delegate's host.
     void displayWindow();
-    /// The picture stays, for the next displayWindow().
+    /// Hides the popup. The picture is kept for the next displayWindow().
     virtual void hiddenWindow() = 0;
     /// Ends the popup; it is never shown again.
     virtual void dismissWindow() = 0;
-    /// Shows whether the opener has another way for users who cannot do what the picture asks.
+    /// Shows or hides the button for another way, as the opener offers one or not.
     void showAlternative();
-    /// Whether there is a picture to be shown again without asking the service.
+    /// Whether there is a picture that can be shown again without a request.
     [[nodiscard]] virtual bool canDirectlyShow() const = 0;
 
     void closeButtonDidClickedAction();
@@ -37,11 +37,11 @@ public:
     void renderDrawViewVerifySuccess(const QString &token) override;
 
 protected:
-    /// Shows the window over \a host, null for the main screen, and unfolds what is in it.
+    /// Shows the window over \a host, or over the main screen if that is null, and unfolds its contents.
     virtual void makeKeyAndVisible(QObject *host) = 0;
     virtual void setOffersAlternative(bool offers) = 0;
-    /// The window has gone while it was shown. The opener is told from the event loop: a window of the
-    /// host may be in its destructor now, where the host's slots must not be called any more.
+    /// Call when the window was destroyed while it was shown. The opener is notified from the event loop: a
+    /// window of the host may be in its destructor now, when the host's slots must not be called any more.
     void windowWasDestroyed() const;
 
 private:

@@ -7,12 +7,12 @@ namespace {
 constexpr int widestWhole = 480;
 constexpr int narrowestWhole = 240;
 constexpr int cardWidth = 414;
-/// Above and below the content: the caption, the close button, the support label.
+/// The height above and below the content, for the caption, the close button and the support label.
 constexpr int margin = 50;
-/// The taller of the two kinds of content is the one with characters.
+/// The height of the content with characters, the higher of the two kinds, divided by its width.
 constexpr double contentRatio = 0.675;
 
-/// What a surface of some width needs to show everything.
+/// The height that a surface of this width needs to show everything.
 int neededHeight(int width)
 {
     return int(contentRatio * std::min(width, cardWidth)) + 2 * margin;
@@ -37,7 +37,7 @@ QVPopupGeometry::Place QVPopupGeometry::place(const std::optional<Host> &host,
         return Place::Screen;
     if (host->isUsable && hasRoom(host->size))
         return Place::Layer;
-    // A screen that the host fills has no more room to offer.
+    // A screen that the host fills has no more room.
     const bool offersMore =
         host->screen.width() > host->size.width() || host->screen.height() > host->size.height();
     return host->isUsable && !offersMore ? Place::Layer : Place::OwnWindow;

@@ -7,39 +7,39 @@
 
 #include <optional>
 
-/// Where a popup lies, and where its screen lies on the surface that it covers.
+/// The place of a popup, and the area for its elements (the screen) on the surface that it covers.
 ///
-/// A trace is scaled by the width of the draw view, and the service expects traces drawn on something
-/// as wide as a phone. So a wide surface gets a card, and the rest of it is dimmed.
+/// A trace is scaled by the width of the draw view, and the service expects traces that were drawn on a
+/// surface as wide as a phone. So on a wide surface the popup is a card, and the rest is dimmed.
 class QUARVO_CORE_EXPORT QVPopupGeometry
 {
 public:
     enum class Place {
         /// A layer in the host's window.
         Layer,
-        /// A card in a window of its own, over the host's.
+        /// A card in a separate window over the host's.
         OwnWindow,
-        /// A window of its own over the whole screen.
+        /// A separate window over the whole screen.
         Screen,
     };
     /// The window that a popup belongs to.
     struct Host
     {
         QSize size;
-        /// Whether a layer in it would be seen and take input.
+        /// Whether a layer in the window is visible and takes input.
         bool isUsable = true;
-        /// How much room its screen offers.
+        /// The size that is available on its screen.
         QSize screen;
     };
 
     [[nodiscard]] static Place place(const std::optional<Host> &host, QVPopupPresentation presentation);
-    /// The largest that a card becomes.
+    /// The largest size of a card.
     [[nodiscard]] static QSize cardSize();
 
-    /// \a mayBeCard is false where the surface is to be covered whole, however wide it is.
+    /// If \a mayBeCard is false, the whole surface is covered, whatever its width.
     QVPopupGeometry(QSize surface, bool mayBeCard);
 
-    /// Whether the screen is a card with dimmed surroundings.
+    /// Whether the screen is a card, with the rest of the surface dimmed.
     [[nodiscard]] bool isCard() const { return m_card; }
     [[nodiscard]] QRect screen() const { return m_screen; }
 

@@ -28,7 +28,7 @@ void QVRenderDrawBars::showError(const QVText &message, bool canClicked)
     slideIn(Bar::Error, message);
     if (canClicked)
         return;
-    // Never cancelled: what is shown when the time has come decides what happens.
+    // Never cancelled: the bar that is shown when the time is up decides what happens.
     QVScheduler::shared().schedule(QVOverlaySurface::slideDuration + errorDuration,
                                    [weak = weak_from_this()] {
                                        if (const auto self = weak.lock())

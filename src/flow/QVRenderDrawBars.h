@@ -7,8 +7,8 @@
 #include <memory>
 #include <optional>
 
-/// Decides which of the three bars lies over the picture, which may replace which, and how long the one of
-/// a wrong answer stays.
+/// Decides which of the three bars is shown, which may replace which, and how long the bar for a wrong answer
+/// stays.
 class QUARVO_CORE_EXPORT QVRenderDrawBars final : public std::enable_shared_from_this<QVRenderDrawBars>
 {
 public:
@@ -22,7 +22,7 @@ public:
     /// Does nothing while an error or a success is shown.
     void showPrompt(bool isCharVerify);
     void hiddenPrompt() { slideOut(Bar::Prompt); }
-    /// One that cannot be clicked goes by itself after a while.
+    /// Without \a canClicked the bar disappears by itself after a while.
     void showError(const QVText &message, bool canClicked);
     void hiddenError() { slideOut(Bar::Error); }
     void showSuccess(const QVText &text);
@@ -37,6 +37,6 @@ private:
     const QVWeakDelegate<QVOverlaySurface> m_surface;
     const QVWeakDelegate<QVRenderDrawImageViewDelegate> m_delegate;
     std::optional<Bar> m_showView;
-    /// Whether the error shown last takes taps.
+    /// Whether the latest error bar can be tapped.
     bool m_errorAcceptsTouches = false;
 };

@@ -30,7 +30,7 @@ QVAPIRequestManager &service()
     return QVAPIRequestManager::shared();
 }
 
-// The service may have started the count anywhere, at the end of the range too.
+// The count of the service may begin anywhere, even at the end of the range.
 qint64 oneMore(qint64 count)
 {
     return count == std::numeric_limits<qint64>::max() ? count : count + 1;
@@ -50,7 +50,7 @@ QVRenderDrawFlow::QVRenderDrawFlow(QVVerifyStyle style, QVRenderDrawSurface *sur
 
 QVRenderDrawFlow::~QVRenderDrawFlow()
 {
-    // A running countdown keeps its record, and a timer, for up to three minutes.
+    // A running countdown would keep its record and a timer for up to three minutes.
     if (m_getRefreshModel)
         m_getRefreshModel->endTimeDown();
 }
@@ -60,7 +60,7 @@ void QVRenderDrawFlow::didMoveToSuperview()
     if (!isEmbedded())
         return;
     QVConfigurationManager::prepareDeviceId();
-    // Not at once: the host is still building its window.
+    // From the event loop, since the host is still creating its window.
     QVScheduler::shared().schedule({}, [] { QVImageLoader::shared().prepare(); });
     QVScheduler::shared().schedule(embedStartDelay, [weak = weak_from_this()] {
         const auto flow = weak.lock();
@@ -205,7 +205,7 @@ void QVRenderDrawFlow::requestOutageAction()
                 flow->handleConfigResponseFromQuarvoServer(config);
         });
     m_sequence->requestOutageAction();
-    // While the answer is on its way.
+    // Prepared while the answer is awaited.
     QVImageLoader::shared().prepare();
 }
 
@@ -304,7 +304,7 @@ void QVRenderDrawFlow::requestVerifyFromOutageServerWithV(const QString &v, cons
 void QVRenderDrawFlow::enterOutage()
 {
     if (isCharVerify()) {
-        // The outage service knows drawings only, whatever the attempt before was about.
+        // The outage service has only drawings, whatever the kind of the previous attempt was.
         m_quarvoConfig.reset();
         surface().setIsCharVerify(false);
         surface().updateContentWidthHeightQVVerifyPercentage(false);
@@ -415,7 +415,7 @@ void QVRenderDrawFlow::handleGetRefreshResponseFromQuarvoServer(
 
 void QVRenderDrawFlow::replaceExpiredPicture()
 {
-    // Nobody needs a new picture every three minutes of what nobody sees.
+    // While the surface is not visible, its picture need not be replaced every three minutes.
     m_isExpired = !surface().isSeen();
     if (m_isExpired)
         return;
@@ -438,7 +438,7 @@ void QVRenderDrawFlow::loadVerifyImageFromURLString(const QString &address, bool
     if (!surface().hasPicture())
         surface().showLoadingAnimation();
     setDrawingEnabled(false);
-    // Holds the flow until the picture is there or has failed.
+    // Keeps the flow alive until the picture is loaded or has failed.
     QVImageLoader::shared().load(address, [flow = shared_from_this(), asked = m_now](
                                               const QImage &picture, const std::optional<QVError> &error) {
         if (flow->m_surface && flow->m_now == asked)
@@ -472,7 +472,7 @@ void QVRenderDrawFlow::handleRequestVerifySuccess(const QVVerifyResponseModel &v
     surface().setRefreshButtonShown(false);
     setDrawingEnabled(false);
     m_bars->showSuccess(QVText([verify] { return qv_passText(verify); }));
-    // Holds the flow: the token reaches the delegate even when the view has gone meanwhile.
+    // Keeps the flow alive: the delegate receives the token even if the view was destroyed meanwhile.
     QVScheduler::shared().schedule(
         successNoticeDelay, [flow = shared_from_this(), token = verify.token(), attempt = m_now.attempt] {
             if (flow->isEmbedded() && flow->m_now.attempt == attempt)
@@ -498,7 +498,7 @@ void QVRenderDrawFlow::handleWrongAnswer(const QVError &error)
     const qint64 count = countWrongAnswer();
     surface().setRefreshButtonEnabled(true);
     handleRequestError(error, QVKey::fail, false);
-    // Equal, not at least: the service may send a picture with a count of its own.
+    // Equal, not at least: the service may send a picture with a higher count.
     if (count == triesPerPicture)
         refreshButtonDidClickedAction();
     surface().answerWasWrong();

@@ -23,13 +23,12 @@ class QVGetRefreshResponseModel;
 class QVResponseModel;
 class QVVerifyResponseModel;
 
-/// The conversation with the services about one captcha after another, from the outage switch to the
-/// token. Knows no widget: it drives a surface.
+/// The requests and answers about one captcha after another, from the outage switch to the token. It knows no
+/// widget, and drives a surface.
 ///
-/// Requests may overlap: the user draws again before the last stroke is judged, the countdown replaces
-/// a picture, the host resets. Whatever was started last decides what is shown; an answer that has been
-/// overtaken is dropped. A judgement counts as long as there is no other picture, and a passed one as long
-/// as no new attempt was started, since the user has earned it.
+/// Requests may overlap: the user may draw again before a stroke is judged, the countdown may replace a
+/// picture, the host may reset. Only the latest request decides what is shown; answers to earlier ones are
+/// ignored. A judgement counts until the picture is replaced. A pass counts until a new attempt is started.
 class QUARVO_CORE_EXPORT QVRenderDrawFlow final : public QVRenderDrawImageViewDelegate,
                                                   public std::enable_shared_from_this<QVRenderDrawFlow>
 {
@@ -39,24 +38,24 @@ public:
     Q_DISABLE_COPY(QVRenderDrawFlow)
 
     void setDelegate(QVRenderDrawViewDelegate *delegate) { m_delegate = delegate; }
-    /// For whom the service is asked from now on.
+    /// Sets the id and the scene of the following requests.
     void setIdentity(const QVIdentity &identity) { m_identity = identity; }
     [[nodiscard]] QVVerifyStyle verifyStyle() const { return m_verifyStyle; }
     [[nodiscard]] bool canDirectlyShow() const { return m_getRefreshModel || m_getOutageModel; }
-    /// To be told what pointers do on the surface.
+    /// The recogniser that must receive the pointer events of the surface.
     [[nodiscard]] QVPanGestureRecognizer &panGestureRecognizer() { return m_gesture.panGestureRecognizer(); }
 
-    /// The surface was given a place. An embedded one asks for its picture soon afterwards.
+    /// Call when the surface was given a parent. An embedded one requests its picture soon afterwards.
     void didMoveToSuperview();
-    /// The surface can be seen again: a picture that expired meanwhile is replaced.
+    /// Call when the surface is visible again. A picture that has expired meanwhile is replaced.
     void surfaceHasAppeared();
     void requestQuarvoConfigAction();
     void reset();
-    /// Starts with answers that the host holds already; without a configuration, from scratch.
+    /// Starts with answers that the host has already. Without a configuration it starts from scratch.
     void handleConfigResponseFromQuarvoServer(const std::shared_ptr<QVConfigResponseModel> &config,
                                               const std::shared_ptr<QVGetRefreshResponseModel> &getRefresh);
 
-    /// Replaces the picture; where no service has been chosen yet, starts from scratch.
+    /// Replaces the picture. If no service has been chosen yet, starts from scratch.
     void refreshButtonDidClickedAction();
     void helpButtonDidClickedAction() const;
     void charVerifyInputViewDidClickedDoneButtonWithCharString(const QString &charString);
@@ -67,9 +66,9 @@ private:
     template<class Record>
     using Handler = void (QVRenderDrawFlow::*)(const std::shared_ptr<Record> &record,
                                                const std::optional<QVError> &error);
-    /// The answer that a picture came with.
+    /// The answer that belongs to a picture.
     using Picture = std::shared_ptr<const QVResponseModel>;
-    /// When something was started.
+    /// Identifies when a request was started.
     struct Stamp
     {
         quint64 attempt = 0;

@@ -18,7 +18,7 @@ QVRenderDrawGesture::QVRenderDrawGesture(QVRenderDrawSurface *surface, Began beg
 
 bool QVRenderDrawGesture::gestureRecognizerShouldBegin(QPointF location) const
 {
-    // Below and right of the picture the first row and column are outside.
+    // The row below the picture and the column to its right are outside.
     const QRectF frame = m_surface.get()->imageFrame();
     return !m_outage ||
            (frame.contains(location) && location.x() < frame.right() && location.y() < frame.bottom());
@@ -53,7 +53,7 @@ void QVRenderDrawGesture::panGestureRecognizerStateChanged(QPointF location)
     if (gestureRecognizerShouldBegin(location) && !isOutdated())
         extendStroke(location);
     else
-        m_panGestureRecognizer.cancel(); // Which comes back here; the rest of the drag is ignored.
+        m_panGestureRecognizer.cancel(); // This calls back; the rest of the drag is ignored.
 }
 
 void QVRenderDrawGesture::panGestureRecognizerStateEnded(QPointF location)

@@ -5,15 +5,15 @@
 #include "flow/QVRenderTrace.h"
 
 /// A stroke as a state machine: turns a drag into a line on the surface and into a trace. During an outage
-/// the stroke has to stay within the picture.
+/// the stroke must stay inside the picture.
 class QUARVO_CORE_EXPORT QVRenderDrawGesture
 {
 public:
     using Began = std::function<void()>;
-    /// Takes the trace of a finished stroke; that of a cancelled one is empty.
+    /// Receives the trace of a stroke; empty if the stroke was cancelled.
     using Ended = std::function<void(const QVRenderTrace &trace)>;
 
-    /// The recogniser is disabled at first. The callbacks may not destroy this.
+    /// The recogniser is disabled at first. The callbacks must not destroy this.
     QVRenderDrawGesture(QVRenderDrawSurface *surface, Began began, Ended ended);
     Q_DISABLE_COPY(QVRenderDrawGesture)
 
@@ -28,7 +28,7 @@ private:
     void panGestureRecognizerStateEnded(QPointF location);
     void panGestureRecognizerStateOthers();
     void extendStroke(QPointF location);
-    /// Whether the surface changed its size, by which a trace is measured, since the stroke began.
+    /// Whether the size of the surface, by which traces are measured, has changed since the stroke began.
     [[nodiscard]] bool isOutdated() const;
 
     const QVWeakDelegate<QVRenderDrawSurface> m_surface;

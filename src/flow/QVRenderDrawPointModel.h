@@ -2,7 +2,7 @@
 
 #include <QString>
 
-/// One point of a trace: where, in picture units, and how many milliseconds after the start.
+/// One point of a trace: its position in picture units, and its time in milliseconds after the start.
 class QVRenderDrawPointModel
 {
 public:

@@ -4,12 +4,12 @@
 
 #include <QString>
 
-/// Told what comes of a drawing captcha.
+/// Receives the result of a drawing captcha.
 class QVRenderDrawViewDelegate : public QVDelegate
 {
 public:
-    /// The user has passed, which the view shows for a second before it tells the token.
+    /// The user has passed. The view shows that for a second before it reports the token.
     virtual void renderDrawViewHasPassed() {}
-    /// The user passed, a second ago; \a token proves it. Called even when the view has gone meanwhile.
+    /// The user has passed a second ago; \a token proves it. Called even if the view was destroyed meanwhile.
     virtual void renderDrawViewVerifySuccess(const QString &token) { Q_UNUSED(token) }
 };

@@ -10,7 +10,7 @@
 
 namespace {
 
-// Quiet unless a developer asks for it: a host's users must not find the component in its log.
+// Debug messages are off by default, so that they do not fill the log of the host.
 Q_LOGGING_CATEGORY(logDraw, "quarvo.draw", QtInfoMsg)
 
 constexpr double pictureWidth = 400.0;
@@ -20,7 +20,7 @@ constexpr double millisecondsPerSecond = 1000.0;
 
 QPointF clampedPoint(QPointF point)
 {
-    // Written so that not-a-number ends up as 0 too.
+    // With this form of the comparison NaN becomes 0, too.
     return {point.x() > 0 ? point.x() : 0.0, point.y() > 0 ? point.y() : 0.0};
 }
 
@@ -52,8 +52,8 @@ void QVRenderTrace::handlePanGesturePoint(QPointF point, double panTime)
 
 void QVRenderTrace::addRenderSource(QPointF point, double changeTime)
 {
-    // The vertical factor is not the horizontal one: the service expects 230 units for the view's
-    // width. Multiplied out in this order, because truncation makes the last bit count.
+    // The vertical factor differs from the horizontal one: the service expects 230 units for the view's
+    // width. The order of the operations matters, since the result is truncated.
     const double width = m_frame.width();
     const double height = m_frame.height();
     const double scaledHeight = pictureHeight * height / width;

@@ -10,24 +10,24 @@
 
 #include <vector>
 
-/// The stroke as data: what was reported, what of it is kept, and the texts the services take for it.
+/// The data of a stroke: the reported positions, those that are kept, and the texts for the services.
 ///
-/// Nothing a pointer can report makes it fail: whatever cannot be written in picture units is moved to
-/// the nearest value that can.
+/// It accepts any position: values that cannot be encoded are replaced by the nearest ones that can.
 class QUARVO_CORE_EXPORT QVRenderTrace
 {
 public:
-    /// A position is kept only this far, on one axis at least, from the last kept one.
+    /// A position is kept only if it is at least this far from the last kept one, on one axis or both.
     static constexpr double screeningDistance = 5.0;
 
-    /// What the picture units are counted from, and by whose width: in the coordinates of the positions.
+    /// Sets the origin and the scale of the picture units, in the coordinates of the positions: the top left
+    /// corner and the width of \a frame.
     void setFrame(const QRectF &frame) { m_frame = frame; }
     [[nodiscard]] QRectF frame() const { return m_frame; }
-    /// Seconds since 1970 at which the stroke began.
+    /// The time at which the stroke began, in seconds since 1970.
     void setPanGestureStartTime(double time) { m_panGestureStartTime = time; }
     [[nodiscard]] double panGestureStartTime() const { return m_panGestureStartTime; }
 
-    /// Takes a reported position and the time, in seconds since 1970, at which it was read.
+    /// Adds a reported position and its time, in seconds since 1970.
     void handlePanGesturePoint(QPointF point, double panTime);
     void resetDataSource();
 
@@ -38,12 +38,12 @@ public:
     }
     [[nodiscard]] const std::vector<QVRenderDrawPointModel> &renderSource() const { return m_renderSource; }
 
-    /// Whether the stroke is long enough, and not too long, to be judged by a service.
+    /// Whether the stroke is neither too short nor too long for a service.
     [[nodiscard]] bool isAcceptable() const;
 
     /// The trace for the main service: all x, then all y, then all times.
     [[nodiscard]] QString getRenderSource_v() const;
-    /// Milliseconds of the last kept point; absent when nothing was kept.
+    /// The time of the last kept point, in milliseconds. Null if there is none.
     [[nodiscard]] QString getRender_drawtime() const;
     /// The trace for the outage service: the grid cells of the stroke's ends and two sharpest corners.
     [[nodiscard]] QString getRenderOutage_v(const QRectF &imageFrame) const;

@@ -10,7 +10,8 @@ struct Corner
     std::size_t index = 0;
     QPointF point;
 
-    /// Becomes the point of [first, last) that lies farthest from the line, if farther than now.
+    /// Changes to the point of [first, last) that is farthest from the line, if it is farther than the
+    /// current one.
     void search(std::span<const QPointF> points, std::size_t first, std::size_t last, QPointF lineStart,
                 QPointF lineEnd)
     {

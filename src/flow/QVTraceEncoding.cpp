@@ -20,8 +20,8 @@ qint64 clampedCell(qint64 index)
 
 } // namespace
 
-// The weights are the service's: the third digit counts multiples of 8000, and the digit of weight
-// 400 is never written.
+// The service defines the weights: the third digit counts multiples of 8000, and the digit of weight 400 is
+// never written.
 QString convertTo20(quint64 number)
 {
     if (number > traceLargestNumber)
@@ -53,7 +53,7 @@ double areaFromPointA(QPointF pointA, QPointF pointB, QPointF pointC)
 
 qint64 qv_truncated(double value)
 {
-    // Exactly 2 to the power of 63, the first double that does not fit any more.
+    // Exactly 2 to the power of 63, the smallest positive double that does not fit.
     constexpr double tooLarge = 9223372036854775808.0;
     if (std::isnan(value))
         return 0;

@@ -2,12 +2,13 @@
 
 #include <QString>
 
-/// Where a drawing captcha is shown. Signed and 64 bits wide, since it is stored and sent as such.
+/// The kind of place in which a captcha is shown. Signed and 64 bits wide, since it is stored and sent as
+/// such.
 enum QVVerifyStyle : qint64 {
     QVVerifyStyleEmbed = 0,
     QVVerifyStylePopup = 1,
     QVVerifyStyleInvisible = 2,
 };
 
-/// The name under which the configuration request sends a style; empty for an unknown one.
+/// The name of a style in the configuration request; empty if the style is unknown.
 [[nodiscard]] QString qv_typeStringForVerifyStyle(QVVerifyStyle style);
