@@ -3,6 +3,7 @@
 
 #include <QDirIterator>
 #include <QNetworkDiskCache>
+#include <QRegularExpression>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 
@@ -10,8 +11,7 @@
 
 namespace {
 
-constexpr QFile::Permissions others = QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup |
-                                      QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
+constexpr QFile::Permissions owner = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
 const char *const nameOfOurForm = "0123456789abcdef0123456789abcdef";
 
 void keepPicture(const QString &folder)
@@ -26,12 +26,13 @@ void keepPicture(const QString &folder)
     (void)cache.prepare(meta);
 }
 
-void makeFile(const QString &path)
+void makeFiles(const QString &folder, const QStringList &names)
 {
-    QDir().mkpath(QFileInfo(path).path());
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write("foreign");
+    for (const QString &name : names) {
+        QFile file(folder + u'/' + name);
+        QVERIFY(QDir().mkpath(QFileInfo(file).path()) && file.open(QIODevice::WriteOnly));
+        file.write("foreign");
+    }
 }
 
 /// The permissions of a folder, and all its contents with their permissions.
@@ -56,57 +57,43 @@ class TestPictureCacheFolder : public QVTestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void isPrivateToTheUser()
+    void isPrivateAndClearedWhenItsProcessHasEnded()
     {
-        QVPictureCacheFolder folder;
-        const QDir dir(QFileInfo(folder.path()).canonicalFilePath());
-        QCOMPARE(QFileInfo(dir.filePath(q(".."))).canonicalFilePath(), root());
-        for (const QString &path : {dir.path(), root()})
+        QVPictureCacheFolder own;
+        keepPicture(own.path());
+        constexpr QFile::Permissions others(0x0077);
+        for (const QString &path : {own.path() + q("/."), root()})
             QCOMPARE(QFileInfo(path).permissions() & others, QFile::Permissions());
-    }
-
-    void clearsWhatNoProcessHoldsAnyMore()
-    {
+        const QStringList kept = contents(root());
         for (const bool isAsked : {true, false}) {
-            QVPictureCacheFolder own;
-            keepPicture(own.path());
-            const QStringList kept = contents(root());
             {
                 QVPictureCacheFolder earlier;
                 keepPicture(earlier.path());
                 QVERIFY(contents(root()).size() > kept.size());
             }
-            if (isAsked) {
-                QVPictureCacheFolder::clear();
-                QCOMPARE(contents(root()), kept);
-                continue;
-            }
             // A new folder clears the others by itself.
             QVPictureCacheFolder next;
-            QCOMPARE(QDir(root()).entryList(QDir::AllDirs | QDir::NoDotAndDotDot).size(), 2);
+            isAsked ? QVPictureCacheFolder::clear() : void(next.path());
+            QCOMPARE(QDir(root()).entryList(QDir::AllDirs | QDir::NoDotAndDotDot).size(), isAsked ? 1 : 2);
+            QVERIFY(!isAsked || contents(root()) == kept);
         }
     }
 
     void leavesAloneWhatItDidNotMake()
     {
-        const QString victim = m_cache->filePath(q("victim"));
-        for (const char *file : {"keep.txt", "a.d", "data8/0/a.d", "data8/a.d", "quarvo.lock"})
-            makeFile(victim + u'/' + q(file));
+        makeFiles(victim(), {q("keep.txt"), q("a.d"), q("data8/0/a.d"), q("data8/a.d"), q("quarvo.lock")});
         QVPictureCacheFolder own;
         keepPicture(own.path());
         const QString hex = q(nameOfOurForm);
         // Files that a user has made, and links in the place of our folders.
-        makeFile(root() + q("/notes/data8/0/a.d"));
-        makeFile(root() + q("/a.d"));
-        makeFile(root() + u'/' + hex + q("/data8/0/a.d"));
-        QVERIFY(QFile::link(victim, root() + u'/' + QString(hex).replace(u'0', u'1')));
-        QVERIFY(QFile::link(victim, root() + q("/zz")));
+        makeFiles(root(), {q("notes/data8/0/a.d"), q("a.d"), hex + q("/data8/0/a.d")});
+        QVERIFY(QFile::link(victim(), root() + u'/' + QString(hex).replace(u'0', u'1')));
+        QVERIFY(QFile::link(victim(), root() + q("/zz")));
         // The folder of an earlier process, into which somebody has put other files.
         const QString mixed = root() + u'/' + QString(hex).replace(u'0', u'2');
-        for (const char *file : {"quarvo.lock", "data8/0/photo.jpg", "mine/a.d"})
-            makeFile(mixed + u'/' + q(file));
-        QVERIFY(QFile::link(victim, mixed + q("/data9")));
-        QVERIFY(QFile::link(victim + q("/a.d"), mixed + q("/data8/0/a.d")));
+        makeFiles(mixed, {q("quarvo.lock"), q("data8/0/photo.jpg"), q("mine/a.d")});
+        QVERIFY(QFile::link(victim(), mixed + q("/data9")));
+        QVERIFY(QFile::link(victim() + q("/a.d"), mixed + q("/data8/0/a.d")));
 
         QStringList kept = contents(m_cache->path());
         QVPictureCacheFolder::clear();
@@ -116,35 +103,26 @@ private Q_SLOTS:
 
     void keepsNothingInAPlaceThatIsNotItsUsersAlone_data()
     {
-        const auto row = addColumns<QString>({"place"});
-        for (const char *place : {"link", "dangling link", "file", "open to others"})
-            row(place, q(place));
+        const auto row = addColumns<std::function<bool()>>({"make"});
+        using Make = std::function<bool()>;
+        row("link",
+            Make([this] { return QFile::setPermissions(victim(), owner) && QFile::link(victim(), root()); }));
+        row("dangling link", Make([this] { return QFile::link(m_cache->filePath(q("nowhere")), root()); }));
+        row("file", Make([] { return QFile(root()).open(QIODevice::WriteOnly); }));
+        row("open to others", Make([this] { return QFile::rename(victim(), root()); }));
         // Only root can change the owner of a folder.
         if (::geteuid() == 0)
-            row("another user's", q("another user's"));
+            row("another user's", Make([this] {
+                    return QFile::rename(victim(), root()) && QFile::setPermissions(root(), owner) &&
+                           ::chown(QFile::encodeName(root()).constData(), 65534, 65534) == 0;
+                }));
     }
 
     void keepsNothingInAPlaceThatIsNotItsUsersAlone()
     {
-        QFETCH(const QString, place);
-        const QString victim = m_cache->filePath(q("victim"));
-        makeFile(victim + u'/' + q(nameOfOurForm) + q("/data8/0/a.d"));
-        makeFile(victim + u'/' + q(nameOfOurForm) + q("/quarvo.lock"));
-        QVERIFY(QDir().mkpath(QFileInfo(root()).path()));
-        if (place == q("link"))
-            QVERIFY(QFile::setPermissions(victim, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner) &&
-                    QFile::link(victim, root()));
-        else if (place == q("dangling link"))
-            QVERIFY(QFile::link(m_cache->filePath(q("nowhere")), root()));
-        else if (place == q("file"))
-            makeFile(root());
-        else
-            QVERIFY(QFile::rename(victim, root()));
-        if (place == q("another user's")) {
-            QVERIFY(QFile::setPermissions(root(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
-            QCOMPARE(::chown(QFile::encodeName(root()).constData(), 65534, 65534), 0);
-        }
-
+        QFETCH(const std::function<bool()>, make);
+        makeFiles(victim() + u'/' + q(nameOfOurForm), {q("data8/0/a.d"), q("quarvo.lock")});
+        QVERIFY(QDir().mkpath(QFileInfo(root()).path()) && make());
         const QStringList kept = contents(m_cache->path());
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression(q("^No pictures are kept on disk: ")));
         QVPictureCacheFolder folder;
@@ -157,13 +135,11 @@ private Q_SLOTS:
     {
         QVPictureCacheFolder folder;
         const QString path = folder.path();
-        const QString victim = m_cache->filePath(q("victim"));
-        QVERIFY(QDir().mkpath(victim));
-        QVERIFY(QFile::rename(root(), m_cache->filePath(q("moved"))));
-        QVERIFY(QFile::link(victim, root()));
+        const QString moved = m_cache->filePath(q("moved"));
+        QVERIFY(QDir().mkpath(victim()) && QFile::rename(root(), moved) && QFile::link(victim(), root()));
         keepPicture(path);
-        QVERIFY(QDir(victim).isEmpty());
-        QVERIFY(!contents(m_cache->filePath(q("moved"))).filter(q(".d ")).isEmpty());
+        QVERIFY(QDir(victim()).isEmpty());
+        QVERIFY(!contents(moved).filter(q(".d ")).isEmpty());
     }
 
 protected:
@@ -178,6 +154,7 @@ private:
     {
         return QStandardPaths::writableLocation(QStandardPaths::CacheLocation) + q("/quarvo-pictures");
     }
+    QString victim() const { return m_cache->filePath(q("victim")); }
 
     std::optional<QTemporaryDir> m_cache;
 };
