@@ -1,15 +1,21 @@
 #include "net/QVBoundedDownload.h"
 #include "net/QVNetworkSession.h"
+#include "support/QVMemory.h"
 #include "support/QVScriptedServer.h"
 #include "support/QVTestCase.h"
 
 #include <QElapsedTimer>
 #include <QNetworkProxy>
+#include <QSemaphore>
+#include <QTcpServer>
+#include <QTcpSocket>
 
 #include <arpa/inet.h>
+#include <atomic>
 #include <dlfcn.h>
 #include <netdb.h>
 #include <sys/socket.h>
+#include <thread>
 #include <unistd.h>
 
 using namespace std::chrono_literals;
@@ -19,6 +25,43 @@ namespace {
 const char *const twoAddresses = "two.quarvo.example";
 const char *const deafAddress = "127.0.0.2";
 const char *const goodAddress = "127.0.0.1";
+
+/// A server that sends an endless body as fast as it can, from another thread.
+class FloodServer
+{
+public:
+    FloodServer() { m_isReady.acquire(); }
+
+    std::atomic<quint16> port = 0;
+    std::atomic<int> requestCount = 0;
+    std::atomic<int> closedCount = 0;
+
+private:
+    void serve(const std::stop_token &stop)
+    {
+        QTcpServer server;
+        server.listen(QHostAddress::LocalHost);
+        port = server.serverPort();
+        m_isReady.release();
+        const QByteArray flood(65536, 'a');
+        while (!stop.stop_requested()) {
+            if (!server.waitForNewConnection(10))
+                continue;
+            const std::unique_ptr<QTcpSocket> socket(server.nextPendingConnection());
+            socket->waitForReadyRead();
+            ++requestCount;
+            socket->write("HTTP/1.1 200 OK\r\n\r\n");
+            while (socket->write(flood) > 0 && socket->waitForBytesWritten() && !stop.stop_requested()) {
+            }
+            ++closedCount;
+        }
+    }
+
+    QSemaphore m_isReady;
+    std::jthread m_thread{[this](const std::stop_token &stop) {
+        serve(stop);
+    }};
+};
 
 } // namespace
 
@@ -97,14 +140,25 @@ private Q_SLOTS:
         QCOMPARE(request.header("Authorization").isEmpty(), !address.contains(u'@'));
     }
 
-    void sendsWhatTheGuideSays()
+    void floods()
     {
-        QCOMPARE(codeOf(m_server->address() + q("/a b?c=ä")), 0);
-        QByteArrayList names;
-        for (const QByteArray &field : m_server->requests().constFirst().fields())
-            names.append(field.left(field.indexOf(':')));
-        QCOMPARE(names, QByteArrayList({"Host", "Accept-Encoding", "Accept-Language", "User-Agent"}));
-        QCOMPARE(m_server->requests().constFirst().target, QByteArray("/a%20b?c=%C3%A4"));
+        FloodServer server;
+        const QString address = q("http://127.0.0.1:%1").arg(server.port);
+        qv_forgetPeakOfMemory();
+        const qint64 before = qv_memory("VmRSS");
+        QCOMPARE(codeOf(address, 8 << 20), -1);
+        QVERIFY2(qv_memory("VmHWM") - before < 32 << 20, "memory has grown");
+        QVERIFY(waitFor([&server] { return server.closedCount == 1; }));
+        QCOMPARE(codeOf(m_server->address()), 0);
+        // The end of the process must not wait for the network.
+        QVBoundedDownload::start(*m_session, nullptr, QNetworkRequest(QUrl(address)), {5s, 1LL << 60},
+                                 [](const auto &) { QFAIL("completed without its session"); });
+        QVERIFY(waitFor([&server] { return server.requestCount == 2; }));
+        QElapsedTimer time;
+        time.start();
+        m_session.reset();
+        QVERIFY(time.elapsed() < 500);
+        QVERIFY(waitFor([&server] { return server.closedCount == 2; }));
     }
 
 protected:
@@ -123,10 +177,10 @@ protected:
 
 private:
     /// The code that a download ends with; -2 if it does not end.
-    [[nodiscard]] qint64 codeOf(const QString &address) const
+    [[nodiscard]] qint64 codeOf(const QString &address, qint64 limit = 100) const
     {
         std::optional<qint64> code;
-        QVBoundedDownload::start(*m_session, nullptr, QNetworkRequest(QUrl(address)), {5s, 100},
+        QVBoundedDownload::start(*m_session, nullptr, QNetworkRequest(QUrl(address)), {5s, limit},
                                  [&code](const QVBoundedDownload::Result &result) {
                                      code = result.error ? result.error->code() : 0;
                                  });
