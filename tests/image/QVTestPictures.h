@@ -3,19 +3,14 @@
 #include <QBuffer>
 #include <QImage>
 
-[[nodiscard]] inline QByteArray qv_fileOf(const QImage &image, const char *format, int quality = -1)
-{
-    QBuffer buffer;
-    image.save(&buffer, format, quality);
-    return buffer.data();
-}
-
 /// A picture of one colour, as a file.
 [[nodiscard]] inline QByteArray qv_testPicture(QSize size, const QColor &colour, const char *format)
 {
     QImage image(size, QImage::Format_ARGB32);
     image.fill(colour);
-    return qv_fileOf(image, format);
+    QBuffer buffer;
+    image.save(&buffer, format);
+    return buffer.data();
 }
 
 /// A JPEG file whose head claims to be 50,000 pixels wide and high.
