@@ -1,16 +1,105 @@
+#include "sandbox/QVSandbox.h"
 #include "sandbox/SandboxStrokes.h"
-#include "sandbox/SandboxTestCase.h"
+#include "support/QVTestCase.h"
 
+#include <QFile>
 #include <QImage>
 #include <QJsonArray>
+#include <QJsonDocument>
+#include <QNetworkAccessManager>
 #include <QNetworkReply>
-#include <QSslConfiguration>
+#include <QRegularExpression>
 #include <QTcpSocket>
+
+#include <algorithm>
 
 using std::chrono::milliseconds;
 
-/// The answers of the sandbox.
-class TestSandbox : public SandboxTestCase
+namespace {
+
+/// The description of the protocol, docs/openapi.json, with the part of JSON Schema that it uses.
+class Protocol
+{
+public:
+    Protocol()
+    {
+        QFile file(q(QUARVO_PROTOCOL));
+        if (file.open(QIODevice::ReadOnly))
+            m_all = QJsonDocument::fromJson(file.readAll()).object();
+    }
+
+    [[nodiscard]] QStringList paths() const { return m_all.value(q("paths")).toObject().keys(); }
+
+    [[nodiscard]] bool describes(const QUrl &asked, int status, const QJsonObject &answer) const
+    {
+        const QJsonObject content = at(at(m_all, {q("paths"), asked.path(), q("get"), q("responses")}),
+                                       {QString::number(status), q("content"), q("application/json")});
+        return fits(content.value(q("schema")).toObject(), answer);
+    }
+
+private:
+    [[nodiscard]] static QJsonObject at(QJsonObject object, const QStringList &path)
+    {
+        for (const QString &step : path)
+            object = object.value(step).toObject();
+        return object;
+    }
+
+    [[nodiscard]] bool fits(const QJsonObject &schema, const QJsonValue &value) const
+    {
+        if (const QString name = schema.value(q("$ref")).toString(); !name.isNull())
+            return fits(at(m_all, name.mid(2).split(u'/')), value);
+        const QString type = schema.value(q("type")).toString();
+        if (type == q("object"))
+            return value.isObject() && fitsMembers(schema, value.toObject());
+        if (type == q("string"))
+            return value.isString() && fitsText(schema, value);
+        if (type == q("boolean"))
+            return value.isBool();
+        if (type == q("integer"))
+            return value.toInteger(-1) >= 0;
+        if (type == q("array"))
+            return value.isArray() && countOf(value.toArray(), [&](const QJsonValue &item) {
+                                          return !fits(schema.value(q("items")).toObject(), item);
+                                      }) == 0;
+        return countOf(schema.value(q("oneOf")).toArray(),
+                       [&](const QJsonValue &choice) { return fits(choice.toObject(), value); }) == 1;
+    }
+
+    static qsizetype countOf(const QJsonArray &array, const auto &isCounted)
+    {
+        return std::count_if(array.begin(), array.end(), isCounted);
+    }
+
+    [[nodiscard]] bool fitsMembers(const QJsonObject &schema, const QJsonObject &object) const
+    {
+        const QJsonObject known = schema.value(q("properties")).toObject();
+        for (const QJsonValue name : schema.value(q("required")).toArray()) {
+            if (!object.contains(name.toString()))
+                return false;
+        }
+        for (auto member = object.begin(); member != object.end(); ++member) {
+            if (!known.contains(member.key()) || !fits(known.value(member.key()).toObject(), *member))
+                return false;
+        }
+        return true;
+    }
+
+    [[nodiscard]] static bool fitsText(const QJsonObject &schema, const QJsonValue &value)
+    {
+        const QRegularExpression pattern(schema.value(q("pattern")).toString());
+        const QJsonArray choices = schema.value(q("enum")).toArray();
+        return value.toString().contains(pattern) && (choices.isEmpty() || choices.contains(value)) &&
+               schema.value(q("const")).toString(value.toString()) == value.toString();
+    }
+
+    QJsonObject m_all;
+};
+
+} // namespace
+
+/// The answers of the sandbox, which must be as described, to a client that may break rules.
+class TestSandbox : public QVTestCase
 {
     Q_OBJECT
 
@@ -20,8 +109,8 @@ private Q_SLOTS:
         // Each request is followed by the code of its answer.
         const auto row = addColumns<QString>({"steps"});
         row("accepts the curve, once",
-            "config test-draw -> 0103, draw -> 0104, get -> 0103, draw -> 0103, token -> draw, token -> , "
-            "draw -> 1002");
+            "config test-draw -> 0103, draw -> 0104, get -> 0103, picture -> 800x460, draw -> 0103, "
+            "token -> draw, token -> , draw -> 1002");
         row("refuses wrong strokes",
             "config test-draw -> 0103, get -> 0103, straight -> 0104, late -> 0104, verify -> 0104, "
             "draw -> 0103");
@@ -32,13 +121,26 @@ private Q_SLOTS:
             "config test-draw -> 0103, be somebody, get -> 1002, refresh -> 1002, click -> 1002, "
             "verify -> 1002");
         row("bounds refreshing",
-            "config test-draw -> 0103, refresh*10 -> 0103, refresh -> 0105, wait 60001, pace*30 -> 0103, "
-            "refresh -> 0106");
+            "config test-draw -> 0103, refresh*10 -> 0103, refresh -> 0105, "
+            "wait 60001, refresh*10 -> 0103, wait 2001, refresh*10 -> 0103, wait 2001, refresh*10 -> 0103, "
+            "wait 2001, refresh -> 0106");
+        row("outage",
+            "outage -> 0103, picture -> 800x460, few cells -> 0104, cells -> 0103, token -> outage, "
+            "cells -> 1002, sing -> 400");
+        row("outage switch", "switch -> off, turn, switch -> on");
         row("test-pass", "config test-pass -> 0103, click -> 0103, token -> click");
         row("test-draw", "config test-draw -> 0103, click -> 0104, draw -> 0103");
         row("test-wrong", "config test-wrong -> 0103, get -> 0103, draw -> 0104");
-        for (const auto &[id, code] :
-             QVCases<QString, QString>{{q("test-denied"), q("0101")}, {q("test-expired"), q("1002")}})
+        row("test-guide", "config test-guide -> 0103 guide");
+        row("test-ad", "config test-ad -> 0103, get -> 0103 adlink, click -> 0104 adlink");
+        row("test-badjson", "config test-badjson -> page");
+        row("test-broken-picture", "config test-broken-picture -> 0103, get -> 0103, picture -> none");
+        const QVCases<QString, QString> refusals{{q("test-denied"), q("0101")},
+                                                 {q("test-fast"), q("0105")},
+                                                 {q("test-many"), q("0106")},
+                                                 {q("test-touch"), q("0315")},
+                                                 {q("test-expired"), q("1002")}};
+        for (const auto &[id, code] : refusals)
             row(qPrintable(id),
                 q("config %1 -> %2, get -> %2, refresh -> %2, click -> %2, verify -> %2").arg(id, code));
     }
@@ -56,54 +158,8 @@ private Q_SLOTS:
             seen.append(codes.first().isNull() ? step : step + q(" -> ") + codes.join(u' '));
         }
         QCOMPARE(seen, steps.split(q(", ")));
-    }
-
-    void configures()
-    {
-        const QString request = q("/app/config/v1?id=test-guide");
-        const QJsonObject answer = get(request).json();
-        QCOMPARE(answer[q("guide")], QJsonValue(true));
-        QCOMPARE(answer[q("cdn_servers")].toArray(), QJsonArray{sandbox().addresses().cdn});
-        QVERIFY(answer[q("challenge")] != get(request).json()[q("challenge")]);
-    }
-
-    void outageServiceJudgesCells()
-    {
-        const QString server = sandbox().addresses().outageServer;
-        const QJsonObject picture = get(server + q("?action=get&deviceid=d")).json();
-        const QUrl address(sandbox().addresses().imageHost + u'/' + picture[q("imgid")].toString() +
-                           q(".jpg"));
-        // A picture may be requested twice while it is drawn.
-        QNetworkAccessManager network;
-        const std::array replies{network.get(QNetworkRequest(address)),
-                                 network.get(QNetworkRequest(address))};
-        for (QNetworkReply *reply : replies) {
-            QVERIFY(waitFor([reply] { return reply->isFinished(); }));
-            QCOMPARE(QImage::fromData(reply->readAll()).size(), QSize(800, 460));
-        }
-        const QString challenge = picture[q("challenge")].toString();
-        const QString verify = server + q("?action=verify&challenge=%1&v=").arg(challenge);
-        const QString cells =
-            SandboxStrokes::cells(SandboxStrokes::recorded(sandbox().solution(challenge)->points));
-        QCOMPARE(get(verify + cells.left(3)).code(), q("0104"));
-        const Reply passed = get(verify + cells);
-        QCOMPARE(passed.code(), q("0103"));
-        QCOMPARE(get(q("/sandbox/token?token=") + passed.text("token")).text("earned"), q("outage"));
-        QCOMPARE(get(verify + cells).code(), q("1002"));
-    }
-
-    void readsQueriesLeniently()
-    {
-        const QVCases<QByteArray, QString> cases{{"id=%E5%BA%97%20x", q("\u5e97 x")},
-                                                 {"id=%zz%4&type=%", q("%zz%4")},
-                                                 {"id=%ff%fe", q("\ufffd\ufffd")},
-                                                 {"&&==&id", QString()},
-                                                 {"id=first&id=second", q("first")}};
-        for (const auto &[query, id] : cases) {
-            const QByteArray answer = raw("GET /app/config/v1?" + query + " HTTP/1.1\r\nHost: x\r\n\r\n");
-            QVERIFY2(answer.contains("\"0103\""), answer.constData());
-            QCOMPARE(sandbox().log().last().values.value(q("id")), id);
-        }
+        for (const QString &path : m_protocol.paths())
+            QVERIFY2(get(path).status != 404, qPrintable(path));
     }
 
     void survivesHostileRequests()
@@ -118,19 +174,15 @@ private Q_SLOTS:
         for (const auto &[request, status] : cases)
             QCOMPARE(raw(request).mid(9, 3), status);
         const auto askSlowly = [this](QTcpSocket &socket) {
-            sandbox().clearLog();
-            socket.connectToHost(QHostAddress::LocalHost, sandbox().port());
+            m_sandbox->clearLog();
+            socket.connectToHost(QHostAddress::LocalHost, m_sandbox->port());
             socket.write("GET /app/config/v1?id=test-slow HTTP/1.1\r\nHost: x\r\n\r\n");
-            return waitFor([this] { return !sandbox().log().isEmpty(); });
+            return waitFor([this] { return !m_sandbox->log().isEmpty(); });
         };
         QTcpSocket leaving;
         QVERIFY(askSlowly(leaving));
         leaving.abort();
-        QTcpSocket flooding;
-        QVERIFY(askSlowly(flooding));
-        flooding.write(QByteArray(200000, 'a'));
-        QVERIFY(waitFor([&flooding] { return flooding.state() == QAbstractSocket::UnconnectedState; }));
-        QCOMPARE(get(q("/app/config/v1?id=test-slow")).code(), q("0103"));
+        QCOMPARE(get(q("/app/config/v1?id=test-slow")).json()[q("code")], q("0103"));
         // The sandbox is destroyed before it has answered.
         QTcpSocket waiting;
         QVERIFY(askSlowly(waiting));
@@ -140,93 +192,152 @@ private Q_SLOTS:
     {
         for (int i = 0; i < 12; ++i)
             get(q("/config"));
-        get(q("/app/get/v1?id=a%20b&challenge=x"));
+        get(q("/app/get/v1?id=a%20b&challenge=x&id=c&&="));
         get(q("/nowhere"));
         const QJsonArray entries = get(q("/sandbox/log")).json()[q("requests")].toArray();
         QCOMPARE(entries.size(), 12);
         const QJsonObject known = entries[10].toObject();
-        QCOMPARE(known[q("query")], q("id=a%20b&challenge=x"));
-        QCOMPARE(known[q("values")].toObject(), (QJsonObject{{q("id"), q("a b")}, {q("challenge"), q("x")}}));
+        QCOMPARE(known[q("values")][q("id")], q("a b"));
+        QCOMPARE(known[q("values")][q("challenge")], q("x"));
         QCOMPARE(known[q("code")], q("1002"));
         QCOMPARE(entries[11].toObject()[q("status")], 404);
     }
 
-    void listensWhereItCan()
+    void listensOnThisMachineOnly()
     {
-        QVSandboxOptions options;
-        options.port = sandbox().port();
-        QVSandbox second(options);
-        QVERIFY(!second.listen());
-        QVERIFY(second.errorString().contains(QString::number(sandbox().port())));
-        // It listens only on 127.0.0.1.
         QTcpSocket socket;
-        socket.connectToHost(QHostAddress(q("::1")), sandbox().port());
+        socket.connectToHost(QHostAddress(q("::1")), m_sandbox->port());
         QVERIFY(waitFor([&socket] { return socket.state() == QAbstractSocket::UnconnectedState; }));
     }
 
-    void servesTls()
+private:
+    struct Reply
+    {
+        int status = 0;
+        QByteArray contentType;
+        QByteArray body;
+
+        [[nodiscard]] QJsonObject json() const { return QJsonDocument::fromJson(body).object(); }
+    };
+
+    void prepare() override
     {
         QVSandboxOptions options;
-        options.certificateFile = q(QUARVO_TEST_CERTIFICATES "/local.crt");
-        options.keyFile = q(QUARVO_TEST_CERTIFICATES "/local.key");
-        QVSandbox secure(options);
-        QVERIFY2(secure.listen(), qUtf8Printable(secure.errorString()));
-        QVERIFY(secure.addresses().apiHost.startsWith(q("https://127.0.0.1:")));
-        QSslConfiguration trusting = QSslConfiguration::defaultConfiguration();
-        trusting.setCaCertificates(QSslCertificate::fromPath(options.certificateFile));
-        QSslConfiguration::setDefaultConfiguration(trusting);
-        QCOMPARE(get(secure.addresses().downloadHost + q("/config")).json()[q("active")], QJsonValue(false));
-        trusting.setCaCertificates({});
-        QSslConfiguration::setDefaultConfiguration(trusting);
+        options.seed = 20240101;
+        options.slowDelay = milliseconds(120);
+        options.logLimit = 12;
+        options.clock = [this] {
+            return m_now;
+        };
+        m_sandbox = std::make_unique<QVSandbox>(options);
+        QVERIFY2(m_sandbox->listen(), qUtf8Printable(m_sandbox->errorString()));
+    }
+    void finish() override { m_sandbox.reset(); }
+
+    /// Sends a GET request to an address, or to a path below the sandbox's base address.
+    Reply get(const QString &address)
+    {
+        const QString whole = address.startsWith(u'/') ? m_sandbox->baseAddress() + address : address;
+        const std::unique_ptr<QNetworkReply> reply(m_network.get(QNetworkRequest(QUrl(whole))));
+        if (!waitFor([&reply] { return reply->isFinished(); }))
+            return {};
+        return {reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt(),
+                reply->header(QNetworkRequest::ContentTypeHeader).toByteArray(), reply->readAll()};
     }
 
-private:
     /// Performs a step of a conversation. Returns the code of the answer; null if there was no request.
     QString perform(const QString &verb, const QString &more)
     {
-        const auto solution = sandbox().solution(m_challenge);
+        if (verb == q("wait"))
+            m_now += milliseconds(more.toInt());
+        else if (verb == q("turn"))
+            m_sandbox->setOutageActive(true);
+        else if (verb == q("be"))
+            m_id = more;
+        else
+            return answerTo(verb, more);
+        return {};
+    }
+
+    QString answerTo(const QString &verb, const QString &more)
+    {
+        const auto solution = m_sandbox->solution(m_challenge);
         SandboxPath curve = SandboxStrokes::straight({20, 20}, {380, 180});
         if (solution && verb != q("straight"))
             curve = solution->points;
         const QVRenderTrace trace = SandboxStrokes::recorded(curve);
-        const QString stroke = q("&v=") + trace.getRenderSource_v();
-        if (verb == q("config")) {
-            m_id = more;
-            m_challenge = get(q("/app/config/v1?id=") + m_id).text("challenge");
-        } else if (verb == q("be")) {
-            m_id = more;
-            return {};
-        } else if (verb == q("wait")) {
-            age(milliseconds(more.toInt()));
-            return {};
-        } else if (verb == q("token")) {
+        const QString cells = SandboxStrokes::cells(curve);
+        const auto main = [this](const QString &operation) {
+            return q("/app/%1/v1?challenge=%2&deviceid=d&id=%3").arg(operation, m_challenge, m_id);
+        };
+        const QString stroke = main(q("verify")) + q("&v=") + trace.getRenderSource_v() + q("&drawtime=");
+        const QString outage = q("/outage?action=verify&challenge=%1&v=").arg(m_challenge);
+        const QMap<QString, QString> paths{
+            {q("switch"), q("/config")},
+            {q("config"), q("/app/config/v1?type=popup&scene=1&deviceid=d&id=") + more},
+            {q("draw"), stroke + trace.getRender_drawtime()},
+            {q("straight"), stroke + trace.getRender_drawtime()},
+            {q("late"), stroke + q("21")},
+            {q("verify"), main(verb) + q("&v=&drawtime=0")},
+            {q("type"), main(q("verify")) + q("&drawtime=0&v=") + (solution ? solution->characters : more)},
+            {q("outage"), q("/outage?action=get&deviceid=d")},
+            {q("cells"), outage + cells},
+            {q("few"), outage + cells.left(3)},
+            {q("sing"), q("/outage?action=sing")}};
+        if (verb == q("token"))
             return get(q("/sandbox/token?token=") + m_token).json()[q("earned")].toString(q(""));
-        } else if (verb == q("pace")) {
-            age(milliseconds(300));
-            return ask(q("refresh"));
-        } else if (verb == q("draw") || verb == q("straight")) {
-            return ask(q("verify"), stroke + q("&drawtime=") + trace.getRender_drawtime());
-        } else if (verb == q("late")) {
-            return ask(q("verify"), stroke + q("&drawtime=21"));
-        } else if (verb == q("type")) {
-            return ask(q("verify"), q("&drawtime=0&v=") + solution->characters);
-        }
-        return ask(verb);
+        if (verb == q("picture"))
+            return sizeOfPicture();
+        if (verb == q("config"))
+            m_id = more;
+        return ask(paths.value(verb, main(verb)));
     }
 
-    QString ask(const QString &operation, const QString &more = {})
+    QString ask(const QString &path)
     {
-        const Reply answer =
-            get(q("/app/%1/v1?challenge=%2&deviceid=d&id=%3%4").arg(operation, m_challenge, m_id, more));
-        m_token = answer.json()[q("token")].toString(m_token);
-        return answer.code();
+        const Reply reply = get(path);
+        if (reply.contentType.startsWith("text/html"))
+            return q("page");
+        const QJsonObject answer = reply.json();
+        const QUrl asked(path);
+        if (!m_protocol.describes(asked, reply.status, answer))
+            return q("not as described: ") + QString::fromUtf8(reply.body);
+        QJsonObject longer = answer;
+        longer.insert(q("another"), 1);
+        if (m_protocol.describes(asked, reply.status, longer))
+            return q("anything is described");
+        m_challenge = answer[q("challenge")].toString(m_challenge);
+        m_token = answer[q("token")].toString(m_token);
+        if (answer.contains(q("img")))
+            m_picture = m_sandbox->addresses().cdn + u'/' + answer[q("img")].toString();
+        if (answer.contains(q("imgid")))
+            m_picture = m_sandbox->addresses().imageHost + u'/' + answer[q("imgid")].toString() + q(".jpg");
+        if (answer.contains(q("active")))
+            return answer[q("active")].toBool() ? q("on") : q("off");
+        const QString code = answer[q("code")].toString(QString::number(reply.status));
+        return code + (answer[q("guide")].toBool() ? q(" guide") : QString()) +
+               (answer.contains(q("adlink")) ? q(" adlink") : QString());
+    }
+
+    /// The size of the latest picture, which is requested twice while it is drawn.
+    QString sizeOfPicture()
+    {
+        const QNetworkRequest request{QUrl(m_picture)};
+        const std::unique_ptr<QNetworkReply> first(m_network.get(request));
+        const std::unique_ptr<QNetworkReply> second(m_network.get(request));
+        const bool areThere = waitFor([&] { return first->isFinished() && second->isFinished(); });
+        const QByteArray picture = first->readAll();
+        if (!areThere || picture != second->readAll())
+            return q("two pictures");
+        const QImage image = QImage::fromData(picture);
+        return image.isNull() ? q("none") : q("%1x%2").arg(image.width()).arg(image.height());
     }
 
     // Sends bytes unchanged. Returns the answer, up to its end or the end of the connection.
     [[nodiscard]] QByteArray raw(const QByteArray &request) const
     {
         QTcpSocket socket;
-        socket.connectToHost(QHostAddress::LocalHost, sandbox().port());
+        socket.connectToHost(QHostAddress::LocalHost, m_sandbox->port());
         socket.write(request);
         QByteArray answer;
         const bool came = waitFor([&] {
@@ -236,9 +347,14 @@ private:
         return came ? answer : QByteArray("nothing came");
     }
 
+    const Protocol m_protocol;
+    milliseconds m_now{1000000};
+    std::unique_ptr<QVSandbox> m_sandbox;
+    QNetworkAccessManager m_network;
     QString m_id;
     QString m_challenge;
     QString m_token;
+    QString m_picture;
 };
 
 QV_TEST(TestSandbox)

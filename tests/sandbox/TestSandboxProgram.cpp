@@ -5,6 +5,7 @@
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QProcess>
+#include <QSslConfiguration>
 
 #include <csignal>
 
@@ -22,14 +23,19 @@ private Q_SLOTS:
     void servesUntilStopped()
     {
         QProcess process;
-        process.start(program, {q("--seed"), q("5"), q("--outage-active")});
+        const QString certificate = q(QUARVO_TEST_CERTIFICATES "/local.crt");
+        process.start(program, {q("--outage-active"), q("--tls"), certificate,
+                                q(QUARVO_TEST_CERTIFICATES "/local.key")});
         QVERIFY(waitFor([&process] { return process.canReadLine(); }));
         const QJsonObject addresses = QJsonDocument::fromJson(process.readLine()).object();
         QCOMPARE(addresses.keys(), QStringList({q("apiHost"), q("base"), q("cdn"), q("downloadHost"),
                                                 q("imageHost"), q("outageDownloadHost"), q("outageServer")}));
         QNetworkAccessManager network;
-        const QUrl url(addresses.value(q("downloadHost")).toString() + q("/config"));
-        const std::unique_ptr<QNetworkReply> reply(network.get(QNetworkRequest(url)));
+        QNetworkRequest request(addresses.value(q("downloadHost")).toString() + q("/config"));
+        QSslConfiguration trusting = QSslConfiguration::defaultConfiguration();
+        trusting.setCaCertificates(QSslCertificate::fromPath(certificate));
+        request.setSslConfiguration(trusting);
+        const std::unique_ptr<QNetworkReply> reply(network.get(request));
         QVERIFY(waitFor([&reply] { return reply->isFinished(); }));
         QVERIFY(reply->readAll().contains("\"active\":true"));
         ::kill(static_cast<pid_t>(process.processId()), SIGTERM);
