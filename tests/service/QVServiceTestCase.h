@@ -9,13 +9,9 @@
 #include "service/QVGetOutageResponseModel.h"
 #include "service/QVVerifyResponseModel.h"
 #include "settings/QVConfigurationManager.h"
-#include "settings/QVMainBundle.h"
 #include "support/QVCompletionProbe.h"
 #include "support/QVScriptedServer.h"
 #include "support/QVTestCase.h"
-
-#include <QDir>
-#include <QTemporaryDir>
 
 /// Base of the tests with a scripted server in place of all services.
 class QVServiceTestCase : public QVTestCase
@@ -57,13 +53,12 @@ protected:
         addresses.setDownloadHost(server().address() + q("/download"));
         settings().setServiceAddresses(addresses);
         settings().setOutage(server().address() + q("/outage"));
-        shipTextsThatAreTheirKeys();
+        settings().setPreferredLanguage(q("en"));
     }
 
     void finish() override
     {
         m_server.reset();
-        QVMainBundle::shared().setPlaces(QVMainBundle::defaultPlaces());
         settings().setServiceAddresses({});
         settings().setOutage({});
         settings().setIsOpenOutage(false);
@@ -71,16 +66,5 @@ protected:
     }
 
 private:
-    void shipTextsThatAreTheirKeys()
-    {
-        const QString folder = m_bundle.filePath(q("QVResource.bundle/en.lproj"));
-        QVERIFY(QDir().mkpath(folder));
-        QFile table(folder + q("/QVLocalizable.strings"));
-        QVERIFY(table.open(QIODevice::WriteOnly) && table.write("\"systemError\" = \"<{domain}>\";") > 0);
-        QVMainBundle::shared().setPlaces({m_bundle.path(), q(":")});
-        settings().setPreferredLanguage(q("en"));
-    }
-
-    QTemporaryDir m_bundle;
     std::unique_ptr<QVScriptedServer> m_server;
 };
