@@ -1,52 +1,64 @@
 #include "platform/QVError.h"
 #include "secrets/QVDesktopStore.h"
+#include "settings/PrivateDesktop.h"
+#include "settings/QVConfigurationManager.h"
+#include "settings/QVDeviceIdentifier.h"
 #include "settings/QVKeychain.h"
 #include "settings/QVKeychainQuery.h"
 #include "settings/QVMainBundle.h"
 #include "support/QVTestCase.h"
 
-#include <QDir>
-#include <QTemporaryDir>
+#include <QElapsedTimer>
+#include <QLibrary>
+#include <QRegularExpression>
+
+using namespace std::chrono_literals;
+
+namespace {
 
 /// Records its calls and gives scripted answers.
-class QVScriptedStore final : public QVSecureStore
+class ScriptedStore final : public QVSecureStore
 {
 public:
-    Answer copyMatching(const QVSecureQuery &query, Return what) override
+    explicit ScriptedStore(const QList<int> &statuses)
+        : m_statuses(statuses)
     {
-        return {reached(q("find %1 ").arg(int(what)) + text(query)), {{}}};
+        QVDesktopStore::setShared(this);
     }
-    QVSecureStatus add(const QVSecureItem &item) override
-    {
-        return reached(q("add %1 %2 %3 %4")
-                           .arg(text(item), item.label, item.accessibility, QString::fromUtf8(item.data)));
-    }
-    QVSecureStatus update(const QVSecureQuery &query, const QByteArray &data,
-                          const QString &accessibility) override
-    {
-        return reached(q("update %1 %2 %3").arg(text(query), QString::fromUtf8(data), accessibility));
-    }
-    QVSecureStatus deleteMatching(const QVSecureQuery &query) override
-    {
-        return reached(q("delete ") + text(query));
-    }
+    ~ScriptedStore() override { QVDesktopStore::setShared(nullptr); }
 
-    QList<int> statuses;
+    Answer copyMatching(const QVSecureQuery &, Return) override { return {next("find"), {}}; }
+    QVSecureStatus add(const QVSecureItem &) override { return next("add"); }
+    QVSecureStatus update(const QVSecureQuery &, const QByteArray &, const QString &) override
+    {
+        return next("update");
+    }
+    QVSecureStatus deleteMatching(const QVSecureQuery &) override { return next("delete"); }
+
     QStringList calls;
 
 private:
-    static QString text(const auto &of)
+    QVSecureStatus next(const char *call)
     {
-        return q("%1/%2/%3").arg(of.service, of.account.isNull() ? q("*") : of.account, of.accessGroup);
+        calls.append(q(call));
+        return QVSecureStatus(m_statuses.isEmpty() ? 0 : m_statuses.takeFirst());
     }
-    QVSecureStatus reached(const QString &call)
-    {
-        calls.append(call);
-        return QVSecureStatus(statuses.isEmpty() ? 0 : statuses.takeFirst());
-    }
+
+    QList<int> m_statuses;
 };
 
-/// The calls of the facade to a store, and its results.
+QVKeychainQuery queryFor(const QString &service, const QString &account, const QString &group = {})
+{
+    QVKeychainQuery query;
+    query.setService(service);
+    query.setAccount(account);
+    query.setAccessGroup(group);
+    return query;
+}
+
+} // namespace
+
+/// The key chain with a real keyring and without one, and the identifier that is kept in it.
 class TestKeychain : public QVTestCase
 {
     Q_OBJECT
@@ -54,23 +66,26 @@ class TestKeychain : public QVTestCase
 protected:
     void prepare() override
     {
-        m_store = std::make_unique<QVScriptedStore>();
-        QVDesktopStore::setShared(m_store.get());
+        m_desktop = std::make_unique<PrivateDesktop>();
+        QVERIFY(m_desktop->startBus());
+        // A limit that only a hanging service exceeds, even on a busy machine.
+        use(std::make_unique<QVDesktopStore>(30s));
     }
+
     void finish() override
     {
         QVKeychain::setAccessibilityType({});
         QVDesktopStore::setShared(nullptr);
-        QVMainBundle::shared().setPlaces(QVMainBundle::defaultPlaces());
+        m_store.reset();
+        m_desktop.reset();
     }
 
 private Q_SLOTS:
     void statusesBecomeErrors()
     {
         // A bundle without texts shows the keys.
-        const QTemporaryDir empty;
-        QVERIFY(QDir(empty.path()).mkpath(q("QVKeychain.bundle/en.lproj")));
-        QVMainBundle::shared().setPlaces({empty.path()});
+        QVERIFY(QDir(m_desktop->folder.path()).mkpath(q("QVKeychain.bundle/en.lproj")));
+        QVMainBundle::shared().setPlaces({m_desktop->folder.path()});
         const QVCases<int, const char *> cases{{-26275, "errSecDecode"},
                                                {-25308, "errSecInteractionNotAllowed"},
                                                {-25300, "errSecItemNotFound"},
@@ -82,74 +97,42 @@ private Q_SLOTS:
                                                {-50, "errSecParam"},
                                                {-4, "errSecUnimplemented"},
                                                {-34018, "errSecDefault"}};
+        QVError error;
         for (const auto &[status, key] : cases) {
-            m_store->statuses = {status};
-            QVError error;
+            const ScriptedStore store({status});
             QVERIFY(QVKeychain::passwordForService(q("s"), q("a"), &error).isNull());
             QCOMPARE(error,
                      QVError(q("com.quarvo.qvkeychain"), status, {{q("localizedDescription"), q(key)}}));
             // The texts are looked for once per process.
             QVMainBundle::shared().setPlaces({q("nowhere")});
         }
-        QVError none(q("x"), 1);
-        QVERIFY(QVKeychain::setPassword(q("p"), q("s"), q("a"), &none));
-        QCOMPARE(none, QVError());
-        QCOMPARE(none.code(), 0);
+        QVMainBundle::shared().setPlaces(QVMainBundle::defaultPlaces());
+        const ScriptedStore store({});
+        QVERIFY(QVKeychain::setPassword(q("p"), q("s"), q("a"), &error));
+        QCOMPARE(error, QVError());
     }
 
-    void asksTheStore_data()
+    void savesWhatIsCompleteWhereItMay()
     {
-        using Operation = std::function<bool()>;
-        const auto row = addColumns<Operation, QList<int>, QStringList, bool>(
-            {"operation", "statuses", "calls", "isDone"});
-        const Operation set = [] {
-            return QVKeychain::setPassword(q("p"), q("s"), q("a"));
-        };
-        const Operation setLabelled = [] {
-            QVKeychain::setAccessibilityType(q("later"));
-            QVKeychainQuery query;
-            query.setService(q("s"));
-            query.setAccount(q("a"));
-            query.setAccessGroup(q("g"));
-            query.setLabel(q("l"));
-            query.setPassword(q("p"));
-            return query.save();
-        };
-        using Calls = QStringList;
-        row("new", set, QList<int>{-25300}, Calls{q("find 0 s/a/"), q("add s/a/   p")}, true);
-        row("known", set, QList<int>{0}, Calls{q("find 0 s/a/"), q("update s/a/ p ")}, true);
-        row("locked", set, QList<int>{-25308}, Calls{q("find 0 s/a/")}, false);
-        row("taken meanwhile", set, QList<int>{-25300, -25299}, Calls{q("find 0 s/a/"), q("add s/a/   p")},
-            false);
-        row("labelled", setLabelled, QList<int>{-25300}, Calls{q("find 0 s/a/g"), q("add s/a/g l later p")},
-            true);
-        row("accessible", setLabelled, QList<int>{0}, Calls{q("find 0 s/a/g"), q("update s/a/g p later")},
-            true);
-        row("delete", Operation([] { return QVKeychain::deletePasswordForService(q("s"), q("a")); }),
-            QList<int>{}, Calls{q("delete s/a/")}, true);
-        row("read", Operation([] { return !QVKeychain::passwordDataForService(q("s"), q("a")).isNull(); }),
-            QList<int>{-25300}, Calls{q("find 1 s/a/")}, false);
-        row("list", Operation([] { return QVKeychain::accountsForService(q("s"))->size() == 1; }),
-            QList<int>{}, Calls{q("find 2 s/*/")}, true);
-        row("list all", Operation([] { return QVKeychain::allAccounts().has_value(); }), QList<int>{-25300},
-            Calls{q("find 2 /*/")}, false);
-        row("no data", Operation([] { return QVKeychain::setPasswordData({}, q("s"), q("a")); }),
-            QList<int>{}, Calls{}, false);
-        row("no service", Operation([] { return QVKeychain::setPasswordData("d", {}, q("a")); }),
-            QList<int>{}, Calls{}, false);
-        row("no account", Operation([] { return !QVKeychain::passwordForService(q("s"), {}).isNull(); }),
-            QList<int>{}, Calls{}, false);
-        row("nothing to delete", Operation([] { return QVKeychain::deletePasswordForService({}, q("a")); }),
-            QList<int>{}, Calls{}, false);
-    }
-
-    void asksTheStore()
-    {
-        QFETCH(const std::function<bool()>, operation);
-        QFETCH(const QList<int>, statuses);
-        m_store->statuses = statuses;
-        QTEST(operation(), "isDone");
-        QTEST(m_store->calls, "calls");
+        const QVCases<QList<int>, QString, QString, int> cases{
+            {{-25300}, q("s"), q("find add"), 0},
+            {{0}, q("s"), q("find update"), 0},
+            {{-25308}, q("s"), q("find"), -25308},
+            // Another program has added the item meanwhile.
+            {{-25300, -25299}, q("s"), q("find add"), -25299},
+            {{}, QString(), QString(), -1001}};
+        QVError error;
+        for (const auto &[statuses, service, calls, code] : cases) {
+            const ScriptedStore store(statuses);
+            QCOMPARE(QVKeychain::setPassword(q("p"), service, q("a"), &error), code == 0);
+            QCOMPARE(error.code(), code);
+            QCOMPARE(store.calls.join(u' '), calls);
+        }
+        const ScriptedStore store({});
+        QVERIFY(!QVKeychain::setPasswordData({}, q("s"), q("a")));
+        QVERIFY(QVKeychain::passwordForService(q("s"), {}).isNull());
+        QVERIFY(!QVKeychain::deletePasswordForService({}, q("a")));
+        QCOMPARE(store.calls, QStringList());
     }
 
     void viewsOfTheData()
@@ -164,8 +147,187 @@ private Q_SLOTS:
         QVERIFY(query.password().isEmpty() && !query.password().isNull());
     }
 
+    void keepsItemsApart()
+    {
+        QVERIFY2(m_desktop->startKeyring(), "needs gnome-keyring-daemon");
+        QVKeychain::setAccessibilityType(q("first"));
+        for (const auto &[service, account] :
+             QVCases<const char *, const char *>{{"one", "a"}, {"one", "b"}, {"two", "a"}}) {
+            QVKeychainQuery query = queryFor(q(service), q(account));
+            query.setLabel(q("Label of ") + q(account));
+            query.setPassword(q(service) + q(account));
+            QVERIFY(query.save());
+        }
+        const QByteArray newData("new\0data", 8);
+        QVKeychain::setAccessibilityType(q("later"));
+        QVERIFY(QVKeychain::setPasswordData(newData, q("one"), q("b")));
+        QCOMPARE(QVKeychain::passwordForService(q("one"), q("a")), q("onea"));
+        QCOMPARE(QVKeychain::passwordDataForService(q("one"), q("b")), newData);
+        QVKeychainQuery elsewhere = queryFor(q("two"), q("a"), q("group"));
+        QVERIFY(!elsewhere.fetch());
+        QCOMPARE(QVKeychain::accountsForService(q("one"))->size(), 2);
+        const QList<QVSecureItem> all = *QVKeychain::allAccounts();
+        QCOMPARE(all.size(), 3);
+        for (const QVSecureItem &item : all) {
+            QCOMPARE(item.label, q("Label of ") + item.account);
+            QCOMPARE(item.accessibility, item.account == q("b") ? q("later") : q("first"));
+            QVERIFY(item.data.isNull());
+        }
+
+        QVERIFY(QVKeychain::deletePasswordForService(q("one"), q("a")));
+        QCOMPARE(m_store->deleteMatching({q("one"), q("a"), {}}), QVSecureStatus::ItemNotFound);
+        // The service may give the path of a deleted item to the next one.
+        QVERIFY(QVKeychain::setPasswordData(QByteArray(64 * 1024 + 1, 'x'), q("three"), q("c")));
+        QVERIFY(QVKeychain::passwordForService(q("one"), q("a")).isNull());
+        QVError error;
+        QVERIFY(QVKeychain::passwordForService(q("three"), q("c"), &error).isNull());
+        QCOMPARE(error.code(), -26275);
+        // A restarted service does not know the key that was negotiated before.
+        m_desktop->stopKeyring();
+        QVERIFY(m_desktop->startKeyring());
+        QCOMPARE(QVKeychain::passwordForService(q("two"), q("a")), q("twoa"));
+        // The store from the module works, too.
+        const auto make = reinterpret_cast<QVOpenSecretStore>(
+            QLibrary::resolve(q(QUARVO_SECRETS_FILE), "quarvoSecretStore"));
+        QVERIFY(make);
+        use(std::unique_ptr<QVSecureStore>(make(m_desktop->address.toUtf8())));
+        QCOMPARE(QVKeychain::passwordForService(q("two"), q("a")), q("twoa"));
+    }
+
+    void aLockedKeyringIsNotUnlocked()
+    {
+        QVERIFY(m_desktop->startKeyring());
+        QVERIFY(QVKeychain::setPassword(q("p"), q("one"), q("a")));
+        m_desktop->stopKeyring();
+        QVERIFY(m_desktop->startKeyring(false));
+        // The keyring would ask the user for the password, without a time limit.
+        const PrivatePrompter prompter(*m_desktop);
+        QVERIFY(prompter.isThere);
+        use(std::make_unique<QVDesktopStore>(5s));
+        verifyEveryCallGives(QVSecureStatus::InteractionNotAllowed);
+    }
+
+    void withoutServiceOrBusItAnswersAtOnce()
+    {
+        verifyEveryCallGives(QVSecureStatus::NotAvailable);
+        qputenv("XDG_RUNTIME_DIR", "");
+        for (const char *address : {"", "autolaunch:", "unix:path=/nonexistent/bus", ";;=\x01,unix"}) {
+            qputenv("DBUS_SESSION_BUS_ADDRESS", address);
+            verifyEveryCallGives(QVSecureStatus::NotAvailable);
+        }
+        // None of the calls above has timed out, or the store would now fail at once. The bus is found at its
+        // usual place.
+        QVERIFY(m_desktop->startKeyring());
+        qunsetenv("DBUS_SESSION_BUS_ADDRESS");
+        qputenv("XDG_RUNTIME_DIR", QFile::encodeName(m_desktop->folder.path()));
+        QVERIFY(QVKeychain::setPassword(q("p"), q("one"), q("a")));
+        qunsetenv("XDG_RUNTIME_DIR");
+    }
+
+    void aSilentServiceHoldsItsHostUpOnceAndBriefly()
+    {
+        QVERIFY(m_desktop->startKeyring());
+        m_desktop->suspendKeyring();
+        bool delivered = false;
+        use(std::make_unique<QVDesktopStore>());
+        for (const auto pause : {5min, 10min, 20min}) {
+            QMetaObject::invokeMethod(
+                this, [&delivered] { delivered = true; }, Qt::QueuedConnection);
+            QVERIFY(waitsInVain());
+            QVERIFY2(!delivered, "no event of the host may be delivered meanwhile");
+            QVERIFY(waitFor([&delivered] { return std::exchange(delivered, false); }));
+            QVERIFY(!waitsInVain());
+            advance(pause - 1ms);
+            QVERIFY(!waitsInVain());
+            advance(1ms);
+        }
+        m_desktop->wakeKeyring();
+        // Repeated, since on a very busy machine a keyring may exceed the limit, too.
+        QVERIFY(waitFor([this] {
+            advance(24h);
+            return QVKeychain::setPassword(q("p"), q("one"), q("a"));
+        }));
+        // After a success the pauses begin with five minutes again.
+        m_desktop->suspendKeyring();
+        QVERIFY(waitsInVain());
+        advance(5min);
+        QVERIFY(waitsInVain());
+    }
+
+    void aServiceThatIsSilentInPreparationKeepsNobodyWaiting()
+    {
+        QVERIFY(m_desktop->startKeyring());
+        m_desktop->suspendKeyring();
+        // The application calls the store again, or ends.
+        for (const bool isAsked : {true, false}) {
+            use(std::make_unique<QVDesktopStore>(isAsked ? 250ms : 30s));
+            m_store->prepare();
+            QElapsedTimer timer;
+            timer.start();
+            if (isAsked)
+                verifyEveryCallGives(QVSecureStatus::NotAvailable);
+            QVDesktopStore::setShared(nullptr);
+            m_store.reset();
+            QVERIFY2(timer.elapsed() < 900, qPrintable(QString::number(timer.elapsed())));
+        }
+    }
+
+    void theIdentifierIsMadeOnceAndKept()
+    {
+        const QString service = q("com.quarvo.qv");
+        const QString account = q("example.quarvo.tests.quarvo-tests");
+        // Without a keyring it is not stored anywhere else.
+        const QByteArray usual = qgetenv("HOME");
+        const QTemporaryDir home;
+        qputenv("HOME", QFile::encodeName(home.path()));
+        const QString made = QVDeviceIdentifier::getDeviceId();
+        QCOMPARE(QVDeviceIdentifier::getDeviceId(), made);
+        QVERIFY(QDir(home.path()).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot));
+        qputenv("HOME", usual);
+
+        QVERIFY(m_desktop->startKeyring());
+        static const QRegularExpression form(q("^[0-9a-f]{32}$"));
+        QVERIFY2(form.match(made).hasMatch(), qPrintable(made));
+        QCOMPARE(QVConfigurationManager::sharedManager().deviceId(), made);
+        QCOMPARE(QVKeychain::passwordForService(service, account), made);
+        // Any stored text is used, unless it is empty.
+        for (const QString &stored : {q("NOT-in that form"), q("0"), q("")}) {
+            QVERIFY(QVKeychain::setPassword(stored, service, account));
+            QCOMPARE(QVDeviceIdentifier::getDeviceId(), stored.isEmpty() ? made : stored);
+            QCOMPARE(QVKeychain::passwordForService(service, account), stored.isEmpty() ? made : stored);
+        }
+        QCOMPARE(QVKeychain::accountsForService(service)->size(), 1);
+    }
+
 private:
-    std::unique_ptr<QVScriptedStore> m_store;
+    void use(std::unique_ptr<QVSecureStore> store)
+    {
+        QVDesktopStore::setShared(store.get());
+        m_store = std::move(store);
+    }
+
+    void verifyEveryCallGives(QVSecureStatus status)
+    {
+        const QVSecureQuery query{q("one"), q("a"), {}};
+        QCOMPARE(m_store->copyMatching(query, QVSecureStore::Return::Data).status, status);
+        QCOMPARE(m_store->add({q("one"), q("new"), {}, {}, {}, "data"}), status);
+        QCOMPARE(m_store->update(query, "new", {}), status);
+        QCOMPARE(m_store->deleteMatching(query), status);
+    }
+
+    /// Makes several calls that are not answered. Returns whether the first one has waited and the others
+    /// have not.
+    bool waitsInVain()
+    {
+        QElapsedTimer timer;
+        timer.start();
+        verifyEveryCallGives(QVSecureStatus::NotAvailable);
+        // Each of them would wait a quarter of a second.
+        return timer.elapsed() >= 250 && timer.elapsed() < 900;
+    }
+
+    std::unique_ptr<PrivateDesktop> m_desktop;
+    std::unique_ptr<QVSecureStore> m_store;
 };
 
 QV_TEST(TestKeychain)
