@@ -1,12 +1,12 @@
 #include "draw/QVAdButton.h"
 
+#include "settings/QVColors.h"
 #include "settings/QVLanguageNotice.h"
 #include "settings/QVLocalization.h"
 #include "settings/QVLocalizationKeys.h"
-#include "views/QVColors.h"
+#include "settings/QVSystemFont.h"
 #include "views/QVFocusRing.h"
 #include "views/QVOneLine.h"
-#include "views/QVSystemFont.h"
 
 #include <QPainter>
 #include <QtMath>

@@ -1,10 +1,10 @@
 #include "draw/QVAlternativeButton.h"
 
+#include "settings/QVColors.h"
 #include "settings/QVLanguageNotice.h"
 #include "settings/QVLocalization.h"
 #include "settings/QVLocalizationKeys.h"
 #include "views/QVAccessibleRole.h"
-#include "views/QVColors.h"
 #include "views/QVFocusRing.h"
 
 #include <QPainter>

@@ -1,6 +1,6 @@
 #include "draw/QVContentView.h"
 
-#include "views/QVColors.h"
+#include "settings/QVColors.h"
 
 #include <QPainter>
 

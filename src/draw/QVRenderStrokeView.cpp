@@ -1,7 +1,7 @@
 #include "draw/QVRenderStrokeView.h"
 
+#include "settings/QVColors.h"
 #include "views/QVAccessibleRole.h"
-#include "views/QVColors.h"
 
 #include <QPainter>
 

@@ -8,10 +8,10 @@
 #include "popup/QVWindow.h"
 #include "service/QVClickResponseModel.h"
 #include "service/QVConfigResponseModel.h"
+#include "settings/QVColors.h"
 #include "settings/QVLanguageNotice.h"
 #include "settings/QVLocalization.h"
 #include "settings/QVLocalizationKeys.h"
-#include "views/QVColors.h"
 #include "views/QVLabel.h"
 
 #include <utility>

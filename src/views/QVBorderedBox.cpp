@@ -1,6 +1,6 @@
 #include "views/QVBorderedBox.h"
 
-#include "views/QVColors.h"
+#include "settings/QVColors.h"
 
 #include <QPainter>
 

@@ -1,5 +1,6 @@
 #include "views/QVCharVerifyInputView.h"
 
+#include "settings/QVColors.h"
 #include "settings/QVLanguageNotice.h"
 #include "settings/QVLocalization.h"
 #include "settings/QVLocalizationKeys.h"
@@ -7,7 +8,6 @@
 #include "views/QVBorderedBox.h"
 #include "views/QVCharVerifyInputViewDoneButton.h"
 #include "views/QVCharVerifyTextField.h"
-#include "views/QVColors.h"
 
 #include <QGuiApplication>
 #include <QInputMethod>

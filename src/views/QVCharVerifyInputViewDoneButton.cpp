@@ -1,11 +1,11 @@
 #include "views/QVCharVerifyInputViewDoneButton.h"
 
+#include "settings/QVColors.h"
 #include "settings/QVLanguageNotice.h"
 #include "settings/QVLocalization.h"
 #include "settings/QVLocalizationKeys.h"
 #include "views/QVAccessibleRole.h"
 #include "views/QVActivitySpinner.h"
-#include "views/QVColors.h"
 #include "views/QVFocusRing.h"
 
 #include <QKeyEvent>

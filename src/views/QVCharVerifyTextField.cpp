@@ -1,7 +1,7 @@
 #include "views/QVCharVerifyTextField.h"
 
-#include "views/QVColors.h"
-#include "views/QVSystemFont.h"
+#include "settings/QVColors.h"
+#include "settings/QVSystemFont.h"
 
 #include <QApplication>
 #include <QFocusEvent>

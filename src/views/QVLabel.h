@@ -1,6 +1,6 @@
 #pragma once
 
-#include "views/QVColors.h"
+#include "settings/QVColors.h"
 #include "views/QVPaintedText.h"
 
 #include <QAccessible>

@@ -1,9 +1,9 @@
 #include "views/QVPaintedText.h"
 
+#include "settings/QVSystemFont.h"
 #include "views/QVOneLine.h"
 #include "views/QVScaledPicture.h"
 #include "views/QVSmoothScaling.h"
-#include "views/QVSystemFont.h"
 
 #include <QApplication>
 #include <QFontMetricsF>

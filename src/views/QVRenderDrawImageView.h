@@ -5,7 +5,7 @@
 #include "layers/QVLayerHost.h"
 #include "layout/QVLayout.h"
 #include "platform/QVTimer.h"
-#include "views/QVColors.h"
+#include "settings/QVColors.h"
 #include "views/QVScaledPicture.h"
 
 #include <QPointer>

@@ -1,6 +1,6 @@
 #include "views/QVRenderDrawImageViewLoadingLayer.h"
 
-#include "views/QVColors.h"
+#include "settings/QVColors.h"
 
 namespace {
 

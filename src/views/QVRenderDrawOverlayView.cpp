@@ -1,10 +1,10 @@
 #include "views/QVRenderDrawOverlayView.h"
 
 #include "settings/QVBundleImage.h"
+#include "settings/QVSystemFont.h"
 #include "views/QVAccessibleRole.h"
 #include "views/QVFocusRing.h"
 #include "views/QVLabel.h"
-#include "views/QVSystemFont.h"
 
 #include <QPaintEvent>
 #include <QPainter>

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "layout/QVLayout.h"
+#include "settings/QVColors.h"
 #include "settings/QVText.h"
-#include "views/QVColors.h"
 #include "views/QVTouchButton.h"
 
 class QVLabel;

@@ -1,8 +1,8 @@
 #include "draw/DrawTestCase.h"
+#include "settings/QVSystemFont.h"
 #include "support/QVPixels.h"
 #include "views/QVLabel.h"
 #include "views/QVRenderDrawOverlayView.h"
-#include "views/QVSystemFont.h"
 
 #include <QPaintEvent>
 

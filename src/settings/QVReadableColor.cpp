@@ -1,4 +1,4 @@
-#include "views/QVReadableColor.h"
+#include "settings/QVReadableColor.h"
 
 #include "settings/QVConfigurationManager.h"
 

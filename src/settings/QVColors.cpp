@@ -1,7 +1,7 @@
-#include "views/QVColors.h"
+#include "settings/QVColors.h"
 
 #include "settings/QVConfigurationManager.h"
-#include "views/QVReadableColor.h"
+#include "settings/QVReadableColor.h"
 
 #include <QGuiApplication>
 #include <QPalette>

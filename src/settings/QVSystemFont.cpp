@@ -1,7 +1,7 @@
-#include "views/QVSystemFont.h"
+#include "settings/QVSystemFont.h"
 
-#include <QApplication>
 #include <QFontInfo>
+#include <QGuiApplication>
 
 #include <algorithm>
 #include <cmath>
@@ -16,12 +16,12 @@ constexpr double largestScale = 2;
 
 double qv_textScale()
 {
-    return std::clamp(QFontInfo(QApplication::font()).pixelSize() / usualPixelSize, 1.0, largestScale);
+    return std::clamp(QFontInfo(QGuiApplication::font()).pixelSize() / usualPixelSize, 1.0, largestScale);
 }
 
 QFont qv_systemFont(int pixelSize)
 {
-    QFont font(QApplication::font().families());
+    QFont font(QGuiApplication::font().families());
     font.setPixelSize(static_cast<int>(std::lround(pixelSize * qv_textScale())));
     // Otherwise a painter would take the unset properties from the font of its widget.
     font.setResolveMask(QFont::AllPropertiesResolved);

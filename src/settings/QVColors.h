@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/QuarvoCoreExport.h"
+
 #include <QColor>
 
 /// The colours that the views share. Text colours on the component's own background follow the setting for
@@ -19,22 +21,22 @@ inline constexpr QColor errorBar(238, 60, 64, 204);
 inline constexpr QColor successBar(0, 213, 159, 204);
 
 /// The host's accent colour, or the product's own.
-[[nodiscard]] QColor accent();
+[[nodiscard]] QUARVO_CORE_EXPORT QColor accent();
 
 // The colours below are light or dark, as QVSDKManager::setAppearance() says.
 /// The background of a popup, with alpha 0.95.
-[[nodiscard]] QColor surface();
-[[nodiscard]] QColor strip();
-[[nodiscard]] QColor stripHover();
-[[nodiscard]] QColor field();
-[[nodiscard]] QColor fieldText();
-[[nodiscard]] QColor fieldBorder();
+[[nodiscard]] QUARVO_CORE_EXPORT QColor surface();
+[[nodiscard]] QUARVO_CORE_EXPORT QColor strip();
+[[nodiscard]] QUARVO_CORE_EXPORT QColor stripHover();
+[[nodiscard]] QUARVO_CORE_EXPORT QColor field();
+[[nodiscard]] QUARVO_CORE_EXPORT QColor fieldText();
+[[nodiscard]] QUARVO_CORE_EXPORT QColor fieldBorder();
 
-[[nodiscard]] QColor white();
-[[nodiscard]] QColor caption();
-[[nodiscard]] QColor promptText();
-[[nodiscard]] QColor doneTitle();
-[[nodiscard]] QColor placeholder();
-[[nodiscard]] QColor supportText();
+[[nodiscard]] QUARVO_CORE_EXPORT QColor white();
+[[nodiscard]] QUARVO_CORE_EXPORT QColor caption();
+[[nodiscard]] QUARVO_CORE_EXPORT QColor promptText();
+[[nodiscard]] QUARVO_CORE_EXPORT QColor doneTitle();
+[[nodiscard]] QUARVO_CORE_EXPORT QColor placeholder();
+[[nodiscard]] QUARVO_CORE_EXPORT QColor supportText();
 
 } // namespace QVColors
