@@ -1,17 +1,12 @@
 #pragma once
 
-#include <QPointF>
-#include <QSet>
+#include "flow/QVPenSteering.h"
+
 #include <QWidget>
 
-class QKeyEvent;
 class QVLabel;
-class QVPanGestureRecognizer;
 
-/// Drawing with the keyboard: while the picture has the focus, the arrow keys move a pen over it,
-/// Space lowers and lifts it, and Escape discards what was drawn. Shift makes the steps small.
-///
-/// This widget is the mark at the pen's position. The strokes go through the recogniser, like all others.
+/// The mark that shows where the pen is that the keyboard steers while the picture has the focus.
 class QVKeyPen final : public QWidget
 {
     Q_OBJECT
@@ -30,28 +25,17 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
+    void followPicture();
     void nameState();
     void translate();
     void showHint();
     void placeHint();
-    [[nodiscard]] bool isPenKey(const QKeyEvent &event) const;
     bool pressKey(const QKeyEvent &event);
-    void releaseKey(const QKeyEvent &event);
-    void movePen(bool finely);
-    [[nodiscard]] bool isSteering() const;
-    void lowerOrLift();
-    void leave();
-    /// The position of the pen in the view's coordinates.
-    [[nodiscard]] QPointF location() const;
 
     QWidget *m_picture;
-    QVPanGestureRecognizer &m_recognizer;
-    /// The position as fractions of the picture's size, so that it stays in place when that is resized.
-    QPointF m_place{0.1, 0.5};
-    QSet<int> m_heldArrows;
-    /// Shows the keys until one of them is used.
+    QVPenSteering m_steering;
+    /// Says which keys there are, until one is used.
     QVLabel *m_hint;
     QString m_help;
-    bool m_isReady = false;
     bool m_isDown = false;
 };

@@ -8,7 +8,6 @@
 #include <QWidget>
 
 #include <algorithm>
-#include <utility>
 
 namespace {
 
@@ -26,6 +25,7 @@ void sendMouse(QWidget *control, QEvent::Type type, Qt::MouseButtons buttons)
 QVPanEventFilter::QVPanEventFilter(QWidget *view, QVPanGestureRecognizer &recognizer)
     : m_view(view)
     , m_recognizer(recognizer)
+    , m_pickedUpPen(recognizer)
 {
     view->setAttribute(Qt::WA_AcceptTouchEvents);
     // A move without a pressed button shows that a release was lost.
@@ -86,20 +86,21 @@ bool QVPanEventFilter::handleMouse(QWidget *receiver, const QMouseEvent &event)
     if (m_isTakingFromControl)
         return !isOnControl;
     const QPointF location = isOnControl ? receiver->mapTo(m_view, event.position()) : event.position();
-    m_isPickedUp = m_isPickedUp && m_recognizer.pointer() == Pointer::Mouse;
     if (takesClick(receiver, event))
         return true;
     const bool wasDragging = m_recognizer.isDragging();
     const bool wasFollowed = m_recognizer.pointer() == Pointer::Mouse;
-    if (event.type() == QEvent::MouseMove)
-        followMouse(event.buttons(), location);
-    else if (event.button() != Qt::LeftButton)
+    if (event.type() == QEvent::MouseMove) {
+        if (m_pickedUpPen.move(event.buttons(), location))
+            takeFromControl(Pointer::Mouse);
+    } else if (event.button() != Qt::LeftButton) {
         return wasDragging;
-    else if (event.type() != QEvent::MouseButtonRelease)
+    } else if (event.type() != QEvent::MouseButtonRelease) {
         press(Pointer::Mouse, isOnControl ? receiver : nullptr, location);
-    else if (wasFollowed)
+    } else if (wasFollowed) {
         m_recognizer.release(Pointer::Mouse, location);
-    // Until a drag begins, the control also receives a press on it.
+    }
+    // Until it is a drag, a press on a control is the control's too.
     return isOnControl ? wasDragging || m_recognizer.isDragging()
                        : wasFollowed || m_recognizer.pointer() == Pointer::Mouse;
 }
@@ -108,30 +109,14 @@ bool QVPanEventFilter::takesClick(QWidget *receiver, const QMouseEvent &event)
 {
     if (event.type() == QEvent::MouseMove || event.button() != Qt::LeftButton)
         return false;
-    if (m_isPickedUp && receiver != m_view) {
-        // A click on a control belongs to the control, and discards the line.
-        m_isPickedUp = false;
-        m_recognizer.cancel();
+    if (m_pickedUpPen.isUp() && receiver != m_view) {
+        // The control's own click.
+        m_pickedUpPen.drop();
         return false;
     }
     if (event.type() != QEvent::MouseButtonRelease)
-        return m_isPickedUp;
-    if (std::exchange(m_isPickedUp, false))
-        return false;
-    m_isPickedUp =
-        receiver == m_view && m_recognizer.pointer() == Pointer::Mouse && !m_recognizer.isDragging();
-    return m_isPickedUp;
-}
-
-void QVPanEventFilter::followMouse(Qt::MouseButtons buttons, QPointF location)
-{
-    if (m_recognizer.pointer() != Pointer::Mouse)
-        return;
-    // A move without the button means that another widget has received the release.
-    if (m_isPickedUp || (buttons & Qt::LeftButton))
-        move(Pointer::Mouse, location);
-    else
-        m_recognizer.cancel();
+        return m_pickedUpPen.takesPress();
+    return receiver == m_view && m_pickedUpPen.takesRelease();
 }
 
 bool QVPanEventFilter::handleTouch(QWidget *receiver, QTouchEvent &event)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "flow/QVPanGestureRecognizer.h"
+#include "flow/QVPickedUpPen.h"
 
 #include <QObject>
 #include <QPointer>
@@ -31,7 +31,6 @@ private:
     bool handleMouse(QWidget *receiver, const QMouseEvent &event);
     /// Whether a click picks the pen up or puts it down.
     [[nodiscard]] bool takesClick(QWidget *receiver, const QMouseEvent &event);
-    void followMouse(Qt::MouseButtons buttons, QPointF location);
     bool handleTouch(QWidget *receiver, QTouchEvent &event);
     bool pressTouch(QWidget *receiver, const QTouchEvent &event);
     bool handlePen(const QTabletEvent &event);
@@ -51,7 +50,5 @@ private:
     /// The control on which the pointer was pressed, until the control receives that the press has left it.
     QPointer<QWidget> m_pressedControl;
     bool m_isTakingFromControl = false;
-    /// A click has picked the pen up, for users who cannot drag. It follows the mouse without a button until
-    /// the next click.
-    bool m_isPickedUp = false;
+    QVPickedUpPen m_pickedUpPen;
 };

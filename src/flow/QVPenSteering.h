@@ -1,0 +1,45 @@
+#pragma once
+
+#include "flow/QVPanGestureRecognizer.h"
+
+#include <QSet>
+#include <QSizeF>
+
+class QKeyEvent;
+
+/// Drawing with the keyboard: the arrow keys move a pen over the picture, Space lowers and lifts it, and
+/// Escape discards what was drawn. Shift makes the steps small.
+class QUARVO_CORE_EXPORT QVPenSteering
+{
+public:
+    /// \a recognizer takes the strokes and outlives this.
+    explicit QVPenSteering(QVPanGestureRecognizer &recognizer);
+
+    /// Whether there is something to draw on.
+    void setReady(bool ready) { m_isReady = ready; }
+    [[nodiscard]] bool isReady() const { return m_isReady; }
+    /// Where the picture lies, in the coordinates of the strokes.
+    void setFrame(const QRectF &frame) { m_frame = frame; }
+    /// Where the pen is, always within the picture.
+    [[nodiscard]] QPointF location() const;
+    /// Whether the pen is down.
+    [[nodiscard]] bool isSteering() const;
+
+    [[nodiscard]] bool isPenKey(const QKeyEvent &event) const;
+    /// False where the key is none of the pen's.
+    bool press(const QKeyEvent &event);
+    void release(const QKeyEvent &event);
+    /// The keyboard goes elsewhere.
+    void leave();
+
+private:
+    void movePen(bool finely);
+    void lowerOrLift();
+
+    QVPanGestureRecognizer &m_recognizer;
+    QRectF m_frame;
+    /// In parts of the picture, so that it stays in place when that is resized.
+    QPointF m_place{0.1, 0.5};
+    QSet<int> m_heldArrows;
+    bool m_isReady = false;
+};
