@@ -4,8 +4,8 @@
 #include "modes/QVClickButtonDelegate.h"
 #include "modes/QVClickButtonPrivate.h"
 #include "platform/QVMainThread.h"
+#include "settings/QVSystemFont.h"
 #include "views/QVLabel.h"
-#include "views/QVSystemFont.h"
 
 #include <QCoreApplication>
 #include <QFocusEvent>
@@ -58,9 +58,9 @@ QVClickButton::~QVClickButton()
     // Without an application object nothing is on screen.
     if (!QCoreApplication::instance())
         return;
-    // Before the base destructors run: the popup may give the focus back to this button, and the host may
-    // click it when it loses the focus.
-    d->abandon();
+    // While this is still a button: the popup may give the focus back to it, and the host may click it when
+    // it loses the focus.
+    d->flow.abandon();
     clearFocus();
 }
 
@@ -78,26 +78,26 @@ void QVClickButton::setDelegate(QVClickButtonDelegate *delegate)
 
 QString QVClickButton::vid() const
 {
-    return d->identity.ownVid;
+    return d->flow.identity().ownVid;
 }
 
 void QVClickButton::setVid(const QString &vid)
 {
     if (!qv_mayCall(Q_FUNC_INFO))
         return;
-    d->identity.ownVid = vid;
+    d->flow.setIdentity({vid, scene()});
 }
 
 QString QVClickButton::scene() const
 {
-    return d->identity.ownScene;
+    return d->flow.identity().ownScene;
 }
 
 void QVClickButton::setScene(const QString &scene)
 {
     if (!qv_mayCall(Q_FUNC_INFO))
         return;
-    d->identity.ownScene = scene;
+    d->flow.setIdentity({vid(), scene});
 }
 
 int QVClickButton::cornerRadius() const
@@ -116,7 +116,7 @@ void QVClickButton::setCornerRadius(int radius)
 
 QVClickStatus QVClickButton::clickStatus() const
 {
-    return d->clickStatus;
+    return d->flow.clickStatus();
 }
 
 QString QVClickButton::statusText() const
@@ -178,7 +178,7 @@ void QVClickButton::paintEvent(QPaintEvent *)
         ground.setAlphaF(disabledOpacity);
     painter.setBrush(ground);
     painter.drawRoundedRect(rect(), radius, radius);
-    if (underMouse() && isEnabled() && d->takesInput()) {
+    if (underMouse() && isEnabled() && d->flow.takesInput()) {
         painter.setBrush(hoverTint);
         painter.drawRoundedRect(rect(), radius, radius);
     }
@@ -233,7 +233,7 @@ void QVClickButton::keyPressEvent(QKeyEvent *event)
     update();
     // Accepted even while the button is busy, or the key would press the default button of the host's dialog.
     event->accept();
-    if (event->isAutoRepeat() || d->press.isTracking() || !d->takesInput())
+    if (event->isAutoRepeat() || d->press.isTracking() || !d->flow.takesInput())
         return;
     const QPointer<QVClickButton> self(this);
     const QPointF centre = QRectF(rect()).center();
@@ -292,10 +292,10 @@ void QVClickButton::changeEvent(QEvent *event)
 
 void QVClickButton::connectNotify(const QMetaMethod &signal)
 {
-    qv_followAlternative(this, signal, [this] { d->alternativeHasChanged(); });
+    qv_followAlternative(this, signal, [this] { d->flow.alternativeHasChanged(); });
 }
 
 void QVClickButton::disconnectNotify(const QMetaMethod &signal)
 {
-    qv_followAlternative(this, signal, [this] { d->alternativeHasChanged(); });
+    qv_followAlternative(this, signal, [this] { d->flow.alternativeHasChanged(); });
 }

@@ -7,12 +7,9 @@
 #include "platform/QVScheduler.h"
 #include "popup/QVHosts.h"
 #include "popup/QVWidgetPresenter.h"
-#include "service/QVErrorClassification.h"
-#include "settings/QVConfigurationManager.h"
+#include "settings/QVColors.h"
 #include "settings/QVLanguageNotice.h"
-#include "settings/QVLocalizationKeys.h"
 #include "views/QVAccessibleRole.h"
-#include "views/QVColors.h"
 #include "views/QVLabel.h"
 #include "views/QVSpokenMessage.h"
 
@@ -20,39 +17,16 @@
 #include <QPointer>
 
 #include <algorithm>
-#include <utility>
-
-using namespace std::chrono_literals;
 
 namespace {
 
-constexpr auto successDelay = 500ms;
 constexpr int labelInset = 10;
-
-/// The text for a status; null if the text does not change.
-QVText textOf(QVClickStatus status)
-{
-    switch (status) {
-    case QVClickStatusNormal:
-    case QVClickStatusTouching:
-        return QVKey::touchCaptcha;
-    case QVClickStatusVerifying:
-        return QVKey::inVerify;
-    case QVClickStatusDrawing:
-        return QVKey::drawCaptcha;
-    case QVClickStatusPassed:
-        return QVKey::clickPass;
-    case QVClickStatusFailed:
-        break;
-    }
-    return {};
-}
 
 } // namespace
 
 QVClickButtonPrivate::QVClickButtonPrivate(QVClickButton *button)
     : q(button)
-    , m_attempts(QVVerifyStylePopup, QVWidgetPresenter::shared(), this)
+    , flow(QVWidgetPresenter::shared(), *this)
 {
     initAction();
 }
@@ -62,7 +36,7 @@ QVClickButtonPrivate::~QVClickButtonPrivate() = default;
 void QVClickButtonPrivate::initAction()
 {
     setupSubviews();
-    setClickStatus(QVClickStatusNormal);
+    showClickStatus();
     qv_followLanguage(q, [this] { showStatusText(); });
 }
 
@@ -97,33 +71,25 @@ double QVClickButtonPrivate::paintedRadius() const
     return std::min<double>(cornerRadius, std::min(q->width(), q->height()) / 2.0);
 }
 
-void QVClickButtonPrivate::setClickStatus(QVClickStatus status)
+void QVClickButtonPrivate::showClickStatus()
 {
-    const bool changed = std::exchange(clickStatus, status) != status;
-    if (status != QVClickStatusPassed)
-        m_tokenLife.stop();
-    clickStatusView->setClickStatus(status);
-    if (const QVText text = textOf(status); !text.isNull())
-        setStatusText(text);
-    q->setAttribute(Qt::WA_TransparentForMouseEvents, !takesInput());
-    q->setCursor(takesInput() ? Qt::PointingHandCursor : Qt::ArrowCursor);
-    qv_setAccessibleBusy(q, isUnderWay());
+    clickStatusView->setClickStatus(flow.clickStatus());
+    showStatusText();
+    q->setAttribute(Qt::WA_TransparentForMouseEvents, !flow.takesInput());
+    q->setCursor(flow.takesInput() ? Qt::PointingHandCursor : Qt::ArrowCursor);
+    qv_setAccessibleBusy(q, flow.isUnderWay());
     q->update();
-    if (!changed)
-        return;
+}
+
+void QVClickButtonPrivate::clickStatusHasChanged(QVClickStatus status)
+{
     readOut();
     Q_EMIT q->clickStatusChanged(status);
 }
 
-void QVClickButtonPrivate::setStatusText(const QVText &text)
-{
-    m_statusText = text;
-    showStatusText();
-}
-
 void QVClickButtonPrivate::showStatusText()
 {
-    const QString text = m_statusText.text();
+    const QString text = flow.statusText().text();
     if (text == clickStatusLabel->text())
         return;
     clickStatusLabel->setText(text);
@@ -133,10 +99,8 @@ void QVClickButtonPrivate::showStatusText()
 
 void QVClickButtonPrivate::readOut()
 {
-    const bool isNews = clickStatus == QVClickStatusVerifying || clickStatus == QVClickStatusPassed ||
-                        clickStatus == QVClickStatusFailed;
-    if (isNews)
-        m_spokenMessage->tell(m_statusText);
+    if (flow.isNews())
+        m_spokenMessage->tell(flow.statusText());
     else
         m_spokenMessage->hide();
 }
@@ -146,26 +110,16 @@ void QVClickButtonPrivate::describe() const
     q->setAccessibleDescription(clickStatusLabel->isElided() ? clickStatusLabel->text() : QString());
 }
 
-bool QVClickButtonPrivate::takesInput() const
-{
-    return !isUnderWay() && clickStatus != QVClickStatusPassed;
-}
-
-bool QVClickButtonPrivate::isUnderWay() const
-{
-    return clickStatus == QVClickStatusVerifying || clickStatus == QVClickStatusDrawing;
-}
-
 QColor QVClickButtonPrivate::background() const
 {
-    if (clickStatus == QVClickStatusPassed)
+    if (flow.clickStatus() == QVClickStatusPassed)
         return QVColors::successBar;
-    return clickStatus == QVClickStatusFailed ? QVColors::errorBar : QVColors::accent();
+    return flow.clickStatus() == QVClickStatusFailed ? QVColors::errorBar : QVColors::accent();
 }
 
 bool QVClickButtonPrivate::pointInside(QPointF point) const
 {
-    return takesInput() && q->hitButton(point.toPoint());
+    return flow.takesInput() && q->hitButton(point.toPoint());
 }
 
 void QVClickButtonPrivate::beginTrackingWithTouch(QPointF point)
@@ -173,7 +127,7 @@ void QVClickButtonPrivate::beginTrackingWithTouch(QPointF point)
     const QPointer<QVClickButton> button(q);
     q->setDown(true);
     waterRippleView->beganWaterRippleAnimationAtPoint(point);
-    clickButtonTouchDownAction();
+    flow.clickButtonTouchDownAction();
     if (button && press.isTracking())
         Q_EMIT button->pressed();
 }
@@ -182,9 +136,9 @@ void QVClickButtonPrivate::pressMoved(bool inside)
 {
     q->setDown(inside);
     if (inside)
-        clickButtonTouchDragInside();
+        flow.clickButtonTouchDragInside();
     else
-        clickButtonTouchDragOutside();
+        flow.clickButtonTouchDragOutside();
 }
 
 void QVClickButtonPrivate::pressEnded(bool inside)
@@ -192,7 +146,7 @@ void QVClickButtonPrivate::pressEnded(bool inside)
     const QPointer<QVClickButton> button(q);
     q->setDown(false);
     if (!inside)
-        clickButtonTouchUpOutside();
+        flow.clickButtonTouchUpOutside();
     if (button)
         Q_EMIT button->released();
     if (button && inside)
@@ -211,63 +165,15 @@ void QVClickButtonPrivate::pressIsTakenAway()
     });
 }
 
-void QVClickButtonPrivate::clickButtonTouchDownAction()
-{
-    // The first request is sent on the release.
-    QVConfigurationManager::prepareDeviceId();
-    setClickStatus(QVClickStatusTouching);
-}
-
-void QVClickButtonPrivate::clickButtonTouchDragInside()
-{
-    if (clickStatus != QVClickStatusTouching)
-        setClickStatus(QVClickStatusTouching);
-}
-
-void QVClickButtonPrivate::clickButtonTouchDragOutside()
-{
-    if (clickStatus != QVClickStatusNormal)
-        setClickStatus(QVClickStatusNormal);
-}
-
-void QVClickButtonPrivate::clickButtonTouchUpOutside()
-{
-    setClickStatus(QVClickStatusNormal);
-}
-
 void QVClickButtonPrivate::clickButtonTouchUpInside()
 {
-    if (!takesInput())
-        return;
     press.forget();
-    m_attempts.start(identity, qv_hostOf(q));
+    flow.clickButtonTouchUpInside();
 }
 
-void QVClickButtonPrivate::attemptAsks(QVAttempt & /*attempt*/)
+QObject *QVClickButtonPrivate::host() const
 {
-    setClickStatus(QVClickStatusVerifying);
-}
-
-void QVClickButtonPrivate::attemptDraws(QVAttempt & /*attempt*/)
-{
-    setClickStatus(QVClickStatusDrawing);
-}
-
-void QVClickButtonPrivate::attemptShowsPopup(QVAttempt & /*attempt*/)
-{
-    // The status is unchanged here: a popup whose picture came with the answer to the click counts as
-    // verifying.
-    Q_EMIT q->popupOpened();
-}
-
-void QVClickButtonPrivate::attemptEntersOutage(QVAttempt & /*attempt*/)
-{
-    Q_EMIT q->outageStarted();
-}
-
-void QVClickButtonPrivate::attemptFailsInPopup(QVAttempt & /*attempt*/, const QVError &error)
-{
-    Q_EMIT q->popupFailed(error);
+    return qv_hostOf(q);
 }
 
 bool QVClickButtonPrivate::offersAlternative() const
@@ -275,76 +181,54 @@ bool QVClickButtonPrivate::offersAlternative() const
     return q->isSignalConnected(QMetaMethod::fromSignal(&QVClickButton::alternativeRequested));
 }
 
-void QVClickButtonPrivate::attemptWantsAlternative(QVAttempt & /*attempt*/)
+QVClickButtonPrivate::TellToken QVClickButtonPrivate::tellToken() const
 {
-    Q_EMIT q->alternativeRequested();
-}
-
-void QVClickButtonPrivate::attemptHasPassed(QVAttempt & /*attempt*/, const QString &token)
-{
-    handleSuccess(token);
-}
-
-void QVClickButtonPrivate::attemptHasFailed(QVAttempt & /*attempt*/, const QVError &error)
-{
-    handleError(error);
-}
-
-void QVClickButtonPrivate::attemptHasClosed(QVAttempt & /*attempt*/, QVCloseReason reason)
-{
-    const QPointer<QVClickButton> button(q);
-    setClickStatus(QVClickStatusNormal);
-    if (button)
-        Q_EMIT button->closed(reason);
-}
-
-void QVClickButtonPrivate::handleSuccess(const QString &token)
-{
-    // Not a timer of the button: the user has passed, so the host receives the token even after reset() or
-    // the destruction of the button.
-    QVScheduler::shared().schedule(successDelay, [button = QPointer(q), last = delegate, token] {
-        if (button)
-            button->d->beginTokenLife();
+    return [button = QPointer(q), last = delegate](const QString &token) {
         if (auto *const receiver = button ? button->delegate() : last.get())
             receiver->clickButtonVerifyPassedWithToken(token);
         if (button)
             Q_EMIT button->passed(token);
-    });
-    setClickStatus(QVClickStatusPassed);
+    };
 }
 
-void QVClickButtonPrivate::beginTokenLife()
+void QVClickButtonPrivate::popupHasOpened()
 {
-    // The host may have reset the button meanwhile.
-    if (clickStatus == QVClickStatusPassed)
-        m_tokenLife.start([this] { tokenHasExpired(); });
+    Q_EMIT q->popupOpened();
 }
 
-void QVClickButtonPrivate::tokenHasExpired()
+void QVClickButtonPrivate::outageHasStarted()
 {
-    const QPointer<QVClickButton> button(q);
-    setClickStatus(QVClickStatusNormal);
-    if (button)
-        Q_EMIT button->expired();
+    Q_EMIT q->outageStarted();
 }
 
-void QVClickButtonPrivate::handleError(const QVError &error)
+void QVClickButtonPrivate::popupHasFailed(const QVError &error)
 {
-    const QPointer<QVClickButton> button(q);
-    setStatusText(QVErrorClassification::message(error));
-    setClickStatus(QVClickStatusFailed);
-    if (button)
-        Q_EMIT button->failed(error);
+    Q_EMIT q->popupFailed(error);
+}
+
+void QVClickButtonPrivate::alternativeIsWanted()
+{
+    Q_EMIT q->alternativeRequested();
+}
+
+void QVClickButtonPrivate::hasFailed(const QVError &error)
+{
+    Q_EMIT q->failed(error);
+}
+
+void QVClickButtonPrivate::hasClosed(QVCloseReason reason)
+{
+    Q_EMIT q->closed(reason);
+}
+
+void QVClickButtonPrivate::hasExpired()
+{
+    Q_EMIT q->expired();
 }
 
 void QVClickButtonPrivate::reset()
 {
-    const QPointer<QVClickButton> button(q);
     press.forget();
     q->setDown(false);
-    const bool isUnderWay = m_attempts.areUnderWay();
-    // This gives the focus back to the host, which may then destroy the button.
-    m_attempts.close(QVCloseReason::HostReset);
-    if (button && !isUnderWay)
-        setClickStatus(QVClickStatusNormal);
+    flow.reset();
 }

@@ -1,10 +1,7 @@
 #pragma once
 
-#include "flow/QVAttempts.h"
-#include "flow/QVTokenLife.h"
-#include "modes/QVClickStatus.h"
+#include "flow/QVClickFlow.h"
 #include "modes/QVPressTracker.h"
-#include "settings/QVText.h"
 
 #include <QColor>
 
@@ -17,59 +14,51 @@ class QVClickWaterRippleView;
 class QVLabel;
 class QVSpokenMessage;
 
-/// The behaviour of the click button: its states and looks, its presses, and the results of its attempts.
+/// What the click button does, apart from being a widget: its looks, its presses, and how it tells the host
+/// what QVClickFlow decides.
 ///
-/// A change of status emits a signal, in which the host may destroy the button. So each step does its own
-/// work before, and checks afterwards whether the button still exists.
-class QVClickButtonPrivate final : public QVAttemptObserver, public QVPressTracker::Button
+/// A status change tells the host, which may then destroy the button: whatever a step does, it does
+/// before, and looks at the button again afterwards.
+class QVClickButtonPrivate final : public QVClickSurface, public QVPressTracker::Button
 {
 public:
     explicit QVClickButtonPrivate(QVClickButton *button);
     ~QVClickButtonPrivate() override;
 
-    void setClickStatus(QVClickStatus status);
     [[nodiscard]] QColor background() const;
     void layoutSubviews() const;
     /// The corner radius, limited by the size of the button.
     [[nodiscard]] double paintedRadius() const;
 
-    /// Whether touches and keys have an effect.
-    [[nodiscard]] bool takesInput() const;
     [[nodiscard]] bool pointInside(QPointF point) const override;
     void beginTrackingWithTouch(QPointF point) override;
     void pressMoved(bool inside) override;
     void pressEnded(bool inside) override;
     /// Called when the button is hidden or disabled, or loses the focus, while it is pressed.
     void pressIsTakenAway();
-    void clickButtonTouchDownAction();
-    void clickButtonTouchDragInside();
-    void clickButtonTouchDragOutside();
-    void clickButtonTouchUpOutside();
     void clickButtonTouchUpInside();
 
     void reset();
-    void alternativeHasChanged() const { m_attempts.alternativeHasChanged(); }
-    /// Ends the attempt and its popup without a signal.
-    void abandon() { m_attempts.abandon(); }
 
-    void attemptAsks(QVAttempt &attempt) override;
-    void attemptDraws(QVAttempt &attempt) override;
-    void attemptShowsPopup(QVAttempt &attempt) override;
-    void attemptEntersOutage(QVAttempt &attempt) override;
-    void attemptFailsInPopup(QVAttempt &attempt, const QVError &error) override;
+    void showClickStatus() override;
+    void clickStatusHasChanged(QVClickStatus status) override;
+    [[nodiscard]] QObject *host() const override;
     [[nodiscard]] bool offersAlternative() const override;
-    void attemptWantsAlternative(QVAttempt &attempt) override;
-    void attemptHasPassed(QVAttempt &attempt, const QString &token) override;
-    void attemptHasFailed(QVAttempt &attempt, const QVError &error) override;
-    void attemptHasClosed(QVAttempt &attempt, QVCloseReason reason) override;
+    [[nodiscard]] TellToken tellToken() const override;
+    void popupHasOpened() override;
+    void outageHasStarted() override;
+    void popupHasFailed(const QVError &error) override;
+    void alternativeIsWanted() override;
+    void hasFailed(const QVError &error) override;
+    void hasClosed(QVCloseReason reason) override;
+    void hasExpired() override;
 
     QVClickButton *const q;
     QVWeakDelegate<QVClickButtonDelegate> delegate;
-    QVIdentity identity;
+    QVClickFlow flow;
     QVClickWaterRippleView *waterRippleView = nullptr;
     QVClickStatusView *clickStatusView = nullptr;
     QVLabel *clickStatusLabel = nullptr;
-    QVClickStatus clickStatus = QVClickStatusNormal;
     QVPressTracker press{*this};
     bool showsFocus = false;
     int cornerRadius = 0;
@@ -77,20 +66,11 @@ public:
 private:
     void initAction();
     void setupSubviews();
-    void setStatusText(const QVText &text);
     void showStatusText();
     /// Makes screen readers read the status out. They do not notice changes without an action of the user.
     void readOut();
     /// Sets the whole text as the accessible description if its end is cut off.
     void describe() const;
-    [[nodiscard]] bool isUnderWay() const;
-    void handleSuccess(const QString &token);
-    void beginTokenLife();
-    void tokenHasExpired();
-    void handleError(const QVError &error);
 
-    QVText m_statusText;
     QVSpokenMessage *m_spokenMessage = nullptr;
-    QVTokenLife m_tokenLife;
-    QVAttempts m_attempts;
 };

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "flow/QVClickStatus.h"
 #include "layers/QVLayerHost.h"
-#include "modes/QVClickStatus.h"
 
 #include <QWidget>
 

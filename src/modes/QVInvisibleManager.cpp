@@ -29,26 +29,26 @@ void QVInvisibleManager::setDelegate(QVInvisibleDelegate *delegate)
 
 QString QVInvisibleManager::vid() const
 {
-    return d->identity.ownVid;
+    return d->flow.identity().ownVid;
 }
 
 void QVInvisibleManager::setVid(const QString &vid)
 {
     if (!qv_mayCall(Q_FUNC_INFO))
         return;
-    d->identity.ownVid = vid;
+    d->flow.setIdentity({vid, scene()});
 }
 
 QString QVInvisibleManager::scene() const
 {
-    return d->identity.ownScene;
+    return d->flow.identity().ownScene;
 }
 
 void QVInvisibleManager::setScene(const QString &scene)
 {
     if (!qv_mayCall(Q_FUNC_INFO))
         return;
-    d->identity.ownScene = scene;
+    d->flow.setIdentity({vid(), scene});
 }
 
 bool QVInvisibleManager::animation() const
@@ -66,7 +66,7 @@ void QVInvisibleManager::setAnimation(bool animation)
 void QVInvisibleManager::startInsivible()
 {
     if (qv_mayCall(Q_FUNC_INFO))
-        d->startInsivible();
+        d->flow.startInsivible();
     else
         qv_failToShow(this);
 }
@@ -75,15 +75,15 @@ void QVInvisibleManager::reset()
 {
     if (!qv_mayCall(Q_FUNC_INFO))
         return;
-    d->reset();
+    d->flow.reset();
 }
 
 void QVInvisibleManager::connectNotify(const QMetaMethod &signal)
 {
-    qv_followAlternative(this, signal, [this] { d->alternativeHasChanged(); });
+    qv_followAlternative(this, signal, [this] { d->flow.alternativeHasChanged(); });
 }
 
 void QVInvisibleManager::disconnectNotify(const QMetaMethod &signal)
 {
-    qv_followAlternative(this, signal, [this] { d->alternativeHasChanged(); });
+    qv_followAlternative(this, signal, [this] { d->flow.alternativeHasChanged(); });
 }

@@ -32,7 +32,7 @@ QRect placeOf(const QObject *host)
 
 QVInvisibleManagerPrivate::QVInvisibleManagerPrivate(QVInvisibleManager *manager)
     : q(manager)
-    , m_attempts(QVVerifyStyleInvisible, QVWidgetPresenter::shared(), this)
+    , flow(QVWidgetPresenter::shared(), *this)
 {
 }
 
@@ -41,14 +41,14 @@ QVInvisibleManagerPrivate::~QVInvisibleManagerPrivate()
     // Without an application object nothing is on screen, and widgets cannot be hidden.
     if (!QCoreApplication::instance())
         return;
-    m_attempts.abandon();
-    removeAnimationView();
+    flow.abandon();
+    removeBadge();
 }
 
 QVInvisibleAnimationView *QVInvisibleManagerPrivate::animationView(QObject *host)
 {
     if (!animation || !QVWidgetPresenter::shared().canShowOver(host)) {
-        removeAnimationView();
+        removeBadge();
         return nullptr;
     }
     if (!m_animationView)
@@ -58,7 +58,7 @@ QVInvisibleAnimationView *QVInvisibleManagerPrivate::animationView(QObject *host
 
 void QVInvisibleManagerPrivate::createAnimationView(QObject *host)
 {
-    // Deleted by removeAnimationView(), or together with the host's window.
+    // Deleted by removeBadge(), or with the host's window.
     m_animationView = new QVInvisibleAnimationView;
     m_badgeHost = host;
     if (auto *const window = qobject_cast<QWidget *>(host)) {
@@ -84,7 +84,7 @@ void QVInvisibleManagerPrivate::centreAnimationView() const
     m_animationView->setCenter(around.topLeft() + QPoint(around.width() / 2, around.height() / 2));
 }
 
-void QVInvisibleManagerPrivate::removeAnimationView()
+void QVInvisibleManagerPrivate::removeBadge()
 {
     m_badgeWatch.reset();
     const QPointer<QVInvisibleAnimationView> view = std::exchange(m_animationView, nullptr);
@@ -95,25 +95,7 @@ void QVInvisibleManagerPrivate::removeAnimationView()
     view->deleteLater();
 }
 
-void QVInvisibleManagerPrivate::startInsivible()
-{
-    m_tokenLife.stop();
-    m_attempts.start(identity, qv_activeHost());
-}
-
-void QVInvisibleManagerPrivate::attemptAsks(QVAttempt &attempt)
-{
-    // Queued: the host may start in a focus handler while Qt destroys its window, when children can no longer
-    // be added.
-    const auto showBadge = [this, started = attempt.weak_from_this()] {
-        const auto asking = started.lock();
-        if (asking && asking->isAsking() && asking->isHostShown())
-            showLoadingBadge(asking->qv_controllerHost());
-    };
-    QMetaObject::invokeMethod(q, showBadge, Qt::QueuedConnection);
-}
-
-void QVInvisibleManagerPrivate::showLoadingBadge(QObject *host)
+void QVInvisibleManagerPrivate::showBadge(QObject *host)
 {
     auto *const view = animationView(host);
     if (!view)
@@ -122,25 +104,20 @@ void QVInvisibleManagerPrivate::showLoadingBadge(QObject *host)
     view->show();
 }
 
-void QVInvisibleManagerPrivate::attemptIsAnswered(QVAttempt &attempt)
+bool QVInvisibleManagerPrivate::passBadge(QObject *host, const std::function<void()> &completion)
 {
-    removeAnimationView();
-    m_attempts.replacePopup(&attempt);
+    const QPointer<QVInvisibleAnimationView> view = animationView(host);
+    if (!view)
+        return false;
+    view->passAnimationComplete(completion);
+    if (view)
+        view->show();
+    return true;
 }
 
-void QVInvisibleManagerPrivate::attemptShowsPopup(QVAttempt & /*attempt*/)
+QObject *QVInvisibleManagerPrivate::host() const
 {
-    Q_EMIT q->popupOpened();
-}
-
-void QVInvisibleManagerPrivate::attemptEntersOutage(QVAttempt & /*attempt*/)
-{
-    Q_EMIT q->outageStarted();
-}
-
-void QVInvisibleManagerPrivate::attemptFailsInPopup(QVAttempt & /*attempt*/, const QVError &error)
-{
-    Q_EMIT q->popupFailed(error);
+    return qv_activeHost();
 }
 
 bool QVInvisibleManagerPrivate::offersAlternative() const
@@ -148,36 +125,38 @@ bool QVInvisibleManagerPrivate::offersAlternative() const
     return q->isSignalConnected(QMetaMethod::fromSignal(&QVInvisibleManager::alternativeRequested));
 }
 
-void QVInvisibleManagerPrivate::attemptWantsAlternative(QVAttempt & /*attempt*/)
+QVInvisibleManagerPrivate::TellToken QVInvisibleManagerPrivate::tellToken() const
+{
+    return [manager = QPointer(q), last = delegate](const QString &token) {
+        if (auto *const receiver = manager ? manager->delegate() : last.get())
+            receiver->invisibleVerifyPassedWithToken(token);
+        if (manager)
+            Q_EMIT manager->passed(token);
+    };
+}
+
+void QVInvisibleManagerPrivate::popupHasOpened()
+{
+    Q_EMIT q->popupOpened();
+}
+
+void QVInvisibleManagerPrivate::outageHasStarted()
+{
+    Q_EMIT q->outageStarted();
+}
+
+void QVInvisibleManagerPrivate::popupHasFailed(const QVError &error)
+{
+    Q_EMIT q->popupFailed(error);
+}
+
+void QVInvisibleManagerPrivate::alternativeIsWanted()
 {
     Q_EMIT q->alternativeRequested();
 }
 
-void QVInvisibleManagerPrivate::attemptHasPassed(QVAttempt &attempt, const QString &token)
+void QVInvisibleManagerPrivate::hasFailed(const QVError &error)
 {
-    attemptHasEnded();
-    auto *const view = attempt.popup() ? nullptr : animationView(attempt.qv_controllerHost());
-    if (!view) {
-        report(q, delegate, token);
-        return;
-    }
-    const QPointer<QWidget> badge(view);
-    // The user has passed, so the host receives the token even after reset() or the destruction of the
-    // manager.
-    view->passAnimationComplete([manager = QPointer(q), last = delegate, token] {
-        if (manager) {
-            manager->d->removeAnimationView();
-            manager->d->m_attempts.replacePopup(nullptr);
-        }
-        report(manager, last, token);
-    });
-    if (badge)
-        badge->show();
-}
-
-void QVInvisibleManagerPrivate::attemptHasFailed(QVAttempt & /*attempt*/, const QVError &error)
-{
-    attemptHasEnded();
     const QPointer<QVInvisibleManager> manager(q);
     if (auto *const receiver = delegate.get())
         receiver->invisibleVerifyFailedWithError(error);
@@ -185,34 +164,13 @@ void QVInvisibleManagerPrivate::attemptHasFailed(QVAttempt & /*attempt*/, const 
         Q_EMIT manager->failed(error);
 }
 
-void QVInvisibleManagerPrivate::attemptHasClosed(QVAttempt & /*attempt*/, QVCloseReason reason)
+void QVInvisibleManagerPrivate::hasClosed(QVCloseReason reason)
 {
-    attemptHasEnded();
-    // The delegate receives only results, so a close is only a signal.
+    // The delegate is not told, on purpose: it hears results only.
     Q_EMIT q->closed(reason);
 }
 
-void QVInvisibleManagerPrivate::attemptHasEnded()
+void QVInvisibleManagerPrivate::hasExpired()
 {
-    // All attempts share the badge.
-    if (!m_attempts.areAsking())
-        removeAnimationView();
-}
-
-void QVInvisibleManagerPrivate::report(const QPointer<QVInvisibleManager> &manager,
-                                       const QVWeakDelegate<QVInvisibleDelegate> &last, const QString &token)
-{
-    if (manager)
-        manager->d->m_tokenLife.start([q = manager.data()] { Q_EMIT q->expired(); });
-    if (auto *const receiver = manager ? manager->delegate() : last.get())
-        receiver->invisibleVerifyPassedWithToken(token);
-    if (manager)
-        Q_EMIT manager->passed(token);
-}
-
-void QVInvisibleManagerPrivate::reset()
-{
-    m_tokenLife.stop();
-    removeAnimationView();
-    m_attempts.close(QVCloseReason::HostReset);
+    Q_EMIT q->expired();
 }

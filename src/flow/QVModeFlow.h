@@ -1,0 +1,41 @@
+#pragma once
+
+#include "flow/QVAttempts.h"
+#include "flow/QVModeSurface.h"
+#include "flow/QVTokenLife.h"
+
+/// What click button and invisible mode have in common: their attempts and what the host is told of them.
+class QUARVO_CORE_EXPORT QVModeFlow : public QVAttemptObserver
+{
+public:
+    Q_DISABLE_COPY(QVModeFlow)
+
+    void setIdentity(const QVIdentity &identity) { m_identity = identity; }
+    [[nodiscard]] const QVIdentity &identity() const { return m_identity; }
+
+    /// The host has, or no longer has, another way for users who cannot do what the picture asks.
+    void alternativeHasChanged() const { m_attempts.alternativeHasChanged(); }
+    /// Ends all attempts without a word, and the popup with them.
+    void abandon() { m_attempts.abandon(); }
+
+protected:
+    /// Both outlive this.
+    QVModeFlow(QVVerifyStyle style, const QVPopupPresenter &presenter, QVModeSurface &surface);
+    ~QVModeFlow() override;
+
+    void startAttempt() { m_attempts.start(m_identity, m_host.host()); }
+    [[nodiscard]] QVAttempts &attempts() { return m_attempts; }
+    [[nodiscard]] QVTokenLife &tokenLife() { return m_tokenLife; }
+
+    void attemptShowsPopup(QVAttempt &attempt) override;
+    void attemptEntersOutage(QVAttempt &attempt) override;
+    void attemptFailsInPopup(QVAttempt &attempt, const QVError &error) override;
+    [[nodiscard]] bool offersAlternative() const override;
+    void attemptWantsAlternative(QVAttempt &attempt) override;
+
+private:
+    QVModeSurface &m_host;
+    QVIdentity m_identity;
+    QVTokenLife m_tokenLife;
+    QVAttempts m_attempts;
+};
