@@ -6,7 +6,7 @@
 #include "settings/QVLocalizationKeys.h"
 #include "settings/QVSystemFont.h"
 #include "views/QVFocusRing.h"
-#include "views/QVOneLine.h"
+#include "settings/QVOneLine.h"
 
 #include <QPainter>
 #include <QtMath>

@@ -2,8 +2,8 @@
 
 #include "flow/QVPanGestureRecognizer.h"
 
+#include <QRectF>
 #include <QSet>
-#include <QSizeF>
 
 class QKeyEvent;
 

@@ -1,7 +1,7 @@
 #include "views/QVPaintedText.h"
 
 #include "settings/QVSystemFont.h"
-#include "views/QVOneLine.h"
+#include "settings/QVOneLine.h"
 #include "views/QVScaledPicture.h"
 #include "views/QVSmoothScaling.h"
 

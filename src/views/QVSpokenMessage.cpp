@@ -2,7 +2,7 @@
 
 #include "settings/QVLanguageNotice.h"
 #include "views/QVAccessibleRole.h"
-#include "views/QVOneLine.h"
+#include "settings/QVOneLine.h"
 
 QVSpokenMessage::QVSpokenMessage(QWidget *control)
     : QWidget(control)

@@ -1,4 +1,4 @@
-#include "views/QVOneLine.h"
+#include "settings/QVOneLine.h"
 
 #include <QString>
 
