@@ -154,13 +154,13 @@ void QVWindow::place()
         m_containerWatch = follow(m_container);
         connect(m_containerWatch.get(), &QVHostWatch::hiding, this, &QVWindow::containerHides);
     }
-    m_place = QVPopupGeometry::place(surroundings(m_container), m_presentation);
+    const Place place = QVPopupGeometry::place(surroundings(m_container), m_presentation);
     if (!m_container && m_host)
-        standAlone(m_place, m_host);
-    else if (m_place == Place::Layer)
+        standAlone(place, m_host);
+    else if (place == Place::Layer)
         lieIn(m_container);
     else
-        standAlone(m_place, m_container);
+        standAlone(place, m_container);
     layOutScreen();
     // The host may have dismissed it when it lost the focus on its way.
     if (!m_isWanted)
@@ -192,7 +192,7 @@ bool QVWindow::canStay() const
 {
     QWidget *const now = container();
     return now == m_container && !m_isBlocked &&
-           (m_place != Place::Layer || QVPopupGeometry::place(surroundings(now), m_presentation) == m_place);
+           (isWindow() || QVPopupGeometry::place(surroundings(now), m_presentation) == Place::Layer);
 }
 
 void QVWindow::lieIn(QWidget *container)
@@ -232,13 +232,18 @@ void QVWindow::standAlone(Place place, QObject *over)
     windowHandle()->setTransientParent(widget ? widget->windowHandle() : qobject_cast<QWindow *>(over));
 }
 
+bool QVWindow::fillsScreen() const
+{
+    return windowFlags() == screenFlags;
+}
+
 QRect QVWindow::ownFrame() const
 {
     const auto *const foreign = qobject_cast<const QWindow *>(m_host);
-    if (foreign && m_place != Place::Screen)
+    if (foreign && !fillsScreen())
         return foreign->geometry();
     const QScreen *const screen = m_container ? m_container->screen() : QGuiApplication::primaryScreen();
-    if (m_place == Place::Screen)
+    if (fillsScreen())
         return screen->geometry();
     const QRect around(m_container->mapToGlobal(QPoint()), m_container->size());
     QRect frame(QPoint(), QVPopupGeometry::cardSize().boundedTo(screen->availableSize()));
@@ -254,9 +259,9 @@ void QVWindow::fitToHost()
 {
     if (isHidden())
         return;
-    if (m_place != Place::Layer || !m_container)
+    if (isWindow() || !m_container)
         setGeometry(ownFrame());
-    else if (QVPopupGeometry::place(surroundings(m_container), m_presentation) == m_place)
+    else if (QVPopupGeometry::place(surroundings(m_container), m_presentation) == Place::Layer)
         setGeometry(m_container->rect());
     else
         placeSoon();
@@ -267,7 +272,7 @@ void QVWindow::containerHides()
     if (isHidden())
         return;
     // A window of its own stays on screen, and Qt may be activating it at this moment.
-    if (m_place != Place::Layer)
+    if (isWindow())
         return placeSoon();
     // It must not be destroyed with a modal window that came over the host's.
     place();
@@ -336,7 +341,7 @@ void QVWindow::enableParts()
 void QVWindow::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    if (!m_geometry.isCard() && m_place == Place::OwnWindow && m_container) {
+    if (!m_geometry.isCard() && isWindow() && !fillsScreen() && m_container) {
         painter.fillRect(rect(), QColor(QVColors::surface().rgb()));
         painter.setPen(edgeColor);
         painter.drawRect(rect().adjusted(0, 0, -1, -1));
@@ -428,6 +433,6 @@ bool QVWindow::focusNextPrevChild(bool next)
 
 void QVWindow::stayOnTop()
 {
-    if (m_place == Place::Layer && m_focusTrap->isOnTop())
+    if (!isWindow() && m_focusTrap->isOnTop())
         raise();
 }

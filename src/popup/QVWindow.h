@@ -74,6 +74,8 @@ private:
     void containerHides();
     [[nodiscard]] QWidget *container() const;
     [[nodiscard]] std::optional<QVPopupGeometry::Host> surroundings(const QWidget *container) const;
+    /// Whether the popup is a window that covers the whole screen.
+    [[nodiscard]] bool fillsScreen() const;
     [[nodiscard]] QRect ownFrame() const;
     void stayOnTop();
     void blockedChanges(bool isBlocked);
@@ -92,7 +94,6 @@ private:
     std::unique_ptr<QVHostWatch> m_containerWatch;
     QVValueAnimation m_dimming{this};
     double m_dimmedPart = 1;
-    Place m_place = Place::Layer;
     QVPopupPresentation m_presentation;
     QVPopupGeometry m_geometry;
     bool m_isWanted = false;
