@@ -26,9 +26,9 @@ namespace {
 
 constexpr QColor dimColor(0, 0, 0, 102);
 constexpr double dimSeconds = 0.15;
-/// The frame of a card in a window of its own: not every platform draws a shadow around it.
+/// The border of a card that is a separate window: not every platform draws a shadow around it.
 constexpr QColor edgeColor(0, 0, 0, 60);
-// The radius of the close button's disc, which fits into the top right corner.
+// The radius of the close button, which is in the top right corner.
 constexpr qreal cardRadius = 16;
 
 constexpr Qt::WindowFlags cardFlags = Qt::Dialog | Qt::FramelessWindowHint;
@@ -39,7 +39,7 @@ QVPopupPresentation chosenPresentation()
     return QVConfigurationManager::sharedManager().popupPresentation();
 }
 
-/// Whether \a modal keeps input from \a window.
+/// Whether \a modal blocks the input of \a window.
 bool blocks(const QWidget *modal, const QWidget *window)
 {
     if (modal == window || modal->isAncestorOf(window))
@@ -72,7 +72,7 @@ QVWindow::QVWindow()
 
 QVWindow::~QVWindow()
 {
-    // A controller that is still here was not dismissed: the host's window was destroyed.
+    // If the controller is still owned by this, it was not dismissed: the host's window is being destroyed.
     if (const auto controller = takeRootController())
         Q_EMIT destroyedWithHost();
 }
@@ -97,13 +97,13 @@ void QVWindow::makeKeyAndVisible(QObject *host)
         m_dimmedPart = part;
         update();
     });
-    // Qt may be activating a window of its own at this moment, shown or just hidden, and would go on with one
-    // that was destroyed.
+    // If this is a separate window, Qt may be activating it at this moment, even if it was just hidden, and
+    // would go on using it after its destruction.
     if (isWindow() && windowHandle())
         placeSoon();
     else
         place();
-    // Moving the focus comes last: what the host does in answer may destroy this.
+    // The focus is moved last, since the host may destroy this in a focus handler.
     if (m_isWanted)
         m_focusTrap->activate();
 }
@@ -114,8 +114,8 @@ void QVWindow::resignKeyAndHide()
     m_containerWatch.reset();
     const QPointer<QVWindow> self(this);
     m_isWanted = false;
-    // First, so that Qt does not look for a new place for the focus by itself. The host may answer by
-    // destroying this, or by showing it again.
+    // Released before hiding, so that Qt does not move the focus by itself. In a focus handler the host may
+    // destroy this or show it again.
     m_focusTrap->release();
     if (self && !m_isWanted)
         hide();
@@ -162,7 +162,7 @@ void QVWindow::place()
     else
         standAlone(place, m_container);
     layOutScreen();
-    // The host may have dismissed it when it lost the focus on its way.
+    // The host may have dismissed this in a focus handler meanwhile.
     if (!m_isWanted)
         return;
     show();
@@ -173,7 +173,7 @@ void QVWindow::place()
 
 void QVWindow::placeSoon()
 {
-    // Not at once: Qt tells that a modal window blocks others while it goes through the list of windows.
+    // From the event loop: Qt sends events about modal windows while it iterates over the list of windows.
     QVScheduler::shared().schedule({}, [self = QPointer(this)] {
         if (self)
             self->placeAgain();
@@ -202,7 +202,7 @@ void QVWindow::lieIn(QWidget *container)
         hide();
         setWindowState(Qt::WindowNoState);
         setWindowModality(Qt::NonModal);
-        // Not every platform can make its window a part of another one.
+        // Not every platform can make a window a child of another one.
         if (windowHandle())
             destroy();
         QVHostWatch::adopt(container, this);
@@ -218,10 +218,10 @@ void QVWindow::standAlone(Place place, QObject *over)
         m_focusTrap->leaveWindow();
         hide();
         setParent(nullptr, flags);
-        // It was disabled with a host that it lay in.
+        // It may have been disabled together with a host that contained it.
         setEnabled(true);
     }
-    // Of the modal windows that are shown the latest one has the input.
+    // Hidden first, so that it is shown again as the latest modal window, which has the input.
     if (std::exchange(m_isBlocked, false))
         hide();
     setWindowModality(Qt::WindowModal);
@@ -248,7 +248,7 @@ QRect QVWindow::ownFrame() const
     const QRect around(m_container->mapToGlobal(QPoint()), m_container->size());
     QRect frame(QPoint(), QVPopupGeometry::cardSize().boundedTo(screen->availableSize()));
     frame.moveCenter(around.center());
-    // Wholly on the screen, wherever the host's window reaches.
+    // Completely on the screen, even if the host's window is not.
     const QRect room = screen->availableGeometry();
     frame.moveLeft(std::clamp(frame.left(), room.left(), room.right() + 1 - frame.width()));
     frame.moveTop(std::clamp(frame.top(), room.top(), room.bottom() + 1 - frame.height()));
@@ -271,10 +271,10 @@ void QVWindow::containerHides()
 {
     if (isHidden())
         return;
-    // A window of its own stays on screen, and Qt may be activating it at this moment.
+    // A separate window stays on screen, and Qt may be activating it at this moment.
     if (isWindow())
         return placeSoon();
-    // It must not be destroyed with a modal window that came over the host's.
+    // It must not be destroyed together with a modal window of the host that contains it.
     place();
     m_focusTrap->moveInside();
 }
@@ -304,7 +304,7 @@ bool QVWindow::event(QEvent *event)
 {
     switch (event->type()) {
     case QEvent::ShortcutOverride:
-        // A key that is pressed here is no shortcut of the host.
+        // Keys that are pressed here must not trigger shortcuts of the host.
         event->accept();
         return true;
     case QEvent::WindowBlocked:
@@ -323,7 +323,7 @@ bool QVWindow::event(QEvent *event)
 
 void QVWindow::blockedChanges(bool isBlocked)
 {
-    // Two popups do not fight for the front.
+    // Not if another popup blocks this one: two popups must not compete for the front.
     m_isBlocked = isBlocked && isWindow() && !qobject_cast<QVWindow *>(QApplication::activeModalWidget());
     if (m_isBlocked)
         placeSoon();
@@ -375,7 +375,8 @@ void QVWindow::closeEvent(QCloseEvent *event)
 {
     const QPointer<QVWindow> self(this);
     Q_EMIT closeRequested();
-    // Closed, so that an application can quit, unless the host has shown it again in answer.
+    // The close is accepted, so that the application can quit, unless the host has shown this again in a
+    // slot.
     if (self && m_isWanted)
         event->ignore();
 }
@@ -385,7 +386,7 @@ void QVWindow::hideEvent(QHideEvent *event)
     QWidget::hideEvent(event);
     if (event->spontaneous() || !m_isWanted)
         return;
-    // Hidden by the host, or on its way to another window, in which it is shown at once.
+    // Either the host has hidden this, or it is moved to another window and shown there at once.
     QVScheduler::shared().schedule({}, [self = QPointer(this)] {
         if (self && self->m_isWanted && self->isHidden())
             Q_EMIT self->closeRequested();

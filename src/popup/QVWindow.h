@@ -12,9 +12,9 @@
 class QVFocusTrap;
 class QVHostWatch;
 
-/// The surface that a popup lives on, which keeps all input from what lies below it. Where it lies is
-/// decided anew at each display, and when its host is disabled, blocked, hidden or too small meanwhile:
-/// as a layer in the host's window, or in a window of its own.
+/// The surface of a popup, which blocks all input to the widgets below. It is a layer in the host's window,
+/// or a separate window. This is decided each time it is shown, and when the host is disabled, blocked,
+/// hidden or becomes too small.
 class QVWindow final : public QWidget
 {
     Q_OBJECT
@@ -23,26 +23,26 @@ public:
     QVWindow();
     ~QVWindow() override;
 
-    /// Keeps \a controller alive until it is taken out again or this window ends.
+    /// Owns \a controller until takeRootController() or the destruction of this window.
     void setRootController(std::shared_ptr<void> controller);
     [[nodiscard]] std::shared_ptr<void> takeRootController();
 
-    /// Where the popup's elements go, in this window's coordinates.
+    /// The area for the popup's elements, in this window's coordinates.
     [[nodiscard]] QRect popupScreen() const { return m_geometry.screen(); }
 
-    /// Shows it over \a host, a QWidget or a QWindow; over the main screen where that is null. Moves the
-    /// focus, in answer to which this may be destroyed.
+    /// Shows this over \a host, a QWidget or a QWindow, or over the main screen if that is null. Moves the
+    /// focus: in a focus handler the host may destroy this.
     void makeKeyAndVisible(QObject *host);
     void resignKeyAndHide();
-    /// Destroys it from the event loop. While the focus is being moved, that waits until it has been.
+    /// Destroys this from the event loop; while the focus is being moved, after that.
     void destroySoon();
 
 Q_SIGNALS:
     void popupScreenChanged();
-    /// Escape or Back, the platform's own way of closing a window, or a click beside the card where
-    /// the host wants that.
+    /// The user has pressed Escape or Back, has closed the window by the platform's means, or has clicked
+    /// beside the card if the host wants that.
     void closeRequested();
-    /// It is being destroyed by somebody else: together with a window that it lay in.
+    /// This is being destroyed together with a window of the host that contains it.
     void destroyedWithHost();
 
 protected:
@@ -65,7 +65,7 @@ private:
     void place();
     void placeSoon();
     void placeAgain();
-    /// Whether the popup can be used where it lies now.
+    /// Whether the popup can be used at its current place.
     [[nodiscard]] bool canStay() const;
     void lieIn(QWidget *container);
     void standAlone(Place place, QObject *over);
@@ -84,11 +84,11 @@ private:
     void enableParts();
     [[nodiscard]] bool isBesideCard(const QMouseEvent &event) const;
 
-    // Ends before the children, whose focus goes with them.
+    // A member, so that it is destroyed before the children, which lose the focus when they are destroyed.
     std::unique_ptr<QVFocusTrap> m_focusTrap;
     std::shared_ptr<void> m_rootController;
     QPointer<QObject> m_host;
-    /// The window that this one lies in or stands over: the host, or a modal one over it.
+    /// The window that contains this or is below it: the host, or a modal window over the host.
     QPointer<QWidget> m_container;
     std::unique_ptr<QVHostWatch> m_hostWatch;
     std::unique_ptr<QVHostWatch> m_containerWatch;
@@ -97,7 +97,7 @@ private:
     QVPopupPresentation m_presentation;
     QVPopupGeometry m_geometry;
     bool m_isWanted = false;
-    /// Whether a modal window of the host keeps input from this one.
+    /// Whether a modal window of the host blocks the input of this one.
     bool m_isBlocked = false;
     bool m_pressedBesideCard = false;
 };
