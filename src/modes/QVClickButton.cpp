@@ -58,8 +58,8 @@ QVClickButton::~QVClickButton()
     // Without an application object nothing is on screen.
     if (!QCoreApplication::instance())
         return;
-    // While this is still a button: the popup may give the focus back to it, and the host may click it when
-    // it loses the focus.
+    // Before the base destructors run: the popup may give the focus back to this button, and the host may
+    // click it when it loses the focus.
     d->flow.abandon();
     clearFocus();
 }

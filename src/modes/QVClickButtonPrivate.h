@@ -14,11 +14,11 @@ class QVClickWaterRippleView;
 class QVLabel;
 class QVSpokenMessage;
 
-/// What the click button does, apart from being a widget: its looks, its presses, and how it tells the host
-/// what QVClickFlow decides.
+/// The look and the presses of the click button, and the notifications of the host. QVClickFlow decides on
+/// the states.
 ///
-/// A status change tells the host, which may then destroy the button: whatever a step does, it does
-/// before, and looks at the button again afterwards.
+/// A change of status emits a signal, in which the host may destroy the button. So each step does its own
+/// work before, and checks afterwards whether the button still exists.
 class QVClickButtonPrivate final : public QVClickSurface, public QVPressTracker::Button
 {
 public:

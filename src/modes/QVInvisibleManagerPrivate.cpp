@@ -58,7 +58,7 @@ QVInvisibleAnimationView *QVInvisibleManagerPrivate::animationView(QObject *host
 
 void QVInvisibleManagerPrivate::createAnimationView(QObject *host)
 {
-    // Deleted by removeBadge(), or with the host's window.
+    // Deleted by removeBadge(), or together with the host's window.
     m_animationView = new QVInvisibleAnimationView;
     m_badgeHost = host;
     if (auto *const window = qobject_cast<QWidget *>(host)) {
@@ -166,7 +166,7 @@ void QVInvisibleManagerPrivate::hasFailed(const QVError &error)
 
 void QVInvisibleManagerPrivate::hasClosed(QVCloseReason reason)
 {
-    // The delegate is not told, on purpose: it hears results only.
+    // The delegate receives only results, so a close is only a signal.
     Q_EMIT q->closed(reason);
 }
 

@@ -11,7 +11,8 @@ class QVInvisibleAnimationView;
 class QVInvisibleDelegate;
 class QVInvisibleManager;
 
-/// The badge of an invisible manager, and how it tells the host what QVInvisibleFlow decides.
+/// The badge of an invisible manager, and the notifications of the host. QVInvisibleFlow decides on the
+/// attempts.
 class QVInvisibleManagerPrivate final : public QVInvisibleSurface
 {
 public:
