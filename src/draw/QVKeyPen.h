@@ -6,7 +6,7 @@
 
 class QVLabel;
 
-/// The mark that shows where the pen is that the keyboard steers while the picture has the focus.
+/// The mark at the position of the pen, which the keyboard moves while the picture has the focus.
 class QVKeyPen final : public QWidget
 {
     Q_OBJECT
@@ -34,7 +34,7 @@ private:
 
     QWidget *m_picture;
     QVPenSteering m_steering;
-    /// Says which keys there are, until one is used.
+    /// Shows the keys until one of them is used.
     QVLabel *m_hint;
     QString m_help;
     bool m_isDown = false;

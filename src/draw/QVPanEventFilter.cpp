@@ -100,7 +100,7 @@ bool QVPanEventFilter::handleMouse(QWidget *receiver, const QMouseEvent &event)
     } else if (wasFollowed) {
         m_recognizer.release(Pointer::Mouse, location);
     }
-    // Until it is a drag, a press on a control is the control's too.
+    // Until a drag begins, the control also receives a press on it.
     return isOnControl ? wasDragging || m_recognizer.isDragging()
                        : wasFollowed || m_recognizer.pointer() == Pointer::Mouse;
 }
@@ -110,7 +110,7 @@ bool QVPanEventFilter::takesClick(QWidget *receiver, const QMouseEvent &event)
     if (event.type() == QEvent::MouseMove || event.button() != Qt::LeftButton)
         return false;
     if (m_pickedUpPen.isUp() && receiver != m_view) {
-        // The control's own click.
+        // A click on a control belongs to the control.
         m_pickedUpPen.drop();
         return false;
     }
