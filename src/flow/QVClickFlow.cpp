@@ -13,7 +13,7 @@ namespace {
 
 constexpr auto successDelay = 500ms;
 
-/// The text that goes with a status; null where the text stays.
+/// The text for a status; null if the text does not change.
 QVText textOf(QVClickStatus status)
 {
     switch (status) {
@@ -71,7 +71,7 @@ void QVClickFlow::setClickStatus(QVClickStatus status)
 
 void QVClickFlow::clickButtonTouchDownAction()
 {
-    // Requests follow when the finger is lifted.
+    // The first request is sent on the release.
     QVConfigurationManager::prepareDeviceId();
     setClickStatus(QVClickStatusTouching);
 }
@@ -106,14 +106,14 @@ void QVClickFlow::attemptAsks(QVAttempt & /*attempt*/)
 
 void QVClickFlow::attemptDraws(QVAttempt & /*attempt*/)
 {
-    // A popup with its picture already chosen is still part of verifying, so that status stays.
+    // Not called for a popup whose picture came with the answer to the click: that counts as verifying.
     setClickStatus(QVClickStatusDrawing);
 }
 
 void QVClickFlow::attemptHasPassed(QVAttempt & /*attempt*/, const QString &token)
 {
-    // Not a timer of the button's: the user has passed, so neither reset() nor the button's end
-    // takes the token from the host.
+    // Not a timer of the button: the user has passed, so the host receives the token even after reset() or
+    // the destruction of the button.
     QVScheduler::shared().schedule(
         successDelay, [flow = QVWeakDelegate<QVClickFlow>(this), tell = m_surface.get()->tellToken(), token] {
             if (flow)
@@ -142,7 +142,7 @@ void QVClickFlow::attemptHasClosed(QVAttempt & /*attempt*/, QVCloseReason reason
 
 void QVClickFlow::beginTokenLife()
 {
-    // The host may have reset the button while it was turning green.
+    // The host may have reset the button meanwhile.
     if (m_clickStatus == QVClickStatusPassed)
         tokenLife().start([this] { tokenHasExpired(); });
 }
@@ -159,7 +159,7 @@ void QVClickFlow::reset()
 {
     const QVWeakDelegate<QVClickSurface> surface = m_surface;
     const bool wereUnderWay = attempts().areUnderWay();
-    // Gives the focus back to the host, which may destroy the button in answer.
+    // This gives the focus back to the host, which may then destroy the button.
     attempts().close(QVCloseReason::HostReset);
     if (surface && !wereUnderWay)
         setClickStatus(QVClickStatusNormal);

@@ -4,20 +4,20 @@
 #include "flow/QVModeFlow.h"
 #include "settings/QVText.h"
 
-/// What a click button does, whatever it looks like: its states and their texts, what a press means, and
-/// what becomes of the attempts that it starts.
+/// The behaviour of a click button, independent of its look: its states and their texts, its presses, and the
+/// results of its attempts.
 class QUARVO_CORE_EXPORT QVClickFlow final : public QVModeFlow
 {
 public:
-    /// Both outlive this. A surface shows the first status by itself.
+    /// Both must outlive this. The surface shows the first status by itself.
     QVClickFlow(const QVPopupPresenter &presenter, QVClickSurface &surface);
 
     [[nodiscard]] QVClickStatus clickStatus() const { return m_clickStatus; }
     [[nodiscard]] const QVText &statusText() const { return m_statusText; }
-    /// Whether touches and keys are heard.
+    /// Whether touches and keys have an effect.
     [[nodiscard]] bool takesInput() const;
     [[nodiscard]] bool isUnderWay() const;
-    /// Whether the status came by itself, so that screen readers have to be told of it.
+    /// Whether the status has changed without an action of the user, so that it must be read out.
     [[nodiscard]] bool isNews() const;
 
     void clickButtonTouchDownAction();
@@ -37,7 +37,7 @@ private:
     void beginTokenLife();
     void tokenHasExpired();
 
-    /// It may be destroyed, and this with it, whenever the host is told of a status.
+    /// May be destroyed together with this whenever the host is notified of a status.
     const QVWeakDelegate<QVClickSurface> m_surface;
     QVClickStatus m_clickStatus = QVClickStatusNormal;
     QVText m_statusText;

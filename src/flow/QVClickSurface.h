@@ -3,12 +3,12 @@
 #include "flow/QVClickStatus.h"
 #include "flow/QVModeSurface.h"
 
-/// What the flow of a click button needs of the button on screen.
+/// The interface of QVClickFlow to the button on screen.
 class QVClickSurface : public QVModeSurface
 {
 public:
-    /// Shows the status and the text that the flow has now.
+    /// Shows the current status and text of the flow.
     virtual void showClickStatus() = 0;
-    /// Tells the host of another status; it may destroy the button in answer.
+    /// Notifies the host of a changed status. The host may destroy the button meanwhile.
     virtual void clickStatusHasChanged(QVClickStatus status) = 0;
 };

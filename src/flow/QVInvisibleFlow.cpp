@@ -16,7 +16,8 @@ void QVInvisibleFlow::startInsivible()
 
 void QVInvisibleFlow::attemptAsks(QVAttempt &attempt)
 {
-    // Queued: the host may start in a focus handler while Qt destroys its window, which then takes no child.
+    // Queued: the host may start in a focus handler while Qt destroys its window, when children can no longer
+    // be added.
     const auto showBadge = [flow = QVWeakDelegate<QVInvisibleFlow>(this),
                             started = attempt.weak_from_this()] {
         const auto asking = started.lock();
@@ -35,7 +36,8 @@ void QVInvisibleFlow::attemptIsAnswered(QVAttempt &attempt)
 void QVInvisibleFlow::attemptHasPassed(QVAttempt &attempt, const QString &token)
 {
     attemptHasEnded();
-    // The user has passed, so neither reset() nor the front-end's end takes the token from the host.
+    // The user has passed, so the host receives the token even after reset() or the destruction of the
+    // front-end.
     const auto report = [flow = QVWeakDelegate<QVInvisibleFlow>(this), tell = m_surface.tellToken(), token] {
         if (flow)
             flow.get()->beginTokenLife();
@@ -48,7 +50,7 @@ void QVInvisibleFlow::attemptHasPassed(QVAttempt &attempt, const QString &token)
             flow.get()->attempts().replacePopup(nullptr);
         report();
     };
-    // In a popup the user has seen it already.
+    // A popup has shown the user already that they have passed.
     if (attempt.popup() || !m_surface.passBadge(attempt.qv_controllerHost(), passed))
         report();
 }

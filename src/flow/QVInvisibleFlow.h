@@ -3,14 +3,14 @@
 #include "flow/QVInvisibleSurface.h"
 #include "flow/QVModeFlow.h"
 
-/// What invisible mode does, whatever its badge looks like: what becomes of the attempts that the host
-/// starts, and when the badge comes and goes.
+/// The behaviour of invisible mode, independent of the look of its badge: the results of the attempts that
+/// the host starts, and when the badge is shown.
 ///
 /// The host may destroy the front-end in any callback: each step does its own work before it calls back.
 class QUARVO_CORE_EXPORT QVInvisibleFlow final : public QVModeFlow
 {
 public:
-    /// Both outlive this.
+    /// Both must outlive this.
     QVInvisibleFlow(const QVPopupPresenter &presenter, QVInvisibleSurface &surface);
 
     void startInsivible();
@@ -22,7 +22,7 @@ private:
     void attemptHasPassed(QVAttempt &attempt, const QString &token) override;
     void attemptHasFailed(QVAttempt &attempt, const QVError &error) override;
     void attemptHasClosed(QVAttempt &attempt, QVCloseReason reason) override;
-    /// What all ends have in common.
+    /// Called at each end of an attempt.
     void attemptHasEnded();
     void beginTokenLife();
 

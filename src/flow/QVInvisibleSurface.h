@@ -2,14 +2,15 @@
 
 #include "flow/QVModeSurface.h"
 
-/// What the flow of invisible mode needs of a front-end besides.
+/// The interface of QVInvisibleFlow to the front-end.
 class QVInvisibleSurface : public QVModeSurface
 {
 public:
-    /// Shows the badge over \a host, with its ring turning, unless the host of the mode wants none.
+    /// Shows the badge over \a host, with its ring turning, unless the badge is switched off.
     virtual void showBadge(QObject *host) = 0;
-    /// Lets the badge over \a host say that the user has passed, and runs \a completion a second later, even
-    /// if the front-end has gone by then. False where no badge is wanted, or none can be shown.
+    /// Shows on the badge over \a host that the user has passed, and runs \a completion a second later, even
+    /// if the front-end was destroyed meanwhile. Returns false if the badge is switched off or cannot be
+    /// shown.
     virtual bool passBadge(QObject *host, const std::function<void()> &completion) = 0;
     virtual void removeBadge() = 0;
 };

@@ -4,7 +4,7 @@
 #include "flow/QVModeSurface.h"
 #include "flow/QVTokenLife.h"
 
-/// What click button and invisible mode have in common: their attempts and what the host is told of them.
+/// The common part of click button and invisible mode: their attempts, and the notifications of the host.
 class QUARVO_CORE_EXPORT QVModeFlow : public QVAttemptObserver
 {
 public:
@@ -13,13 +13,13 @@ public:
     void setIdentity(const QVIdentity &identity) { m_identity = identity; }
     [[nodiscard]] const QVIdentity &identity() const { return m_identity; }
 
-    /// The host has, or no longer has, another way for users who cannot do what the picture asks.
+    /// Call when the host begins or ceases to offer another way to users who cannot do what the picture asks.
     void alternativeHasChanged() const { m_attempts.alternativeHasChanged(); }
-    /// Ends all attempts without a word, and the popup with them.
+    /// Ends all attempts and the popup without a callback.
     void abandon() { m_attempts.abandon(); }
 
 protected:
-    /// Both outlive this.
+    /// Both must outlive this.
     QVModeFlow(QVVerifyStyle style, const QVPopupPresenter &presenter, QVModeSurface &surface);
     ~QVModeFlow() override;
 

@@ -6,21 +6,22 @@
 
 #include <functional>
 
-/// What the flow of a mode needs of a front-end: the window that a popup belongs to, and its way of telling
-/// the host.
+/// The interface of the flow of a mode to its front-end: the window that a popup belongs to, and the
+/// notifications of the host.
 class QVModeSurface : public QVDelegate
 {
 public:
     using TellToken = std::function<void(const QString &token)>;
 
-    /// The window that an attempt started now belongs to, in the toolkit's class; null for the main screen.
+    /// The window that an attempt belongs to which is started now, an object of the toolkit's class. Null for
+    /// the main screen.
     [[nodiscard]] virtual QObject *host() const = 0;
     /// Whether the host has another way for users who cannot do what the picture asks.
     [[nodiscard]] virtual bool offersAlternative() const = 0;
-    /// What tells the host a token. It is called later, when the surface may have gone.
+    /// A function that reports a token to the host. It is called later, even if the surface was destroyed.
     [[nodiscard]] virtual TellToken tellToken() const = 0;
 
-    // Each tells the host, which may destroy the front-end in answer: the flow calls them last.
+    // Each of these notifies the host, which may destroy the front-end. So the flow calls them last.
     virtual void popupHasOpened() = 0;
     virtual void outageHasStarted() = 0;
     /// Something failed inside the popup, where the user may try again.

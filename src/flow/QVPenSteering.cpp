@@ -7,7 +7,7 @@
 
 namespace {
 
-// A stroke across the picture and back up and down fits into the points that a trace may have.
+// With these steps a stroke across the picture and back fits into the points that a trace may have.
 constexpr double stepsAcross = 40;
 constexpr double fineStepsAcross = 160;
 
@@ -32,7 +32,7 @@ bool isArrow(int key)
     return !direction(key).isNull();
 }
 
-/// Half a unit inside, since the picture's far edges do not belong to it.
+/// At least half a pixel inside, since the right and bottom edges do not belong to the picture.
 double inside(double part, double extent)
 {
     constexpr double margin = 0.5;

@@ -12,24 +12,24 @@ class QKeyEvent;
 class QUARVO_CORE_EXPORT QVPenSteering
 {
 public:
-    /// \a recognizer takes the strokes and outlives this.
+    /// \a recognizer receives the strokes and must outlive this.
     explicit QVPenSteering(QVPanGestureRecognizer &recognizer);
 
-    /// Whether there is something to draw on.
+    /// Sets whether there is a picture to draw on.
     void setReady(bool ready) { m_isReady = ready; }
     [[nodiscard]] bool isReady() const { return m_isReady; }
-    /// Where the picture lies, in the coordinates of the strokes.
+    /// Sets the frame of the picture, in the coordinates of the strokes.
     void setFrame(const QRectF &frame) { m_frame = frame; }
-    /// Where the pen is, always within the picture.
+    /// The position of the pen, always inside the picture.
     [[nodiscard]] QPointF location() const;
     /// Whether the pen is down.
     [[nodiscard]] bool isSteering() const;
 
     [[nodiscard]] bool isPenKey(const QKeyEvent &event) const;
-    /// False where the key is none of the pen's.
+    /// Returns false if the key is not one of the pen's.
     bool press(const QKeyEvent &event);
     void release(const QKeyEvent &event);
-    /// The keyboard goes elsewhere.
+    /// Call when the keyboard focus is lost.
     void leave();
 
 private:
@@ -38,7 +38,7 @@ private:
 
     QVPanGestureRecognizer &m_recognizer;
     QRectF m_frame;
-    /// In parts of the picture, so that it stays in place when that is resized.
+    /// The position as fractions of the picture's size, so that it stays in place when that is resized.
     QPointF m_place{0.1, 0.5};
     QSet<int> m_heldArrows;
     bool m_isReady = false;

@@ -4,7 +4,7 @@ using Pointer = QVPanGestureRecognizer::Pointer;
 
 bool QVPickedUpPen::isUp() const
 {
-    // The recogniser may have let go of the mouse meanwhile.
+    // The recogniser may have stopped following the mouse meanwhile.
     return m_isUp && m_recognizer.pointer() == Pointer::Mouse;
 }
 
@@ -31,7 +31,7 @@ bool QVPickedUpPen::move(Qt::MouseButtons buttons, QPointF location)
 {
     if (m_recognizer.pointer() != Pointer::Mouse)
         return false;
-    // A move without the button means that the release went elsewhere.
+    // A move without the button means that another widget has received the release.
     if (isUp() || (buttons & Qt::LeftButton))
         return m_recognizer.move(Pointer::Mouse, location);
     m_recognizer.cancel();

@@ -4,25 +4,25 @@
 
 #include <Qt>
 
-/// Drawing with the mouse for those who cannot drag: a click picks the pen up, which then follows the mouse
+/// Drawing with the mouse for users who cannot drag: a click picks the pen up. It then follows the mouse
 /// without a button, and the next click puts it down.
 class QUARVO_CORE_EXPORT QVPickedUpPen
 {
 public:
-    /// \a recognizer takes the strokes and outlives this.
+    /// \a recognizer receives the strokes and must outlive this.
     explicit QVPickedUpPen(QVPanGestureRecognizer &recognizer)
         : m_recognizer(recognizer)
     {
     }
 
     [[nodiscard]] bool isUp() const;
-    /// Whether a press of the left button is that of the second click, which begins no stroke.
+    /// Whether a press of the left button belongs to the second click, and so does not begin a stroke.
     bool takesPress();
-    /// Whether a release of the left button is the first click, with which nothing ends.
+    /// Whether a release of the left button belongs to the first click, and so does not end a stroke.
     bool takesRelease();
-    /// The line is gone.
+    /// Puts the pen down and discards the line.
     void drop();
-    /// Returns whether a drag began by this move.
+    /// Returns whether a drag begins with this move.
     bool move(Qt::MouseButtons buttons, QPointF location);
 
 private:
