@@ -155,21 +155,6 @@ private Q_SLOTS:
         }
     }
 
-    void treeRefusesCyclesAndMovesLayers()
-    {
-        const auto parent = std::make_shared<QVLayer>();
-        const auto child = std::make_shared<QVLayer>();
-        auto other = std::make_shared<QVLayer>();
-        parent->addSublayer(child);
-        child->addSublayer(parent);
-        child->addSublayer(child);
-        QVERIFY(child->sublayers().empty());
-        other->addSublayer(child);
-        QVERIFY(parent->sublayers().empty());
-        other.reset();
-        QCOMPARE(child->superlayer(), nullptr);
-    }
-
     void whatIsTickedMayChangeDuringATick()
     {
         Client leader;
