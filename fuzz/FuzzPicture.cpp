@@ -2,11 +2,10 @@
 #include "fuzz/FuzzInput.h"
 #include "image/QVFirstFrame.h"
 #include "image/QVImageDecoder.h"
-#include "image/QVPictureDevice.h"
 #include "image/QVPictureSize.h"
+#include "platform/QVProcessorTime.h"
 
-#include <QBuffer>
-#include <QImageReader>
+#include <QImage>
 
 #include <sys/resource.h>
 
@@ -25,24 +24,6 @@ qint64 peakMemory()
     return qint64(usage.ru_maxrss) << 10;
 }
 
-/// The first frame of \a file. Reducing that once more must not change it.
-QVFirstFrame reduced(const QByteArray &file)
-{
-    QVFirstFrame frame = QVFirstFrame::ofFile(file);
-    const QVFirstFrame again = QVFirstFrame::ofFile(frame.bytes);
-    fuzzRequire(frame.format == again.format && frame.bytes == again.bytes);
-    fuzzRequire(frame.bytes.size() <= file.size() + 2);
-    return frame;
-}
-
-/// Whether Qt alone decodes it to a picture of an allowed size.
-bool isPicture(QVFirstFrame frame)
-{
-    QBuffer buffer(&frame.bytes);
-    const QImage image = QImageReader(&buffer, frame.format).read();
-    return !frame.format.isEmpty() && qv_isPictureSizeAllowed(image.width(), image.height());
-}
-
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
@@ -57,19 +38,17 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     fuzzRequire(isReady);
 
     const QByteArray file = fuzzBytes(data, size);
-    const QVFirstFrame frame = reduced(file);
+    // Reducing the first frame once more must not change it.
+    const QVFirstFrame frame = QVFirstFrame::ofFile(file);
+    const QVFirstFrame again = QVFirstFrame::ofFile(frame.bytes);
+    fuzzRequire(frame.format == again.format && frame.bytes == again.bytes);
+    fuzzRequire(frame.bytes.size() <= file.size() + 2);
+
     const qint64 memory = peakMemory();
     const auto start = qv_processorTime();
     const QImage image = qv_decodedImage(file);
-    const auto time = qv_processorTime() - start;
-    fuzzRequire(time < mostTime);
+    fuzzRequire(qv_processorTime() - start < mostTime);
     fuzzRequire(peakMemory() - memory <= mostMemory + image.sizeInBytes());
-    if (image.isNull()) {
-        fuzzRequire(time > QVPictureDevice::limit / 2 || !isPicture(frame));
-        return 0;
-    }
-    fuzzRequire(qv_isPictureSizeAllowed(image.width(), image.height()));
-    fuzzRequire(image.format() == QImage::Format_RGB32 ||
-                image.format() == QImage::Format_ARGB32_Premultiplied);
+    fuzzRequire(image.isNull() || qv_isPictureSizeAllowed(image.width(), image.height()));
     return 0;
 }

@@ -59,10 +59,8 @@ int main(int argc, char **argv)
         if (file.open(QIODevice::ReadOnly))
             seeds.append(file.readAll());
     }
-    if (seeds.isEmpty()) {
-        std::fprintf(stderr, "there are no seeds in %s\n", qUtf8Printable(corpus.path()));
-        return 2;
-    }
+    if (seeds.isEmpty())
+        qFatal("there are no seeds in %s", qUtf8Printable(corpus.path()));
     std::ranges::for_each(seeds, run);
     QRandomGenerator random(seed);
     QElapsedTimer timer;
