@@ -6,11 +6,6 @@
 /// The client's records of strokes.
 namespace SandboxStrokes {
 
-[[nodiscard]] inline SandboxPath straight(QPointF from, QPointF to)
-{
-    return SandboxGeometry::resampled({from, to}, 30);
-}
-
 /// A stroke with 20 ms per point. The view is as wide as the picture, which begins at \a top.
 [[nodiscard]] inline QVRenderTrace recorded(const SandboxPath &points, double top = 0.0)
 {

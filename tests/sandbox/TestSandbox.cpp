@@ -262,7 +262,7 @@ private:
     QString answerTo(const QString &verb, const QString &more)
     {
         const auto solution = m_sandbox->solution(m_challenge);
-        SandboxPath curve = SandboxStrokes::straight({20, 20}, {380, 180});
+        SandboxPath curve = SandboxGeometry::resampled({{20, 20}, {380, 180}}, 30);
         if (solution && verb != q("straight"))
             curve = solution->points;
         const QVRenderTrace trace = SandboxStrokes::recorded(curve);
