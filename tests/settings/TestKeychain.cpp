@@ -4,6 +4,7 @@
 #include "settings/QVConfigurationManager.h"
 #include "settings/QVDeviceIdentifier.h"
 #include "settings/QVKeychain.h"
+#include "settings/QVKeychainError.h"
 #include "settings/QVKeychainQuery.h"
 #include "settings/QVMainBundle.h"
 #include "support/QVTestCase.h"
@@ -15,37 +16,6 @@
 using namespace std::chrono_literals;
 
 namespace {
-
-/// Records its calls and gives scripted answers.
-class ScriptedStore final : public QVSecureStore
-{
-public:
-    explicit ScriptedStore(const QList<int> &statuses)
-        : m_statuses(statuses)
-    {
-        QVDesktopStore::setShared(this);
-    }
-    ~ScriptedStore() override { QVDesktopStore::setShared(nullptr); }
-
-    Answer copyMatching(const QVSecureQuery &, Return) override { return {next("find"), {}}; }
-    QVSecureStatus add(const QVSecureItem &) override { return next("add"); }
-    QVSecureStatus update(const QVSecureQuery &, const QByteArray &, const QString &) override
-    {
-        return next("update");
-    }
-    QVSecureStatus deleteMatching(const QVSecureQuery &) override { return next("delete"); }
-
-    QStringList calls;
-
-private:
-    QVSecureStatus next(const char *call)
-    {
-        calls.append(q(call));
-        return QVSecureStatus(m_statuses.isEmpty() ? 0 : m_statuses.takeFirst());
-    }
-
-    QList<int> m_statuses;
-};
 
 QVKeychainQuery queryFor(const QString &service, const QString &account, const QString &group = {})
 {
@@ -97,42 +67,29 @@ private Q_SLOTS:
                                                {-50, "errSecParam"},
                                                {-4, "errSecUnimplemented"},
                                                {-34018, "errSecDefault"}};
-        QVError error;
         for (const auto &[status, key] : cases) {
-            const ScriptedStore store({status});
-            QVERIFY(QVKeychain::passwordForService(q("s"), q("a"), &error).isNull());
-            QCOMPARE(error,
+            QCOMPARE(qv_keychainError(QVSecureStatus(status)),
                      QVError(q("com.quarvo.qvkeychain"), status, {{q("localizedDescription"), q(key)}}));
-            // The texts are looked for once per process.
+            // The texts are read only once.
             QVMainBundle::shared().setPlaces({q("nowhere")});
         }
         QVMainBundle::shared().setPlaces(QVMainBundle::defaultPlaces());
-        const ScriptedStore store({});
-        QVERIFY(QVKeychain::setPassword(q("p"), q("s"), q("a"), &error));
-        QCOMPARE(error, QVError());
     }
 
-    void savesWhatIsCompleteWhereItMay()
+    void itemsNeedAServiceAnAccountAndData()
     {
-        const QVCases<QList<int>, QString, QString, int> cases{
-            {{-25300}, q("s"), q("find add"), 0},
-            {{0}, q("s"), q("find update"), 0},
-            {{-25308}, q("s"), q("find"), -25308},
-            // Another program has added the item meanwhile.
-            {{-25300, -25299}, q("s"), q("find add"), -25299},
-            {{}, QString(), QString(), -1001}};
-        QVError error;
-        for (const auto &[statuses, service, calls, code] : cases) {
-            const ScriptedStore store(statuses);
-            QCOMPARE(QVKeychain::setPassword(q("p"), service, q("a"), &error), code == 0);
-            QCOMPARE(error.code(), code);
-            QCOMPARE(store.calls.join(u' '), calls);
+        const QVCases<QString, QString, QString> cases{
+            {{}, q("a"), q("p")}, {q("s"), {}, q("p")}, {q("s"), q("a"), {}}};
+        for (const auto &[service, account, password] : cases) {
+            QVError error;
+            QVERIFY(!QVKeychain::setPassword(password, service, account, &error));
+            QCOMPARE(error.code(), -1001);
+            error = QVError();
+            QVERIFY(QVKeychain::passwordForService(service, account, &error).isNull());
+            QCOMPARE(error.code(), password.isNull() ? -25291 : -1001);
+            QVERIFY(!QVKeychain::deletePasswordForService(service, account, &error));
+            QCOMPARE(error.code(), password.isNull() ? -25291 : -1001);
         }
-        const ScriptedStore store({});
-        QVERIFY(!QVKeychain::setPasswordData({}, q("s"), q("a")));
-        QVERIFY(QVKeychain::passwordForService(q("s"), {}).isNull());
-        QVERIFY(!QVKeychain::deletePasswordForService({}, q("a")));
-        QCOMPARE(store.calls, QStringList());
     }
 
     void viewsOfTheData()
@@ -156,7 +113,9 @@ private Q_SLOTS:
             QVKeychainQuery query = queryFor(q(service), q(account));
             query.setLabel(q("Label of ") + q(account));
             query.setPassword(q(service) + q(account));
-            QVERIFY(query.save());
+            QVError error(q("x"), 1);
+            QVERIFY(query.save(&error));
+            QCOMPARE(error, QVError());
         }
         const QByteArray newData("new\0data", 8);
         QVKeychain::setAccessibilityType(q("later"));
