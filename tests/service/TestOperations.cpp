@@ -191,6 +191,13 @@ private Q_SLOTS:
             QCOMPARE(probe.code(), *body == '<' ? 3840 : 0);
         }
     }
+
+    void absentParametersAreLeftOut()
+    {
+        const QString pairs = QVAPIRequestManager::getParametersStringFromParameterDictionary(
+            {{q("a"), q("")}, {q("b"), QString()}, {q("deviceid"), q("mine")}});
+        QVERIFY(pairs.startsWith(q("a=&deviceid=")) && !pairs.contains(q("mine")));
+    }
 };
 
 QV_TEST(TestOperations)
