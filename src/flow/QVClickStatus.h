@@ -22,7 +22,7 @@ public:
         QVClickStatusTouching = 1,
         /// The service is being asked, or a popup is open whose picture came with the answer to the click.
         QVClickStatusVerifying = 2,
-        /// The user draws in a popup whose picture is requested separately.
+        /// The user draws in a popup whose picture is requested separately, as in an outage.
         QVClickStatusDrawing = 3,
         /// The user has passed.
         QVClickStatusPassed = 4,

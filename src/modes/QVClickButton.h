@@ -20,6 +20,14 @@ class QVClickButtonPrivate;
 ///
 /// Each attempt (an activation by mouse, touch, key, accessibility or click()) ends with exactly one of
 /// passed(), failed() and closed(). If the button is destroyed during an attempt, no signal is emitted.
+///
+/// Use it on the thread of the application object, as every widget. Other calls log a warning and do nothing.
+///
+/// \code
+/// auto *button = new QVClickButton(this);
+/// layout->addWidget(button);
+/// connect(button, &QVClickButton::passed, this, &Login::sendToken);
+/// \endcode
 class QUARVO_EXPORT QVClickButton : public QAbstractButton
 {
     Q_OBJECT
@@ -41,16 +49,18 @@ public:
 
     /// The verification id of this button. Null, the default, means that of QVSDKManager.
     [[nodiscard]] QString vid() const;
-    /// Takes effect for the next attempt.
+    /// Sets the verification id of this button, or with null that of QVSDKManager. Takes effect for the next
+    /// attempt.
     void setVid(const QString &vid);
     /// The scene of this button. Null, the default, means that of QVSDKManager.
     [[nodiscard]] QString scene() const;
-    /// Takes effect for the next attempt.
+    /// Sets the scene of this button, or with null that of QVSDKManager. Takes effect for the next attempt.
     void setScene(const QString &scene);
 
-    /// The radius of the corners in logical pixels; 0 by default.
+    /// The radius of the corners in logical pixels, as it was set; 0 by default.
     [[nodiscard]] int cornerRadius() const;
-    /// A negative \a radius counts as 0. Half of the button's height is the maximum.
+    /// Sets the radius of the corners. A negative \a radius counts as 0. A radius of more than half of the
+    /// button's height is painted as half of it.
     void setCornerRadius(int radius);
 
     /// The state of the verification.
@@ -88,8 +98,8 @@ Q_SIGNALS:
     /// goes on until the host calls reset().
     ///
     /// \code
-    /// connect(&verification, &QVClickButton::alternativeRequested, this, [this] {
-    ///     m_verification.reset();
+    /// connect(m_button, &QVClickButton::alternativeRequested, this, [this] {
+    ///     m_button->reset();
     ///     sendCodeByMail();
     /// });
     /// \endcode

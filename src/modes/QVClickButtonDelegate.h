@@ -5,6 +5,13 @@
 #include <QString>
 
 /// Receives the result of a QVClickButton, which holds it weakly.
+///
+/// \code
+/// class Login : public QWidget, public QVClickButtonDelegate
+/// {
+///     void clickButtonVerifyPassedWithToken(const QString &token) override { sendToken(token); }
+/// };
+/// \endcode
 class QUARVO_EXPORT QVClickButtonDelegate : public QVDelegate
 {
 public:

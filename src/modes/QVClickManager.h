@@ -17,6 +17,14 @@ class QVClickManagerPrivate;
 /// Click verification: creates a QVClickButton on demand and relays its signals.
 ///
 /// Each attempt of the user ends with exactly one of passed(), failed() and closed().
+///
+/// Use it on the thread of the application object, after that was created. Other calls log a warning and do
+/// nothing, except that button() and clickButton() may emit failed().
+///
+/// \code
+/// layout->addWidget(m_verification.clickButton());
+/// connect(&m_verification, &QVClickManager::passed, this, &Login::sendToken);
+/// \endcode
 class QUARVO_EXPORT QVClickManager : public QObject, public QVClickButtonDelegate
 {
     Q_OBJECT
@@ -35,21 +43,24 @@ public:
 
     /// The verification id of the button. Null, the default, means that of QVSDKManager.
     [[nodiscard]] QString vid() const;
-    /// Takes effect for the next attempt.
+    /// Sets the verification id of this button, or with null that of QVSDKManager. Takes effect for the next
+    /// attempt.
     void setVid(const QString &vid);
     /// The scene of the button. Null, the default, means that of QVSDKManager.
     [[nodiscard]] QString scene() const;
-    /// Takes effect for the next attempt.
+    /// Sets the scene of this button, or with null that of QVSDKManager. Takes effect for the next attempt.
     void setScene(const QString &scene);
 
     /// The button, which the first call creates. The manager owns it until it is given a parent. Null if the
-    /// application object is not a QApplication; then failed() is emitted with the code
-    /// QVError::CannotBeShown.
+    /// application object is not a QApplication or does not exist yet; then failed() is emitted with the code
+    /// QVError::CannotBeShown once the event loop runs. Null, without a signal, on another thread.
     [[nodiscard]] QVClickButton *button();
     /// The same button, for hosts that only place it in a layout.
     [[nodiscard]] QAbstractButton *clickButton();
 
+    /// \cond
     void clickButtonVerifyPassedWithToken(const QString &token) override;
+    /// \endcond
 
 public Q_SLOTS:
     /// Closes an open popup and makes the button ready for a new attempt.
@@ -78,7 +89,7 @@ Q_SIGNALS:
     /// goes on until the host calls reset().
     ///
     /// \code
-    /// connect(&verification, &QVClickManager::alternativeRequested, this, [this] {
+    /// connect(&m_verification, &QVClickManager::alternativeRequested, this, [this] {
     ///     m_verification.reset();
     ///     sendCodeByMail();
     /// });

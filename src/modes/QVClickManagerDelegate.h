@@ -5,6 +5,13 @@
 #include <QString>
 
 /// Receives the result of a QVClickManager, which holds it weakly.
+///
+/// \code
+/// class Login : public QWidget, public QVClickManagerDelegate
+/// {
+///     void clickManagerVerifyPassedWithToken(const QString &token) override { sendToken(token); }
+/// };
+/// \endcode
 class QUARVO_EXPORT QVClickManagerDelegate : public QVDelegate
 {
 public:

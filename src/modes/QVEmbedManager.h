@@ -15,7 +15,15 @@ class QWidget;
 /// Verification inside the host's own layout. The host places embedView(), which starts by itself a tenth of
 /// a second after it was given a parent.
 ///
-/// Failures are shown in the view, where the user can start again.
+/// Failures are shown in the view's bar; a tap on the bar starts again.
+///
+/// Use it on the thread of the application object, after that was created. Other calls log a warning and do
+/// nothing, except that embedView() may emit failed().
+///
+/// \code
+/// layout->addWidget(m_verification.embedView());
+/// connect(&m_verification, &QVEmbedManager::passed, this, &Login::sendToken);
+/// \endcode
 class QUARVO_EXPORT QVEmbedManager : public QObject
 {
     Q_OBJECT
@@ -35,20 +43,22 @@ public:
 
     /// The verification id of this manager. Null, the default, means that of QVSDKManager.
     [[nodiscard]] QString vid() const;
-    /// Takes effect for the next request.
+    /// Sets the verification id of this manager, or with null that of QVSDKManager. Takes effect for the next
+    /// request.
     void setVid(const QString &vid);
     /// The scene of this manager. Null, the default, means that of QVSDKManager.
     [[nodiscard]] QString scene() const;
-    /// Takes effect for the next request.
+    /// Sets the scene of this manager, or with null that of QVSDKManager. Takes effect for the next request.
     void setScene(const QString &scene);
 
     /// The view to place, which the first call creates. The manager owns it until it is given a parent, which
     /// owns it from then on. If the parent destroys it, the next call creates another one. Null if the
-    /// application object is not a QApplication; then failed() is emitted with the code
-    /// QVError::CannotBeShown.
+    /// application object is not a QApplication or does not exist yet; then failed() is emitted with the code
+    /// QVError::CannotBeShown once the event loop runs. Null, without a signal, on another thread.
     [[nodiscard]] QWidget *embedView();
-    /// The same view.
+    /// \cond
     [[nodiscard]] QVRenderDrawView *renderView();
+    /// \endcond
     /// The ratio of the view's width to its height. 400 x 270 has room for typing characters.
     [[nodiscard]] static constexpr double embedViewWidthHeightPercentage() { return 1.4814814814814814; }
 
@@ -76,7 +86,7 @@ Q_SIGNALS:
     /// goes on until the host calls reset().
     ///
     /// \code
-    /// connect(&verification, &QVEmbedManager::alternativeRequested, this, [this] {
+    /// connect(&m_verification, &QVEmbedManager::alternativeRequested, this, [this] {
     ///     m_verification.reset();
     ///     sendCodeByMail();
     /// });

@@ -5,6 +5,13 @@
 #include <QString>
 
 /// Receives the result of a QVEmbedManager, which holds it weakly.
+///
+/// \code
+/// class Login : public QWidget, public QVEmbedManagerDelegate
+/// {
+///     void embedManagerVerifyPassedWithToken(const QString &token) override { sendToken(token); }
+/// };
+/// \endcode
 class QUARVO_EXPORT QVEmbedManagerDelegate : public QVDelegate
 {
 public:

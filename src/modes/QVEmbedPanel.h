@@ -11,6 +11,14 @@ class QVEmbedPanelPrivate;
 
 /// The embedded panel as a widget that contains its manager, for forms made in Qt Designer. In code
 /// QVEmbedManager does the same.
+///
+/// Use it on the thread of the application object, as every widget.
+///
+/// \code
+/// auto *panel = new QVEmbedPanel(this);
+/// layout->addWidget(panel);
+/// connect(panel->manager(), &QVEmbedManager::passed, this, &Login::sendToken);
+/// \endcode
 class QUARVO_EXPORT QVEmbedPanel : public QWidget
 {
     Q_OBJECT
@@ -24,11 +32,12 @@ public:
 
     /// The verification id of this panel. Null, the default, means that of QVSDKManager.
     [[nodiscard]] QString vid() const;
-    /// Takes effect for the next request.
+    /// Sets the verification id of this panel, or with null that of QVSDKManager. Takes effect for the next
+    /// request.
     void setVid(const QString &vid);
     /// The scene of this panel. Null, the default, means that of QVSDKManager.
     [[nodiscard]] QString scene() const;
-    /// Takes effect for the next request.
+    /// Sets the scene of this panel, or with null that of QVSDKManager. Takes effect for the next request.
     void setScene(const QString &scene);
 
     /// The manager that emits the signals of this panel; owned by the panel.

@@ -8,6 +8,14 @@
 /// Receives the results of a QVInvisibleManager, which holds it weakly.
 ///
 /// Only the manager's signal closed() reports that the user has closed the popup.
+///
+/// \code
+/// class Login : public QWidget, public QVInvisibleDelegate
+/// {
+///     void invisibleVerifyPassedWithToken(const QString &token) override { sendToken(token); }
+///     void invisibleVerifyFailedWithError(const QVError &error) override { showMessage(error.domain()); }
+/// };
+/// \endcode
 class QUARVO_EXPORT QVInvisibleDelegate : public QVDelegate
 {
 public:

@@ -17,6 +17,14 @@ class QVInvisibleManagerPrivate;
 ///
 /// Each attempt ends with exactly one of passed(), failed() and closed(). If the manager is destroyed during
 /// an attempt, no signal is emitted.
+///
+/// Use it on the thread of the application object, after that was created. Other calls log a warning and do
+/// nothing, except that startInsivible() may emit failed().
+///
+/// \code
+/// connect(&m_verification, &QVInvisibleManager::passed, this, &Login::sendToken);
+/// connect(m_button, &QPushButton::clicked, &m_verification, &QVInvisibleManager::startInsivible);
+/// \endcode
 class QUARVO_EXPORT QVInvisibleManager : public QObject
 {
     Q_OBJECT
@@ -37,23 +45,26 @@ public:
 
     /// The verification id of this manager. Null, the default, means that of QVSDKManager.
     [[nodiscard]] QString vid() const;
-    /// Takes effect for the next attempt.
+    /// Sets the verification id of this manager, or with null that of QVSDKManager. Takes effect for the next
+    /// attempt.
     void setVid(const QString &vid);
     /// The scene of this manager. Null, the default, means that of QVSDKManager.
     [[nodiscard]] QString scene() const;
-    /// Takes effect for the next attempt.
+    /// Sets the scene of this manager, or with null that of QVSDKManager. Takes effect for the next attempt.
     void setScene(const QString &scene);
 
     /// Whether the badge is shown; true by default.
     [[nodiscard]] bool animation() const;
-    /// Shows or hides the badge, from the next start on.
+    /// Shows or hides the badge, from the next start on. With the badge, a user who passes without drawing
+    /// sees it for a second, and passed() is emitted after that. Without it, passed() is emitted at once.
     void setAnimation(bool animation);
 
 public Q_SLOTS:
     /// Starts an attempt. If the user has closed a popup after its picture was loaded, that popup is shown
     /// again without a request. If a popup with a picture is on screen, it stays, and its attempt goes on
     /// instead of a new one. While an earlier attempt is still waiting for the service, this starts another
-    /// attempt.
+    /// attempt. Before the application object was created it only emits failed() with the code
+    /// QVError::CannotBeShown, once the event loop runs. On another thread it does nothing.
     void startInsivible();
     /// Ends all attempts under way, and removes the badge and an open popup.
     void reset();
@@ -81,7 +92,7 @@ Q_SIGNALS:
     /// goes on until the host calls reset().
     ///
     /// \code
-    /// connect(&verification, &QVInvisibleManager::alternativeRequested, this, [this] {
+    /// connect(&m_verification, &QVInvisibleManager::alternativeRequested, this, [this] {
     ///     m_verification.reset();
     ///     sendCodeByMail();
     /// });

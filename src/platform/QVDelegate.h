@@ -30,6 +30,7 @@ private:
     std::shared_ptr<const bool> m_life;
 };
 
+/// \cond
 /// A pointer to a delegate that becomes null when the delegate is destroyed.
 template<class Delegate>
 class QVWeakDelegate
@@ -58,3 +59,4 @@ private:
     Delegate *m_delegate = nullptr;
     std::weak_ptr<const bool> m_life;
 };
+/// \endcond

@@ -21,6 +21,10 @@ class QVServiceAddresses;
 ///
 /// Call the functions on the user-interface thread, after the application object was created. Other calls do
 /// nothing except log a warning.
+///
+/// \code
+/// QVSDKManager::setQuarvoSDKVid(QStringLiteral("your-id"), QStringLiteral("login"));
+/// \endcode
 class QUARVO_EXPORT QVSDKManager
 {
 public:
@@ -31,8 +35,8 @@ public:
     static void setQuarvoSDKVid(const QString &vid, const QString &scene);
 
     /// Sets the language of the texts by a tag. A tag that contains "zh-Hans" or "zh-Hant" selects Chinese,
-    /// any other tag English. Null or empty selects the user's language, as the desktop reports it at the
-    /// time of the call. Texts on screen change at once; attempts under way go on.
+    /// any other tag English, even "zh" and "zh_CN". Null or empty selects the user's language, as the
+    /// desktop reports it at the time of the call. Texts on screen change at once; attempts under way go on.
     static void setPreferredLanguage(const QString &language);
 
     /// Uses the texts and pictures of the host's own bundle. \a path is a folder, on disk or in the program's
@@ -67,8 +71,8 @@ public:
     static void setNetworkAccessManager(QNetworkAccessManager *manager);
 
     /// Limits the time of an attempt. An attempt that has not passed \a timeout after its start fails with
-    /// the code -1001, and a popup closes. An embedded panel shows the failure, and a tap on it starts again.
-    /// Zero, the default, and negative values mean no limit. More than a day counts as a day.
+    /// the code -1001, and a popup closes. An embedded panel shows the failure in its bar; a tap on that
+    /// starts again. Zero, the default, and negative values mean no limit. More than a day counts as a day.
     static void setAttemptTimeout(std::chrono::milliseconds timeout);
 
     /// Sets how long a token is valid, counted from passed(). When that time is up, the button or manager
