@@ -4,39 +4,69 @@
 #include "draw/QVRenderDrawView.h"
 #include "flow/QVRenderDrawViewDelegate.h"
 #include "flow/QVVerifyStyle.h"
+#include "platform/QVError.h"
+#include "settings/QVSDKManager.h"
 #include "support/QVPointerInput.h"
 #include "support/QVTestCase.h"
+#include "support/QVWait.h"
 #include "views/QVRenderDrawImageView.h"
+#include "views/QVRenderDrawOverlayView.h"
 
 #include <QWidget>
-
-class QVRenderDrawOverlayView;
 
 /// Base of the tests of the drawing captcha as a user sees it: in a window, with real input events and a
 /// scripted service.
 class DrawTestCase : public QVTestCase, public QVRenderDrawViewDelegate
 {
-    Q_OBJECT
-
 public:
     void renderDrawViewHasPassed() override { told.append(q("passed")); }
     void renderDrawViewVerifySuccess(const QString &token) override { told.append(token); }
 
 protected:
-    void prepare() override;
-    void finish() override;
+    void prepare() override
+    {
+        QVSDKManager::setPreferredLanguage(q("en"));
+        m_service = std::make_unique<DrawService>();
+        told.clear();
+    }
 
-    /// Shows a view of \a size in a window. It sends no request yet.
-    void show(QVVerifyStyle style, QSize size = QSize(414, 400));
-    /// Starts the shown view as its hosts do.
-    void start();
-    /// Starts a view and waits for its picture, and until the bars and the layout do not move any more.
-    void startWithPicture(QVVerifyStyle style, QSize size = QSize(414, 400));
-    void destroyView() { delete std::exchange(m_view, nullptr); }
+    void finish() override
+    {
+        m_host.reset();
+        m_service.reset();
+    }
+
+    /// Shows a view of \a size in a window and starts it as its hosts do.
+    void start(QVVerifyStyle style, QSize size = QSize(414, 400))
+    {
+        told.clear();
+        m_host = std::make_unique<QWidget>();
+        m_host->resize(size);
+        view = new QVRenderDrawView(style, m_host.get());
+        view->setGeometry(m_host->rect());
+        view->setDelegate(this);
+        connect(view, &QVRenderDrawView::ready, this, [this] { told.append(q("ready")); });
+        connect(view, &QVRenderDrawView::wrongAnswer, this, [this] { told.append(q("wrong")); });
+        connect(view, &QVRenderDrawView::outageStarted, this, [this] { told.append(q("outage")); });
+        connect(view, &QVRenderDrawView::failed, this,
+                [this](const QVError &error) { told.append(q("failed %1").arg(error.code())); });
+        m_host->show();
+        QVERIFY(qv_becomesActive(*m_host));
+        if (style == QVVerifyStyleEmbed)
+            advance(std::chrono::milliseconds(100));
+        else
+            view->requestQuarvoConfigAction();
+    }
+
+    /// The same, and waits for its picture, and for the bars and the shape to come to rest.
+    void startWithPicture(QVVerifyStyle style, QSize size = QSize(414, 400))
+    {
+        start(style, size);
+        QVERIFY(waitForTold("ready"));
+        advance(std::chrono::milliseconds(300));
+    }
 
     [[nodiscard]] DrawService &service() const { return *m_service; }
-    /// The view; null if there is none.
-    [[nodiscard]] QVRenderDrawView *view() const { return m_view; }
     template<class Part = QWidget>
     [[nodiscard]] Part *part(const QString &name) const
     {
@@ -46,30 +76,41 @@ protected:
     {
         return *part<QVRenderDrawImageView>(q("imageView"));
     }
-    [[nodiscard]] bool isShown(const QString &name) const { return part(name) && part(name)->isVisible(); }
     /// The frame of a part in the view's coordinates.
-    [[nodiscard]] QRect frame(const QString &name) const;
-    /// The bar on screen; null if there is none.
-    [[nodiscard]] QVRenderDrawOverlayView *bar() const;
-
-    /// The points of a valid stroke. It begins in the middle of the picture, or of another part.
-    [[nodiscard]] QVPointerInput::Points stroke(const QString &part = {}) const;
-    void click(const QString &name) const;
-    /// Waits until \a told contains \a what at least \a count times.
-    [[nodiscard]] bool waitForTold(const char *what, int count = 1) const
+    [[nodiscard]] QRect frame(const QString &name) const
     {
-        return waitFor([&] { return told.count(q(what)) >= count; });
+        return {part(name)->mapTo(view, QPoint(0, 0)), part(name)->size()};
     }
-    /// Runs the event loop until nothing is under way except what waits for a time.
-    void settle() const;
-    /// Advances the virtual time by \a duration in small steps, and waits for all traffic in between.
-    void pass(std::chrono::milliseconds duration) const;
+    /// The bar on screen; null if there is none.
+    [[nodiscard]] QVRenderDrawOverlayView *bar() const
+    {
+        for (auto *const bar : picture().findChildren<QVRenderDrawOverlayView *>()) {
+            if (bar->isOnScreen())
+                return bar;
+        }
+        return nullptr;
+    }
 
+    /// Points of a stroke, over the middle of the picture or from that of another part.
+    [[nodiscard]] QVPointerInput::Points stroke(const QString &part = {}) const
+    {
+        const QRect area = frame(q("imageView"));
+        const QPoint start =
+            part.isEmpty() ? area.topLeft() + QPoint(30, area.height() / 2) : frame(part).center();
+        return QVPointerInput::wave(start, 20, start.x() > area.center().x() ? -8 : 8);
+    }
+    void click(const QString &name) const { QVPointerInput::click(*part(name), part(name)->rect().center()); }
+    /// Waits until the view has told something.
+    [[nodiscard]] bool waitForTold(const char *what) const
+    {
+        return waitFor([&] { return told.contains(q(what)); });
+    }
+
+    QVRenderDrawView *view = nullptr;
     /// What the view has reported by signals and to its delegate.
     QStringList told;
 
 private:
     std::unique_ptr<DrawService> m_service;
     std::unique_ptr<QWidget> m_host;
-    QVRenderDrawView *m_view = nullptr;
 };

@@ -1,11 +1,7 @@
 #include "draw/DrawTestCase.h"
-#include "service/QVClickResponseModel.h"
-#include "service/QVConfigResponseModel.h"
-#include "settings/QVSDKManager.h"
 #include "views/QVCharVerifyInputViewDoneButton.h"
 #include "views/QVCharVerifyTextField.h"
 #include "views/QVLabel.h"
-#include "views/QVRenderDrawOverlayView.h"
 #include "views/QVSpokenMessage.h"
 
 #include <QDesktopServices>
@@ -32,9 +28,7 @@ private Q_SLOTS:
         addPointers(row);
         addFailures(row);
         addPictures(row);
-        addOutages(row);
-        addCharacters(row);
-        addWaits(row);
+        addKinds(row);
     }
 
     void conversations()
@@ -42,6 +36,7 @@ private Q_SLOTS:
         QFETCH(QString, steps);
         // The steps that most conversations begin with.
         steps.replace(q("embedded"), q("begin embed -> switch config get ready"));
+        steps.replace(q("inOutage"), q("outage true, begin embed -> switch outage get outage ready"));
         steps.replace(q("opened"), q("begin popup -> switch config click ready"));
         QStringList seen;
         for (const QString &line : steps.split(q(", "))) {
@@ -61,45 +56,37 @@ private Q_SLOTS:
         QCOMPARE(seen, steps.split(q(", ")));
     }
 
-    void usesAnswersThatTheHostHolds()
-    {
-        show(QVVerifyStylePopup);
-        const auto click = std::make_shared<QVClickResponseModel>();
-        view()->handleConfigResponseFromQuarvoServer(nullptr, click);
-        QVERIFY(waitForTold("ready"));
-        QCOMPARE(service().count(q("switch")), 1);
-
-        const auto config = std::make_shared<QVConfigResponseModel>();
-        config->setCdn_servers({q("http://127.0.0.1:1/none")});
-        view()->handleConfigResponseFromQuarvoServer(config, click);
-        QCOMPARE(config->getRefreshCount(), 1);
-        QVERIFY(waitForTold("failed 10000"));
-    }
-
-    void startsWhenItIsPutIntoAParent()
-    {
-        QWidget first;
-        QVRenderDrawView loose(QVVerifyStyleEmbed);
-        advance(1s);
-        loose.setParent(&first);
-        advance(99ms);
-        settle();
-        QCOMPARE(service().asked(), QStringList());
-        advance(1ms);
-        QVERIFY(waitFor([this] { return service().count(q("get")) == 1; }));
-    }
-
 private:
+    /// Runs the event loop until nothing is under way except what waits for a time.
+    void settle() const
+    {
+        QVERIFY(waitFor([this] {
+            QCoreApplication::processEvents();
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+            return service().isQuiet();
+        }));
+    }
+
+    /// Advances the virtual time by \a duration in small steps, and waits for all traffic in between.
+    void pass(std::chrono::milliseconds duration) const
+    {
+        const auto stretch = std::max(100ms, duration / 10);
+        for (auto left = duration; left > 0ms; left -= stretch) {
+            settle();
+            advance(std::min(left, stretch));
+        }
+        settle();
+    }
+
+    [[nodiscard]] bool isShown(const QString &name) const { return part(name) && part(name)->isVisible(); }
+
     static void addStarts(const auto &row)
     {
         row("embedded",
             "embedded, look -> 'Draw along the curve' picture 1 refreshButton, tell config type -> embed, "
             "tell config scene -> 3, tell get challenge -> main-challenge");
-        row("popup", "opened, look -> picture 1 caption 'Draw along the curve' refreshButton, "
-                     "tell config type -> popup, tell click challenge -> main-challenge");
+        row("popup", "opened, tell config type -> popup, tell click challenge -> main-challenge");
         row("invisible", "begin invisible -> switch config click ready, tell config type -> invisible");
-        row("unknown style", "begin unknown -> switch config click ready, tell config type -> ");
-        row("switch is no object", "bytes [], embedded");
         row("passed by click",
             "say click 0103, begin popup -> switch config click passed, "
             "look -> 'Verified' caption 'Draw along the curve', 999ms, 1ms -> click-token");
@@ -108,10 +95,7 @@ private:
     {
         row("passes after a second, for good",
             "embedded, draw -> verify passed, look -> 'Verified' image, 999ms, 1ms -> main-token, draw, "
-            "200000ms");
-        row("what a stroke sends",
-            "embedded, draw -> verify passed, tell verify challenge -> main-challenge, "
-            "tell verify drawtime -> 360");
+            "200000ms, tell verify challenge -> main-challenge, tell verify drawtime -> 360");
         row("two tries a picture",
             "say verify 0104, embedded, draw -> verify wrong, "
             "look -> 'Not quite right. Try again.' picture 1 refreshButton, 999ms, "
@@ -125,10 +109,8 @@ private:
             "say verify 0104, embedded, draw -> verify wrong, press, jump, "
             "look -> picture 1 refreshButton, 2000ms, look -> picture 1 refreshButton, lift, "
             "look -> 'Draw along the curve' picture 1 refreshButton");
-        row("short, embedded",
+        row("short",
             "embedded, dash, look -> 'Draw along the curve' picture 1 refreshButton, draw -> verify passed");
-        row("short, popup", "opened, dash, look -> picture 1 caption 'Draw along the curve' refreshButton, "
-                            "draw -> verify passed");
         row("across two sizes", "embedded, press, move, resize, lift, draw -> verify passed");
         row("begun before the picture is replaced",
             "say verify 0104, hold refresh 3000, embedded, 178500ms, press, move -> refresh, "
@@ -161,7 +143,7 @@ private:
         row("taps on controls",
             "embedded, tap refreshButton -> refresh ready, fingerTap refreshButton -> refresh ready, "
             "hold refresh 100, tap refreshButton -> refresh, fingerTap refreshButton, 100ms -> ready");
-        row("a tap on a control instead of the line's end",
+        row("a tap on a control ends the line",
             "embedded, tap imageView, move, tap refreshButton -> refresh ready");
         row("other mouse buttons",
             "embedded, pressRight, move, liftRight, press, move, pressRight, liftRight, "
@@ -171,37 +153,27 @@ private:
             row(by, q("embedded, press, jump, look -> picture 1 refreshButton, %1, "
                       "look -> 'Draw along the curve' picture 1 refreshButton, lift")
                         .arg(q(by)));
-        row("by keys", "embedded, keys Space Right*15 Space -> verify passed");
+        row("by keys", "embedded, tab -> pen, keys Space Right*15 Space -> verify passed");
         row("too short by keys", "embedded, keys Space Right*4 Space");
         row("escaped by keys", "embedded, keys Space Right*15 Escape Space");
         row("by keys, the focus goes", "embedded, keys Space Right*15, blur, keys Space");
         row("by keys, disabled", "embedded, keys Space Right*15, enabled false, enabled true, keys Space");
+        // The picture is 40 steps wide.
+        row("steps by keys",
+            "embedded, keys Right*15, mark -> 19 11.5, keys Shift+Up*15, mark -> 19 7.75, keys Ctrl+Right, "
+            "mark -> 19 7.75, keys Left*60 Up*60, mark -> 0 0, aslant, mark -> 2 2");
+        row("no pen without a picture",
+            "begin embed -> switch config get ready, tab -> pen, hold switch 100, restart -> switch, tab, "
+            "100ms -> config get ready, tab -> pen");
     }
     static void addFailures(const auto &row)
     {
-        // After a failure nothing may be left that waits for a time.
-        const auto failed = [&row](const char *name, const char *steps) {
-            row(name, q(steps) + q(", 200000ms, idle -> yes"));
-        };
-        failed("switch fails", "bytes nonsense, begin embed -> switch failed 3840, "
-                               "look -> 'Something went wrong (request failed)' image");
-        failed(
-            "configuration fails",
-            "say config 1002, begin embed -> switch config failed 1002, look -> 'Expired. Try again.' image");
-        failed("picture fails", "say get 1002, guide true, begin embed -> switch config get failed 1002, "
-                                "look -> 'Expired. Try again.' image helpButton");
-        failed("click fails", "say click 0101, begin popup -> switch config click failed 101, "
-                              "look -> 'Access denied. Try again.' image caption 'Draw along the curve'");
-        failed("refresh fails", "say refresh 0105, embedded, tap refreshButton -> refresh failed 105, "
-                                "look -> 'Too fast. Wait a moment.' image");
-        failed("verify fails",
-               "say verify 1002, ad get, embedded, "
-               "look -> 'Draw along the curve' picture 1 adButton refreshButton, draw -> verify failed 1002, "
-               "look -> 'Expired. Try again.' image");
-        failed(
-            "outage picture fails",
-            "outage true, say outage get 1002, begin popup -> switch outage get outage failed 1002, look -> "
-            "'Expired. Try again.' image caption 'Draw along the curve' outageLabel helpButton");
+        row("picture fails", "say get 1002, guide true, begin embed -> switch config get failed 1002, "
+                             "look -> 'Expired. Try again.' image helpButton, 200000ms, idle -> yes");
+        row("verify fails",
+            "say verify 1002, ad get, embedded, "
+            "look -> 'Draw along the curve' picture 1 adButton refreshButton, draw -> verify failed 1002, "
+            "look -> 'Expired. Try again.' image, 200000ms, idle -> yes");
         row("starts anew where a picture does not load",
             "guide true, broken true, begin embed -> switch config get failed 10000, "
             "look -> 'Picture not loaded. Try again.' image helpButton, 5000ms, draw, "
@@ -230,16 +202,10 @@ private:
             "guide false, restart -> switch config get ready, "
             "look -> 'Draw along the curve' picture 2 refreshButton");
     }
-    static void addOutages(const auto &row)
+    static void addKinds(const auto &row)
     {
-        row("outage, embedded, by force",
-            "force true, begin embed -> switch outage get outage ready, "
-            "look -> 'Draw along the curve' picture 1 outageLabel helpButton refreshButton");
-        row("outage, popup",
-            "outage true, begin popup -> switch outage get outage ready, "
-            "look -> picture 1 caption 'Draw along the curve' outageLabel helpButton refreshButton");
-        row("outage by grid cells",
-            "outage true, begin embed -> switch outage get outage ready, corners -> outage verify passed, "
+        row("outage by grid cells, by force",
+            "force true, begin embed -> switch outage get outage ready, corners -> outage verify passed, "
             "look -> 'Verified' image outageLabel helpButton, tell outage verify v -> 0c3f, "
             "tell outage verify challenge -> outage-challenge, 1000ms -> outage-token");
         row("outage: two tries a picture",
@@ -250,16 +216,13 @@ private:
             "tap refreshButton -> outage get, "
             "look -> 'Not quite right. Try again.' loading outageLabel helpButton, 100ms -> ready");
         row("outage: strokes stay in the picture",
-            "outage true, begin embed -> switch outage get outage ready, stray above, stray below, "
+            "inOutage, stray above, stray below, "
             "stray out, look -> 'Draw along the curve' picture 1 outageLabel helpButton refreshButton, "
             "draw -> outage verify passed");
         row("an outage ends",
-            "outage true, begin embed -> switch outage get outage ready, outage false, "
+            "inOutage, outage false, "
             "reset -> switch config get ready, look -> 'Draw along the curve' picture 2 refreshButton, "
             "stray above -> verify passed");
-    }
-    static void addCharacters(const auto &row)
-    {
         row("characters, wrong",
             "kind character, say verify 0104, hold verify 100, embedded, "
             "look -> 'Type the characters you see' picture 1 refreshButton charInputView, draw, "
@@ -267,40 +230,9 @@ private:
             "look -> 'Type the characters you see' picture 1 refreshButton charInputView disabled busy, "
             "100ms -> wrong, look -> 'Not quite right. Try again.' picture 1 refreshButton charInputView, "
             "tell verify v -> Ab 9, tell verify drawtime -> 0");
-        row("characters, reset while checked",
-            "kind character, hold verify 500, embedded, type a -> verify, "
-            "reset -> switch config get ready, "
-            "look -> 'Type the characters you see' picture 2 refreshButton charInputView, 500ms");
-        row("characters, popup",
-            "kind character, opened, "
-            "look -> picture 1 caption 'Type the characters you see' refreshButton charInputView");
         row("from characters to drawing",
             "kind character, embedded, kind draw, reset -> switch config get ready, "
             "look -> 'Draw along the curve' picture 2 refreshButton, draw -> verify passed");
-        row("from characters to an outage",
-            "kind character, embedded, outage true, reset -> switch outage get outage ready, "
-            "look -> 'Draw along the curve' picture 2 outageLabel helpButton refreshButton, "
-            "draw -> outage verify passed");
-    }
-    /// Destroys or restarts the view in each state that waits for an answer.
-    static void addWaits(const auto &row)
-    {
-        const QVCases<QString, QString> cases{
-            {q("switch"), q("begin embed -> switch")},
-            {q("config"), q("begin embed -> switch config")},
-            {q("get"), q("begin embed -> switch config get")},
-            {q("picture"), q("begin embed -> switch config get")},
-            {q("refresh"), q("embedded, tap refreshButton -> refresh")},
-            {q("verify"), q("embedded, draw -> verify")},
-            {q("outage get"), q("outage true, begin embed -> switch outage get outage")},
-            {q("outage picture"), q("outage true, begin embed -> switch outage get outage")}};
-        for (const auto &[held, steps] : cases) {
-            row(qPrintable(held + q(", destroyed")),
-                q("hold %1 1000, %2, destroy, 1500ms, idle -> yes").arg(held, steps));
-            row(qPrintable(held + q(", reset")),
-                q("hold %1 1000, %2, hold %1 0, outage false, reset -> switch config get ready, 1500ms")
-                    .arg(held, steps));
-        }
         row("passed, destroyed", "embedded, draw -> verify passed, destroy, 1000ms -> main-token");
     }
 
@@ -315,7 +247,6 @@ private:
         answer(request.toLatin1(), "adlink", q("https://ad.example/x?y=z"));
     }
     Q_INVOKABLE void say(const QString &what) { answer(front(what).toLatin1(), "code", back(what)); }
-    Q_INVOKABLE void bytes(const QString &body) { service().answerBytes(q("switch"), body.toUtf8()); }
     Q_INVOKABLE void hold(const QString &what) { service().delay(front(what), 1ms * back(what).toInt()); }
     Q_INVOKABLE void broken(const QString &is) { service().breakPictures(is == q("true")); }
     Q_INVOKABLE void force(const QString &is) { QVSDKManager::setOutageOpen(is == q("true")); }
@@ -331,50 +262,48 @@ private:
     // Steps of the host.
     Q_INVOKABLE void begin(const QString &style)
     {
-        const QStringList styles{q("embed"), q("popup"), q("invisible")};
-        show(QVVerifyStyle(styles.contains(style) ? styles.indexOf(style) : 9));
-        start();
+        start(QVVerifyStyle(QStringList{q("embed"), q("popup"), q("invisible")}.indexOf(style)));
     }
     Q_INVOKABLE void reset(const QString &)
     {
-        view()->reset();
+        view->reset();
         QVERIFY(waitForTold("ready"));
     }
-    Q_INVOKABLE void restart(const QString &) { view()->requestQuarvoConfigAction(); }
-    Q_INVOKABLE void resize(const QString &) { view()->resize(view()->width() - 1, 300); }
-    Q_INVOKABLE void window(const QString &is) { view()->window()->setVisible(is == q("shown")); }
-    Q_INVOKABLE void enabled(const QString &is) { view()->setEnabled(is == q("true")); }
-    Q_INVOKABLE void destroy(const QString &) { destroyView(); }
+    Q_INVOKABLE void restart(const QString &) { view->requestQuarvoConfigAction(); }
+    Q_INVOKABLE void resize(const QString &) { view->resize(view->width() - 1, 300); }
+    Q_INVOKABLE void window(const QString &is) { view->window()->setVisible(is == q("shown")); }
+    Q_INVOKABLE void enabled(const QString &is) { view->setEnabled(is == q("true")); }
+    Q_INVOKABLE void destroy(const QString &) { delete view; }
 
     // Steps that add something to the report.
     Q_INVOKABLE void idle(const QString &) { told.append(time().pendingCount() == 0 ? q("yes") : q("no")); }
     Q_INVOKABLE void tell(const QString &what) { told.append(service().query(front(what))[back(what)]); }
     Q_INVOKABLE void spoken(const QString &)
     {
-        told.append(view()->findChild<QVSpokenMessage *>()->accessibleName());
+        told.append(view->findChild<QVSpokenMessage *>()->accessibleName());
     }
 
     // Steps of the user, at the named part of the view.
-    Q_INVOKABLE void draw(const QString &part) { strokeWithMouse(*view(), stroke(part), m_pause); }
-    Q_INVOKABLE void finger(const QString &part) { strokeWithFinger(*view(), stroke(part), m_pause); }
-    Q_INVOKABLE void pen(const QString &part) { strokeWithPen(*view(), stroke(part), m_pause); }
-    Q_INVOKABLE void tap(const QString &part) { strokeWithMouse(*view(), tapped(part)); }
-    Q_INVOKABLE void fingerTap(const QString &part) { strokeWithFinger(*view(), tapped(part)); }
-    Q_INVOKABLE void press(const QString &) { QVPointerInput::press(*view(), stroke().front()); }
-    Q_INVOKABLE void lift(const QString &) { release(*view(), stroke().back()); }
-    Q_INVOKABLE void jump(const QString &) { QVPointerInput::move(*view(), stroke().back()); }
+    Q_INVOKABLE void draw(const QString &part) { strokeWithMouse(*view, stroke(part), m_pause); }
+    Q_INVOKABLE void finger(const QString &part) { strokeWithFinger(*view, stroke(part), m_pause); }
+    Q_INVOKABLE void pen(const QString &part) { strokeWithPen(*view, stroke(part), m_pause); }
+    Q_INVOKABLE void tap(const QString &part) { strokeWithMouse(*view, tapped(part)); }
+    Q_INVOKABLE void fingerTap(const QString &part) { strokeWithFinger(*view, tapped(part)); }
+    Q_INVOKABLE void press(const QString &) { QVPointerInput::press(*view, stroke().front()); }
+    Q_INVOKABLE void lift(const QString &) { release(*view, stroke().back()); }
+    Q_INVOKABLE void jump(const QString &) { QVPointerInput::move(*view, stroke().back()); }
     Q_INVOKABLE void move(const QString &)
     {
         for (const QPoint point : stroke()) {
-            QVPointerInput::move(*view(), point);
+            QVPointerInput::move(*view, point);
             advance(40ms);
         }
     }
     Q_INVOKABLE void pressRight(const QString &)
     {
-        QVPointerInput::press(*view(), stroke().front(), Qt::RightButton);
+        QVPointerInput::press(*view, stroke().front(), Qt::RightButton);
     }
-    Q_INVOKABLE void liftRight(const QString &) { release(*view(), stroke().back(), Qt::RightButton); }
+    Q_INVOKABLE void liftRight(const QString &) { release(*view, stroke().back(), Qt::RightButton); }
     Q_INVOKABLE void blur(const QString &) { picture().clearFocus(); }
     Q_INVOKABLE void keys(const QString &keys)
     {
@@ -385,6 +314,31 @@ private:
                 QTest::keySequence(&picture(), QKeySequence(key.section(u'*', 0, 0)));
             }
         }
+    }
+    Q_INVOKABLE void tab(const QString &)
+    {
+        for (int i = 0; i < 5 && !picture().hasFocus(); ++i)
+            QTest::keyClick(view->window(), Qt::Key_Tab);
+        if (picture().hasFocus() && isShown(q("keyPen")))
+            told.append(q("pen"));
+    }
+    Q_INVOKABLE void aslant(const QString &)
+    {
+        for (const Qt::Key key : {Qt::Key_Right, Qt::Key_Down}) {
+            QTest::keyPress(&picture(), key);
+            advance(30ms);
+        }
+        QTest::keyRelease(&picture(), Qt::Key_Right);
+        QTest::keyClick(&picture(), Qt::Key_Down);
+    }
+    /// Where the pen is, in steps from the picture's corner.
+    Q_INVOKABLE void mark(const QString &)
+    {
+        const QPoint place = frame(q("keyPen")).center() - frame(q("imageView")).topLeft();
+        const auto steps = [this](int pixels) {
+            return qRound(pixels * 160.0 / picture().width()) / 4.0;
+        };
+        told.append(q("%1 %2").arg(steps(place.x())).arg(steps(place.y())));
     }
     Q_INVOKABLE void type(const QString &text)
     {
@@ -397,7 +351,7 @@ private:
     {
         Points points = stroke();
         points.resize(9);
-        strokeWithFinger(*view(), points);
+        strokeWithFinger(*view, points);
     }
     /// Draws a stroke that begins above or below the picture, or leaves it.
     Q_INVOKABLE void stray(const QString &side)
@@ -405,7 +359,7 @@ private:
         const QRect area = frame(q("imageView"));
         Points points = stroke();
         points[side == q("out") ? 15 : 0].setY(side == q("above") ? area.top() - 8 : area.bottom() + 1);
-        strokeWithMouse(*view(), points, m_pause);
+        strokeWithMouse(*view, points, m_pause);
     }
     /// Draws a stroke from the top left down, up to the top right and down again.
     Q_INVOKABLE void corners(const QString &)
@@ -415,7 +369,7 @@ private:
         Points points;
         for (int i = 0; i < 21; ++i)
             points.push_back(ends[i / 7] + (ends[i / 7 + 1] - ends[i / 7]) * (i % 7) / 6);
-        strokeWithFinger(*view(), points, m_pause);
+        strokeWithFinger(*view, points, m_pause);
     }
     /// A tap that moves a little, as a finger does.
     [[nodiscard]] Points tapped(const QString &part) const
@@ -429,19 +383,19 @@ private:
         const Points points = stroke();
         const QPoint other = frame(otherOn).center();
         for (std::size_t i = 0; i <= points.size(); ++i) {
-            auto event = QTest::touchEvent(view()->window(), touchScreen());
+            auto event = QTest::touchEvent(view->window(), touchScreen());
             if (i == 0)
-                event.press(0, points[i], view());
+                event.press(0, points[i], view);
             else if (i == points.size())
-                event.release(0, points.back(), view());
+                event.release(0, points.back(), view);
             else
-                event.move(0, points[i], view());
+                event.move(0, points[i], view);
             if (i == 3)
-                event.press(1, other, view());
+                event.press(1, other, view);
             else if (i == 4)
-                event.move(1, other + QPoint(0, -8), view());
+                event.move(1, other + QPoint(0, -8), view);
             else if (i == 5)
-                event.release(1, other, view());
+                event.release(1, other, view);
         }
     }
     /// Takes the drag under way from the view: the release does not reach it.
@@ -450,12 +404,12 @@ private:
         if (way == q("release")) {
             QMouseEvent move(QEvent::MouseMove, QPointF(80, 80), QPointF(80, 80), Qt::NoButton, Qt::NoButton,
                              Qt::NoModifier);
-            QCoreApplication::sendEvent(view(), &move);
+            QCoreApplication::sendEvent(view, &move);
         } else if (way == q("touch")) {
-            QTest::touchEvent(view()->window(), touchScreen()).press(0, stroke()[0], view());
-            QTest::touchEvent(view()->window(), touchScreen()).move(0, stroke()[9], view());
+            QTest::touchEvent(view->window(), touchScreen()).press(0, stroke()[0], view);
+            QTest::touchEvent(view->window(), touchScreen()).move(0, stroke()[9], view);
             QTouchEvent cancel(QEvent::TouchCancel, touchScreen());
-            QCoreApplication::sendEvent(view()->window()->windowHandle(), &cancel);
+            QCoreApplication::sendEvent(view->window()->windowHandle(), &cancel);
         } else {
             QWidget dialog;
             dialog.setWindowModality(Qt::ApplicationModal);
@@ -469,7 +423,7 @@ private:
         QStringList seen;
         if (bar())
             seen.append(q("'%1'").arg(bar()->overlayLabel()->text().trimmed()));
-        if (view()->canDirectlyShow() && picture().hasImage())
+        if (view->canDirectlyShow() && picture().hasImage())
             seen.append(q("picture %1").arg(qRound(picture().image().pixelColor(5, 5).hue() / 40.0)));
         else if (picture().hasImage())
             seen.append(q("image"));

@@ -1,8 +1,8 @@
 #include "draw/DrawTestCase.h"
+#include "sandbox/QVSandbox.h"
 #include "settings/QVSystemFont.h"
 #include "support/QVPixels.h"
 #include "views/QVLabel.h"
-#include "views/QVRenderDrawOverlayView.h"
 
 #include <QPaintEvent>
 
@@ -62,8 +62,8 @@ private Q_SLOTS:
                          {{q("guide"), true}, {q("type"), isCharacters ? q("character") : QString()}});
         // Started at another size, then resized.
         startWithPicture(QVVerifyStyle(style), QSize(60, 90));
-        view()->window()->resize(size);
-        view()->resize(size);
+        view->window()->resize(size);
+        view->resize(size);
         advance(0ms);
         QTEST(frame(q("contentView")), "content");
         QCOMPARE(frame(q("imageView")), image);
@@ -79,7 +79,7 @@ private Q_SLOTS:
         QVERIFY(std::abs(caption.center().x() - size.width() / 2) <= 1);
         if (bar()) {
             const QVLabel *label = bar()->overlayLabel();
-            QVERIFY(label->mapTo(view(), QPoint(0, label->height())).y() <= image.bottom() + 1);
+            QVERIFY(label->mapTo(view, QPoint(0, label->height())).y() <= image.bottom() + 1);
         }
     }
 
@@ -94,19 +94,14 @@ private Q_SLOTS:
 
     void looksTheSameFromRightToLeft()
     {
-        offer(q("click"), q("Word (of Ad)!"), q("https://ad.example"));
-        startWithPicture(QVVerifyStylePopup);
-        // Bars with dark and with white text.
-        for (const char *name : {"promptOverlayView", "errorOverlayView"})
-            part<QVRenderDrawOverlayView>(q(name))->setOverlayImage({}, q("(One) two!"));
-        for (const char *name : {"contentView", "promptOverlayView", "errorOverlayView"}) {
-            const QImage before = pixelsOf(*part(q(name)));
-            QGuiApplication::setLayoutDirection(Qt::RightToLeft);
-            const QImage after = pixelsOf(*part(q(name)));
-            QGuiApplication::setLayoutDirection(Qt::LeftToRight);
-            // Antialiasing may differ slightly.
-            QVERIFY(farthest(after, before) <= 2);
-        }
+        offer(q("get"), q("Word (of Ad)!"), q("https://ad.example"));
+        startWithPicture(QVVerifyStyleEmbed);
+        const QImage before = pixelsOf(*part(q("contentView")));
+        QGuiApplication::setLayoutDirection(Qt::RightToLeft);
+        const QImage after = pixelsOf(*part(q("contentView")));
+        QGuiApplication::setLayoutDirection(Qt::LeftToRight);
+        // Antialiasing may differ slightly.
+        QVERIFY(farthest(after, before) <= 2);
     }
 
     void clearsThePictureWhenTheNextOneIsSlow()
@@ -128,24 +123,71 @@ private Q_SLOTS:
     {
         startWithPicture(QVVerifyStylePopup);
         const QVPointerInput::Points points = stroke();
-        QVPointerInput::press(*view(), points[0]);
-        QVPointerInput::move(*view(), points[1]);
+        QVPointerInput::press(*view, points[0]);
+        QVPointerInput::move(*view, points[1]);
         QCoreApplication::processEvents();
-        PaintWatch viewWatch(*view());
+        PaintWatch viewWatch(*view);
         PaintWatch pictureWatch(picture());
         for (std::size_t i = 2; i < points.size(); ++i) {
             viewWatch.painted = pictureWatch.painted = QRegion();
-            QVPointerInput::move(*view(), points[i]);
+            QVPointerInput::move(*view, points[i]);
             QCoreApplication::processEvents();
             for (const QRegion &painted : {viewWatch.painted, pictureWatch.painted})
                 QVERIFY(painted.boundingRect().width() <= 18 && painted.boundingRect().height() <= 24);
         }
         const auto seen = [&] {
-            return view()->grab().toImage().pixelColor(points[10]);
+            return view->grab().toImage().pixelColor(points[10]);
         };
         QCOMPARE(seen(), QColor(65, 141, 251));
-        QVPointerInput::release(*view(), points.back());
+        QVPointerInput::release(*view, points.back());
         QVERIFY(seen() != QColor(65, 141, 251));
+    }
+
+    void passesWhoDrawsTheCurve_data()
+    {
+        const auto row = addColumns<int, QSize, bool>({"style", "size", "isOutage"});
+        row("embedded, small", 0, QSize(320, 186), false);
+        row("embedded, flat and wide", 0, QSize(1378, 287), false);
+        row("embedded, tall", 0, QSize(300, 600), false);
+        row("outage, flat", 0, QSize(878, 287), true);
+        row("popup, small", 1, QSize(320, 480), false);
+    }
+
+    /// Against a service that decodes and judges with code of its own.
+    void passesWhoDrawsTheCurve()
+    {
+        QFETCH(int, style);
+        QFETCH(QSize, size);
+        QFETCH(bool, isOutage);
+        QVSandbox sandbox;
+        QVERIFY2(sandbox.listen(), qPrintable(sandbox.errorString()));
+        sandbox.setOutageActive(isOutage);
+        const QVSandboxAddresses where = sandbox.addresses();
+        QVServiceAddresses addresses;
+        addresses.setApiHost(where.apiHost);
+        addresses.setDownloadHost(where.downloadHost);
+        addresses.setImageHost(where.imageHost);
+        QVSDKManager::setServiceAddresses(addresses);
+        QVSDKManager::setOutageServer(where.outageServer);
+        startWithPicture(QVVerifyStyle(style), size);
+        if (isOutage) {
+            // The log of the sandbox has the name of an outage picture only after a first attempt on it.
+            QVPointerInput::strokeWithMouse(*view, stroke(), [this] { advance(20ms); });
+            QVERIFY(waitForTold("wrong"));
+        }
+        QString challenge;
+        for (const QVSandboxLogEntry &entry : sandbox.log())
+            challenge = entry.values.value(q("challenge"), challenge);
+        const QRect image = frame(q("imageView"));
+        QVPointerInput::Points points;
+        const auto solution = sandbox.solution(challenge);
+        for (const QPointF point : solution->points)
+            points.push_back(image.topLeft() + (point * image.width() / 400).toPoint());
+        QVPointerInput::strokeWithMouse(*view, points, [this] { advance(25ms); });
+        QVERIFY(waitForTold("passed"));
+        advance(1s);
+        QVERIFY(told.last().size() > 10);
+        delete view;
     }
 
 private:
