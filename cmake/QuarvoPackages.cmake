@@ -14,6 +14,8 @@ set(CPACK_DEBIAN_PACKAGE_HOMEPAGE "https://quarvo.example")
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # From these files the tools that build a host's package know its dependencies.
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
+# A later version with the same ABI will do.
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
 # The widgets' package depends on the core's library, which is found in the build folder.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS "${PROJECT_BINARY_DIR}/src")
 set(CPACK_DEBIAN_ENABLE_COMPONENT_DEPENDS OFF)
