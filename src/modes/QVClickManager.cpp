@@ -1,7 +1,6 @@
 #include "modes/QVClickManager.h"
 
 #include "modes/QVAlternative.h"
-#include "modes/QVCannotBeShown.h"
 #include "modes/QVClickButton.h"
 #include "modes/QVClickManagerDelegate.h"
 #include "modes/QVClickManagerPrivate.h"
@@ -70,18 +69,12 @@ void QVClickManager::setScene(const QString &scene)
 
 QVClickButton *QVClickManager::button()
 {
-    if (!qv_mayCall(Q_FUNC_INFO) || !qv_hasWidgets(Q_FUNC_INFO)) {
-        qv_failToShow(this);
-        return nullptr;
-    }
-    if (!d->button)
-        d->createButton();
-    return d->button;
+    return d->buttonFor(Q_FUNC_INFO);
 }
 
 QAbstractButton *QVClickManager::clickButton()
 {
-    return button();
+    return d->buttonFor(Q_FUNC_INFO);
 }
 
 void QVClickManager::clickButtonVerifyPassedWithToken(const QString &token)
@@ -95,7 +88,7 @@ void QVClickManager::clickButtonVerifyPassedWithToken(const QString &token)
 
 void QVClickManager::reset()
 {
-    if (auto *const button = this->button())
+    if (auto *const button = d->buttonFor(Q_FUNC_INFO))
         button->reset();
 }
 

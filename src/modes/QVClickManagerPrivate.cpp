@@ -1,10 +1,23 @@
 #include "modes/QVClickManagerPrivate.h"
 
+#include "modes/QVCannotBeShown.h"
 #include "modes/QVClickButton.h"
 #include "modes/QVClickManager.h"
+#include "platform/QVMainThread.h"
 #include "platform/QVScheduler.h"
 
 #include <QMetaMethod>
+
+QVClickButton *QVClickManagerPrivate::buttonFor(const char *call)
+{
+    if (!qv_mayCall(call) || !qv_hasWidgets(call)) {
+        qv_failToShow(q);
+        return nullptr;
+    }
+    if (!button)
+        createButton();
+    return button;
+}
 
 void QVClickManagerPrivate::createButton()
 {

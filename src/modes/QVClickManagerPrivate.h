@@ -18,6 +18,9 @@ public:
     {
     }
 
+    /// The button, created where there is none. Null, with a warning that names \a call, where none can be
+    /// created.
+    [[nodiscard]] QVClickButton *buttonFor(const char *call);
     void createButton();
     void buttonDestroyed();
     void offerAlternative() const;

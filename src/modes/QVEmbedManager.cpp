@@ -2,7 +2,6 @@
 
 #include "draw/QVRenderDrawView.h"
 #include "modes/QVAlternative.h"
-#include "modes/QVCannotBeShown.h"
 #include "modes/QVEmbedManagerDelegate.h"
 #include "modes/QVEmbedManagerPrivate.h"
 #include "platform/QVMainThread.h"
@@ -54,20 +53,17 @@ void QVEmbedManager::setScene(const QString &scene)
 
 QWidget *QVEmbedManager::embedView()
 {
-    return renderView();
+    return d->renderView(Q_FUNC_INFO);
 }
 
 QVRenderDrawView *QVEmbedManager::renderView()
 {
-    if (qv_mayCall(Q_FUNC_INFO) && qv_hasWidgets(Q_FUNC_INFO))
-        return d->renderView();
-    qv_failToShow(this);
-    return nullptr;
+    return d->renderView(Q_FUNC_INFO);
 }
 
 void QVEmbedManager::reset()
 {
-    if (auto *const view = renderView())
+    if (auto *const view = d->renderView(Q_FUNC_INFO))
         view->reset();
 }
 

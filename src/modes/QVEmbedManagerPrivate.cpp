@@ -1,9 +1,11 @@
 #include "modes/QVEmbedManagerPrivate.h"
 
 #include "draw/QVRenderDrawView.h"
+#include "modes/QVCannotBeShown.h"
 #include "modes/QVEmbedManager.h"
 #include "modes/QVEmbedManagerDelegate.h"
 #include "modes/QVLostManager.h"
+#include "platform/QVMainThread.h"
 
 #include <QMetaMethod>
 
@@ -27,8 +29,12 @@ void QVEmbedManagerPrivate::setIdentity(const QVIdentity &identity)
         m_renderView->setIdentity(identity);
 }
 
-QVRenderDrawView *QVEmbedManagerPrivate::renderView()
+QVRenderDrawView *QVEmbedManagerPrivate::renderView(const char *call)
 {
+    if (!qv_mayCall(call) || !qv_hasWidgets(call)) {
+        qv_failToShow(&m_manager);
+        return nullptr;
+    }
     if (m_renderView)
         return m_renderView;
     m_renderView = new QVRenderDrawView(QVVerifyStyleEmbed);

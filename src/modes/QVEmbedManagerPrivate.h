@@ -17,7 +17,8 @@ public:
     explicit QVEmbedManagerPrivate(QVEmbedManager &manager);
     ~QVEmbedManagerPrivate() override;
 
-    [[nodiscard]] QVRenderDrawView *renderView();
+    /// Null, with a warning that names \a call, where no panel can be created.
+    [[nodiscard]] QVRenderDrawView *renderView(const char *call);
     void renderDrawViewVerifySuccess(const QString &token) override;
 
     void offerAlternative() const;

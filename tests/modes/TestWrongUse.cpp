@@ -30,7 +30,7 @@ private Q_SLOTS:
              [this] {
                  m_button->reset();
              }},
-            {"QVEmbedManager::renderView",
+            {"QVEmbedManager::embedView",
              [&embed] {
                  QVERIFY(!embed.embedView());
              }},
@@ -59,14 +59,14 @@ private Q_SLOTS:
         row("late, settings", q("late"), q("click"),
             q("QVSDKManager::setServiceAddresses.* is to be called once there is an application object"));
         row("late, click", q("late"), q("click"),
-            q("QVClickManager::button.* once there is an application object"));
+            q("QVClickManager::clickButton.* once there is an application object"));
         row("late, invisible", q("late"), q("invisible"),
             q("startInsivible.* once there is an application object"));
         for (const QString &kind : words("core, gui")) {
             row(qPrintable(kind + q(", click")), kind, q("click"),
-                q("QVClickManager::button.* needs a QApplication"));
+                q("QVClickManager::clickButton.* needs a QApplication"));
             row(qPrintable(kind + q(", embed")), kind, q("embed"),
-                q("QVEmbedManager::renderView.* needs a QApplication"));
+                q("QVEmbedManager::embedView.* needs a QApplication"));
             row(qPrintable(kind + q(", invisible")), kind, q("invisible"),
                 q("No popup can be shown: there is no QApplication"));
         }
