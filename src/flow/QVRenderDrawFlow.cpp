@@ -2,6 +2,7 @@
 
 #include "flow/QVPassText.h"
 #include "image/QVImageLoader.h"
+#include "platform/QVErrorName.h"
 #include "platform/QVPage.h"
 #include "platform/QVScheduler.h"
 #include "service/QVAPIRequestManager.h"
@@ -442,14 +443,16 @@ void QVRenderDrawFlow::loadVerifyImageFromURLString(const QString &address, bool
     QVImageLoader::shared().load(address, [flow = shared_from_this(), asked = m_now](
                                               const QImage &picture, const std::optional<QVError> &error) {
         if (flow->m_surface && flow->m_now == asked)
-            flow->handlePicture(picture, error.has_value());
+            flow->handlePicture(picture, error);
     });
 }
 
-void QVRenderDrawFlow::handlePicture(const QImage &picture, bool failed)
+void QVRenderDrawFlow::handlePicture(const QImage &picture, const std::optional<QVError> &error)
 {
     surface().hiddenLoadingAnimation();
-    if (failed) {
+    if (error) {
+        qCWarning(qv_serviceLog, "Request for the picture failed: %s (code %lld)", qv_errorName(*error),
+                  static_cast<long long>(error->code()));
         handleRequestError(QVError({}, QVError::PictureNotLoaded), QVKey::loadFaild, true);
         return;
     }

@@ -1,5 +1,10 @@
 #include "platform/QVError.h"
 
+#include "platform/QVErrorName.h"
+
+#include <QDebug>
+#include <QMetaEnum>
+
 #include <utility>
 
 QVError::QVError(QString domain, qint64 code, QVariantMap userInfo)
@@ -7,4 +12,18 @@ QVError::QVError(QString domain, qint64 code, QVariantMap userInfo)
     , m_code(code)
     , m_userInfo(std::move(userInfo))
 {
+}
+
+const char *qv_errorName(const QVError &error)
+{
+    const char *const name = QMetaEnum::fromType<QVError::Code>().valueToKey(static_cast<int>(error.code()));
+    return name ? name : "the service refused";
+}
+
+QDebug operator<<(QDebug debug, const QVError &error)
+{
+    const QDebugStateSaver saver(debug);
+    debug.nospace() << "QVError(" << qv_errorName(error) << ", " << error.code() << ", " << error.domain()
+                    << ')';
+    return debug;
 }

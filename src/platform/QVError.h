@@ -2,6 +2,7 @@
 
 #include <Quarvo/QuarvoExport.h>
 
+#include <QDebug>
 #include <QMetaType>
 #include <QObject>
 #include <QString>
@@ -69,6 +70,9 @@ public:
     }
     // C++17 does not derive it from operator==.
     friend bool operator!=(const QVError &a, const QVError &b) { return !(a == b); }
+
+    /// Prints the name of the code, the code and the message.
+    friend QUARVO_EXPORT QDebug operator<<(QDebug debug, const QVError &error);
 
 private:
     QString m_domain;

@@ -5,6 +5,7 @@
 #include "net/QVNetworkError.h"
 #include "net/QVNetworkSession.h"
 #include "net/QVPlainAddress.h"
+#include "platform/QVErrorName.h"
 #include "platform/QVMainThread.h"
 #include "service/QVClickResponseModel.h"
 #include "service/QVConfigResponseModel.h"
@@ -58,8 +59,8 @@ QVCompletion<Record> logged(const char *what, QVCompletion<Record> completed)
         else if (error->code() == QVNetworkError::cancelled)
             qCDebug(qv_serviceLog, "Request for %s given up", what);
         else
-            qCWarning(qv_serviceLog, "Request for %s failed: %s (code %lld)", what,
-                      qUtf8Printable(error->domain()), static_cast<long long>(error->code()));
+            qCWarning(qv_serviceLog, "Request for %s failed: %s (code %lld)", what, qv_errorName(*error),
+                      static_cast<long long>(error->code()));
         completed(record, error);
     };
 }

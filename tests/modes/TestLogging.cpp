@@ -43,8 +43,7 @@ private Q_SLOTS:
                 judged);
         row("failed", q("failed"),
             q("Attempt begins: invisible|Asking for the outage switch|Request for the outage switch failed: "
-              "Something "
-              "went wrong (request failed) (code 3840)|Attempt failed: code 3840"));
+              "NotJson (code 3840)|Attempt failed: code 3840"));
     }
 
     void tellsEachStep()
