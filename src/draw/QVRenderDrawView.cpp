@@ -45,7 +45,8 @@ QVRenderDrawView::QVRenderDrawView(QVVerifyStyle style, QWidget *parent)
     QVRenderDrawSurface *surface = this;
     m_flow = std::make_shared<QVRenderDrawFlow>(style, surface);
     initRenders(style);
-    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+    // A layout does not enlarge it: a curve many times as long cannot be drawn in one go.
+    QSizePolicy policy(QSizePolicy::Maximum, QSizePolicy::Preferred);
     policy.setHeightForWidth(true);
     setSizePolicy(policy);
     connectParts();
@@ -139,8 +140,8 @@ bool QVRenderDrawView::event(QEvent *event)
         m_flow->didMoveToSuperview();
     else if (event->type() == QEvent::Show)
         appear();
-    // A graphics scene counts as a parent, too.
-    if (event->type() == QEvent::Show && graphicsProxyWidget() && !std::exchange(m_isInScene, true))
+    // A panel that is a window, or in a graphics scene, has no parent to start in.
+    if (event->type() == QEvent::Show && isWindow() && !std::exchange(m_isShownAlone, true))
         m_flow->didMoveToSuperview();
     return handled;
 }
@@ -201,7 +202,7 @@ void QVRenderDrawView::watchScreen()
 
 bool QVRenderDrawView::hasSuperview() const
 {
-    return parentWidget() || graphicsProxyWidget();
+    return parentWidget() || m_isShownAlone;
 }
 
 void QVRenderDrawView::deviceOrientationDidChangeNotification()

@@ -104,7 +104,7 @@ private:
 
     std::shared_ptr<QVRenderDrawFlow> m_flow;
     std::optional<double> m_screenWidth;
-    bool m_isInScene = false;
+    bool m_isShownAlone = false;
     QPointer<QScreen> m_screen;
     QVRenderStrokeView *m_renderLayer = nullptr;
     // Not children of the view: they must not report anything to the flow while the view is destroyed.
