@@ -57,8 +57,8 @@ void QVSDKManager::setResourceBundle(const QString &path)
     auto *const settings = settingsFor(Q_FUNC_INFO);
     if (!settings)
         return;
-    auto bundle = path.isNull() ? nullptr : QVBundle::open(path);
-    if (!bundle && !path.isNull())
+    auto bundle = path.isEmpty() ? nullptr : QVBundle::open(path);
+    if (!bundle && !path.isEmpty())
         qCWarning(settingsLog, "No resource bundle: %s is no folder", qUtf8Printable(path));
     QVMainBundle::shared().setHostBundle(std::move(bundle));
     settings->setPreferredLanguage(settings->preferredLanguage());

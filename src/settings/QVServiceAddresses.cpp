@@ -36,6 +36,7 @@ QVServiceAddresses QVServiceAddresses::at(const QString &host)
     QVServiceAddresses addresses;
     addresses.setApiHost(host);
     addresses.setDownloadHost(host);
+    addresses.setImageHost(host);
     return addresses;
 }
 
