@@ -93,7 +93,7 @@ void QVViewController::layoutSubviews()
     m_renderView->setGeometry(screen);
     // Directly in the corner: there is no status bar to avoid.
     m_closeButton->move(screen.right() + 1 - m_closeButton->width(), screen.top());
-    m_supportLabel->adjustSize();
+    m_supportLabel->resize(m_supportLabel->sizeFor(screen.width() - 2 * supportOffset.x()));
     const QPoint corner = screen.bottomRight() + QPoint(1, 1) - supportOffset;
     m_supportLabel->move(corner - QPoint(m_supportLabel->width(), m_supportLabel->height()));
 }
