@@ -15,7 +15,7 @@
 /// information holds "QVCustonErrorKey" when the service itself refused.
 ///
 /// \code
-/// connect(&verification, &QVClickManager::failed, this, [this](const QVError &error) {
+/// connect(&m_verification, &QVClickManager::failed, this, [this](const QVError &error) {
 ///     if (error.code() == QVError::NotConnected)
 ///         showOffline();
 /// });

@@ -10,7 +10,14 @@ class QVServiceAddressesPrivate;
 /// The addresses of the captcha service. A new value has the addresses chosen when the library was built. A
 /// host changes those that differ and passes the value to QVSDKManager::setServiceAddresses().
 ///
-/// Hosts are given with their scheme and without a slash at the end: "https://api.quarvo.example".
+/// Hosts are given with their scheme and without a slash at the end: "https://api.quarvo.example". They are
+/// not checked: a request to a wrong address fails. Different values may be used on different threads.
+///
+/// \code
+/// QVServiceAddresses addresses;
+/// addresses.setApiHost(QStringLiteral("https://captcha.example.org"));
+/// QVSDKManager::setServiceAddresses(addresses);
+/// \endcode
 class QUARVO_EXPORT QVServiceAddresses
 {
 public:
