@@ -121,9 +121,9 @@ QString parseResize(const QStringList &words, DriveAction &action)
 QString parsePlain(const QStringList &words, DriveAction &action)
 {
     static const std::pair<const char *, Kind> plain[] = {
-        {"tap", Kind::Tap},         {"start", Kind::Start}, {"solve", Kind::Solve}, {"done", Kind::Done},
-        {"refresh", Kind::Refresh}, {"retry", Kind::Retry}, {"close", Kind::Close}, {"reset", Kind::Reset},
-        {"disable", Kind::Disable}, {"lift", Kind::Lift},   {"end", Kind::End},
+        {"tap", Kind::Tap},     {"press", Kind::Press},     {"start", Kind::Start}, {"solve", Kind::Solve},
+        {"done", Kind::Done},   {"refresh", Kind::Refresh}, {"retry", Kind::Retry}, {"close", Kind::Close},
+        {"reset", Kind::Reset}, {"disable", Kind::Disable}, {"lift", Kind::Lift},   {"end", Kind::End},
     };
     const auto found = std::ranges::find_if(
         plain, [&](const auto &entry) { return words[0] == QLatin1String(entry.first); });

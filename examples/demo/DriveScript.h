@@ -13,6 +13,7 @@ struct DriveAction
 {
     enum class Kind {
         Tap,
+        Press,
         Hold,
         Lift,
         Start,

@@ -114,6 +114,10 @@ void Driver::performPointing(const DriveAction &action)
     case Kind::Tap:
         press(m_stage.window.clickButton(), "click button");
         break;
+    case Kind::Press:
+        m_input.hold(m_stage.window.clickButton());
+        continueSoon();
+        break;
     case Kind::Refresh:
         press(m_stage.probe.part(QStringLiteral("refreshButton")), "refresh button");
         break;

@@ -49,6 +49,13 @@ void InputPlayer::click(QWidget *target)
         sendMouse(target, centre, QEvent::MouseButtonRelease);
 }
 
+void InputPlayer::hold(QWidget *target)
+{
+    m_target = target;
+    m_points = {QRectF(target->rect()).center()};
+    sendMouse(target, m_points.constLast(), QEvent::MouseButtonPress);
+}
+
 void InputPlayer::type(QWidget *target, const QString &text)
 {
     click(target);

@@ -16,6 +16,8 @@ public:
     explicit InputPlayer(QObject *parent = nullptr);
 
     void click(QWidget *target);
+    /// Presses the mouse button over \a target until lift().
+    void hold(QWidget *target);
     void type(QWidget *target, const QString &text);
     /// Draws through \a points, in the coordinates of \a target, evenly over \a milliseconds, and then emits
     /// finished(). With \a isHeld the button stays pressed until lift().

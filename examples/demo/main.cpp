@@ -53,6 +53,8 @@ void configureComponent(const DemoOptions &options)
     QVSDKManager::setQuarvoSDKVid(options.vid, options.scene);
     QVSDKManager::setPreferredLanguage(options.language);
     QVSDKManager::setOutageOpen(options.outageOpen);
+    if (options.look == DemoLook::Dark)
+        QVSDKManager::setAppearance(QVAppearance::Dark);
 }
 
 int run(const DemoOptions &options, std::optional<DriveScript> script)
