@@ -111,34 +111,6 @@ private Q_SLOTS:
         QVERIFY(waitFor([&] { return server().closedCount() == 1; }));
     }
 
-    void readsTheConfiguration()
-    {
-        QVServiceAddresses addresses = settings().serviceAddresses();
-        addresses.setCdn(q("https://default.example"));
-        settings().setServiceAddresses(addresses);
-        // The answer, then its API server, its picture server, and whether characters are typed.
-        const QVCases<const char *, const char *, const char *, bool> cases{
-            {"'api_server':'a.example','cdn_servers':['b.example','c']", "https://a.example",
-             "https://b.example", false},
-            {"'api_server':'httpd.example','cdn_servers':['httpd.b']", "httpd.example", "httpd.b", false},
-            {"'api_server':'HTTP://a','cdn_servers':[null,'b'],'source_server':'https://x'",
-             "https://HTTP://a", "https://default.example", false},
-            {"'api_server':'','cdn_servers':[],'type':'Character'", "", "https://default.example", false},
-            {"'type':'character','isCharVerify':false", "", "https://default.example", true},
-            {"'type':'draw','isCharVerify':true,'cdn_servers':'b'", "", "https://default.example", false}};
-        for (const auto &[members, apiServer, source, isTyped] : cases) {
-            const QByteArray body = "{'code':'0103','guide':'YES'," + QByteArray(members) + '}';
-            server().enqueue(QVScript::answer(QByteArray(body).replace('\'', '"')));
-            Probe<QVConfigResponseModel> probe;
-            probe.run([](auto completed) { return manager().requestConfigWithVid({}, {}, {}, completed); });
-            await(probe);
-            QCOMPARE(probe.result()->api_server(), q(apiServer));
-            QCOMPARE(probe.result()->source_server(), q(source));
-            QCOMPARE(probe.result()->isCharVerify(), isTyped);
-            QVERIFY(probe.result()->guide());
-        }
-    }
-
     void judgesByTheKindOfAnswer()
     {
         const QVCases<const char *, bool, bool> cases{
@@ -166,29 +138,6 @@ private Q_SLOTS:
             // The drawing time in the record is the caller's.
             for (const auto &verdict : {verify.result(), outage.result()})
                 QCOMPARE(verdict ? verdict->drawtime() : QString(), isVerify ? q("9") : QString());
-        }
-    }
-
-    void outageSwitch()
-    {
-        // The answer, whether the host forces the outage, whether it is active then, and whether there is a
-        // record.
-        const QVCases<const char *, bool, bool, bool> cases{{R"({"active":true})", false, true, true},
-                                                            {R"({"code":"0101"})", false, false, true},
-                                                            {R"({"active":false})", true, true, true},
-                                                            {"[]", true, false, false},
-                                                            {"<html>", true, false, false}};
-        for (const auto &[body, isForced, active, isThere] : cases) {
-            server().enqueue(QVScript::answer(body));
-            Probe<QVDownTimeResponseModel> probe;
-            settings().setIsOpenOutage(!isForced);
-            probe.run([](auto completed) { return manager().requestOutageComplted(completed); });
-            // The setting at the time of the answer counts.
-            settings().setIsOpenOutage(isForced);
-            await(probe);
-            QCOMPARE(probe.result() != nullptr, isThere);
-            QVERIFY(!probe.result() || probe.result()->active() == active);
-            QCOMPARE(probe.code(), *body == '<' ? 3840 : 0);
         }
     }
 

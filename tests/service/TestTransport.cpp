@@ -234,30 +234,45 @@ private Q_SLOTS:
         }
     }
 
-    void warnsOfAnAnswerThatNamesAPlainServer()
+    void configurations()
     {
         const QSslConfiguration tls = qv_serverTls(q("local"));
         const TrustedCertificate trust(tls.localCertificate());
         server().useTls(tls);
         QVServiceAddresses addresses;
         addresses.setApiHost(server().address());
+        addresses.setCdn(q("https://default.example"));
         settings().setServiceAddresses(addresses);
-        const QVCases<QString, bool> cases{
-            {q("'api_server': 'http://a.example'"), true},
-            {q("'cdn_servers': ['http://a.example']"), true},
-            {q("'api_server': 'a.example', 'cdn_servers': ['http://127.0.0.1']"), false}};
-        for (const auto &[named, isWarnedOf] : cases) {
-            const QString body = q("{'code': '0103', %1}").arg(named).replace(u'\'', u'"');
-            server().enqueue(QVScript::answer(body.toUtf8()));
+        // The answer, its API server, its picture server, whether characters are typed, and whether a warning
+        // is logged about a server without encryption.
+        const QVCases<const char *, const char *, const char *, bool, bool> cases{
+            {"'api_server':'a.example','cdn_servers':['b.example','c']", "https://a.example",
+             "https://b.example", false, false},
+            {"'api_server':'httpd.example','cdn_servers':['httpd.b']", "httpd.example", "httpd.b", false,
+             false},
+            {"'api_server':'HTTP://a','cdn_servers':[null,'b'],'source_server':'https://x'",
+             "https://HTTP://a", "https://default.example", false, false},
+            {"'api_server':'','cdn_servers':[],'type':'Character'", "", "https://default.example", false,
+             false},
+            {"'type':'character','isCharVerify':false", "", "https://default.example", true, false},
+            {"'type':'draw','isCharVerify':true,'cdn_servers':'b'", "", "https://default.example", false,
+             false},
+            {"'api_server':'http://a.example'", "http://a.example", "https://default.example", false, true},
+            {"'cdn_servers':['http://a.example']", "", "http://a.example", false, true},
+            {"'cdn_servers':['http://127.0.0.1']", "", "http://127.0.0.1", false, false}};
+        for (const auto &[members, apiServer, source, isTyped, isWarnedOf] : cases) {
+            const QByteArray body = "{'code':'0103','guide':'YES'," + QByteArray(members) + '}';
+            server().enqueue(QVScript::answer(QByteArray(body).replace('\'', '"')));
             if (isWarnedOf)
                 QTest::ignoreMessage(QtWarningMsg,
                                      QRegularExpression(q("names a server without encryption")));
             Probe<QVConfigResponseModel> probe;
-            probe.run([](QVCompletion<QVConfigResponseModel> completed) {
-                return manager().requestConfigWithVid({}, {}, {}, std::move(completed));
-            });
+            probe.run([](auto completed) { return manager().requestConfigWithVid({}, {}, {}, completed); });
             await(probe);
-            QVERIFY(probe.result());
+            QCOMPARE(probe.result()->api_server(), q(apiServer));
+            QCOMPARE(probe.result()->source_server(), q(source));
+            QCOMPARE(probe.result()->isCharVerify(), isTyped);
+            QVERIFY(probe.result()->guide());
         }
     }
 
