@@ -64,18 +64,6 @@ private Q_SLOTS:
         }
     }
 
-    void addressesAreValues()
-    {
-        QVServiceAddresses all;
-        for (const auto set : {&QVServiceAddresses::setApiHost, &QVServiceAddresses::setDownloadHost,
-                               &QVServiceAddresses::setImageHost, &QVServiceAddresses::setCdn,
-                               &QVServiceAddresses::setHelpPage, &QVServiceAddresses::setOutageHelpPage}) {
-            const QVServiceAddresses before = all;
-            (all.*set)(q("https://other.example"));
-            QVERIFY(!(all == before));
-        }
-    }
-
     void warnsOfOpenLines()
     {
         const QVCases<const char *, bool> cases{{"http://api.quarvo.example", true},
