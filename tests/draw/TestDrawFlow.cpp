@@ -139,6 +139,7 @@ private:
             row(by, q("guide true, ad click, opened, %1 -> verify passed, "
                       "look -> 'Verified' image caption 'Draw along the curve' adButton helpButton")
                         .arg(q(by)));
+        row("from the alternative", "embedded, offer, draw alternativeButton -> verify passed");
         row("disabled", "embedded, enabled false, draw, finger, pen, enabled true");
         row("taps on controls",
             "embedded, tap refreshButton -> refresh ready, fingerTap refreshButton -> refresh ready, "
@@ -155,16 +156,19 @@ private:
                         .arg(q(by)));
         row("by keys", "embedded, tab -> pen, keys Space Right*15 Space -> verify passed");
         row("too short by keys", "embedded, keys Space Right*4 Space");
-        row("escaped by keys", "embedded, keys Space Right*15 Escape Space");
+        row("escaped by keys",
+            "embedded, tab -> pen, escape -> left, keys Space Right*15, escape -> taken, keys Space");
         row("by keys, the focus goes", "embedded, keys Space Right*15, blur, keys Space");
-        row("by keys, disabled", "embedded, keys Space Right*15, enabled false, enabled true, keys Space");
+        row("by keys, disabled",
+            "embedded, keys Space Right*15, enabled false, enabled true, mark -> 19 11.5 Pen up, keys Space");
         // The picture is 40 steps wide.
         row("steps by keys",
-            "embedded, keys Right*15, mark -> 19 11.5, keys Shift+Up*15, mark -> 19 7.75, keys Ctrl+Right, "
-            "mark -> 19 7.75, keys Left*60 Up*60, mark -> 0 0, aslant, mark -> 2 2");
+            "embedded, keys Right*15, mark -> 19 11.5 Pen up, keys Shift+Up*15, mark -> 19 7.75 Pen up, keys "
+            "Ctrl+Right, "
+            "mark -> 19 7.75 Pen up, keys Left*60 Up*60, mark -> 0 0 Pen up, aslant, mark -> 2 2 Pen up");
         row("no pen without a picture",
-            "begin embed -> switch config get ready, tab -> pen, hold switch 100, restart -> switch, tab, "
-            "100ms -> config get ready, tab -> pen");
+            "hold switch 100, begin embed -> switch, tab, 100ms -> config get ready, tab -> pen, "
+            "restart -> switch, tab -> picture, 100ms -> config get ready, tab -> pen");
     }
     static void addFailures(const auto &row)
     {
@@ -273,6 +277,7 @@ private:
     Q_INVOKABLE void resize(const QString &) { view->resize(view->width() - 1, 300); }
     Q_INVOKABLE void window(const QString &is) { view->window()->setVisible(is == q("shown")); }
     Q_INVOKABLE void enabled(const QString &is) { view->setEnabled(is == q("true")); }
+    Q_INVOKABLE void offer(const QString &) { view->setOffersAlternative(true); }
     Q_INVOKABLE void destroy(const QString &) { delete view; }
 
     // Steps that add something to the report.
@@ -319,8 +324,14 @@ private:
     {
         for (int i = 0; i < 5 && !picture().hasFocus(); ++i)
             QTest::keyClick(view->window(), Qt::Key_Tab);
-        if (picture().hasFocus() && isShown(q("keyPen")))
-            told.append(q("pen"));
+        if (picture().hasFocus())
+            told.append(isShown(q("keyPen")) ? q("pen") : q("picture"));
+    }
+    Q_INVOKABLE void escape(const QString &)
+    {
+        QKeyEvent event(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+        QCoreApplication::sendEvent(&picture(), &event);
+        told.append(event.isAccepted() ? q("taken") : q("left"));
     }
     Q_INVOKABLE void aslant(const QString &)
     {
@@ -331,14 +342,17 @@ private:
         QTest::keyRelease(&picture(), Qt::Key_Right);
         QTest::keyClick(&picture(), Qt::Key_Down);
     }
-    /// Where the pen is, in steps from the picture's corner.
+    /// Where the pen is, in steps from the picture's corner, and its state.
     Q_INVOKABLE void mark(const QString &)
     {
         const QPoint place = frame(q("keyPen")).center() - frame(q("imageView")).topLeft();
         const auto steps = [this](int pixels) {
             return qRound(pixels * 160.0 / picture().width()) / 4.0;
         };
-        told.append(q("%1 %2").arg(steps(place.x())).arg(steps(place.y())));
+        told.append(q("%1 %2 %3")
+                        .arg(steps(place.x()))
+                        .arg(steps(place.y()))
+                        .arg(part(q("keyPen"))->accessibleName()));
     }
     Q_INVOKABLE void type(const QString &text)
     {
