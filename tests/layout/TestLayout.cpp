@@ -41,25 +41,6 @@ class TestLayout : public QVTestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void placesAnItem()
-    {
-        const Constraint left{first, Attribute::Left, container, Attribute::Left, 1, 7};
-        const Constraint right{first, Attribute::Right, container, Attribute::Right, 1, -3};
-        const Constraint ownHeight{first, Attribute::Height, first, Attribute::Width, 0.5, 0};
-        const QVCases<std::vector<Constraint>, QRectF> cases{
-            {{}, {10, 20, 30, 40}},
-            {{left}, {7, 20, 50, 60}},
-            {{left, right, ownHeight}, {7, 20, 390, 195}},
-            {{{first, Attribute::Width, container, Attribute::Width, 0.25, -1}}, {10, 20, 99, 60}},
-            {{{first, Attribute::Top, container, Attribute::Bottom, 0.5, 4}}, {10, 154, 50, 60}},
-            {{left, right, fixed(Attribute::Width, 40)}, {357, 20, 40, 60}},
-            {{fixed(Attribute::Left, 90), fixed(Attribute::Right, 20)}, {90, 20, 0, 60}}};
-        for (const auto &[constraints, expected] : cases) {
-            QCOMPARE(solve(constraints).frames.at(first), expected);
-            QVERIFY(solve(constraints).problems.empty());
-        }
-    }
-
     void reportsWhatItCannotUse()
     {
         const QVCases<Constraint, Kind> cases{
