@@ -13,7 +13,7 @@ class QVRenderDrawView;
 class QWidget;
 
 /// Verification inside the host's own layout. The host places embedView(), which starts by itself a tenth of
-/// a second after it was given a parent.
+/// a second after it was given a parent, or was shown as a window.
 ///
 /// Failures are shown in the view's bar; a tap on the bar starts again.
 ///

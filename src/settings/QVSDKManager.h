@@ -41,8 +41,9 @@ public:
 
     /// Uses the texts and pictures of the host's own bundle. \a path is a folder, on disk or in the program's
     /// resources (":/brand/QVResource.bundle"). It may contain only what differs; everything else comes from
-    /// the component's own bundle. With null only the component's own bundle is used; so it is if \a path is
-    /// not a folder, which logs a warning. Texts on screen change at once, pictures when they are shown next.
+    /// the component's own bundle. With an empty path only the component's own bundle is used; so it is if \a
+    /// path is not a folder, which logs a warning. Texts on screen change at once, pictures when they are
+    /// shown next.
     static void setResourceBundle(const QString &path);
 
     /// Sets the address of the host's own outage server, which takes over when the service is down. Plain
