@@ -1,7 +1,7 @@
 #include "views/QVPaintedText.h"
 
-#include "settings/QVSystemFont.h"
 #include "settings/QVOneLine.h"
+#include "settings/QVSystemFont.h"
 #include "views/QVScaledPicture.h"
 #include "views/QVSmoothScaling.h"
 
@@ -9,6 +9,7 @@
 #include <QFontMetricsF>
 #include <QImage>
 #include <QPainter>
+#include <QRegularExpression>
 #include <QTextLayout>
 
 #include <algorithm>
@@ -26,6 +27,14 @@ double widest(const QStringList &lines, const QFontMetricsF &metrics)
     for (const QString &line : lines)
         width = std::max(width, metrics.horizontalAdvance(line));
     return width;
+}
+
+/// The text in two, after the first full stop or Chinese comma.
+QStringList sentencesOf(const QString &line)
+{
+    static const QRegularExpression end(QStringLiteral("\\. |[，。]"));
+    const qsizetype at = line.indexOf(end);
+    return at < 0 ? QStringList(line) : QStringList{line.left(at + 1), line.mid(at + 1).trimmed()};
 }
 
 /// The height of the lines below the first one.
@@ -105,8 +114,32 @@ QVPaintedText::Lines QVPaintedText::fitted(QSize room) const
 
 QVPaintedText::Lines QVPaintedText::broken(const QFont &font, QSize room) const
 {
-    const QFontMetricsF metrics(font);
+    constexpr double step = 4;
     const double width = room.width() - iconSpace(font);
+    Lines lines = broken(font, room, width);
+    if (lines.isElided || lines.texts.size() < 2)
+        return lines;
+    const QFontMetricsF metrics(font);
+    if (lines.texts.size() == 2) {
+        // Between two sentences, where there are two that fit.
+        const QStringList sentences = sentencesOf(m_line);
+        if (sentences.size() == 2 && widest(sentences, metrics) <= width)
+            return {font, sentences};
+    }
+    // The narrowest lines in which the text still fits have similar lengths, so that no word is alone in one.
+    const double longestWord = widest(m_line.split(u' '), metrics);
+    double narrow = metrics.horizontalAdvance(m_line) / double(lines.texts.size());
+    for (narrow = std::max(narrow, longestWord); narrow < width; narrow += step) {
+        Lines even = broken(font, room, narrow);
+        if (!even.isElided && even.texts.size() == lines.texts.size())
+            return even;
+    }
+    return lines;
+}
+
+QVPaintedText::Lines QVPaintedText::broken(const QFont &font, QSize room, double width) const
+{
+    const QFontMetricsF metrics(font);
     const int most = std::clamp(int(room.height() / metrics.lineSpacing()), 1, m_style.mostLines);
     Lines result{font, {}};
     QString rest = m_line;

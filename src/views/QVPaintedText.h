@@ -60,6 +60,7 @@ private:
 
     [[nodiscard]] Lines fitted(QSize room) const;
     [[nodiscard]] Lines broken(const QFont &font, QSize room) const;
+    [[nodiscard]] Lines broken(const QFont &font, QSize room, double width) const;
     [[nodiscard]] qreal iconSpace(const QFont &font) const;
     [[nodiscard]] QPixmap picture(const Key &key) const;
     void draw(QPainter &painter, QSize room) const;
