@@ -63,7 +63,7 @@ QVCharVerifyTextField::QVCharVerifyTextField(QWidget *parent)
     , m_placeholder({.pixelSize = 14, .alignment = QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft)})
 {
     setFrame(false);
-    setStyleSheet(isolatingSheet());
+    applyColors();
     // Not Qt::ClickFocus: a refused click must not take the focus away from another widget.
     setFocusPolicy(Qt::TabFocus);
     setAcceptDrops(false);
@@ -83,6 +83,26 @@ void QVCharVerifyTextField::levelLine(const QString &composed)
     layout.endLayout();
     const int height = line.isValid() ? qRound(line.height()) : 0;
     setTextMargins(0, std::max(0, height - fontMetrics().height()), 0, 0);
+}
+
+void QVCharVerifyTextField::applyColors()
+{
+    // Compared, because a new style sheet changes the palette in turn.
+    if (const QString sheet = isolatingSheet(); sheet != styleSheet())
+        setStyleSheet(sheet);
+}
+
+void QVCharVerifyTextField::changeEvent(QEvent *event)
+{
+    QLineEdit::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        applyColors();
+}
+
+void QVCharVerifyTextField::showEvent(QShowEvent *event)
+{
+    applyColors();
+    QLineEdit::showEvent(event);
 }
 
 void QVCharVerifyTextField::setPlaceholder(const QString &text)

@@ -33,6 +33,8 @@ Q_SIGNALS:
 
 protected:
     bool event(QEvent *event) override;
+    void changeEvent(QEvent *event) override;
+    void showEvent(QShowEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
@@ -42,6 +44,8 @@ protected:
 
 private:
     [[nodiscard]] bool mayBegin() const { return !m_shouldBeginEditing || m_shouldBeginEditing(); }
+    /// Takes up the colours that the palette and the host's settings ask for now.
+    void applyColors();
     void levelLine(const QString &composed);
     void refuseFocus(Qt::FocusReason reason);
 
