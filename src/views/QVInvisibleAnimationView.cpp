@@ -23,6 +23,9 @@ namespace {
 
 constexpr QColor animationColor(40, 193, 247);
 constexpr QColor backAnimationColor(169, 230, 250);
+// White text on the strip needs a shadow. Its edge is paler, so that it looks soft.
+constexpr QColor shadowColor(0, 0, 0, 70);
+constexpr QColor shadowEdgeColor(0, 0, 0, 32);
 constexpr qreal ringWidth = 6;
 constexpr qreal haloWidth = 2;
 constexpr qreal haloGrowth = 10;
@@ -43,6 +46,14 @@ QFont passFont()
     font.setPixelSize(20);
     font.setWeight(QFont::Normal);
     return font;
+}
+
+QPainterPath passTextPath()
+{
+    const QFontMetricsF metrics(passFont());
+    QPainterPath text;
+    text.addText(0, halfStrip + (metrics.ascent() - metrics.descent()) / 2, passFont(), passText());
+    return text;
 }
 
 void moveTo(QVLayer &layer, const QRectF &from, const QRectF &to)
@@ -124,6 +135,8 @@ void QVInvisibleAnimationView::passAnimationComplete(std::function<void()> compl
     passCircleAnimationLayer().setFrame(bounds());
     passCircleAnimationLayer().setOpacity(0);
     layOutRing();
+    // Behind the smooth edge of the filled ring a pale one of the same width would shine through.
+    circleBackLayer().setLineWidth(ringWidth - 1);
     fillRing();
     QVScheduler::shared().schedule(750ms, [view = QPointer(this)] {
         if (view)
@@ -183,15 +196,24 @@ QVLayer &QVInvisibleAnimationView::passHalfCircleView()
     return *m_passHalfCircleView;
 }
 
+QVLayer &QVInvisibleAnimationView::passShadow()
+{
+    if (!m_passShadow) {
+        m_passShadow = makeLayer();
+        m_passShadow->setFillColor(shadowColor);
+        m_passShadow->setStrokeColor(shadowEdgeColor);
+        m_passShadow->setLineWidth(2);
+        m_passShadow->setPath(passTextPath().translated(0, 1));
+    }
+    return *m_passShadow;
+}
+
 QVLayer &QVInvisibleAnimationView::passLabel()
 {
     if (!m_passLabel) {
         m_passLabel = makeLayer();
         m_passLabel->setFillColor(Qt::white);
-        const QFontMetricsF metrics(passFont());
-        QPainterPath text;
-        text.addText(0, halfStrip + (metrics.ascent() - metrics.descent()) / 2, passFont(), passText());
-        m_passLabel->setPath(text);
+        m_passLabel->setPath(passTextPath());
     }
     return *m_passLabel;
 }
@@ -245,8 +267,10 @@ void QVInvisibleAnimationView::openStrip()
     moveTo(passHalfCircleView(), {c.x(), top, halfStrip, stripHeight},
            {c.x() + open - 1, top, halfStrip, stripHeight});
     moveTo(passView(), {c.x(), top, 0, stripHeight}, {c.x(), top, open, stripHeight});
-    moveTo(passLabel(), {c.x() - label / 2, top, label, stripHeight},
-           {c.x() + open - label + 5, top, label, stripHeight});
+    for (QVLayer *text : {&passShadow(), &passLabel()}) {
+        moveTo(*text, {c.x() - label / 2, top, label, stripHeight},
+               {c.x() + open - label + 5, top, label, stripHeight});
+    }
 }
 
 void QVInvisibleAnimationView::startHalo()

@@ -49,6 +49,7 @@ private:
     QVLayer &circleAnimationLayer();
     QVLayer &passView();
     QVLayer &passHalfCircleView();
+    QVLayer &passShadow();
     QVLayer &passLabel();
     QVLayer &passCircleAnimationLayer();
     QVLayer &logoIV();
@@ -74,6 +75,7 @@ private:
     std::shared_ptr<QVLayer> m_circleAnimationLayer;
     std::shared_ptr<QVLayer> m_passView;
     std::shared_ptr<QVLayer> m_passHalfCircleView;
+    std::shared_ptr<QVLayer> m_passShadow;
     std::shared_ptr<QVLayer> m_passLabel;
     std::shared_ptr<QVLayer> m_passCircleAnimationLayer;
     std::shared_ptr<QVLayer> m_logoIV;
