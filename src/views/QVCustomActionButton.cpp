@@ -4,6 +4,13 @@
 
 #include <QPainter>
 
+namespace {
+
+/// Darker, so that the white picture stays clear on any ground.
+constexpr QColor discHoverTint(0, 0, 0, 70);
+
+} // namespace
+
 QVCustomActionButton::QVCustomActionButton(QWidget *parent)
     : QVTouchButton(parent)
     , m_layers(*this)
@@ -52,7 +59,7 @@ void QVCustomActionButton::paintEvent(QPaintEvent *)
     if (isHovered()) {
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(Qt::NoPen);
-        painter.setBrush(hoverTint);
+        painter.setBrush(discHoverTint);
         painter.drawEllipse(rect().marginsRemoved(m_insets));
     }
     qv_paintFocusRing(painter, *this);
