@@ -182,12 +182,6 @@ void QVClickButton::paintEvent(QPaintEvent *)
         painter.setBrush(hoverTint);
         painter.drawRoundedRect(rect(), radius, radius);
     }
-    if (!d->showsFocus || !hasFocus())
-        return;
-    painter.setPen(QPen(Qt::white, 2, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
-    painter.setBrush(Qt::NoBrush);
-    const double ringRadius = std::max(0.0, radius - 3);
-    painter.drawRoundedRect(rect().adjusted(3, 3, -3, -3), ringRadius, ringRadius);
 }
 
 void QVClickButton::resizeEvent(QResizeEvent *)
@@ -229,8 +223,6 @@ void QVClickButton::keyPressEvent(QKeyEvent *event)
         QAbstractButton::keyPressEvent(event);
         return;
     }
-    d->showsFocus = true;
-    update();
     // Accepted even while the button is busy, or the key would press the default button of the host's dialog.
     event->accept();
     if (event->isAutoRepeat() || d->press.isTracking() || !d->flow.takesInput())
@@ -252,23 +244,6 @@ void QVClickButton::keyReleaseEvent(QKeyEvent *event)
     event->accept();
     if (d->press.isTracking() && !event->isAutoRepeat())
         d->press.end(QRectF(rect()).center());
-}
-
-void QVClickButton::focusInEvent(QFocusEvent *event)
-{
-    switch (event->reason()) {
-    case Qt::TabFocusReason:
-    case Qt::BacktabFocusReason:
-    case Qt::ShortcutFocusReason:
-        d->showsFocus = true;
-        break;
-    case Qt::PopupFocusReason:
-    case Qt::ActiveWindowFocusReason:
-        break; // Keeps the value from before the focus was lost.
-    default:
-        d->showsFocus = false;
-    }
-    QAbstractButton::focusInEvent(event);
 }
 
 void QVClickButton::focusOutEvent(QFocusEvent *event)

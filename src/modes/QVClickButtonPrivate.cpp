@@ -10,6 +10,7 @@
 #include "settings/QVColors.h"
 #include "settings/QVLanguageNotice.h"
 #include "views/QVAccessibleRole.h"
+#include "views/QVFocusRing.h"
 #include "views/QVLabel.h"
 #include "views/QVSpokenMessage.h"
 
@@ -52,6 +53,8 @@ void QVClickButtonPrivate::setupSubviews()
     // longer be added.
     m_spokenMessage = new QVSpokenMessage(q);
     clickStatusView->setAttribute(Qt::WA_TransparentForMouseEvents);
+    focusRing = new QVFocusRing(q);
+    focusRing->setDark();
 }
 
 void QVClickButtonPrivate::layoutSubviews() const
@@ -63,6 +66,7 @@ void QVClickButtonPrivate::layoutSubviews() const
     clickStatusLabel->setGeometry(labelLeft, 0, q->width() - labelLeft - labelInset, q->height());
     waterRippleView->setCornerRadius(paintedRadius());
     clickStatusView->setCornerRadius(paintedRadius());
+    focusRing->fit(paintedRadius());
     describe();
 }
 

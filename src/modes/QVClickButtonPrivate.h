@@ -10,6 +10,7 @@
 class QVClickButton;
 class QVClickButtonDelegate;
 class QVClickStatusView;
+class QVFocusRing;
 class QVClickWaterRippleView;
 class QVLabel;
 class QVSpokenMessage;
@@ -58,9 +59,9 @@ public:
     QVClickFlow flow;
     QVClickWaterRippleView *waterRippleView = nullptr;
     QVClickStatusView *clickStatusView = nullptr;
+    QVFocusRing *focusRing = nullptr;
     QVLabel *clickStatusLabel = nullptr;
     QVPressTracker press{*this};
-    bool showsFocus = false;
     int cornerRadius = 0;
 
 private:

@@ -112,8 +112,8 @@ void QVRenderDrawImageView::showNow(const QImage &image)
 
 void QVRenderDrawImageView::showLoadingAnimation()
 {
-    m_loadingLayer->startLoading();
-    m_isLoading = true;
+    if (!std::exchange(m_isLoading, true))
+        m_loadingLayer->startLoading();
     setAccessibleDescription(qv_localizedStringForKey(QVKey::accessibleLoading));
     qv_setAccessibleBusy(this, true);
 }
@@ -222,7 +222,7 @@ void QVRenderDrawImageView::paintEvent(QPaintEvent *event)
 void QVRenderDrawImageView::resizeEvent(QResizeEvent *event)
 {
     QWidget::resizeEvent(event);
-    m_focusRing->setGeometry(rect());
+    m_focusRing->fit();
     m_loadingLayer->setFrame(rect());
     m_loadingLayer->centerDots();
     keepClearOfStrip();

@@ -281,6 +281,7 @@ private:
     QImage focusedButton()
     {
         prepareHost({300, 64});
+        host().setAttribute(Qt::WA_KeyboardFocusChange);
         makeButton().setFocus(Qt::TabFocusReason);
         return shot();
     }
