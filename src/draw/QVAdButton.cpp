@@ -4,9 +4,9 @@
 #include "settings/QVLanguageNotice.h"
 #include "settings/QVLocalization.h"
 #include "settings/QVLocalizationKeys.h"
+#include "settings/QVOneLine.h"
 #include "settings/QVSystemFont.h"
 #include "views/QVFocusRing.h"
-#include "settings/QVOneLine.h"
 
 #include <QPainter>
 #include <QtMath>

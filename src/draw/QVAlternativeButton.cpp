@@ -25,6 +25,7 @@ QVAlternativeButton::QVAlternativeButton(QWidget *parent)
 void QVAlternativeButton::paintEvent(QPaintEvent * /*event*/)
 {
     constexpr qreal disabledOpacity = 0.4;
+    constexpr int margin = 10;
     QPainter painter(this);
     painter.fillRect(rect(), QVColors::strip());
     if (isHovered())
@@ -33,7 +34,7 @@ void QVAlternativeButton::paintEvent(QPaintEvent * /*event*/)
         painter.setOpacity(disabledOpacity);
     else if (isDown())
         painter.setOpacity(pressedOpacity);
-    m_text.paint(painter, rect(), QVColors::doneTitle());
+    m_text.paint(painter, rect().adjusted(margin, 0, -margin, 0), QVColors::doneTitle());
     painter.setOpacity(1);
     qv_paintFocusRing(painter, *this);
 }

@@ -79,7 +79,8 @@ QVLayout::Build QVRenderDrawLayout::contentBuild(double contentWidth) const
         make.centerX().equalTo(m_parts.view);
         make.centerY()
             .equalTo(m_parts.view)
-            .offset(m_style == QVVerifyStyleEmbed ? -m_alternativeHeight / 2.0 : 0);
+            // In a popup the button takes of the room below, but leaves the support label its own.
+            .offset(-m_alternativeHeight / (m_style == QVVerifyStyleEmbed ? 2.0 : 4.0));
         buildWidth(make, contentWidth);
         make.height().equalTo(make.width()).multipliedBy(m_aspect);
     };
