@@ -333,21 +333,25 @@ void QVRenderDrawFlow::handleConfigResponseFromQuarvoServer(const QVClickSequenc
 void QVRenderDrawFlow::handleGetResponse(const std::shared_ptr<QVGetRefreshResponseModel> &record,
                                          const std::optional<QVError> &error)
 {
-    surface().hiddenLoadingAnimation();
-    if (record)
+    // The dots go on until the picture is there.
+    if (record) {
         handleGetRefreshResponseFromQuarvoServer(record, false);
-    else
-        handleRequestError(*error, true);
+        return;
+    }
+    surface().hiddenLoadingAnimation();
+    handleRequestError(*error, true);
 }
 
 void QVRenderDrawFlow::handleRefreshResponse(const std::shared_ptr<QVGetRefreshResponseModel> &record,
                                              const std::optional<QVError> &error)
 {
-    surface().hiddenLoadingAnimation();
-    if (record)
+    // The dots go on until the picture is there.
+    if (record) {
         handleGetRefreshResponseFromQuarvoServer(record, true);
-    else
-        handleRequestError(*error, true);
+        return;
+    }
+    surface().hiddenLoadingAnimation();
+    handleRequestError(*error, true);
 }
 
 void QVRenderDrawFlow::handleGetOutageResponse(const std::shared_ptr<QVGetOutageResponseModel> &record,
