@@ -1,7 +1,7 @@
 #include "views/QVLabel.h"
 
-#include "views/QVAccessibleRole.h"
 #include "settings/QVOneLine.h"
+#include "views/QVAccessibleRole.h"
 
 #include <QPainter>
 

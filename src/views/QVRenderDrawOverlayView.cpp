@@ -72,8 +72,9 @@ int QVRenderDrawOverlayView::rightInset() const
 
 QRect QVRenderDrawOverlayView::retryFrame() const
 {
-    const int middle = m_overlayLabel->geometry().center().y();
-    return {width() - labelInset - retrySide, middle - retrySide / 2, retrySide, retrySide};
+    const QRect label = m_overlayLabel->geometry();
+    return {width() - labelInset - retrySide, label.top() + (label.height() - retrySide) / 2, retrySide,
+            retrySide};
 }
 
 void QVRenderDrawOverlayView::setCoveredHeight(int height)

@@ -1,8 +1,8 @@
 #include "views/QVSpokenMessage.h"
 
 #include "settings/QVLanguageNotice.h"
-#include "views/QVAccessibleRole.h"
 #include "settings/QVOneLine.h"
+#include "views/QVAccessibleRole.h"
 
 QVSpokenMessage::QVSpokenMessage(QWidget *control)
     : QWidget(control)
