@@ -20,10 +20,8 @@ const char *qv_errorName(const QVError &error)
     return name ? name : "the service refused";
 }
 
-QDebug operator<<(QDebug debug, const QVError &error)
+void QVError::print(QDebug debug) const
 {
     const QDebugStateSaver saver(debug);
-    debug.nospace() << "QVError(" << qv_errorName(error) << ", " << error.code() << ", " << error.domain()
-                    << ')';
-    return debug;
+    debug.nospace() << "QVError(" << qv_errorName(*this) << ", " << m_code << ", " << m_domain << ')';
 }

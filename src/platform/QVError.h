@@ -72,9 +72,15 @@ public:
     friend bool operator!=(const QVError &a, const QVError &b) { return !(a == b); }
 
     /// Prints the name of the code, the code and the message.
-    friend QUARVO_EXPORT QDebug operator<<(QDebug debug, const QVError &error);
+    friend QDebug operator<<(QDebug debug, const QVError &error)
+    {
+        error.print(debug);
+        return debug;
+    }
 
 private:
+    void print(QDebug debug) const;
+
     QString m_domain;
     qint64 m_code = 0;
     QVariantMap m_userInfo;
