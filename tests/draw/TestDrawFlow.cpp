@@ -84,7 +84,7 @@ private:
     {
         row("embedded",
             "embedded, look -> 'Draw along the curve' picture 1 refreshButton, tell config type -> embed, "
-            "tell config scene -> 3, tell get challenge -> main-challenge");
+            "tell config id -> some-id, tell config scene -> 3, tell get challenge -> main-challenge");
         row("popup", "opened, tell config type -> popup, tell click challenge -> main-challenge");
         row("invisible", "begin invisible -> switch config click ready, tell config type -> invisible");
         row("passed by click",

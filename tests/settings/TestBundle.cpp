@@ -44,7 +44,7 @@ private Q_SLOTS:
         }
         QVERIFY(qv_imageFromBundleWithName(q("missing"), 1.0).isNull());
         for (const QByteArray &content :
-             {QByteArray("<svg/>"), pngOf({2049, 1}), QByteArray((1 << 20) + 1, 'P')}) {
+             {QByteArray("<svg/>"), pngOf({2049, 1}), pngOf({7, 7}) + QByteArray(1 << 20, ' ')}) {
             ship(q("p.png"), content);
             shipFolder();
             QVERIFY(qv_imageFromBundleWithName(q("p"), 1.0).isNull());
