@@ -1,6 +1,6 @@
 #include "sandbox/SandboxBehaviour.h"
 
-#include <QHash>
+#include <QMap>
 
 namespace {
 
@@ -18,9 +18,9 @@ SandboxBehaviour with(bool SandboxBehaviour::*trait)
     return behaviour;
 }
 
-const QHash<QString, SandboxBehaviour> &table()
+const QMap<QString, SandboxBehaviour> &table()
 {
-    static const QHash<QString, SandboxBehaviour> behaviours{
+    static const QMap<QString, SandboxBehaviour> behaviours{
         {QStringLiteral("test-denied"), onlyCode("0101")},
         {QStringLiteral("test-fast"), onlyCode("0105")},
         {QStringLiteral("test-many"), onlyCode("0106")},
@@ -43,4 +43,9 @@ const QHash<QString, SandboxBehaviour> &table()
 SandboxBehaviour SandboxBehaviour::of(const QString &id)
 {
     return table().value(id);
+}
+
+QStringList SandboxBehaviour::ids()
+{
+    return table().keys();
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QString>
+#include <QStringList>
 
 /// What the service does for a verification id. Each id that begins with "test-" is for one case. For any
 /// other id the user has to draw.
@@ -18,4 +18,6 @@ struct SandboxBehaviour
     bool hasGuide = false;
 
     [[nodiscard]] static SandboxBehaviour of(const QString &id);
+    /// The ids that have a behaviour of their own, sorted.
+    [[nodiscard]] static QStringList ids();
 };

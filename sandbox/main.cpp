@@ -1,4 +1,5 @@
 #include "sandbox/QVSandbox.h"
+#include "sandbox/SandboxBehaviour.h"
 #include "sandbox/SandboxSignals.h"
 
 #include <QCommandLineParser>
@@ -19,9 +20,11 @@ int failed(const QString &reason)
 
 void addOptions(QCommandLineParser &parser)
 {
-    parser.setApplicationDescription(QStringLiteral(
+    const QString description = QStringLiteral(
         "A complete captcha service on this machine. Prints its addresses as one line of JSON; "
-        "a client whose download host is outageDownloadHost always finds an outage."));
+        "a client whose download host is outageDownloadHost always finds an outage.\n\n"
+        "Any id is accepted, and the user has to draw, except with these ids:\n%1.");
+    parser.setApplicationDescription(description.arg(SandboxBehaviour::ids().join(QStringLiteral(", "))));
     parser.addHelpOption();
     parser.addOptions({
         {QStringLiteral("port"), QStringLiteral("Port to serve on; any free one if not given."),
