@@ -6,7 +6,6 @@
 int main(int argc, char *argv[])
 {
     QApplication application(argc, argv);
-    // The local service, started by: quarvo-sandbox --port 8300
     QVSDKManager::setServiceAddresses(QVServiceAddresses::at(QStringLiteral("http://127.0.0.1:8300")));
     QVSDKManager::setQuarvoSDKVid(QStringLiteral("test-draw"), QStringLiteral("login"));
 
@@ -16,8 +15,9 @@ int main(int argc, char *argv[])
     layout.addWidget(verification.clickButton());
     QObject::connect(&verification, &QVClickManager::passed,
                      [](const QString &token) { qInfo() << "send this to your server:" << token; });
-    QObject::connect(&verification, &QVClickManager::failed,
-                     [](const QVError &error) { qWarning() << error.domain() << error.code(); });
+    QObject::connect(&verification, &QVClickManager::failed, [](const QVError &error) {
+        qWarning() << error << "- is quarvo-sandbox --port 8300 running?";
+    });
     window.resize(480, 640);
     window.show();
     return QApplication::exec();

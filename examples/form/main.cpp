@@ -23,9 +23,10 @@ public:
             m_token = token;
             m_send.setEnabled(true);
         });
-        // The panel shows the message, and starts again when it is tapped.
-        QObject::connect(m_panel.manager(), &QVEmbedManager::failed, this,
-                         [](const QVError &error) { qWarning() << error.domain() << error.code(); });
+        // The panel shows the message, and starts again when that is tapped.
+        QObject::connect(m_panel.manager(), &QVEmbedManager::failed, this, [](const QVError &error) {
+            qWarning() << error << "- is quarvo-sandbox --port 8300 running?";
+        });
         QObject::connect(&m_send, &QPushButton::clicked, this, [this] { send(); });
     }
 

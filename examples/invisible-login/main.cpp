@@ -35,7 +35,11 @@ public:
         finish(QStringLiteral("Checking with the server…"));
     }
 
-    void invisibleVerifyFailedWithError(const QVError &error) override { finish(error.domain()); }
+    void invisibleVerifyFailedWithError(const QVError &error) override
+    {
+        qWarning() << error << "- is quarvo-sandbox --port 8300 running?";
+        finish(error.domain());
+    }
 
 private:
     void finish(const QString &message)

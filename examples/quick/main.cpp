@@ -18,6 +18,7 @@ int main(int argc, char *argv[])
     QQmlApplicationEngine engine;
     engine.rootContext()->setContextProperty(QStringLiteral("verification"), &verification);
     QObject::connect(&verification, &QVInvisibleManager::failed, &engine, [&engine](const QVError &error) {
+        qWarning() << error << "- is quarvo-sandbox --port 8300 running?";
         QMetaObject::invokeMethod(engine.rootObjects().constFirst(), "finish",
                                   Q_ARG(QVariant, error.domain()));
     });
