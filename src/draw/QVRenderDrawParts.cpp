@@ -18,12 +18,17 @@
 #include "views/QVRenderDrawOverlayView.h"
 #include "views/QVSpokenMessage.h"
 
+#include <algorithm>
 #include <numbers>
 
 namespace {
 
 constexpr int captionFontSize = 17;
 constexpr int badgeFontSize = 12;
+/// On the narrowest picture, 200 points, it leaves refresh and help their places.
+constexpr int widestBadge = 135;
+/// The popup's close button, with a gap, which the caption must not run into.
+constexpr int closeButtonRoom = 40;
 constexpr QSize badgePadding(10, 5);
 constexpr int buttonInset = 5;
 constexpr double spinSeconds = 0.3;
@@ -66,6 +71,7 @@ void QVRenderDrawParts::initRenders(QVVerifyStyle style)
 
 void QVRenderDrawParts::updateContentWidth()
 {
+    m_captchaLabel->setMaximumWidth(std::max(0, int(contentViewWidth()) - 2 * closeButtonRoom));
     m_layout->setContentWidth(contentViewWidth());
 }
 
@@ -127,7 +133,7 @@ QVLabel &QVRenderDrawParts::outageLabel()
         qv_followLanguage(m_outageLabel, [label = m_outageLabel] {
             label->setText(qv_localizedStringForKey(QVKey::outage));
             // Independent of the picture's size, which may not be final yet.
-            label->resize(label->sizeFor(QWIDGETSIZE_MAX));
+            label->resize(label->sizeFor(widestBadge));
         });
     }
     return *m_outageLabel;

@@ -5,6 +5,8 @@
 
 #include <QPainter>
 
+#include <algorithm>
+
 QVLabel::QVLabel(const QVTextStyle &style, QVColors::Source source, QAccessible::Role role, QWidget *parent)
     : QWidget(parent)
     , m_text(style)
@@ -25,7 +27,7 @@ void QVLabel::setText(const QString &text, const QPixmap &icon)
 QSize QVLabel::sizeHint() const
 {
     constexpr int margin = 10;
-    return sizeFor(std::max(0, parentWidget()->width() - 2 * margin));
+    return sizeFor(std::clamp(parentWidget()->width() - 2 * margin, 0, maximumWidth()));
 }
 
 QSize QVLabel::sizeFor(int width) const
