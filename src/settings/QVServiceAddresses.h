@@ -28,8 +28,8 @@ public:
     QVServiceAddresses &operator=(const QVServiceAddresses &other);
     ~QVServiceAddresses();
 
-    /// A service on one host, such as the local one: apiHost(), downloadHost() and imageHost() are \a host, the
-    /// others are as in a new value.
+    /// A service on one host, such as the local one: apiHost(), downloadHost() and imageHost() are \a host,
+    /// the others are as in a new value.
     ///
     /// \code
     /// QVSDKManager::setServiceAddresses(QVServiceAddresses::at(QStringLiteral("http://127.0.0.1:8300")));
