@@ -55,14 +55,6 @@ void QVVirtualScheduler::advance(std::chrono::nanoseconds duration)
     runUntil(m_now + duration);
 }
 
-bool QVVirtualScheduler::advanceUntilIdle(std::chrono::nanoseconds limit)
-{
-    const auto end = m_now + limit;
-    while (!m_tasks.empty() && m_tasks.begin()->first.first <= end)
-        runUntil(m_tasks.begin()->first.first);
-    return m_tasks.empty();
-}
-
 void QVVirtualScheduler::runUntil(std::chrono::nanoseconds end)
 {
     while (!m_tasks.empty() && m_tasks.begin()->first.first <= end) {

@@ -19,8 +19,6 @@ public:
 
     /// Runs everything due within \a duration, in order, each at its own time.
     void advance(std::chrono::nanoseconds duration);
-    /// Runs until nothing waits or \a limit has passed; tells whether nothing waits.
-    bool advanceUntilIdle(std::chrono::nanoseconds limit);
 
 private:
     using Due = std::pair<std::chrono::nanoseconds, TaskId>;
