@@ -6,7 +6,6 @@
 #include "views/QVLabel.h"
 #include "views/QVRenderDrawOverlayView.h"
 
-#include <QApplication>
 #include <QDesktopServices>
 #include <QLoggingCategory>
 #include <QMutex>
@@ -16,13 +15,16 @@ using namespace std::chrono_literals;
 namespace {
 
 QStringList logged;
+QStringList serviceLog;
 
 // Qt's network threads log too.
-void take(QtMsgType, const QMessageLogContext &, const QString &message)
+void take(QtMsgType, const QMessageLogContext &context, const QString &message)
 {
     static QMutex mutex;
     const QMutexLocker lock(&mutex);
     logged.append(message);
+    if (QByteArrayView(context.category) == "quarvo.service" && !message.endsWith(q(" dealloc")))
+        serviceLog.append(message);
 }
 
 } // namespace
@@ -36,44 +38,55 @@ public Q_SLOTS:
     void takePage(const QUrl &url) { m_opened.append(url.toString()); }
 
 private Q_SLOTS:
-    void logsNothingThatIdentifies_data()
+    void logsTheStepsAndNothingThatIdentifies_data()
     {
-        const auto row = addColumns<int, QString>({"style", "kind"});
-        row("embed", 0, q("verify"));
-        row("click", 1, q("verify"));
-        row("invisible", 2, q("verify"));
-        row("outage", 0, q("outage verify"));
-        row("characters", 0, q("characters"));
+        addColumns<QString, QString, QString>({"mode", "steps", "logged"});
+        const auto row = [](const char *name, const char *mode, const char *done, const QByteArray &log) {
+            QTest::newRow(name) << q(mode) << q(done) << q(log);
+        };
+        const QByteArray answered = "Asking for the outage switch|Request for the outage switch answered|"
+                                    "Asking for the configuration|Request for the configuration answered|";
+        const QByteArray opened = answered +
+                                  "Asking for the click's decision|Request for the click's decision "
+                                  "answered|Attempt goes on in a popup|Picture is shown|";
+        const QByteArray pictured =
+            answered + "Asking for a picture|Request for a picture answered|Picture is shown|";
+        const QByteArray judged = "Asking for a verdict|Request for a verdict answered|Attempt passed";
+        row("click", "click", "start, picture, stroke, wait 3000",
+            "Attempt begins: popup|" + opened + judged);
+        row("invisible", "invisible", "start, picture, stroke, wait 3000",
+            "Attempt begins: invisible|" + opened + judged);
+        row("closed", "click", "start, picture, close",
+            "Attempt begins: popup|" + opened + "Attempt closed: User");
+        row("panel", "embed", "start, picture, stroke, wait 3000",
+            "Attempt begins: embed|" + pictured + judged);
+        row("characters", "embed", "characters, start, picture, type, wait 3000",
+            "Attempt begins: embed|" + pictured + judged);
+        row("outage", "embed", "outage, start, picture, stroke, wait 3000",
+            "Attempt begins: embed|Asking for the outage switch|Request for the outage switch answered|"
+            "Asking for an outage picture|Request for an outage picture answered|Picture is shown|"
+            "Asking for an outage verdict|Request for an outage verdict answered|Attempt passed");
+        row("failed", "invisible", "answer switch secret-answer, start, wait 100",
+            "Attempt begins: invisible|Asking for the outage switch|Request for the outage switch failed: "
+            "NotJson (code 3840)|Attempt failed: code 3840");
     }
 
-    void logsNothingThatIdentifies()
+    void logsTheStepsAndNothingThatIdentifies()
     {
-        QFETCH(const int, style);
-        QFETCH(const QString, kind);
-        const bool isOutage = kind == QLatin1String("outage verify");
-        const bool isTyped = kind == QLatin1String("characters");
-        service().answer(q("switch"), {{q("active"), isOutage}});
-        if (isTyped)
-            service().extend(q("config"), {{q("type"), q("character")}});
+        QFETCH(QString, mode);
+        QFETCH(QString, steps);
+        setMode(mode);
         logged.clear();
+        serviceLog.clear();
         QLoggingCategory::setFilterRules(q("*=true"));
         const QtMessageHandler usual = qInstallMessageHandler(take);
-        openAndWait(style);
-        answer(isTyped);
-        // The main service's trace is told of by its length, and its record by its type.
-        const bool isTold = isOutage || waitFor([this] {
-                                advance(100ms);
-                                return !logged.filter(q("dealloc")).isEmpty();
-                            });
+        go(steps);
         qInstallMessageHandler(usual);
         QLoggingCategory::setFilterRules(QString());
-        QVERIFY(!QTest::currentTestFailed());
-
-        QStringList secrets = service().query(isTyped ? q("verify") : kind).values();
-        QVERIFY(secrets.size() > 3);
-        secrets.append(
-            {QVConfigurationManager::sharedManager().deviceId(), q("-token"), q("http"), q("challenge")});
-        QVERIFY(isTold);
+        QTEST(serviceLog.join(u'|'), "logged");
+        QStringList secrets = service().query(verify).values() + service().query(q("outage verify")).values();
+        secrets.append({QVConfigurationManager::sharedManager().deviceId(), q("-token"), q("http"),
+                        q("challenge"), q("secret"), q("typed7")});
         for (const QString &message : std::as_const(logged)) {
             for (const QString &secret : std::as_const(secrets))
                 QVERIFY2(secret.size() < 4 || !message.contains(secret), qPrintable(message));
@@ -90,7 +103,7 @@ private Q_SLOTS:
                                                      {q("passline"), markup},
                                                      {q("score"), markup}});
         }
-        openAndWait(QVVerifyStyleEmbed);
+        go(q("start, picture"));
         auto &ad = static_cast<QVAdButton &>(*part("adButton"));
         QVERIFY(ad.accessibleName().endsWith(markup));
         const QSize size = ad.size();
@@ -98,8 +111,7 @@ private Q_SLOTS:
         ad.setWord(q("&%s%n"), {});
         ad.resize(size);
         QVERIFY(ad.grab().toImage() != word);
-
-        answer();
+        go(q("stroke, wait 300"));
         auto &bar = *static_cast<QVRenderDrawOverlayView *>(part("successOverlayView"))->overlayLabel();
         QVERIFY2(bar.text().contains(markup), qPrintable(bar.text()));
         const QImage line = bar.grab().toImage();
@@ -123,49 +135,33 @@ private Q_SLOTS:
     {
         QFETCH(const QString, link);
         QFETCH(const bool, isOpened);
-        for (const char *scheme : {"http", "https", "file", "javascript", "mailto"})
+        m_opened.clear();
+        for (const char *scheme : schemes)
             QDesktopServices::setUrlHandler(QLatin1String(scheme), this, "takePage");
         service().extend(q("get"), {{q("adlinkword"), q("Offer")}, {q("adlink"), link}});
-        openAndWait(QVVerifyStyleEmbed);
+        go(q("start, picture"));
+        QVERIFY(part("adButton")->isVisible());
         QCOMPARE(m_opened, QStringList());
-        auto &ad = static_cast<QVAdButton &>(*part("adButton"));
-        QVERIFY(ad.isVisible());
-        QVPointerInput::click(ad, ad.rect().center());
+        clickPart("adButton");
         QCOMPARE(m_opened, isOpened ? QStringList{link} : QStringList());
     }
 
 protected:
+    void prepare() override
+    {
+        ModesTestCase::prepare();
+        setMode(q("embed"));
+    }
+
     void finish() override
     {
-        m_opened.clear();
-        for (const char *scheme : {"http", "https", "file", "javascript", "mailto"})
+        for (const char *scheme : schemes)
             QDesktopServices::unsetUrlHandler(QLatin1String(scheme));
         ModesTestCase::finish();
     }
 
 private:
-    void openAndWait(int style)
-    {
-        start(QVVerifyStyle(style));
-        QVERIFY(waitForPicture());
-    }
-
-    void answer(bool isTyped = false)
-    {
-        if (isTyped) {
-            clickPart("inputTF");
-            QTest::keyClicks(part("inputTF"), q("typed7"));
-            clickPart("doneButton");
-        } else {
-            advance(500ms);
-            stroke();
-        }
-        QVERIFY(
-            waitFor([this] { return service().count(verify) + service().count(q("outage verify")) > 0; }));
-        settle();
-        advance(3s);
-    }
-
+    static constexpr std::array schemes{"http", "https", "file", "javascript", "mailto"};
     QStringList m_opened;
 };
 

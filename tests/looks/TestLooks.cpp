@@ -1,8 +1,6 @@
 #include "looks/LookComparison.h"
 #include "modes/ModesTestCase.h"
-#include "modes/QVClickButton.h"
 #include "modes/QVClickStatusView.h"
-#include "modes/QVEmbedManager.h"
 #include "popup/QVCloseButton.h"
 #include "settings/QVLocalization.h"
 #include "settings/QVSDKManager.h"
@@ -28,17 +26,24 @@ class TestLooks : public ModesTestCase
 private Q_SLOTS:
     void looksAsBefore_data()
     {
-        QTest::addColumn<qsizetype>("index");
-        const std::vector<Look> all = looks();
-        for (std::size_t i = 0; i < all.size(); ++i)
-            QTest::newRow(all[i].name) << static_cast<qsizetype>(i);
+        addColumns<QSize, QString>({"size", "steps"});
+        m_names.clear();
+        addViews();
+        addButtons();
+        addPopups();
+        addPanels();
     }
 
     void looksAsBefore()
     {
-        QFETCH(qsizetype, index);
-        const QImage seen = looks().at(static_cast<std::size_t>(index)).take();
-        QVERIFY2(LookComparison::matches(QString::fromLatin1(QTest::currentDataTag()), seen),
+        QFETCH(QSize, size);
+        QFETCH(QString, steps);
+        prepareHost(size, Qt::white);
+        go(steps);
+        const QImage seen = pixelsOf(host(), m_ratio);
+        if (m_pressedAt)
+            QVPointerInput::release(host(), *m_pressedAt);
+        QVERIFY2(LookComparison::matches(q(QTest::currentDataTag()), seen),
                  "looks different; QUARVO_UPDATE_LOOKS=1 takes the new look for the right one");
     }
 
@@ -55,104 +60,125 @@ private Q_SLOTS:
 
     void everyPictureBelongsToALook()
     {
-        QStringList names;
-        for (const Look &look : looks())
-            names.append(QString::fromLatin1(look.name));
         QStringList pictures = LookComparison::pictureNames();
-        names.sort();
+        m_names.sort();
         pictures.sort();
-        QCOMPARE(pictures, names);
+        QCOMPARE(pictures, m_names);
     }
 
 private:
-    struct Look
+    void row(const char *name, QSize size, const char *steps)
     {
-        const char *name;
-        std::function<QImage()> take;
-    };
-    enum class Kind { Draw, Characters, Outage };
-    using Bar = QVOverlaySurface::Bar;
-
-    std::vector<Look> looks()
-    {
-        std::vector<Look> all;
-        const auto add = [&all](const char *name, std::function<QImage()> take) {
-            all.push_back({name, std::move(take)});
-        };
-        add("bar-prompt", [this] { return bar(Bar::Prompt, "drawCaptcha"); });
-        add("bar-prompt-2x", [this] { return bar(Bar::Prompt, "drawCaptcha", "en", 400, 2); });
-        add("bar-prompt-hant", [this] { return bar(Bar::Prompt, "drawCaptcha", "zh-Hant"); });
-        add("bar-error-tappable", [this] { return bar(Bar::Error, "loadFaild"); });
-        add("bar-error-passing", [this] { return bar(Bar::Error, "fail"); });
-        add("bar-error-240", [this] { return bar(Bar::Error, "loadFaild", "en", 240); });
-        add("bar-error-hans", [this] { return bar(Bar::Error, "loadFaild", "zh-Hans"); });
-        add("bar-error-focused", [this] { return focusedBar(); });
-        add("bar-success", [this] { return bar(Bar::Success, "clickPass"); });
-        add("bar-half-way", [this] { return bar(Bar::Error, "fail", "en", 400, 1, 100ms); });
-        add("dots-early", [this] { return dots(300ms); });
-        add("dots-late", [this] { return dots(650ms); });
-        add("strip-empty", [this] { return strip({}, 0); });
-        add("strip-typed", [this] { return strip(q("a4K"), 0); });
-        add("strip-edited", [this] { return editedStrip(); });
-        add("strip-busy", [this] { return strip({}, 1); });
-        add("strip-pressed", [this] { return strip(q("a4K"), 0, true); });
-        add("strip-hant", [this] { return strip({}, 0, false, "zh-Hant"); });
-        add("strip-contrast", [this] { return withContrast([this] { return strip({}, 0); }); });
-        add("popup-contrast", [this] {
-            return withContrast([this] { return popup(Kind::Draw, {320, 480}); });
-        });
-        add("button-normal", [this] { return button(QVClickStatusNormal, 0ms); });
-        add("button-normal-2x", [this] { return button(QVClickStatusNormal, 0ms, 2); });
-        add("button-touching", [this] { return button(QVClickStatusTouching, 250ms); });
-        add("button-verifying", [this] { return button(QVClickStatusVerifying, 125ms); });
-        add("button-filling", [this] { return button(QVClickStatusDrawing, 500ms); });
-        add("button-waiting", [this] { return button(QVClickStatusDrawing, 1500ms); });
-        add("button-tick-drawn", [this] { return button(QVClickStatusPassed, 250ms); });
-        add("button-failed", [this] { return button(QVClickStatusFailed, 600ms); });
-        add("button-focused", [this] { return focusedButton(); });
-        add("button-pressed", [this] { return pressedButton(); });
-        add("button-disabled", [this] { return disabledButton(); });
-        add("button-of-the-host", [this] { return hostsButton(); });
-        add("popup-dark", [this] { return darkPopup(); });
-        add("button-hovered", [this] { return hoveredButton(); });
-        add("panel-hovered", [this] { return hoveredPanel(); });
-        add("badge-waiting", [this] { return badge(125ms); });
-        add("badge-opening", [this] { return openedBadge(250ms); });
-        add("badge-halo", [this] { return openedBadge(850ms); });
-        add("popup-card", [this] { return popup(Kind::Draw, {640, 480}); });
-        add("popup-card-2x", [this] { return popup(Kind::Draw, {500, 440}, "en", 2); });
-        add("popup-card-dark", [this] { return popup(Kind::Draw, {640, 480}, "en", 1, Qt::black); });
-        add("popup-characters-hans", [this] { return popup(Kind::Characters, {640, 480}, "zh-Hans"); });
-        add("popup-phone", [this] { return popup(Kind::Draw, {320, 480}, "zh-Hant"); });
-        add("popup-phone-outage", [this] { return popup(Kind::Outage, {320, 480}); });
-        add("popup-unfolding", [this] { return popup(Kind::Draw, {640, 480}, "en", 1, Qt::white, 125ms); });
-        add("popup-stroke", [this] { return stroked(); });
-        add("popup-close-focused", [this] { return focusedClose(); });
-        add("panel-controls", [this] { return panelControls(); });
-        add("panel-pen", [this] { return panelPen(); });
-        add("panel-pen-keys", [this] { return panelPenKeys(); });
-        add("panel-failed", [this] { return panelFailed(); });
-        add("panel-alternative", [this] { return panelAlternative("en", 1); });
-        add("panel-alternative-hans-2x", [this] { return panelAlternative("zh-Hans", 2); });
-        add("popup-alternative", [this] { return popupAlternative(Kind::Draw, {640, 480}, "en", 1); });
-        add("popup-alternative-hans-2x", [this] {
-            return popupAlternative(Kind::Characters, {320, 320}, "zh-Hans", 2);
-        });
-        add("popup-alternative-dark", [this] {
-            QVSDKManager::setAppearance(QVAppearance::Dark);
-            const QImage seen = withContrast([this] {
-                return popupAlternative(Kind::Characters, {640, 480}, "en", 1);
-            });
-            QVSDKManager::setAppearance(QVAppearance::Light);
-            return seen;
-        });
-        return all;
+        m_names.append(q(name));
+        QTest::newRow(name) << size << q(steps);
     }
 
-    /// The host's window, with \a ground below whatever lies in it.
-    [[nodiscard]] QImage shot(qreal ratio = 1) const { return pixelsOf(host(), ratio); }
+    void addViews()
+    {
+        const QSize wide(400, 230);
+        row("bar-prompt", wide, "view, bar prompt drawCaptcha, rest 300");
+        row("bar-prompt-2x", wide, "view, bar prompt drawCaptcha, rest 300, ratio 2");
+        row("bar-prompt-hant", wide, "language zh-Hant, view, bar prompt drawCaptcha, rest 300");
+        row("bar-error-tappable", wide, "view, bar error loadFaild, rest 300");
+        row("bar-error-passing", wide, "view, bar error fail, rest 300");
+        row("bar-error-240", {240, 138}, "view, bar error loadFaild, rest 300");
+        row("bar-error-hans", wide, "language zh-Hans, view, bar error loadFaild, rest 300");
+        row("bar-error-focused", wide, "view, bar error No, rest 300, tab");
+        row("bar-success", wide, "view, bar success clickPass, rest 300");
+        row("bar-half-way", wide, "view, bar error fail, rest 100");
+        row("dots-early", {200, 115}, "view, dots, rest 300");
+        row("dots-late", {200, 115}, "view, dots, rest 650");
+        const QSize strip(400, 40);
+        row("strip-empty", strip, "strip, rest 250");
+        row("strip-typed", strip, "strip, type a4K, rest 250");
+        row("strip-edited", strip, "strip, type a4K, rest 250, tab");
+        row("strip-busy", strip, "strip, busy, rest 250");
+        row("strip-pressed", strip, "strip, type a4K, down, rest 250");
+        row("strip-hant", strip, "language zh-Hant, strip, rest 250");
+        row("strip-contrast", strip, "contrast, strip, rest 250");
+        const QSize dimmed(240, 120);
+        row("badge-waiting", dimmed, "ground #5a646e, turning, rest 125");
+        row("badge-opening", dimmed, "ground #5a646e, opening, rest 250");
+        row("badge-halo", dimmed, "ground #5a646e, opening, rest 850");
+    }
 
-    void prepareHost(QSize size, const QColor &ground = Qt::white)
+    void addButtons()
+    {
+        const QSize size(300, 64);
+        row("button-normal", size, "button");
+        row("button-normal-2x", size, "button, ratio 2");
+        row("button-touching", size, "button, press 110 30, rest 250");
+        row("button-pressed", size, "button, press 110 30, rest 150");
+        row("button-verifying", size, "button, status 2, rest 125");
+        row("button-filling", size, "button, status 3, rest 500");
+        row("button-waiting", size, "button, status 3, rest 1500");
+        row("button-tick-drawn", size, "button, status 4, rest 250");
+        row("button-failed", size, "button, status 5, rest 600");
+        row("button-focused", size, "button, focus");
+        row("button-disabled", size, "button, disable");
+        row("button-hovered", size, "button, hover");
+        row("button-of-the-host", size, "accent, button, rounded 12, press 15 15, rest 300, ratio 2");
+    }
+
+    void addPopups()
+    {
+        const QSize card(640, 480);
+        const QSize phone(320, 480);
+        row("popup-card", card, "button, tap, rest 2000");
+        row("popup-card-2x", {500, 440}, "button, tap, rest 2000, ratio 2");
+        row("popup-card-dark", card, "ground black, button, tap, rest 2000");
+        row("popup-characters-hans", card, "language zh-Hans, characters, button, tap, rest 2000");
+        row("popup-dark", card, "dark, language zh-Hant, characters, button, tap, rest 2000");
+        row("popup-contrast", phone, "contrast, button, tap, rest 2000");
+        row("popup-phone", phone, "language zh-Hant, button, tap, rest 2000");
+        row("popup-phone-outage", phone, "outage, button, tap, rest 2000");
+        row("popup-unfolding", card, "button, tap, rest 125");
+        row("popup-stroke", phone, "button, tap, rest 1000, draw");
+        row("popup-close-focused", phone, "button, tap, rest 1000, focus-close");
+        row("popup-alternative", card, "alternative, button, tap, rest 2000");
+        row("popup-alternative-hans-2x", {320, 320},
+            "alternative, language zh-Hans, characters, button, tap, rest 2000, ratio 2");
+        row("popup-alternative-dark", card,
+            "alternative, dark, contrast, characters, button, tap, rest 2000");
+    }
+
+    void addPanels()
+    {
+        const QSize size(414, 300);
+        row("panel-controls", size, "panel, push helpButton, tab, tab");
+        row("panel-hovered", size, "panel, hover helpButton, hover adButton");
+        row("panel-pen-keys", size, "panel, tab");
+        row("panel-pen", size, "panel, tab, pen");
+        row("panel-failed", size, "answer refresh 0105, panel, refresh, rest 300");
+        row("panel-alternative", {320, 246}, "alternative, panel");
+        row("panel-alternative-hans-2x", {320, 246}, "alternative, language zh-Hans, panel, ratio 2");
+    }
+
+    void prepare() override
+    {
+        ModesTestCase::prepare();
+        m_ratio = 1;
+        m_pressedAt.reset();
+        m_offersAlternative = false;
+        defineSurroundings();
+        defineViews();
+        defineButton();
+        defineDrawing();
+    }
+
+    void finish() override
+    {
+        qApp->setStyleSheet(QString());
+        m_hostsRules.clear();
+        QApplication::setPalette(QPalette());
+        QVSDKManager::setContrast(QVContrast::System);
+        QVSDKManager::setAppearance(QVAppearance::Light);
+        QVSDKManager::setAccentColor({});
+        m_panel.reset();
+        ModesTestCase::finish();
+    }
+
+    void prepareHost(QSize size, const QColor &ground)
     {
         auto window = std::make_unique<QWidget>();
         QPalette palette;
@@ -166,6 +192,29 @@ private:
         replaceHost(std::move(window));
     }
 
+    void defineSurroundings()
+    {
+        addStep("ground", [this](const QString &color) { prepareHost(host().size(), QColor(color)); });
+        addStep("ratio", [this](const QString &ratio) { m_ratio = ratio.toDouble(); });
+        addStep("rest", [this](const QString &time) { advance(1ms * time.toInt()); });
+        addStep("language", [](const QString &name) { QVSDKManager::setPreferredLanguage(name); });
+        addStep("contrast", [](auto) { QVSDKManager::setContrast(QVContrast::High); });
+        addStep("dark", [](auto) { QVSDKManager::setAppearance(QVAppearance::Dark); });
+        addStep("accent", [](auto) { QVSDKManager::setAccentColor(QColor(110, 40, 160)); });
+        addStep("alternative", [this](auto) { m_offersAlternative = true; });
+        addStep("tab", [this](auto) { QTest::keyClick(&host(), Qt::Key_Tab); });
+        addStep("press", [this](const QString &place) {
+            m_pressedAt = QPoint(place.section(u' ', 0, 0).toInt(), place.section(u' ', 1).toInt());
+            QVPointerInput::press(host(), *m_pressedAt);
+        });
+    }
+
+    void focusByKey(QWidget &widget) const
+    {
+        host().setAttribute(Qt::WA_KeyboardFocusChange);
+        widget.setFocus(Qt::TabFocusReason);
+    }
+
     static QImage photograph()
     {
         QImage image(400, 230, QImage::Format_RGB32);
@@ -177,257 +226,117 @@ private:
         return image;
     }
 
-    QVRenderDrawImageView &pictureView(int width, const char *language)
+    template<class View>
+    View &found() const
     {
-        QVSDKManager::setPreferredLanguage(QLatin1String(language));
-        prepareHost({width, width * 23 / 40});
-        auto *const view = new QVRenderDrawImageView(&host());
+        return *host().findChild<View *>();
+    }
+
+    /// Over the whole host.
+    template<class View>
+    View &make() const
+    {
+        auto *const view = new View(&host());
         view->setGeometry(host().rect());
-        view->setImage(photograph());
         view->show();
         return *view;
     }
 
-    QImage bar(Bar shown, const char *key, const char *language = "en", int width = 400, qreal ratio = 1,
-               std::chrono::milliseconds time = 300ms)
+    QVInvisibleAnimationView &makeBadge() const
     {
-        QVRenderDrawImageView &view = pictureView(width, language);
-        const bool isTappable = QLatin1String(key) == QLatin1String("loadFaild");
-        view.slideIn(shown, qv_localizedStringForKey(QLatin1String(key)), isTappable);
-        advance(time);
-        return shot(ratio);
+        auto &badge = make<QVInvisibleAnimationView>();
+        badge.setFrame({20, 20, 80, 80});
+        badge.setRandomSource([] { return 10U; });
+        return badge;
     }
 
-    QImage focusedBar()
+    void defineViews()
     {
-        QVRenderDrawImageView &view = pictureView(400, "en");
-        view.slideIn(Bar::Error, q("No"), true);
-        advance(300ms);
-        focusNext();
-        return shot();
+        using Picture = QVRenderDrawImageView;
+        addStep("view", [this](auto) { make<Picture>().setImage(photograph()); });
+        addStep("bar", [this](const QString &text) {
+            const QString key = text.section(u' ', 1);
+            const bool isTappable = key == q("loadFaild") || key == q("No");
+            const auto bar = words("prompt, error, success").indexOf(text.section(u' ', 0, 0));
+            found<Picture>().slideIn(QVOverlaySurface::Bar(bar),
+                                     key == q("No") ? key : qv_localizedStringForKey(key), isTappable);
+        });
+        addStep("dots", [this](auto) {
+            found<Picture>().setImage({});
+            found<Picture>().showLoadingAnimation();
+        });
+        using Strip = QVCharVerifyInputView;
+        addStep("strip", [this](auto) { make<Strip>(); });
+        addStep("type", [this](const QString &text) { found<Strip>().inputTF()->setText(text); });
+        addStep("busy", [this](auto) { found<Strip>().doneButton()->setButtonStauts(1); });
+        addStep("down", [this](auto) { found<Strip>().doneButton()->setDown(true); });
+        addStep("turning", [this](auto) { makeBadge().startLoadingAnimation(); });
+        addStep("opening", [this](auto) { makeBadge().passAnimationComplete(); });
     }
 
-    QImage dots(std::chrono::milliseconds time)
+    void defineButton()
     {
-        QVRenderDrawImageView &view = pictureView(200, "en");
-        view.setImage({});
-        view.showLoadingAnimation();
-        advance(time);
-        return shot();
+        using Button = QVClickButton;
+        addStep("button", [this](auto) {
+            auto &button = make<Button>();
+            button.setGeometry(10, 10, 280, 44);
+            found<QVClickStatusView>().setRandomSource([] { return 2U; });
+            if (m_offersAlternative)
+                connect(&button, &Button::alternativeRequested, &button, [] {});
+        });
+        addStep("rounded",
+                [this](const QString &radius) { found<Button>().setCornerRadius(radius.toInt()); });
+        addStep("focus", [this](auto) { focusByKey(found<Button>()); });
+        addStep("disable", [this](auto) { found<Button>().setEnabled(false); });
+        addStep("hover", [this](const QString &name) {
+            auto *const widget = name.isEmpty() ? &found<Button>() : host().findChild<QWidget *>(name);
+            widget->setAttribute(Qt::WA_UnderMouse);
+        });
+        addStep("status", [this](const QString &text) {
+            const int status = text.toInt();
+            const bool opensPopup = status == QVClickStatusDrawing;
+            answerForStatus(status);
+            found<Button>().click();
+            QVERIFY(waitFor(
+                [&] { return int(found<Button>().clickStatus()) == status && bool(popup()) == opensPopup; }));
+            if (opensPopup)
+                pressClose();
+            // Counts the time from here.
+            found<QVClickStatusView>().setClickStatus(QVClickStatus(status));
+        });
+        addStep("tap", [this](auto) {
+            found<Button>().click();
+            QVERIFY(waitForPicture());
+        });
     }
 
-    QImage strip(const QString &text, int status, bool isPressed = false, const char *language = "en")
+    void defineDrawing()
     {
-        QVSDKManager::setPreferredLanguage(QLatin1String(language));
-        prepareHost({400, 40});
-        auto *const view = new QVCharVerifyInputView(&host());
-        view->setGeometry(host().rect());
-        view->show();
-        view->inputTF()->setText(text);
-        view->doneButton()->setButtonStauts(status);
-        view->doneButton()->setDown(isPressed);
-        advance(250ms);
-        return shot();
+        addStep("draw", [this](auto) {
+            const auto points = QVPointerInput::wave(host().rect().center() - QPoint(100, 0), 30);
+            QVPointerInput::press(host(), points.front());
+            for (const QPoint &point : points)
+                QVPointerInput::move(host(), point);
+            m_pressedAt = points.back();
+        });
+        addStep("focus-close", [this](auto) { focusByKey(found<QVCloseButton>()); });
+        addStep("panel", [this](auto) { showPanel(); });
+        addStep("push",
+                [this](const QString &name) { host().findChild<QAbstractButton *>(name)->setDown(true); });
+        addStep("pen", [this](auto) {
+            QTest::keyClick(host().focusWidget(), Qt::Key_Space);
+            for (int i = 0; i < 8; ++i)
+                QTest::keyClick(host().focusWidget(), Qt::Key_Right);
+        });
+        addStep("refresh", [this](auto) {
+            host().findChild<QAbstractButton *>(q("refreshButton"))->click();
+            const auto *bar = host().findChild<QVRenderDrawOverlayView *>(q("errorOverlayView"));
+            QVERIFY(waitFor([&] { return bar->isOnScreen(); }));
+        });
     }
 
-    QImage editedStrip()
+    void showPanel()
     {
-        strip(q("a4K"), 0);
-        focusNext();
-        return shot();
-    }
-
-    static QImage withContrast(const std::function<QImage()> &take)
-    {
-        QVSDKManager::setContrast(QVContrast::High);
-        const QImage seen = take();
-        QVSDKManager::setContrast(QVContrast::System);
-        return seen;
-    }
-
-    QVClickButton &makeButton()
-    {
-        auto *const made = new QVClickButton(&host());
-        made->setGeometry(10, 10, 280, 44);
-        made->findChild<QVClickStatusView *>()->setRandomSource([] { return 2U; });
-        made->show();
-        return *made;
-    }
-
-    QImage button(QVClickStatus status, std::chrono::milliseconds time, qreal ratio = 1)
-    {
-        prepareHost({300, 64});
-        QVClickButton &made = makeButton();
-        answerForStatus(int(status));
-        if (status == QVClickStatusTouching)
-            QVPointerInput::press(made, {100, 20});
-        else if (status != QVClickStatusNormal)
-            made.click();
-        const bool opensPopup = status == QVClickStatusDrawing;
-        if (!waitFor(
-                [&] { return made.clickStatus() == status && bool(ModesTestCase::popup()) == opensPopup; }))
-            return {};
-        if (opensPopup)
-            pressClose();
-        // Counts the time from here.
-        made.findChild<QVClickStatusView *>()->setClickStatus(status);
-        advance(time);
-        const QImage seen = shot(ratio);
-        if (status == QVClickStatusTouching)
-            QVPointerInput::release(made, {100, 20});
-        return seen;
-    }
-
-    QImage focusedButton()
-    {
-        prepareHost({300, 64});
-        host().setAttribute(Qt::WA_KeyboardFocusChange);
-        makeButton().setFocus(Qt::TabFocusReason);
-        return shot();
-    }
-
-    QImage disabledButton()
-    {
-        prepareHost({300, 64});
-        makeButton().setEnabled(false);
-        return shot();
-    }
-
-    QImage hostsButton()
-    {
-        prepareHost({300, 64});
-        QVSDKManager::setAccentColor(QColor(110, 40, 160));
-        QVClickButton &made = makeButton();
-        made.setCornerRadius(12);
-        QVPointerInput::press(made, {5, 5});
-        advance(300ms);
-        const QImage seen = shot(2);
-        QVPointerInput::release(made, {5, 5});
-        QVSDKManager::setAccentColor({});
-        return seen;
-    }
-
-    QImage darkPopup()
-    {
-        QVSDKManager::setAppearance(QVAppearance::Dark);
-        const QImage seen = popup(Kind::Characters, {640, 480}, "zh-Hant");
-        QVSDKManager::setAppearance(QVAppearance::Light);
-        return seen;
-    }
-
-    QImage hoveredButton()
-    {
-        prepareHost({300, 64});
-        makeButton().setAttribute(Qt::WA_UnderMouse);
-        return shot();
-    }
-
-    QImage hoveredPanel()
-    {
-        showPanel();
-        for (const char *name : {"helpButton", "adButton"})
-            host().findChild<QWidget *>(QLatin1String(name))->setAttribute(Qt::WA_UnderMouse);
-        return shot();
-    }
-
-    QImage pressedButton()
-    {
-        prepareHost({300, 64});
-        QVClickButton &made = makeButton();
-        QVPointerInput::press(made, {100, 20});
-        advance(150ms);
-        const QImage seen = shot();
-        QVPointerInput::release(made, {100, 20});
-        return seen;
-    }
-
-    QVInvisibleAnimationView &makeBadge()
-    {
-        prepareHost({240, 120}, QColor(90, 100, 110));
-        auto *const made = new QVInvisibleAnimationView(&host());
-        made->setFrame({20, 20, 80, 80});
-        made->setRandomSource([] { return 10U; });
-        made->show();
-        return *made;
-    }
-
-    QImage badge(std::chrono::milliseconds time)
-    {
-        makeBadge().startLoadingAnimation();
-        advance(time);
-        return shot();
-    }
-
-    QImage openedBadge(std::chrono::milliseconds time)
-    {
-        makeBadge().passAnimationComplete();
-        advance(time);
-        return shot();
-    }
-
-    void openPopup(Kind kind, QSize size, const char *language, const QColor &ground)
-    {
-        QVSDKManager::setPreferredLanguage(QLatin1String(language));
-        prepareHost(size, ground);
-        if (kind == Kind::Outage)
-            service().answer(outageSwitch, {{q("active"), true}});
-        if (kind == Kind::Characters)
-            service().extend(config, {{q("type"), q("character")}});
-        QVClickButton &made = makeButton();
-        if (m_offersAlternative)
-            connect(&made, &QVClickButton::alternativeRequested, &made, [] {});
-        made.click();
-        QVERIFY(waitForPicture());
-    }
-
-    QImage popupAlternative(Kind kind, QSize size, const char *language, qreal ratio)
-    {
-        m_offersAlternative = true;
-        return popup(kind, size, language, ratio);
-    }
-
-    QImage panelAlternative(const char *language, qreal ratio)
-    {
-        QVSDKManager::setPreferredLanguage(QLatin1String(language));
-        m_offersAlternative = true;
-        showPanel({320, 246});
-        return shot(ratio);
-    }
-
-    QImage popup(Kind kind, QSize size, const char *language = "en", qreal ratio = 1,
-                 const QColor &ground = Qt::white, std::chrono::milliseconds time = 2s)
-    {
-        openPopup(kind, size, language, ground);
-        advance(time);
-        return shot(ratio);
-    }
-
-    QImage stroked()
-    {
-        openPopup(Kind::Draw, {320, 480}, "en", Qt::white);
-        advance(1s);
-        const QPoint start = host().rect().center() - QPoint(100, 0);
-        const auto points = QVPointerInput::wave(start, 30);
-        QVPointerInput::press(host(), start);
-        for (const QPoint &point : points)
-            QVPointerInput::move(host(), point);
-        const QImage seen = shot();
-        QVPointerInput::release(host(), points.back());
-        return seen;
-    }
-
-    QImage focusedClose()
-    {
-        openPopup(Kind::Draw, {320, 480}, "en", Qt::white);
-        advance(1s);
-        host().setAttribute(Qt::WA_KeyboardFocusChange);
-        host().findChild<QVCloseButton *>()->setFocus(Qt::TabFocusReason);
-        return shot();
-    }
-
-    void showPanel(QSize size = {414, 300})
-    {
-        prepareHost(size);
         service().extend(config, {{q("guide"), true}});
         service().extend(q("get"), {{q("adlinkword"), q("An offer")}, {q("adlink"), q("https://x.example")}});
         m_panel = std::make_unique<QVEmbedManager>();
@@ -437,63 +346,16 @@ private:
         m_panel->embedView()->setGeometry(host().rect());
         m_panel->embedView()->show();
         advance(100ms);
-        QVERIFY(waitFor([this] { return host().findChild<QVRenderDrawImageView *>()->hasImage(); }));
+        QVERIFY(waitFor([this] { return found<QVRenderDrawImageView>().hasImage(); }));
         advance(300ms);
     }
 
-    QImage panelControls()
-    {
-        showPanel();
-        host().findChild<QAbstractButton *>(q("helpButton"))->setDown(true);
-        for (int i = 0; i < 2; ++i)
-            focusNext();
-        return shot();
-    }
-
-    QImage panelPen()
-    {
-        showPanel();
-        focusNext();
-        QTest::keyClick(host().focusWidget(), Qt::Key_Space);
-        for (int i = 0; i < 8; ++i)
-            QTest::keyClick(host().focusWidget(), Qt::Key_Right);
-        return shot();
-    }
-
-    QImage panelPenKeys()
-    {
-        showPanel();
-        focusNext();
-        return shot();
-    }
-
-    QImage panelFailed()
-    {
-        answerCode(refresh, q("0105"));
-        showPanel();
-        host().findChild<QAbstractButton *>(q("refreshButton"))->click();
-        const auto *bar = host().findChild<QVRenderDrawOverlayView *>(q("errorOverlayView"));
-        if (!waitFor([&] { return bar->isOnScreen(); }))
-            return {};
-        advance(300ms);
-        return shot();
-    }
-
-    void focusNext() { QTest::keyClick(&host(), Qt::Key_Tab); }
-
-    void finish() override
-    {
-        qApp->setStyleSheet(QString());
-        m_hostsRules.clear();
-        QApplication::setPalette(QPalette());
-        m_panel.reset();
-        m_offersAlternative = false;
-        ModesTestCase::finish();
-    }
-
-    std::unique_ptr<QVEmbedManager> m_panel;
+    QStringList m_names;
     QString m_hostsRules;
+    qreal m_ratio = 1;
+    std::optional<QPoint> m_pressedAt;
     bool m_offersAlternative = false;
+    std::unique_ptr<QVEmbedManager> m_panel;
 };
 
 QV_TEST(TestLooks)

@@ -9,9 +9,12 @@
 
 #include <QMetaEnum>
 #include <QObject>
+#include <QRegularExpression>
 #include <QStringList>
 
-/// Writes down what one of the host-facing objects says, by its signals and to its delegate.
+#include <functional>
+
+/// Records the signals of the host-facing objects, and as "(token)" the calls of their delegates.
 class Outcomes : public QVClickButtonDelegate,
                  public QVClickManagerDelegate,
                  public QVEmbedManagerDelegate,
@@ -26,39 +29,47 @@ public:
                          [this](const QString &token) { add(q("passed ") + token); });
         QObject::connect(sender, &Sender::failed, &m_context,
                          [this](const QVError &error) { add(q("failed %1").arg(error.code())); });
+        QObject::connect(sender, &Sender::expired, &m_context, [this] { add(q("expired")); });
+        QObject::connect(sender, &Sender::outageStarted, &m_context, [this] { add(q("outage")); });
         if constexpr (requires { &Sender::popupOpened; })
             watchPopup(sender);
         else
             watchPanel(sender);
     }
 
-    /// The signals, in order.
+    /// The record, in order.
     [[nodiscard]] const QStringList &said() const { return m_said; }
-    /// Those of them that end an attempt.
+    /// The part of the record that ends attempts.
     [[nodiscard]] QStringList ends() const
     {
-        QStringList ends = m_said;
-        ends.removeIf(
-            [](const QString &said) { return said.startsWith(q("popup")) || said.startsWith(q("in ")); });
-        return ends;
+        static const QRegularExpression end(q("^(passed|failed|closed)"));
+        return m_said.filter(end);
     }
     void clear() { m_said.clear(); }
-    /// What the delegate was told.
-    [[nodiscard]] const QStringList &told() const { return m_told; }
+    void add(const QString &text)
+    {
+        m_said.append(text);
+        if (heard)
+            heard(text);
+    }
+    /// The number of delegate calls for failures.
+    [[nodiscard]] int failuresTold() const { return m_failuresTold; }
 
-    void clickButtonVerifyPassedWithToken(const QString &token) override { m_told.append(token); }
-    void clickManagerVerifyPassedWithToken(const QString &token) override { m_told.append(token); }
-    void embedManagerVerifyPassedWithToken(const QString &token) override { m_told.append(token); }
-    void invisibleVerifyPassedWithToken(const QString &token) override { m_told.append(token); }
-    void invisibleVerifyFailedWithError(const QVError &error) override { m_told.append(error.domain()); }
+    /// Called with each entry after it was recorded.
+    std::function<void(const QString &)> heard;
+
+    void clickButtonVerifyPassedWithToken(const QString &token) override { addToken(token); }
+    void clickManagerVerifyPassedWithToken(const QString &token) override { addToken(token); }
+    void embedManagerVerifyPassedWithToken(const QString &token) override { addToken(token); }
+    void invisibleVerifyPassedWithToken(const QString &token) override { addToken(token); }
+    void invisibleVerifyFailedWithError(const QVError &) override { ++m_failuresTold; }
 
 private:
     template<class Sender>
     void watchPopup(Sender *sender)
     {
         QObject::connect(sender, &Sender::closed, &m_context, [this](QVCloseReason reason) {
-            add(q("closed ") +
-                QString::fromLatin1(QMetaEnum::fromType<QVCloseReason>().valueToKey(int(reason))));
+            add(q("closed ") + q(QMetaEnum::fromType<QVCloseReason>().valueToKey(int(reason))));
         });
         QObject::connect(sender, &Sender::popupFailed, &m_context,
                          [this](const QVError &error) { add(q("in popup %1").arg(error.code())); });
@@ -72,9 +83,9 @@ private:
         QObject::connect(sender, &Sender::wrongAnswer, &m_context, [this] { add(q("wrong")); });
     }
 
-    void add(const QString &text) { m_said.append(text); }
+    void addToken(const QString &token) { add(q("(%1)").arg(token)); }
 
     QObject m_context;
     QStringList m_said;
-    QStringList m_told;
+    int m_failuresTold = 0;
 };

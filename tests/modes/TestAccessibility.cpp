@@ -1,10 +1,6 @@
 #include "modes/ModesTestCase.h"
-#include "modes/QVClickButton.h"
-#include "modes/QVInvisibleManager.h"
-#include "popup/QVWindow.h"
 
 #include <QAccessible>
-#include <QApplication>
 
 using namespace std::chrono_literals;
 
@@ -14,141 +10,75 @@ class TestAccessibility : public ModesTestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void thePanel()
+    void isRead_data()
     {
-        service().extend(config, {{q("guide"), true}});
-        (void)embedManager();
-        QVERIFY(waitForPicture());
-        pass(300ms);
-        QCOMPARE(found(*embedManager().embedView()),
-                 QStringList({q("graphic: Picture to draw on"), q("text: Draw along the curve"),
-                              q("button: Help"), q("button: New picture")}));
-        QVERIFY(everyFocusableIsNamed(*embedManager().embedView()));
+        addColumns<QString, QString, QString>({"mode", "steps", "found"});
+        const auto row = [](const char *name, const char *mode, const char *steps, const char *found) {
+            QTest::newRow(name) << q(mode) << q(steps) << q(found);
+        };
+        row("panel", "embed", "guide, start, picture",
+            "graphic 'Picture to draw on', text 'Draw along the curve', button 'Help', button 'New picture'");
+        row("characters", "embed", "characters, start, picture",
+            "graphic 'Characters in the picture', text 'Type the characters you see', field 'Characters in "
+            "the picture', button 'Done', button 'New picture'");
+        row("failure", "embed", "answer config 0101, start, wait 300",
+            "graphic 'Picture to draw on', button 'Access denied. Try again.', text 'Access denied. Try "
+            "again.'");
+        row("popup", "invisible", "start, picture",
+            "modal dialog 'Human verification', graphic 'Picture to draw on', text 'Draw along the curve', "
+            "button 'New picture', button 'Close', text 'Verification by Quarvo'");
+        row("badge", "invisible", "badge, pass, hold click 100, start, wait 0", "text 'Verifying…'");
+        row("badge passed", "invisible", "badge, pass, start, wait 300", "text 'Verified'");
+        row("button", "click", "", "button 'Click to verify'");
+        row("button verifying", "click", "hold click 100, start, wait 0",
+            "busy button 'Verifying…', text 'Verifying…'");
+        row("button passed", "click", "pass, start, wait 600", "button 'Verified', text 'Verified'");
+        row("button reset", "click", "pass, start, wait 600, reset", "button 'Click to verify'");
     }
 
-    void charactersAreAField()
+    void isRead()
     {
-        service().extend(config, {{q("type"), q("character")}});
-        (void)embedManager();
-        QVERIFY(waitForPicture());
-        pass(300ms);
-        const QStringList all = found(*embedManager().embedView());
-        QVERIFY2(all.contains(q("field: Characters in the picture")), qPrintable(all.join(u'|')));
-        QVERIFY(all.contains(q("button: Done")));
-    }
-
-    void thePopupIsADialog()
-    {
-        QVInvisibleManager manager;
-        manager.startInsivible();
-        QVERIFY(waitForPicture());
-        QAccessibleInterface *dialog = QAccessible::queryAccessibleInterface(popup());
-        QCOMPARE(dialog->role(), QAccessible::Dialog);
-        QVERIFY(dialog->state().modal);
-        QCOMPARE(dialog->text(QAccessible::Name), q("Human verification"));
-        const QStringList all = found(*popup());
-        for (const char *const element :
-             {"graphic: Picture to draw on", "button: Close", "button: New picture",
-              "text: Draw along the curve", "text: Verification by Quarvo"})
-            QVERIFY2(all.contains(QLatin1String(element)), qPrintable(all.join(u'|')));
-        QVERIFY(everyFocusableIsNamed(*popup()));
-        for (int i = 0; i < 4; ++i) {
-            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-            QVERIFY(popup()->isAncestorOf(QApplication::focusWidget()));
+        QFETCH(QString, mode);
+        QFETCH(QString, steps);
+        setMode(mode);
+        if (mode == click)
+            (void)clickManager();
+        go(steps);
+        QStringList all;
+        walk(QAccessible::queryAccessibleInterface(&host()), all);
+        QTEST(all.join(q(", ")), "found");
+        for (QWidget *widget : host().findChildren<QWidget *>()) {
+            if (!widget->isVisible() || !(widget->focusPolicy() & Qt::TabFocus))
+                continue;
+            QAccessibleInterface *seen = QAccessible::queryAccessibleInterface(widget);
+            QVERIFY(!seen->text(QAccessible::Name).isEmpty() && seen->state().focusable);
         }
     }
 
-    void theButtonSaysWhatItDoes()
-    {
-        QVClickButton button(&host());
-        button.resize(300, 44);
-        button.show();
-        QAccessibleInterface *seen = QAccessible::queryAccessibleInterface(&button);
-        QCOMPARE(seen->role(), QAccessible::Button);
-        QCOMPARE(seen->text(QAccessible::Name), q("Click to verify"));
-        QVERIFY(!seen->state().busy);
-        QCOMPARE(found(button), QStringList());
-        passByClick();
-        seen->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
-        QVERIFY(seen->state().busy);
-        QCOMPARE(seen->text(QAccessible::Name), q("Verifying…"));
-        QCOMPARE(found(button), QStringList(q("text: Verifying…")));
-        pass(600ms);
-        QVERIFY(!seen->state().busy);
-        QCOMPARE(seen->text(QAccessible::Name), q("Verified"));
-        QCOMPARE(found(button), QStringList(q("text: Verified")));
-        button.reset();
-        QCOMPARE(found(button), QStringList());
-    }
-
-    void aFailureCanBePressed()
-    {
-        answerCode(config, q("0101"));
-        (void)embedManager();
-        QVERIFY(waitFor([this] { return outcomes().said() == words("failed 101"); }));
-        const QStringList all = found(*embedManager().embedView());
-        QVERIFY2(all.contains(q("button: Access denied. Try again.")), qPrintable(all.join(u'|')));
-    }
-
-    void theBadgeIsAMessage()
-    {
-        passByClick();
-        QVInvisibleManager manager;
-        manager.startInsivible();
-        QCoreApplication::sendPostedEvents();
-        QCOMPARE(found(host()), QStringList(q("text: Verifying…")));
-        pass(300ms);
-        QCOMPARE(found(host()), QStringList(q("text: Verified")));
-    }
-
 private:
-    /// Everything below \a widget that a screen reader would stop at, by kind and name.
-    static QStringList found(const QWidget &widget)
-    {
-        QStringList all;
-        walk(QAccessible::queryAccessibleInterface(const_cast<QWidget *>(&widget)), all);
-        return all;
-    }
-
+    /// Everything below \a parent that a screen reader would stop at, by kind and name.
     static void walk(QAccessibleInterface *parent, QStringList &all)
     {
         for (int i = 0; i < parent->childCount(); ++i) {
             QAccessibleInterface *child = parent->child(i);
             if (child->state().invisible)
                 continue;
-            if (const QString kind = kindOf(child->role()); !kind.isEmpty())
-                all.append(kind + q(": ") + child->text(QAccessible::Name));
+            if (const QString kind = kindOf(child->role()); !kind.isEmpty()) {
+                const QString busy = child->state().busy ? q("busy ") : QString();
+                const QString modal = child->state().modal ? q("modal ") : QString();
+                all.append(busy + modal + kind + q(" '%1'").arg(child->text(QAccessible::Name)));
+            }
             walk(child, all);
         }
     }
 
     static QString kindOf(QAccessible::Role role)
     {
-        switch (role) {
-        case QAccessible::Button:
-            return q("button");
-        case QAccessible::Graphic:
-            return q("graphic");
-        case QAccessible::StaticText:
-        case QAccessible::Notification:
-            return q("text");
-        case QAccessible::EditableText:
-            return q("field");
-        default:
-            return {};
-        }
-    }
-
-    static bool everyFocusableIsNamed(const QWidget &root)
-    {
-        for (QWidget *widget : root.findChildren<QWidget *>()) {
-            if (!widget->isVisible() || !(widget->focusPolicy() & Qt::TabFocus))
-                continue;
-            QAccessibleInterface *seen = QAccessible::queryAccessibleInterface(widget);
-            if (seen->text(QAccessible::Name).isEmpty() || !seen->state().focusable)
-                return false;
-        }
-        return true;
+        static const QMap<QAccessible::Role, QString> kinds{
+            {QAccessible::Button, q("button")},      {QAccessible::Graphic, q("graphic")},
+            {QAccessible::StaticText, q("text")},    {QAccessible::Notification, q("text")},
+            {QAccessible::EditableText, q("field")}, {QAccessible::Dialog, q("dialog")}};
+        return kinds.value(role);
     }
 };
 

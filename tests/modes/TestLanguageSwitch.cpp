@@ -1,6 +1,5 @@
 #include "draw/QVRenderDrawView.h"
 #include "modes/ModesTestCase.h"
-#include "popup/QVWindow.h"
 #include "settings/QVSDKManager.h"
 #include "views/QVCharVerifyInputViewDoneButton.h"
 #include "views/QVCharVerifyTextField.h"
@@ -22,38 +21,44 @@ private Q_SLOTS:
     void everythingFollows_data()
     {
         // What is done, one after another; what ends it after the switch.
-        const auto row = addColumns<QStringList, QStringList>({"steps", "said"});
-        row("verifying", words("hold click, tap"), words("passed click-token"));
-        row("drawing", words("tap, picture"), words("popup, passed main-token"));
-        row("wrong", words("tap, picture, reject, stroke"), words("popup"));
-        row("judged", words("tap, picture, hold verify, stroke"), words("popup, passed main-token"));
-        row("failed", words("refuse config, tap, rest"), words("failed 101"));
-        row("passed", words("pass, tap, short"), words("passed click-token"));
-        row("outage", words("outage, start, picture"), words("popup, passed outage-token"));
-        row("badge", words("badge, hold click, start"), words("passed click-token"));
-        row("badge passed", words("badge, pass, start, short"), words("passed click-token"));
-        row("broken", words("break, start, rest"), words("popup, in popup 10000"));
-        row("advertisement", words("advertise, start, picture"), words("popup, passed main-token"));
-        row("pen", words("start, picture, tab"), words("popup, passed main-token"));
-        row("panel", words("panel, picture"), words("ready, passed main-token"));
-        row("panel loading", words("hold get, panel"), words("ready, passed main-token"));
-        row("panel passed", words("panel, picture, stroke, short"), words("ready, passed main-token"));
-        row("panel timed out", words("limit, hold get, panel, rest"), words("failed -1001"));
-        row("characters", words("type, panel, picture"), words("ready, passed main-token"));
+        addColumns<QString, QString, QString>({"mode", "steps", "end"});
+        const auto row = [](const char *name, const char *mode, const char *steps, const char *end) {
+            QTest::newRow(name) << q(mode) << q(steps) << q(end);
+        };
+        row("verifying", "click", "pass, hold click 3000, start, wait 0", "passed click-token");
+        row("drawing", "click", "start, picture", "passed main-token");
+        row("wrong", "click", "answer verify 0104, start, picture, stroke", "popup");
+        row("judged", "click", "hold verify 3000, start, picture, stroke", "passed main-token");
+        row("failed", "click", "answer config 0101, start, wait 3000", "failed 101");
+        row("passed", "click", "pass, start, wait 300", "passed click-token");
+        row("outage", "invisible", "outage, start, picture", "passed outage-token");
+        row("badge", "invisible", "badge, pass, hold click 3000, start, wait 0", "passed click-token");
+        row("badge passed", "invisible", "badge, pass, start, wait 300", "passed click-token");
+        row("broken", "invisible", "break, start, wait 3000", "in popup 10000");
+        row("advertisement", "invisible", "advertise, start, picture", "passed main-token");
+        row("pen", "invisible", "start, picture, pen", "passed main-token");
+        row("panel", "embed", "start, picture", "passed main-token");
+        row("panel loading", "embed", "hold get 3000, start, wait 0", "passed main-token");
+        row("panel passed", "embed", "start, picture, stroke, wait 300", "passed main-token");
+        row("panel timed out", "embed", "limit 2000, hold get 3000, start, wait 3000", "failed -1001");
+        row("characters", "embed", "characters, guide, start, picture, type", "passed main-token");
     }
 
     void everythingFollows()
     {
-        QFETCH(QStringList, steps);
+        QFETCH(QString, mode);
+        QFETCH(QString, steps);
         QVSDKManager::setPreferredLanguage(q("zh-Hant"));
+        setMode(mode);
         go(steps);
         const QStringList expected = texts();
         finish();
         prepare();
+        setMode(mode);
         go(steps);
         const QStringList before = texts();
         const QImage seen = image();
-        const QStringList askedBefore = asked();
+        forgetAsked();
         QVSDKManager::setPreferredLanguage(q("zh-Hant"));
         settle();
         QCOMPARE(texts(), expected);
@@ -69,96 +74,39 @@ private Q_SLOTS:
         settle();
         QCOMPARE(texts(), before);
         QCOMPARE(image(), seen);
-        QCOMPARE(asked(), askedBefore);
+        QCOMPARE(asked(), QStringList());
         complete();
-        QTEST(outcomes().said(), "said");
+        QTEST(outcomes().said().constLast(), "end");
     }
 
 private:
-    void finish() override
+    void prepare() override
     {
-        QVSDKManager::setAttemptTimeout(0ms);
-        ModesTestCase::finish();
-    }
-
-    void go(const QStringList &steps)
-    {
-        for (const QString &step : steps)
-            go(step);
-    }
-
-    void go(const QString &step)
-    {
-        const QString what = step.section(u' ', 1);
-        if (step == q("tap") || step == q("start")) {
-            start(step == q("start"));
-            settle();
-        } else if (step == q("panel")) {
-            start(QVVerifyStyleEmbed);
-            pass(200ms);
-        } else if (step == q("picture")) {
-            QVERIFY(waitForPicture());
-            pass(500ms);
-            if (auto *const field = drawView()->findChild<QVCharVerifyTextField *>(); field->isVisible())
-                field->setText(q("typed"));
-        } else if (step == q("stroke")) {
-            strokeOn(*drawView());
-            settle();
-        } else if (step == q("tab")) {
-            drawView()->findChild<QVRenderDrawImageView *>()->setFocus(Qt::TabFocusReason);
-        } else if (step == q("rest") || step == q("short")) {
-            pass(step == q("rest") ? 3s : 300ms);
-        } else if (step.startsWith(q("hold "))) {
-            passByClick();
-            answerCode(click, what == click ? q("0103") : q("0104"));
-            delay(what, 3s);
-        } else {
-            answer(step);
-        }
-    }
-
-    void answer(const QString &step)
-    {
-        if (step == q("reject"))
-            answerCode(verify, q("0104"));
-        else if (step == q("refuse config"))
-            answerCode(config, q("0101"));
-        else if (step == q("pass"))
-            passByClick();
-        else if (step == q("outage"))
-            service().answer(outageSwitch, {{q("active"), true}});
-        else if (step == q("badge"))
-            invisibleManager().setAnimation(true);
-        else if (step == q("break"))
-            service().breakPictures(true);
-        else if (step == q("advertise"))
-            service().extend(click, {{q("adlinkword"), q("Buy")}, {q("adlink"), q("https://shop.example")}});
-        else if (step == q("type"))
-            service().extend(config, {{q("type"), q("character")}, {q("guide"), true}});
-        else if (step == q("limit"))
-            QVSDKManager::setAttemptTimeout(2s);
-        else
-            QFAIL(qPrintable(step));
+        ModesTestCase::prepare();
+        addStep("break", [this](auto) { service().breakPictures(true); });
+        addStep("pen", [](auto) { part("imageView")->setFocus(Qt::TabFocusReason); });
+        addStep("type", [](auto) { field()->setText(q("typed")); });
     }
 
     /// Brings to its end what was going on, as a user would.
     void complete()
     {
         pass(10s);
-        auto *const field = drawView() ? drawView()->findChild<QVCharVerifyTextField *>() : nullptr;
-        if (field && field->isVisible()) {
-            QCOMPARE(field->text(), q("typed"));
-            drawView()->findChild<QVCharVerifyInputViewDoneButton *>()->click();
+        if (field() && field()->isVisible()) {
+            QCOMPARE(field()->text(), q("typed"));
+            clickPart("doneButton");
         } else if (drawView() && drawView()->canDirectlyShow()) {
-            strokeOn(*drawView());
+            stroke();
         }
         settle();
         pass(2s);
     }
 
+    static QVCharVerifyTextField *field() { return static_cast<QVCharVerifyTextField *>(part("inputTF")); }
+
     [[nodiscard]] static QImage image()
     {
-        return drawView() ? drawView()->findChild<QVRenderDrawImageView *>()->image() : QImage();
+        return drawView() ? static_cast<QVRenderDrawImageView *>(part("imageView"))->image() : QImage();
     }
 
     /// All that can be read or heard of what is on screen.
@@ -171,8 +119,8 @@ private:
             QString shown;
             if (const auto *const label = qobject_cast<QVLabel *>(widget))
                 shown = label->text() + q(" %1").arg(label->width());
-            else if (const auto *const field = qobject_cast<QVCharVerifyTextField *>(widget))
-                shown = field->placeholder();
+            else if (const auto *const input = qobject_cast<QVCharVerifyTextField *>(widget))
+                shown = input->placeholder();
             else if (const auto *const done = qobject_cast<QVCharVerifyInputViewDoneButton *>(widget))
                 shown = done->title();
             const QStringList heard{widget->accessibleName(), widget->accessibleDescription(), shown};

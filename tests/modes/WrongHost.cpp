@@ -2,20 +2,11 @@
 
 #include <QApplication>
 #include <QTimer>
+#include <QVBoxLayout>
 
 #include <cstdio>
-#include <functional>
 
 namespace {
-
-template<class Manager>
-void watch(Manager &manager)
-{
-    QObject::connect(&manager, &Manager::failed, &manager, [](const QVError &error) {
-        std::printf("failed %lld\n", static_cast<long long>(error.code()));
-        QCoreApplication::quit();
-    });
-}
 
 std::unique_ptr<QCoreApplication> application(const QByteArray &kind, int &count, char **arguments)
 {
@@ -26,10 +17,33 @@ std::unique_ptr<QCoreApplication> application(const QByteArray &kind, int &count
     return std::make_unique<QApplication>(count, arguments);
 }
 
+/// Quits in the middle of requests, or with two popups open, and keeps its window for ever.
+void startCarelessly(QVClickManager &click, QVEmbedManager &embed, QVInvisibleManager &invisible,
+                     bool waitsForPopups)
+{
+    // Qt's own frame on Wayland crashes when a window that has the keyboard is left to the application's end.
+    auto *const window = new QWidget(nullptr, Qt::FramelessWindowHint);
+    auto *const layout = new QVBoxLayout(window);
+    layout->addWidget(click.clickButton());
+    layout->addWidget(embed.embedView());
+    window->resize(700, 600);
+    window->show();
+    const auto quit = [missing = waitsForPopups ? 2 : 1]() mutable {
+        if (--missing == 0)
+            QCoreApplication::quit();
+    };
+    QObject::connect(&click, &QVClickManager::popupOpened, window, quit);
+    QObject::connect(&invisible, &QVInvisibleManager::popupOpened, window, quit);
+    if (!waitsForPopups)
+        QTimer::singleShot(300, window, quit);
+    click.clickButton()->click();
+    invisible.startInsivible();
+}
+
 } // namespace
 
-/// A host without widgets: WrongHost late|core|gui click|embed|invisible ADDRESS. Late, it is ready only
-/// after the component was used.
+/// A host that does wrong: WrongHost late|core|gui click|embed|invisible ADDRESS has no widgets, and is ready
+/// late only after the component was used. WrongHost careless requests|popups ADDRESS quits.
 int main(int count, char *arguments[])
 {
     const QByteArray kind = arguments[1];
@@ -37,20 +51,27 @@ int main(int count, char *arguments[])
     std::unique_ptr<QCoreApplication> running;
     if (kind != "late")
         running = application(kind, count, arguments);
-    QVSDKManager::setServiceAddresses(QVServiceAddresses::at(QString::fromLatin1(arguments[3])));
+    const QString address = QString::fromLatin1(arguments[3]);
+    QVSDKManager::setServiceAddresses(QVServiceAddresses::at(address));
+    QVSDKManager::setOutageServer(address + QStringLiteral("/outage"));
     QVSDKManager::setQuarvoSDKVid(QStringLiteral("some-id"), QStringLiteral("3"));
-    QVClickManager click;
-    QVEmbedManager embed;
-    QVInvisibleManager invisible;
-    if (mode == "click" && click.clickButton())
+    // They end after the application object.
+    static QVClickManager click;
+    static QVEmbedManager embed;
+    static QVInvisibleManager invisible;
+    const auto fail = [](const QVError &error) {
+        std::printf("failed %lld\n", static_cast<long long>(error.code()));
+        QCoreApplication::quit();
+    };
+    QObject::connect(&click, &QVClickManager::failed, &click, fail);
+    QObject::connect(&embed, &QVEmbedManager::failed, &embed, fail);
+    QObject::connect(&invisible, &QVInvisibleManager::failed, &invisible, fail);
+    if ((mode == "click" && click.clickButton()) || (mode == "embed" && embed.embedView()))
         return 3;
-    if (mode == "embed" && embed.embedView())
-        return 3;
-    watch(click);
-    watch(embed);
-    watch(invisible);
     if (mode == "invisible")
         invisible.startInsivible();
+    if (kind == "careless")
+        startCarelessly(click, embed, invisible, mode == "popups");
     if (!running)
         running = application(kind, count, arguments);
     QTimer::singleShot(20000, running.get(), [] { QCoreApplication::exit(2); });
