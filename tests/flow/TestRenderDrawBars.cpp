@@ -1,4 +1,6 @@
+#include "flow/QVPassText.h"
 #include "flow/QVRenderDrawBars.h"
+#include "service/QVVerifyResponseModel.h"
 #include "settings/QVSDKManager.h"
 #include "support/QVTestCase.h"
 
@@ -75,6 +77,25 @@ private Q_SLOTS:
         QTEST(screen.said, "said");
         QTEST(screen.hides, "hides");
         QCOMPARE(screen.takesTaps, screen.said == q("failed"));
+    }
+
+    void fillsInTimeAndScore()
+    {
+        QVVerifyResponseModel answer;
+        answer.setDrawtime(q("1234"));
+        QCOMPARE(qv_passText(answer), q("Verified"));
+        answer.setPassline(q(""));
+        QCOMPARE(qv_passText(answer), q("Verified"));
+        answer.setPassline(q("60"));
+        answer.setScore(q("<b>5</b>"));
+        // A tie goes to even.
+        const QVCases<QString, QString> cases{{q("1960"), q("2.0")},  {q("1250"), q("1.2")},
+                                              {q("soon"), q("0.0")},  {QString(), q("0.0")},
+                                              {q("1e999"), q("0.0")}, {q(" 4200ms"), q("4.2")}};
+        for (const auto &[drawtime, shown] : cases) {
+            answer.setDrawtime(drawtime);
+            QCOMPARE(qv_passText(answer), q("%1 s, better than <b>5</b>% of users").arg(shown));
+        }
     }
 
 private:

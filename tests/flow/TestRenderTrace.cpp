@@ -26,45 +26,46 @@ class TestRenderTrace : public QVTestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void dropsWhatIsTooCloseToTheLastKeptPoint()
+    void keepsPoints_data()
     {
-        const QVCases<QPointF, std::size_t> cases{{{105, 100}, 2}, {{95, 100}, 2},      {{100, 105}, 2},
-                                                  {{100, 95}, 2},  {{104.9, 104.9}, 1}, {{100, 100}, 1}};
-        for (const auto &[point, kept] : cases) {
-            QVRenderTrace trace = traceIn({400, 230});
-            trace.handlePanGesturePoint({100, 100}, startTime);
-            trace.handlePanGesturePoint(point, startTime);
-            QCOMPARE(trace.originalRenderPoints().size(), std::size_t(2));
-            QCOMPARE(trace.screeningRenderPoints().size(), kept);
-            QCOMPARE(trace.renderSource().size(), kept);
-        }
-    }
-
-    void comparesWithTheLastKeptPointNotTheLastReported()
-    {
-        QVRenderTrace trace = traceIn({400, 230});
-        for (const double x : {0.0, 3.0, 6.0, 9.0, 12.0})
-            trace.handlePanGesturePoint({x, 0}, startTime);
-        QCOMPARE(trace.screeningRenderPoints(), std::vector<QPointF>({{0, 0}, {6, 0}, {12, 0}}));
-    }
-
-    void scales()
-    {
-        constexpr double nan = std::numeric_limits<double>::quiet_NaN();
+        // Positions in the view and seconds; positions in picture units and milliseconds.
+        const auto row = addColumns<QSizeF, QString, QString>({"size", "reported", "kept"});
+        const QSizeF usual(400, 230);
         const QSizeF small(320, 184);
+        row("5 apart", usual, q("100 100 0, 105 100 0, 100 100 0, 100 105 0, 100 100 0"),
+            q("100 57 0, 105 57 0, 100 57 0, 100 60 0, 100 57 0"));
+        row("less than 5 apart", usual, q("100 100 0, 104.9 104.9 0, 95.1 95.1 0, 100 100 0"), q("100 57 0"));
+        row("5 from the last kept one", usual, q("0 0 0, 3 0 0, 6 0 0, 9 0 0, 12 0 0"),
+            q("0 0 0, 6 0 0, 12 0 0"));
         // By unequal factors, but by the width alone in a view of another shape; never negative, never
         // beyond.
-        const QVCases<QSizeF, QPointF, QPoint> cases{
-            {small, {160, 92}, {200, 66}}, {{414, 736}, {207, 414}, {200, 230}},
-            {small, {-4, -9}, {0, 0}},     {small, {1e9, 1e9}, {159999, 159999}},
-            {small, {nan, 92}, {0, 66}},   {{0, 100}, {3, 0}, {159999, 0}}};
-        for (const auto &[size, point, expected] : cases) {
-            QVRenderTrace trace = traceIn(size);
-            trace.handlePanGesturePoint(point, startTime);
-            const QVRenderDrawPointModel kept = trace.renderSource().front();
-            QCOMPARE(QPoint(static_cast<int>(kept.pointX()), static_cast<int>(kept.pointY())), expected);
-            QCOMPARE(trace.getRenderSource_v().size(), 9);
+        row("small", small, q("160 92 0"), q("200 66 0"));
+        row("tall", QSizeF(414, 736), q("207 414 0"), q("200 230 0"));
+        row("negative", small, q("-4 -9 0"), q("0 0 0"));
+        row("far", small, q("1e9 1e9 0"), q("159999 159999 0"));
+        row("no number", small, q("nan 92 0"), q("0 66 0"));
+        row("no width", QSizeF(0, 100), q("3 0 0"), q("159999 0 0"));
+        row("8 seconds", usual, q("0 0 9, 10 0 7.9990234375, 20 0 8, 30 0 4"),
+            q("0 0 9000, 10 0 7999, 30 0 4000"));
+        row("a clock that goes back", usual, q("0 0 0, 10 0 -3600, 20 0 nan"), q("0 0 0, 10 0 0"));
+    }
+
+    void keepsPoints()
+    {
+        QFETCH(QSizeF, size);
+        QFETCH(QString, reported);
+        QVRenderTrace trace = traceIn(size);
+        for (const QString &point : reported.split(q(", "))) {
+            const QStringList values = point.split(u' ');
+            trace.handlePanGesturePoint({values[0].toDouble(), values[1].toDouble()},
+                                        startTime + values[2].toDouble());
         }
+        QStringList kept;
+        for (const QVRenderDrawPointModel &point : trace.renderSource())
+            kept.append(q("%1 %2 %3").arg(point.pointX()).arg(point.pointY()).arg(point.pointTimeInterval()));
+        QTEST(kept.join(q(", ")), "kept");
+        QCOMPARE(trace.getRenderSource_v().size(), 9 * kept.size());
+        QCOMPARE(trace.originalRenderPoints().size(), std::size_t(reported.split(u',').size()));
     }
 
     void acceptsFrom10To80Points()
@@ -75,28 +76,6 @@ private Q_SLOTS:
                 trace.handlePanGesturePoint({i * 5.0, 10}, startTime + i * 0.0625);
             QCOMPARE(trace.isAcceptable(), count >= 10 && count <= 80);
         }
-    }
-
-    void keepsTheFirst8SecondsOnly()
-    {
-        QVRenderTrace trace = traceIn({400, 230});
-        trace.handlePanGesturePoint({0, 0}, startTime + 9);
-        QCOMPARE(trace.renderSource().size(), std::size_t(1));
-        trace.handlePanGesturePoint({10, 0}, startTime + 7.9990234375);
-        trace.handlePanGesturePoint({20, 0}, startTime + 8);
-        trace.handlePanGesturePoint({30, 0}, startTime + 4);
-        QCOMPARE(trace.screeningRenderPoints(), std::vector<QPointF>({{0, 0}, {10, 0}, {30, 0}}));
-        QCOMPARE(trace.renderSource()[1].pointTimeInterval(), quint64(7999));
-    }
-
-    void survivesAClockThatGoesBack()
-    {
-        QVRenderTrace trace = traceIn({400, 230});
-        trace.handlePanGesturePoint({0, 0}, startTime);
-        trace.handlePanGesturePoint({10, 0}, startTime - 3600);
-        trace.handlePanGesturePoint({20, 0}, std::numeric_limits<double>::quiet_NaN());
-        QCOMPARE(trace.renderSource().size(), std::size_t(2));
-        QCOMPARE(trace.getRender_drawtime(), q("0"));
     }
 
     void writesThePayload()
