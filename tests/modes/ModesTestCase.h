@@ -40,7 +40,8 @@ protected:
     void prepare() override;
     void finish() override;
 
-    /// Carries out steps of a conversation, separated by commas. defineSteps() and defineHostSteps() define them.
+    /// Carries out steps of a conversation, separated by commas. defineSteps() and defineHostSteps() define
+    /// them.
     void go(const QString &steps);
     void addStep(const char *name, const std::function<void(const QString &rest)> &action);
     /// Sets the mode in which the steps act: "click", "invisible" or "embed".
