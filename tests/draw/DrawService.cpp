@@ -37,7 +37,10 @@ DrawService::DrawService()
     answer(q("verify"), {{code, ok}, {q("token"), q("main-token")}});
     answer(q("outage get"), {{code, ok}, {challenge, q("outage-challenge")}});
     answer(q("outage verify"), {{code, ok}, {q("token"), q("outage-token")}});
-    m_server.setResponder([this](const QVReceivedRequest &request) { return respond(nameOf(request)); });
+    m_server.setResponder([this](const QVReceivedRequest &request) {
+        const QString name = nameOf(request);
+        return m_fault && name == m_faultyName ? m_fault(request) : respond(name);
+    });
 }
 
 QVServiceAddresses DrawService::addresses() const

@@ -26,6 +26,12 @@ public:
     /// Delays the answer to a request, in virtual time.
     void delay(const QString &name, std::chrono::milliseconds duration) { m_delays[name] = duration; }
     void breakPictures(bool broken) { m_picturesAreBroken = broken; }
+    /// Lets \a fault answer the requests of that name. An empty name ends this.
+    void misbehave(const QString &name, const QVScriptedServer::Responder &fault)
+    {
+        m_faultyName = name;
+        m_fault = fault;
+    }
 
     /// Whether nothing is under way except delayed answers.
     [[nodiscard]] bool isQuiet() const;
@@ -45,6 +51,8 @@ private:
     QMap<QString, QJsonObject> m_answers;
     QMap<QString, QByteArray> m_bodies;
     QMap<QString, std::chrono::milliseconds> m_delays;
+    QString m_faultyName;
+    QVScriptedServer::Responder m_fault;
     bool m_picturesAreBroken = false;
     int m_pictureCount = 0;
 };

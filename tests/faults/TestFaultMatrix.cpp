@@ -1,14 +1,11 @@
 #include "draw/QVRenderDrawView.h"
 #include "image/QVTestPictures.h"
 #include "modes/ModesTestCase.h"
-#include "settings/QVSDKManager.h"
 #include "support/QVMemory.h"
 #include "support/QVStillStyle.h"
 #include "support/QVTestTls.h"
 #include "views/QVLabel.h"
 #include "views/QVRenderDrawOverlayView.h"
-
-#include <QJsonArray>
 
 #include <sys/socket.h>
 #include <unistd.h>
@@ -55,91 +52,96 @@ protected:
     }
 };
 
-/// Stands before a service and hands every request on to it by a redirect, save those to one
-/// operation, which it answers as badly as it is told.
-class FaultService
+} // namespace
+
+/// Every fault at every operation, in the modes by turns: the user is told, the host hears of one end,
+/// nothing grows, and a further attempt works once the service does.
+class TestFaultMatrix : public ModesTestCase
 {
-public:
-    explicit FaultService(DrawService &service)
-        : m_serviceAddress(service.addresses().apiHost())
-    {
-        const QString front = m_front.address();
-        QVServiceAddresses addresses;
-        addresses.setApiHost(front);
-        addresses.setDownloadHost(front);
-        addresses.setImageHost(front + q("/outage-pictures"));
-        QVSDKManager::setServiceAddresses(addresses);
-        QVSDKManager::setOutageServer(front + q("/outage"));
-        service.extend(q("config"), {{q("api_server"), front + q("/api")},
-                                     {q("cdn_servers"), QJsonArray{front + q("/pictures")}}});
-        m_front.setResponder([this](const QVReceivedRequest &request) { return respond(request); });
-        addFaultsOfTheWire();
-        addFaultsOfTheBody();
-    }
-    ~FaultService() { QSslConfiguration::setDefaultConfiguration(m_usualTls); }
-    Q_DISABLE_COPY(FaultService)
+    Q_OBJECT
 
-    /// From now on requests whose target begins with \a target meet \a fault.
-    void misbehave(const QByteArray &target, const Fault &fault)
+private Q_SLOTS:
+    void endsInAMessageAndCanBeRetried_data()
     {
-        m_target = target;
-        m_fault = fault;
-        hits = 0;
+        // The steps that lead to the operation; which part of the faults the row tries.
+        addColumns<QString, QString, QString, int, int>({"mode", "operation", "reach", "turn", "turns"});
+        int turn = 0;
+        const auto row = [&](const char *operation, const char *modes, const char *reach) {
+            const QStringList all = words(modes);
+            for (const QString &mode : all)
+                QTest::addRow("%s, %s", operation, qPrintable(mode))
+                    << mode << q(operation) << q(reach) << turn++ << int(all.size());
+        };
+        row("switch", "embed, click, invisible", "start");
+        row("config", "embed, click, invisible", "start");
+        row("get", "embed", "start");
+        row("click", "click, invisible", "start");
+        row("picture", "embed, click, invisible", "start");
+        row("refresh", "embed, click, invisible", "refresh");
+        row("verify", "embed, click, invisible", "stroke");
+        row("outage get", "embed, click, invisible", "start");
+        row("outage picture", "embed, click, invisible", "start");
+        row("outage verify", "embed, click, invisible", "stroke");
     }
-    void behave() { m_fault = nullptr; }
 
-    /// All faults by name.
-    QList<std::pair<const char *, Fault>> faults;
-    /// How many requests have met the fault.
-    int hits = 0;
-    /// How many requests went over an unprotected line after a protected one.
-    int downgrades = 0;
+    void endsInAMessageAndCanBeRetried()
+    {
+        QFETCH(QString, mode);
+        QFETCH(QString, operation);
+        QFETCH(int, turn);
+        QFETCH(int, turns);
+        setMode(mode);
+        m_failsBeforeItsPanel = mode != q("embed") && words("switch, config, click").contains(operation);
+        service().answer(outageSwitch, {{q("active"), operation.startsWith(q("outage"))}});
+        // Nothing moves, so that virtual seconds of waiting cost no painting.
+        const QVStillStyle still;
+        const auto all = faults();
+        for (qsizetype index = 0; index < all.size(); ++index) {
+            if ((index + turn) % turns != 0)
+                continue;
+            meet(operation, all[index].second);
+            QVERIFY2(!QTest::currentTestFailed(), all[index].first);
+        }
+        // Nothing went over an unprotected line after a protected one.
+        QCOMPARE(service().count(q("plain")), 0);
+        QVERIFY(outcomes().said().filter(q("token")).isEmpty());
+    }
 
 private:
-    QVScript respond(const QVReceivedRequest &request)
+    using Faults = QList<std::pair<const char *, Fault>>;
+
+    [[nodiscard]] Faults faults()
     {
-        downgrades += request.target.startsWith("/plain") ? 1 : 0;
-        if (!m_fault || !request.target.startsWith(m_target))
-            return redirectTo(m_serviceAddress + QString::fromLatin1(request.target));
-        ++hits;
-        return m_fault(request);
+        Faults all;
+        const auto add = [&all](const char *name, const QVScript &script) {
+            all.append({name, [script](const QVReceivedRequest &) {
+                            return script;
+                        }});
+        };
+        addFaultsOfTheWire(add);
+        addFaultsOfTheBody(add);
+        const QString address = service().addresses().apiHost();
+        all.append({"redirects in a circle", [address](const QVReceivedRequest &request) {
+                        return redirectTo(address + QString::fromLatin1(request.target));
+                    }});
+        return all;
     }
 
-    void add(const char *name, const QVScript &script)
-    {
-        faults.append({name, [script](const QVReceivedRequest &) {
-                           return script;
-                       }});
-    }
-
-    void addFaultsOfTheWire()
+    void addFaultsOfTheWire(const auto &add)
     {
         // An address where nobody listens.
         QTcpServer deaf;
         deaf.listen(QHostAddress::LocalHost);
-        m_resetting.listen(QHostAddress::LocalHost);
         add("refuses", redirectTo(addressOf(deaf)));
-        add("resets", redirectTo(addressOf(m_resetting)));
+        add("resets", redirectTo(addressOf(m_servers->resetting)));
         add("hangs before its head", QVScript());
         add("drips", drip());
         add("truncates", QVScript().send("HTTP/1.1 200 OK\r\nContent-Length: 90\r\n\r\n{\"code").close());
-        faults.append({"redirects in a circle", [this](const QVReceivedRequest &) {
-                           return redirectTo(m_front.address() + QString::fromLatin1(m_target));
-                       }});
-        const QSslConfiguration trusted = qv_serverTls(q("local"));
-        QSslConfiguration trusting = m_usualTls;
-        trusting.addCaCertificate(trusted.localCertificate());
-        QSslConfiguration::setDefaultConfiguration(trusting);
-        m_trusted.useTls(trusted);
-        m_stranger.useTls(qv_serverTls(q("stranger")));
-        m_trusted.setResponder([plain = m_front.address() + q("/plain")](const QVReceivedRequest &) {
-            return redirectTo(plain);
-        });
-        add("redirects to an open line", redirectTo(m_trusted.address()));
-        add("shows a stranger's certificate", redirectTo(m_stranger.address()));
+        add("redirects to an open line", redirectTo(m_servers->trusted.address()));
+        add("shows a stranger's certificate", redirectTo(m_servers->stranger.address()));
     }
 
-    void addFaultsOfTheBody()
+    static void addFaultsOfTheBody(const auto &add)
     {
         // Made once, since they take long.
         static const QVScript bomb = QVScript::answer(qCompress(QByteArray(9 << 20, ' ')).mid(4), 200,
@@ -159,84 +161,28 @@ private:
                                          "Content-Type: text/html\r\n"));
     }
 
-    const QString m_serviceAddress;
-    QVScriptedServer m_front;
-    QVScriptedServer m_trusted;
-    QVScriptedServer m_stranger;
-    ResettingServer m_resetting;
-    QSslConfiguration m_usualTls = QSslConfiguration::defaultConfiguration();
-    QByteArray m_target;
-    Fault m_fault;
-};
-
-} // namespace
-
-/// Every fault at every operation, in the modes by turns: the user is told, the host hears of one end,
-/// nothing grows, and what is tried again works once the service does.
-class TestFaultMatrix : public ModesTestCase
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void endsInAMessageAndCanBeRetried_data()
-    {
-        // The user's steps to the operation after the fault began; how many modes have the operation.
-        addColumns<QString, QByteArray, QString, int, int>({"mode", "target", "reach", "turn", "turns"});
-        int turn = 0;
-        const auto row = [&](const char *name, const char *modes, const char *target, const char *reach) {
-            const QStringList all = words(modes);
-            for (const QString &mode : all)
-                QTest::addRow("%s, %s", name, qPrintable(mode))
-                    << mode << QByteArray(target) << q(reach) << turn++ << int(all.size());
-        };
-        row("switch", "embed, click, invisible", "/config", "start");
-        row("config", "embed, click, invisible", "/app/config/v1", "start");
-        row("get", "embed", "/api/get/v1", "start");
-        row("click", "click, invisible", "/api/click/v1", "start");
-        row("picture", "embed, click, invisible", "/pictures/", "start");
-        row("refresh", "embed, click, invisible", "/api/refresh/v1", "refresh");
-        row("verify", "embed, click, invisible", "/api/verify/v1", "stroke");
-        row("outage get", "embed, click, invisible", "/outage?action=get", "start");
-        row("outage picture", "embed, click, invisible", "/outage-pictures/", "start");
-        row("outage verify", "embed, click, invisible", "/outage?action=verify", "stroke");
-    }
-
-    void endsInAMessageAndCanBeRetried()
-    {
-        QFETCH(QString, mode);
-        QFETCH(QByteArray, target);
-        QFETCH(int, turn);
-        QFETCH(int, turns);
-        setMode(mode);
-        m_failsBeforeItsPanel = mode != q("embed") && (target == "/config" || target.contains("app/config") ||
-                                                       target.contains("click"));
-        service().answer(outageSwitch, {{q("active"), target.startsWith("/outage")}});
-        // Nothing moves, so that virtual seconds of waiting cost no painting.
-        const QVStillStyle still;
-        for (qsizetype index = 0; index < m_faults->faults.size(); ++index) {
-            if ((index + turn) % turns != 0)
-                continue;
-            const auto &[name, fault] = m_faults->faults.at(index);
-            meet(target, fault);
-            QVERIFY2(!QTest::currentTestFailed(), name);
-        }
-        QCOMPARE(m_faults->downgrades, 0);
-        QVERIFY(outcomes().said().filter(q("token")).isEmpty());
-    }
-
-private:
     void prepare() override
     {
         ModesTestCase::prepare();
         // Some answers never come to rest.
         addStep("stroke", [this](auto) { stroke(); });
-        m_faults = std::make_unique<FaultService>(service());
+        const QSslConfiguration trusted = qv_serverTls(q("local"));
+        QSslConfiguration trusting = m_usualTls;
+        trusting.addCaCertificate(trusted.localCertificate());
+        QSslConfiguration::setDefaultConfiguration(trusting);
+        m_servers = std::make_unique<Servers>();
+        m_servers->resetting.listen(QHostAddress::LocalHost);
+        m_servers->trusted.useTls(trusted);
+        m_servers->stranger.useTls(qv_serverTls(q("stranger")));
+        const QString plain = service().addresses().apiHost() + q("/api/plain");
+        m_servers->trusted.setResponder([plain](const QVReceivedRequest &) { return redirectTo(plain); });
     }
 
     void finish() override
     {
         ModesTestCase::finish();
-        m_faults.reset();
+        m_servers.reset();
+        QSslConfiguration::setDefaultConfiguration(m_usualTls);
     }
 
     [[nodiscard]] qsizetype failures() const
@@ -255,7 +201,7 @@ private:
         return !bar->overlayLabel()->text().isEmpty();
     }
 
-    void meet(const QByteArray &target, const Fault &fault)
+    void meet(const QString &operation, const Fault &fault)
     {
         QFETCH(QString, reach);
         qv_forgetPeakOfMemory();
@@ -263,9 +209,10 @@ private:
         outcomes().clear();
         if (reach != q("start"))
             go(q("start, picture"));
-        m_faults->misbehave(target, fault);
+        service().misbehave(operation, fault);
+        const qsizetype before = service().count(operation);
         go(reach);
-        QVERIFY(waitFor([this] { return m_faults->hits > 0; }));
+        QVERIFY(waitFor([&] { return service().count(operation) > before; }));
         QVERIFY(waitFor([this] {
             if (failures() == 0)
                 advance(250ms);
@@ -280,7 +227,7 @@ private:
 
     void retry()
     {
-        m_faults->behave();
+        service().misbehave({}, {});
         if (m_failsBeforeItsPanel)
             start();
         else
@@ -293,7 +240,15 @@ private:
         QCOMPARE(outcomes().ends().size(), m_failsBeforeItsPanel ? 2 : 1);
     }
 
-    std::unique_ptr<FaultService> m_faults;
+    struct Servers
+    {
+        ResettingServer resetting;
+        QVScriptedServer trusted;
+        QVScriptedServer stranger;
+    };
+
+    const QSslConfiguration m_usualTls = QSslConfiguration::defaultConfiguration();
+    std::unique_ptr<Servers> m_servers;
     bool m_failsBeforeItsPanel = false;
 };
 
