@@ -7,6 +7,7 @@
 #include <QNetworkDiskCache>
 #include <QNetworkReply>
 #include <QRegularExpression>
+#include <QScopeGuard>
 #include <QSslSocket>
 #include <QTemporaryDir>
 
@@ -19,23 +20,15 @@ const char *const goodBody = R"({"code":"0103","img":"a.png"})";
 const char *const systemText = "Something went wrong (request failed)";
 const char *const lostText = "No network. Try again.";
 
-/// Trusts a certificate until it is destroyed, as the system's certificate store does.
-class TrustedCertificate
+/// Trusts a certificate, as the system's certificate store does, until the result is destroyed.
+[[nodiscard]] auto trust(const QString &name)
 {
-public:
-    explicit TrustedCertificate(const QSslCertificate &certificate)
-    {
-        QSslConfiguration trusting = m_former;
-        trusting.addCaCertificate(certificate);
-        QSslConfiguration::setDefaultConfiguration(trusting);
-    }
-    TrustedCertificate(const TrustedCertificate &) = delete;
-    TrustedCertificate &operator=(const TrustedCertificate &) = delete;
-    ~TrustedCertificate() { QSslConfiguration::setDefaultConfiguration(m_former); }
-
-private:
-    QSslConfiguration m_former = QSslConfiguration::defaultConfiguration();
-};
+    const QSslConfiguration former = QSslConfiguration::defaultConfiguration();
+    QSslConfiguration trusting = former;
+    trusting.addCaCertificate(qv_serverTls(name).localCertificate());
+    QSslConfiguration::setDefaultConfiguration(trusting);
+    return qScopeGuard([former] { QSslConfiguration::setDefaultConfiguration(former); });
+}
 
 QByteArray nested(int depth)
 {
@@ -207,8 +200,8 @@ private Q_SLOTS:
         server().setResponder([](const QVReceivedRequest &) { return QVScript::answer(goodBody); });
         const QString address = q("https://%1:%2").arg(host).arg(server().serverPort());
         QNetworkAccessManager hosts;
-        auto trust = std::make_unique<TrustedCertificate>(qv_serverTls(trusted).localCertificate());
         for (const bool isVerifiedByDefault : {true, false}) {
+            const auto trusting = trust(trusted);
             // A host may have switched verification off for the process.
             QSslConfiguration tls = QSslConfiguration::defaultConfiguration();
             tls.setPeerVerifyMode(isVerifiedByDefault ? QSslSocket::AutoVerifyPeer : QSslSocket::VerifyNone);
@@ -223,15 +216,13 @@ private Q_SLOTS:
         QCOMPARE(server().requests().size(), code == 0 ? 4 : 0);
         QVERIFY(code != 0 || server().connectionCount() < 4);
         // Trust in an earlier certificate must not last.
-        trust.reset();
         QCOMPARE(codeOf(address, q("v")), -1200);
     }
 
     void configurations()
     {
-        const QSslConfiguration tls = qv_serverTls(q("local"));
-        const TrustedCertificate trust(tls.localCertificate());
-        server().useTls(tls);
+        const auto trusting = trust(q("local"));
+        server().useTls(qv_serverTls(q("local")));
         QVServiceAddresses addresses;
         addresses.setApiHost(server().address());
         addresses.setCdn(q("https://default.example"));
