@@ -10,6 +10,7 @@
 
 #include <QElapsedTimer>
 #include <QFile>
+#include <QScopeGuard>
 #include <QSemaphore>
 #include <QThreadPool>
 
@@ -28,24 +29,6 @@ constexpr bool isMemoryTold = false;
 #else
 constexpr bool isMemoryTold = true;
 #endif
-
-/// Limits the memory of this process to little more than it has, until it is destroyed.
-class LittleMemory
-{
-public:
-    LittleMemory()
-    {
-        constexpr rlim_t room = 2 << 20;
-        ::getrlimit(RLIMIT_AS, &m_usual);
-        const rlimit little{rlim_t(qv_memory("VmSize")) + room, m_usual.rlim_max};
-        ::setrlimit(RLIMIT_AS, &little);
-    }
-    ~LittleMemory() { ::setrlimit(RLIMIT_AS, &m_usual); }
-    Q_DISABLE_COPY(LittleMemory)
-
-private:
-    rlimit m_usual{};
-};
 
 QByteArray fileNamed(const QString &name)
 {
@@ -102,7 +85,11 @@ private Q_SLOTS:
                                       fileNamed(q("limit.gif")), fileNamed(q("limit.webp.z")),
                                       fileNamed(q("small.jpg")) + QByteArray(8 << 20, 'x')};
         ::malloc_trim(0);
-        const LittleMemory little;
+        rlimit usual{};
+        ::getrlimit(RLIMIT_AS, &usual);
+        const rlimit little{rlim_t(qv_memory("VmSize")) + (2 << 20), usual.rlim_max};
+        ::setrlimit(RLIMIT_AS, &little);
+        const auto restore = qScopeGuard([&usual] { ::setrlimit(RLIMIT_AS, &usual); });
         for (const QByteArray &file : files)
             QVERIFY2(qv_decodedImage(file).isNull(), qPrintable(QString::number(file.size())));
     }
