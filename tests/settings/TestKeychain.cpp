@@ -15,19 +15,6 @@
 
 using namespace std::chrono_literals;
 
-namespace {
-
-QVKeychainQuery queryFor(const QString &service, const QString &account, const QString &group = {})
-{
-    QVKeychainQuery query;
-    query.setService(service);
-    query.setAccount(account);
-    query.setAccessGroup(group);
-    return query;
-}
-
-} // namespace
-
 /// The key chain with a real keyring and without one, and the identifier that is kept in it.
 class TestKeychain : public QVTestCase
 {
@@ -110,20 +97,22 @@ private Q_SLOTS:
         QVKeychain::setAccessibilityType(q("first"));
         for (const auto &[service, account] :
              QVCases<const char *, const char *>{{"one", "a"}, {"one", "b"}, {"two", "a"}}) {
-            QVKeychainQuery query = queryFor(q(service), q(account));
+            QVKeychainQuery query;
+            query.setService(q(service));
+            query.setAccount(q(account));
             query.setLabel(q("Label of ") + q(account));
             query.setPassword(q(service) + q(account));
             QVError error(q("x"), 1);
             QVERIFY(query.save(&error));
             QCOMPARE(error, QVError());
+            query.setAccessGroup(q("group"));
+            QVERIFY(!query.fetch());
         }
         const QByteArray newData("new\0data", 8);
         QVKeychain::setAccessibilityType(q("later"));
         QVERIFY(QVKeychain::setPasswordData(newData, q("one"), q("b")));
         QCOMPARE(QVKeychain::passwordForService(q("one"), q("a")), q("onea"));
         QCOMPARE(QVKeychain::passwordDataForService(q("one"), q("b")), newData);
-        QVKeychainQuery elsewhere = queryFor(q("two"), q("a"), q("group"));
-        QVERIFY(!elsewhere.fetch());
         QCOMPARE(QVKeychain::accountsForService(q("one"))->size(), 2);
         const QList<QVSecureItem> all = *QVKeychain::allAccounts();
         QCOMPARE(all.size(), 3);
