@@ -159,7 +159,9 @@ private Q_SLOTS:
         QFETCH(int, style);
         QFETCH(QSize, size);
         QFETCH(bool, isOutage);
-        QVSandbox sandbox;
+        QVSandboxOptions options;
+        options.seed = 7;
+        QVSandbox sandbox(options);
         QVERIFY2(sandbox.listen(), qPrintable(sandbox.errorString()));
         sandbox.setOutageActive(isOutage);
         const QVSandboxAddresses where = sandbox.addresses();
