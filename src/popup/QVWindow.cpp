@@ -3,12 +3,12 @@
 #include "platform/QVScheduler.h"
 #include "popup/QVFocusTrap.h"
 #include "popup/QVHostWatch.h"
+#include "settings/QVColors.h"
 #include "settings/QVConfigurationManager.h"
 #include "settings/QVLanguageNotice.h"
 #include "settings/QVLocalization.h"
 #include "settings/QVLocalizationKeys.h"
 #include "views/QVAccessibleRole.h"
-#include "views/QVColors.h"
 
 #include <QApplication>
 #include <QCloseEvent>
