@@ -64,9 +64,10 @@ void QVClickFlow::setClickStatus(QVClickStatus status)
         tokenLife().stop();
     if (const QVText text = textOf(status); !text.isNull())
         m_statusText = text;
-    m_surface.get()->showClickStatus();
-    if (changed)
-        m_surface.get()->clickStatusHasChanged(status);
+    const QVWeakDelegate<QVClickSurface> surface = m_surface;
+    surface.get()->showClickStatus();
+    if (changed && surface)
+        surface.get()->clickStatusHasChanged(status);
 }
 
 void QVClickFlow::clickButtonTouchDownAction()

@@ -8,6 +8,7 @@
 class QUARVO_CORE_EXPORT QVModeFlow : public QVAttemptObserver
 {
 public:
+    ~QVModeFlow() override;
     Q_DISABLE_COPY(QVModeFlow)
 
     void setIdentity(const QVIdentity &identity) { m_identity = identity; }
@@ -21,7 +22,6 @@ public:
 protected:
     /// Both must outlive this.
     QVModeFlow(QVVerifyStyle style, const QVPopupPresenter &presenter, QVModeSurface &surface);
-    ~QVModeFlow() override;
 
     void startAttempt() { m_attempts.start(m_identity, m_host.host()); }
     [[nodiscard]] QVAttempts &attempts() { return m_attempts; }
