@@ -2,6 +2,7 @@ include(CMakeDependentOption)
 
 # The options of a build. A host that adds this folder to its own project gets only the library by default.
 option(QUARVO_BUILD_WIDGETS "Build the widgets, not only the core" ON)
+option(QUARVO_BUILD_QUICK "Build the QML module where Qt Quick is found" ON)
 option(QUARVO_BUILD_TESTS "Build the tests" ${PROJECT_IS_TOP_LEVEL})
 cmake_dependent_option(QUARVO_BUILD_EXAMPLES "Build the demo host" ${PROJECT_IS_TOP_LEVEL} QUARVO_BUILD_WIDGETS OFF)
 cmake_dependent_option(QUARVO_BUILD_DESIGNER "Build the plugin for Qt Designer where its headers are"

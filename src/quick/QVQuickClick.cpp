@@ -1,0 +1,59 @@
+#include "quick/QVQuickClick.h"
+
+#include "settings/QVConfigurationManager.h"
+#include "settings/QVLanguageNotice.h"
+
+#include <QQuickWindow>
+
+QVQuickClick::QVQuickClick(QObject *parent)
+    : QVQuickVerification(parent)
+    , QVQuickTeller(static_cast<QVQuickVerification &>(*this))
+    , m_flow(presenter(), *this)
+{
+    // The first use chooses the language, of which a binding must not be told.
+    (void)QVConfigurationManager::sharedManager();
+    connect(&QVLanguageNotice::shared(), &QVLanguageNotice::languageChanged, this, &QVQuickClick::shown);
+}
+
+QVQuickClick::~QVQuickClick()
+{
+    // While this is still what the popup's opener takes it for.
+    m_flow.abandon();
+}
+
+QVQuickStatus::Status QVQuickClick::status() const
+{
+    return QVQuickStatus::Status(int(m_flow.clickStatus()));
+}
+
+QString QVQuickClick::text() const
+{
+    return m_flow.statusText().text();
+}
+
+void QVQuickClick::press()
+{
+    if (m_flow.takesInput())
+        m_flow.clickButtonTouchDownAction();
+}
+
+void QVQuickClick::leave()
+{
+    if (m_flow.clickStatus() == QVClickStatusTouching)
+        m_flow.clickButtonTouchUpOutside();
+}
+
+void QVQuickClick::click()
+{
+    m_flow.clickButtonTouchUpInside();
+}
+
+void QVQuickClick::reset()
+{
+    m_flow.reset();
+}
+
+QObject *QVQuickClick::host() const
+{
+    return QVQuickPresenter::windowOf(parent());
+}

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QPolygonF>
+#include <QQuickPaintedItem>
+
+/// The line that the user draws. It repaints only the box of its newest segment.
+class QVQuickStroke : public QQuickPaintedItem
+{
+    Q_OBJECT
+    QML_NAMED_ELEMENT(QuarvoStroke)
+    Q_PROPERTY(QColor color MEMBER m_color)
+
+public:
+    explicit QVQuickStroke(QQuickItem *parent = nullptr);
+
+    void moveTo(QPointF point);
+    void addLineTo(QPointF point);
+    void removeAllPoints();
+    /// How many points there are, for tests.
+    [[nodiscard]] Q_INVOKABLE int pointCount() const { return static_cast<int>(m_points.size()); }
+
+    void paint(QPainter *painter) override;
+
+private:
+    QPolygonF m_points;
+    QColor m_color;
+};

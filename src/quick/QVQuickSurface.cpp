@@ -1,0 +1,318 @@
+#include "quick/QVQuickSurface.h"
+
+#include "platform/QVPage.h"
+#include "service/QVGetRefreshResponseModel.h"
+#include "settings/QVBundleImage.h"
+#include "settings/QVConfigurationManager.h"
+#include "settings/QVLanguageNotice.h"
+
+#include <QCursor>
+#include <QPixmap>
+#include <QQuickWindow>
+
+namespace {
+
+constexpr std::chrono::milliseconds clearDelay{100};
+
+QCursor penCursor()
+{
+    // Where the tip of the pen is.
+    constexpr QPoint tip(2, 22);
+    return QCursor(qv_imageFromBundleWithName(QStringLiteral("qv_draw_pen")), tip.x(), tip.y());
+}
+
+} // namespace
+
+QVQuickSurface::QVQuickSurface(QQuickItem *parent)
+    : QVQuickPad(parent)
+{
+    // The first use chooses the language, of which a binding must not be told.
+    (void)QVConfigurationManager::sharedManager();
+    connect(&QVLanguageNotice::shared(), &QVLanguageNotice::languageChanged, this, [this] {
+        for (QVQuickBar &each : m_bars)
+            Q_EMIT each.changed();
+        Q_EMIT shown();
+    });
+}
+
+QVQuickSurface::~QVQuickSurface() = default;
+
+void QVQuickSurface::begin(QVVerifyStyle style, const QVIdentity &identity,
+                           QVRenderDrawViewDelegate *delegate)
+{
+    QVRenderDrawSurface *const surface = this;
+    m_identity = identity;
+    m_flow = std::make_shared<QVRenderDrawFlow>(style, surface);
+    m_flow->setDelegate(delegate);
+    m_flow->setIdentity(m_identity);
+    tell(m_flow->panGestureRecognizer());
+}
+
+void QVQuickSurface::componentComplete()
+{
+    QVQuickPad::componentComplete();
+    if (!m_isEmbedded)
+        return;
+    begin(QVVerifyStyleEmbed, m_identity, this);
+    if (window())
+        enterScene();
+}
+
+void QVQuickSurface::enterScene()
+{
+    connect(window(), &QWindow::visibilityChanged, this, [this] {
+        if (isSeen())
+            m_flow->surfaceHasAppeared();
+    });
+    m_flow->didMoveToSuperview();
+}
+
+void QVQuickSurface::itemChange(ItemChange change, const ItemChangeData &data)
+{
+    QVQuickPad::itemChange(change, data);
+    if (!m_flow)
+        return;
+    if (change == ItemSceneChange && data.window)
+        enterScene();
+    else if (change == ItemVisibleHasChanged && isSeen())
+        m_flow->surfaceHasAppeared();
+}
+
+void QVQuickSurface::geometryChange(const QRectF &now, const QRectF &before)
+{
+    QVQuickPad::geometryChange(now, before);
+    refreshPen();
+}
+
+void QVQuickSurface::setVid(const QString &vid)
+{
+    m_identity.ownVid = vid;
+    if (m_flow)
+        m_flow->setIdentity(m_identity);
+    Q_EMIT identityChanged();
+}
+
+void QVQuickSurface::setScene(const QString &scene)
+{
+    m_identity.ownScene = scene;
+    if (m_flow)
+        m_flow->setIdentity(m_identity);
+    Q_EMIT identityChanged();
+}
+
+void QVQuickSurface::refresh()
+{
+    if (m_flow)
+        m_flow->refreshButtonDidClickedAction();
+}
+
+void QVQuickSurface::help()
+{
+    if (m_flow)
+        m_flow->helpButtonDidClickedAction();
+}
+
+void QVQuickSurface::retry()
+{
+    if (m_flow)
+        m_flow->renderDrawImageViewErrorDidClickedAction();
+}
+
+void QVQuickSurface::openAdvertisement()
+{
+    qv_openPage(m_adLink);
+}
+
+void QVQuickSurface::answer(const QString &characters)
+{
+    if (m_flow)
+        m_flow->charVerifyInputViewDidClickedDoneButtonWithCharString(characters);
+}
+
+void QVQuickSurface::reset()
+{
+    if (m_flow)
+        m_flow->reset();
+}
+
+void QVQuickSurface::slideIn(Bar which, const QVText &text, bool acceptsTouches)
+{
+    bar(which).slideIn(text, acceptsTouches, ++m_barCount);
+}
+
+void QVQuickSurface::slideOut(Bar which)
+{
+    bar(which).slideOut();
+}
+
+bool QVQuickSurface::hasSuperview() const
+{
+    return window() && parentItem();
+}
+
+void QVQuickSurface::showLoadingAnimation()
+{
+    change(m_isLoading, true);
+}
+
+void QVQuickSurface::hiddenLoadingAnimation()
+{
+    change(m_isLoading, false);
+}
+
+void QVQuickSurface::show(const QImage &picture)
+{
+    if (m_picture)
+        m_picture->setImage(picture);
+    Q_EMIT shown();
+}
+
+void QVQuickSurface::setPicture(const QImage &picture)
+{
+    m_clearing.stop();
+    m_hasPicture = !picture.isNull();
+    show(picture);
+}
+
+void QVQuickSurface::clearPicture()
+{
+    const bool isSeenToGo = m_hasPicture && isVisible();
+    m_hasPicture = false;
+    if (!isSeenToGo)
+        return setPicture({});
+    // A fast answer replaces the picture without a dark frame between the two.
+    m_clearing.start(clearDelay, [this] { show({}); });
+    Q_EMIT shown();
+}
+
+void QVQuickSurface::showFailedPicture()
+{
+    setPicture(qv_imageFromBundleWithName(QStringLiteral("qv_request_faild.jpg")).toImage());
+}
+
+void QVQuickSurface::setIsCharVerify(bool isCharVerify)
+{
+    change(m_isCharVerify, isCharVerify);
+}
+
+void QVQuickSurface::updateContentWidthHeightQVVerifyPercentage(bool isCharVerify)
+{
+    // The parts in QML follow the same property.
+    change(m_isCharVerify, isCharVerify);
+}
+
+void QVQuickSurface::setCaption(const QVText &caption)
+{
+    change(m_caption, caption);
+}
+
+void QVQuickSurface::setHelpButtonShown(bool isShown)
+{
+    change(m_isHelpShown, isShown);
+}
+
+void QVQuickSurface::setRefreshButtonShown(bool isShown)
+{
+    change(m_isRefreshShown, isShown);
+}
+
+void QVQuickSurface::setRefreshButtonEnabled(bool enabled)
+{
+    change(m_isRefreshEnabled, enabled);
+}
+
+void QVQuickSurface::setOutage(bool outage)
+{
+    change(m_isOutage, outage);
+}
+
+void QVQuickSurface::setAdLinkword(const std::shared_ptr<QVGetRefreshResponseModel> &answer)
+{
+    m_adLink = answer ? answer->adlink() : QString();
+    change(m_adWord, answer ? answer->adlinkword() : QString());
+}
+
+void QVQuickSurface::setDrawingEnabled(bool enabled)
+{
+    setPenReady(enabled);
+    if (m_picture && enabled)
+        m_picture->setCursor(penCursor());
+    else if (m_picture)
+        m_picture->unsetCursor();
+    m_isDrawingEnabled = enabled;
+    Q_EMIT isDrawingEnabledChanged();
+}
+
+bool QVQuickSurface::isSeen() const
+{
+    return isVisible() && window() && window()->isVisible() && window()->visibility() != QWindow::Minimized;
+}
+
+QRectF QVQuickSurface::traceFrame() const
+{
+    return m_traceArea;
+}
+
+QRectF QVQuickSurface::imageFrame() const
+{
+    return m_picture ? mapRectFromItem(m_picture, m_picture->boundingRect()) : QRectF();
+}
+
+void QVQuickSurface::beginStroke(QPointF location)
+{
+    if (m_stroke)
+        m_stroke->moveTo(location);
+}
+
+void QVQuickSurface::extendStroke(QPointF location)
+{
+    if (m_stroke)
+        m_stroke->addLineTo(location);
+}
+
+void QVQuickSurface::resetUIs()
+{
+    if (m_stroke)
+        m_stroke->removeAllPoints();
+    refreshPen();
+}
+
+void QVQuickSurface::setCharInputBusy(bool busy)
+{
+    change(m_isAnswerChecked, busy);
+}
+
+void QVQuickSurface::pictureHasExpired()
+{
+    Q_EMIT pictureExpired();
+}
+
+void QVQuickSurface::outageHasStarted()
+{
+    Q_EMIT outageStarted();
+}
+
+void QVQuickSurface::pictureIsReady()
+{
+    Q_EMIT ready();
+}
+
+void QVQuickSurface::answerWasWrong()
+{
+    Q_EMIT wrongAnswer();
+}
+
+void QVQuickSurface::attemptHasFailed(const QVError &failure)
+{
+    Q_EMIT failed(QVQuickError(failure));
+}
+
+void QVQuickSurface::tokenHasExpired()
+{
+    Q_EMIT expired();
+}
+
+void QVQuickSurface::renderDrawViewVerifySuccess(const QString &token)
+{
+    Q_EMIT passed(token);
+}

@@ -1,0 +1,142 @@
+import QtQuick
+import Quarvo
+
+// The round badge of an invisible verification: a turning ring, and a strip that says PASS in the end.
+Item {
+    id: root
+
+    property bool passed
+    readonly property real openLength: root.width / 2 + label.implicitWidth + 10.5
+
+    Accessible.name: QuarvoLook.text(root.passed ? "clickPass" : "inVerify", QuarvoLook.language)
+    Accessible.role: Accessible.AlertMessage
+    anchors.centerIn: parent
+    height: 80
+    objectName: "badge"
+    width: 80
+    // Over whatever the host has, and under its popups.
+    z: 1000000
+
+    onPassedChanged: {
+        arc.rotation = 0;
+        QuarvoLook.announce(root, Accessible.name);
+        if (!QuarvoLook.isMotionReduced)
+            pass.start();
+    }
+
+    ParallelAnimation {
+        id: pass
+
+        NumberAnimation {
+            duration: 500
+            easing.type: Easing.OutQuad
+            from: 0
+            property: "openPart"
+            target: strip
+            to: 1
+        }
+        NumberAnimation {
+            duration: 500
+            from: 0
+            property: "strokeEnd"
+            target: arc
+            to: 1
+        }
+        SequentialAnimation {
+            PauseAnimation {
+                duration: 750
+            }
+            ParallelAnimation {
+                NumberAnimation {
+                    duration: 250
+                    easing.type: Easing.OutQuad
+                    from: 0
+                    property: "growth"
+                    target: halo
+                    to: 10
+                }
+                NumberAnimation {
+                    duration: 250
+                    easing.type: Easing.InQuad
+                    from: 0.5
+                    property: "opacity"
+                    target: halo
+                    to: 0
+                }
+            }
+        }
+    }
+    Rectangle {
+        id: strip
+
+        property real openPart: 1
+
+        color: "#28c1f7"
+        height: 60
+        radius: 30
+        visible: root.passed
+        width: 60 + (root.openLength - 1) * openPart
+        x: root.width / 2 - 30
+        y: root.height / 2 - 30
+
+        Text {
+            id: label
+
+            anchors.verticalCenter: parent.verticalCenter
+            color: "white"
+            font.pixelSize: 20
+            text: "PASS"
+            textFormat: Text.PlainText
+            visible: strip.openPart > 0.3
+            x: 30 + root.openLength * strip.openPart - implicitWidth + 5
+        }
+    }
+    Rectangle {
+        id: halo
+
+        property real growth
+
+        anchors.fill: parent
+        anchors.margins: -growth
+        border.color: "white"
+        border.width: 2
+        color: "transparent"
+        opacity: 0
+        radius: width / 2
+    }
+    Rectangle {
+        anchors.fill: parent
+        anchors.margins: -3
+        border.color: "#a9e6fa"
+        border.width: 6
+        color: "white"
+        radius: width / 2
+    }
+    QuarvoMark {
+        id: arc
+
+        readonly property real start: Math.floor(Math.random() * 75) / 100
+
+        anchors.fill: parent
+        anchors.margins: -3
+        color: "#28c1f7"
+        lineWidth: 6
+        radius: 40
+        strokeEnd: root.passed ? 1 : start + 0.25
+        strokeStart: root.passed ? 0 : start
+
+        RotationAnimation on rotation {
+            duration: 1000
+            from: 0
+            loops: Animation.Infinite
+            running: !root.passed && root.visible && !QuarvoLook.isMotionReduced
+            to: 360
+        }
+    }
+    QuarvoPicture {
+        anchors.centerIn: parent
+        height: 40
+        name: "qv_invisible_logo"
+        width: 40
+    }
+}

@@ -1,0 +1,225 @@
+import QtQuick
+import Quarvo
+
+// The drawing captcha: the picture with its bars, buttons, badges and stroke, and the strip for characters. A
+// panel and a popup lay it out, each in its own way.
+QuarvoSurface {
+    id: root
+
+    property bool offersAlternative
+    // How wide the content is, in which the picture lies.
+    property real contentWidth
+    readonly property real alternativeHeight: root.offersAlternative ? 30 : 0
+    readonly property real contentHeight: root.contentWidth * root.contentAspect
+    readonly property real contentAspect: root.isCharVerify ? 0.675 : 0.575
+
+    keyTarget: picture
+    picture: picture
+    stroke: stroke
+
+    onIsDrawingEnabledChanged: picture.takeTabs()
+    onPictureExpired: QuarvoLook.announce(picture, QuarvoLook.text("accessibleExpired", QuarvoLook.language))
+
+    Line {
+        anchors.bottom: content.top
+        anchors.bottomMargin: 10
+        anchors.horizontalCenter: content.horizontalCenter
+        color: QuarvoLook.caption
+        objectName: "caption"
+        pixelSize: 17
+        text: root.caption
+        visible: root.caption !== ""
+        width: Math.min(implicitWidth, root.width - 20)
+    }
+    Item {
+        id: content
+
+        anchors.horizontalCenter: parent.horizontalCenter
+        anchors.verticalCenter: parent.verticalCenter
+        anchors.verticalCenterOffset: root.isEmbedded ? -root.alternativeHeight / 2 : 0
+        height: root.contentHeight
+        width: root.contentWidth
+
+        Behavior on height {
+            enabled: !QuarvoLook.isMotionReduced && root.hasPicture
+
+            NumberAnimation {
+                duration: 200
+                easing.type: Easing.InOutQuad
+            }
+        }
+
+        Rectangle {
+            anchors.fill: parent
+            color: QuarvoLook.strip
+            visible: root.isCharVerify
+        }
+        Rectangle {
+            id: ground
+
+            readonly property real covered: strip.visible ? Math.max(0, y + height - strip.y) : 0
+
+            clip: true
+            color: QuarvoLook.picture
+            height: width * 0.575
+            width: parent.width
+
+            QuarvoPicture {
+                id: picture
+
+                Accessible.description: root.isLoading ? QuarvoLook.text("accessibleLoading", QuarvoLook.language) : root.isDrawingEnabled ? QuarvoLook.text("accessiblePen", QuarvoLook.language) : ""
+                Accessible.focusable: root.isDrawingEnabled
+                Accessible.name: QuarvoLook.text(root.isCharVerify ? "accessibleAnswer" : "accessiblePicture", QuarvoLook.language)
+                Accessible.role: Accessible.Graphic
+                anchors.fill: parent
+                objectName: "picture"
+
+                // Not a binding: the focus stays where it is while an answer is being checked.
+                function takeTabs(): void {
+                    if (!activeFocus)
+                        activeFocusOnTab = root.isDrawingEnabled;
+                }
+
+                onActiveFocusChanged: takeTabs()
+            }
+            LoadingDots {
+                anchors.centerIn: parent
+                objectName: "loadingDots"
+                visible: root.isLoading
+            }
+            Bar {
+                bar: root.prompt
+                covered: ground.covered
+                ground: QuarvoLook.promptBar
+                objectName: "promptBar"
+                picture: "qv_draw_edit"
+                textColor: QuarvoLook.promptText
+            }
+            Bar {
+                bar: root.error
+                covered: ground.covered
+                ground: QuarvoLook.errorBar
+                objectName: "errorBar"
+                picture: "qv_draw_error"
+
+                onClicked: root.retry()
+            }
+            Bar {
+                bar: root.success
+                covered: ground.covered
+                ground: QuarvoLook.successBar
+                objectName: "successBar"
+                picture: "qv_draw_success"
+            }
+            Rectangle {
+                color: QuarvoLook.badge
+                height: outageText.implicitHeight + 5
+                objectName: "outageBadge"
+                visible: root.isOutage
+                width: outageText.implicitWidth + 10
+
+                Line {
+                    id: outageText
+
+                    anchors.centerIn: parent
+                    color: "white"
+                    font.italic: true
+                    font.pixelSize: QuarvoLook.font(12, QuarvoLook.textScale).pixelSize
+                    text: QuarvoLook.text("outage", QuarvoLook.language)
+                }
+            }
+            AdButton {
+                objectName: "adButton"
+                word: root.adWord
+
+                onClicked: root.openAdvertisement()
+            }
+            FocusRing {
+                control: picture
+                // Above the bars, whose order counts up.
+                z: 1e9
+            }
+        }
+        CharacterInput {
+            id: strip
+
+            anchors.bottom: parent.bottom
+            height: 40
+            surface: root
+            visible: root.isCharVerify
+            width: parent.width
+        }
+        IconButton {
+            id: refreshButton
+
+            anchors.right: helpButton.left
+            enabled: root.isRefreshEnabled
+            height: 30
+            objectName: "refreshButton"
+            picture: "qv_draw_refresh"
+            textKey: "accessibleRefresh"
+            visible: root.isRefreshShown
+            width: 30
+
+            onClicked: {
+                spin.restart();
+                root.refresh();
+            }
+
+            RotationAnimation {
+                id: spin
+
+                duration: QuarvoLook.isMotionReduced ? 0 : 300
+                from: 0
+                property: "rotation"
+                target: refreshButton.contentItem
+                to: 180
+
+                onStopped: refreshButton.contentItem.rotation = 0
+            }
+        }
+        IconButton {
+            id: helpButton
+
+            anchors.right: parent.right
+            height: 30
+            objectName: "helpButton"
+            picture: "qv_draw_help"
+            textKey: "accessibleHelp"
+            visible: root.isHelpShown
+            width: visible ? 30 : 0
+
+            onClicked: root.help()
+        }
+    }
+    Rectangle {
+        anchors.horizontalCenter: content.horizontalCenter
+        anchors.top: content.bottom
+        color: QuarvoLook.strip
+        height: root.alternativeHeight
+        visible: root.offersAlternative
+        width: content.width
+
+        StripButton {
+            anchors.fill: parent
+            enabled: !root.success.isShown
+            objectName: "alternativeButton"
+            textKey: "alternative"
+
+            onClicked: root.alternativeRequested()
+        }
+    }
+    QuarvoStroke {
+        id: stroke
+
+        anchors.fill: parent
+        color: QuarvoLook.accent
+        objectName: "stroke"
+    }
+    KeyPen {
+        anchors.fill: parent
+        picture: picture
+        pictureArea: Qt.rect(content.x, content.y, ground.width, ground.height)
+        surface: root
+    }
+}

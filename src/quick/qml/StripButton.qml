@@ -1,0 +1,55 @@
+import QtQuick
+import QtQuick.Templates as T
+import Quarvo
+
+// A text to be clicked, on the strip below the picture.
+T.AbstractButton {
+    id: root
+
+    property string textKey
+    property bool isBusy
+
+    Accessible.name: root.text
+    Accessible.role: Accessible.Button
+    focusPolicy: Qt.TabFocus
+    hoverEnabled: true
+    text: QuarvoLook.text(root.textKey, QuarvoLook.language)
+
+    background: Rectangle {
+        color: root.hovered && !root.isBusy ? QuarvoLook.stripHover : "transparent"
+    }
+    contentItem: Line {
+        color: QuarvoLook.doneTitle
+        opacity: root.isBusy ? 0 : root.enabled ? (root.down ? 0.8 : 1) : 0.4
+        text: root.text
+    }
+
+    Keys.onEnterPressed: root.clicked()
+    Keys.onReturnPressed: root.clicked()
+
+    HoverHandler {
+        cursorShape: root.isBusy ? Qt.ArrowCursor : Qt.PointingHandCursor
+    }
+    QuarvoMark {
+        anchors.centerIn: parent
+        color: "#969696"
+        height: 20
+        lineWidth: 2
+        radius: 8
+        strokeEnd: 0.75
+        visible: root.isBusy
+        width: 20
+
+        RotationAnimation on rotation {
+            duration: 1000
+            from: 0
+            loops: Animation.Infinite
+            running: root.isBusy && root.visible && !QuarvoLook.isMotionReduced
+            to: 360
+        }
+    }
+    FocusRing {
+        control: root
+        isByKeyboard: root.visualFocus
+    }
+}

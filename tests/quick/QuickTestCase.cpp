@@ -1,0 +1,183 @@
+#include "quick/QuickTestCase.h"
+
+#include "settings/QVSDKManager.h"
+#include "support/QVWait.h"
+
+#include <QQmlComponent>
+#include <QtQml/qqmlextensionplugin.h>
+
+#include <cmath>
+
+Q_IMPORT_QML_PLUGIN(QuarvoPlugin)
+
+using namespace std::chrono_literals;
+
+namespace {
+
+QPointingDevice *touchScreen()
+{
+    static QPointingDevice *device = QTest::createTouchDevice();
+    return device;
+}
+
+QQuickItem *find(QQuickItem *in, const QString &name)
+{
+    if (!in->isVisible())
+        return nullptr;
+    if (in->objectName() == name)
+        return in;
+    const auto children = in->childItems();
+    // What lies on top comes first.
+    for (auto child = children.rbegin(); child != children.rend(); ++child) {
+        if (QQuickItem *const found = find(*child, name))
+            return found;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+void QuickTestCase::prepare()
+{
+    m_service = std::make_unique<DrawService>();
+    m_service->extend(click, {{q("token"), q("click-token")}});
+    m_forgotten = 0;
+    m_log.said.clear();
+    m_log.reaction = {};
+    QVSDKManager::setPreferredLanguage(q("en"));
+    // What slides or unfolds is in its place at once.
+    QVSDKManager::setReducedMotion(true);
+    m_engine = std::make_unique<QQmlEngine>();
+    m_engine->addImportPath(q("qrc:/qt/qml"));
+    QQmlComponent component(m_engine.get(), QUrl::fromLocalFile(q(QUARVO_QUICK_TESTS "/Host.qml")));
+    if (!component.isReady())
+        qFatal("%s", qUtf8Printable(component.errorString()));
+    m_window.reset(qobject_cast<QQuickWindow *>(
+        component.createWithInitialProperties({{q("log"), QVariant::fromValue(&m_log)}})));
+    m_window->requestActivate();
+    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+}
+
+void QuickTestCase::finish()
+{
+    m_log.reaction = {};
+    m_window.reset();
+    settle();
+    m_engine.reset();
+    m_service.reset();
+}
+
+void QuickTestCase::settle() const
+{
+    QVERIFY(waitFor([this] {
+        QCoreApplication::processEvents();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        return m_service->isQuiet();
+    }));
+}
+
+void QuickTestCase::pass(std::chrono::milliseconds duration) const
+{
+    const auto stretch = std::max(50ms, duration / 10);
+    for (auto left = duration; left > 0ms; left -= stretch) {
+        settle();
+        advance(std::min(left, stretch));
+    }
+    settle();
+}
+
+QQuickItem *QuickTestCase::loader(const QString &mode) const
+{
+    return m_window->findChild<QQuickItem *>(mode + q("Loader"));
+}
+
+QObject *QuickTestCase::part(const QString &mode)
+{
+    if (!loader(mode)->property("active").toBool()) {
+        loader(mode)->setProperty("active", true);
+        if (mode == q("panel"))
+            advance(100ms);
+    }
+    return loader(mode)->findChild<QObject *>(mode);
+}
+
+void QuickTestCase::unload(const QString &mode)
+{
+    loader(mode)->setProperty("active", false);
+}
+
+void QuickTestCase::start(const QString &mode)
+{
+    QObject *const made = part(mode);
+    if (mode != q("panel"))
+        QMetaObject::invokeMethod(made, mode == q("button") ? "clicked" : "start");
+}
+
+void QuickTestCase::reset(const QString &mode)
+{
+    QMetaObject::invokeMethod(part(mode), "reset");
+}
+
+QQuickItem *QuickTestCase::item(const QString &name) const
+{
+    return m_window ? find(m_window->contentItem(), name) : nullptr;
+}
+
+bool QuickTestCase::waitForPicture() const
+{
+    return waitFor([this] {
+        const QQuickItem *const shown = item(picture);
+        return shown && shown->parentItem()->parentItem()->parentItem()->property("hasPicture").toBool();
+    });
+}
+
+QPoint QuickTestCase::centreOf(const QQuickItem &item)
+{
+    return item.mapToScene(item.boundingRect().center()).toPoint();
+}
+
+void QuickTestCase::clickOn(const QString &name) const
+{
+    QQuickItem *const target = item(name);
+    QVERIFY2(target, qPrintable(name));
+    QTest::mouseClick(m_window.get(), Qt::LeftButton, {}, inWindow(centreOf(*target)).toPoint());
+}
+
+QPointF QuickTestCase::inWindow(QPointF point) const
+{
+    return {std::clamp(point.x(), 0.0, m_window->width() - 1.0),
+            std::clamp(point.y(), 0.0, m_window->height() - 1.0)};
+}
+
+QuickTestCase::Points QuickTestCase::wave(int count) const
+{
+    const QPointF centre = centreOf(*item(picture));
+    Points points;
+    constexpr int step = 9;
+    for (int i = 0; i < count; ++i)
+        points.push_back(inWindow(centre + QPointF((i - count / 2) * step, qRound(20 * std::sin(i * 0.3)))));
+    return points;
+}
+
+void QuickTestCase::strokeWithMouse(const Points &points) const
+{
+    QTest::mousePress(m_window.get(), Qt::LeftButton, {}, points.front().toPoint());
+    for (std::size_t i = 1; i < points.size(); ++i) {
+        advance(16ms);
+        if (!m_window)
+            return;
+        QTest::mouseMove(m_window.get(), points[i].toPoint());
+    }
+    QTest::mouseRelease(m_window.get(), Qt::LeftButton, {}, points.back().toPoint());
+}
+
+void QuickTestCase::strokeWithFinger(const Points &points) const
+{
+    // All within one frame.
+    QTest::touchEvent(m_window.get(), touchScreen()).press(0, points.front().toPoint());
+    for (std::size_t i = 1; i < points.size(); ++i) {
+        advance(16ms);
+        QTest::touchEvent(m_window.get(), touchScreen()).move(0, points[i].toPoint());
+    }
+    QTest::touchEvent(m_window.get(), touchScreen()).release(0, points.back().toPoint());
+}

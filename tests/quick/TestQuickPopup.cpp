@@ -1,0 +1,134 @@
+#include "quick/QuickTestCase.h"
+
+using namespace std::chrono_literals;
+
+/// The popup: where it lies, who has the keyboard, and how it goes and comes back.
+class TestQuickPopup : public QuickTestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void liesInTheWindow_data()
+    {
+        const auto row = addColumns<QSize, int, QRect>({"window", "presentation", "screen"});
+        row("card", QSize(700, 600), 0, QRect(143, 110, 414, 379));
+        row("whole", QSize(400, 600), 0, QRect(0, 0, 400, 600));
+        row("wide and whole", QSize(700, 600), 1, QRect(0, 0, 700, 600));
+    }
+
+    void liesInTheWindow()
+    {
+        QFETCH(QSize, window);
+        QFETCH(int, presentation);
+        settings().setProperty("popupPresentation", presentation);
+        this->window().resize(window);
+        open(q("button"));
+        QTEST(screen(), "screen");
+        QCOMPARE(QGuiApplication::topLevelWindows().size(), 1);
+        // Turned round.
+        this->window().resize(window.transposed());
+        QTRY_VERIFY(QRect({}, window.transposed()).contains(screen()));
+        settings().setProperty("popupPresentation", 0);
+    }
+
+    void closedPopupComesBackWithoutARequest_data()
+    {
+        const auto row = addColumns<QString, QString>({"mode", "by"});
+        row("button", q("button"), q("close"));
+        row("invisible", q("invisible"), q("close"));
+        row("escape", q("button"), q("escape"));
+        row("outside", q("button"), q("outside"));
+    }
+
+    void closedPopupComesBackWithoutARequest()
+    {
+        QFETCH(QString, mode);
+        QFETCH(QString, by);
+        item(q("before"))->forceActiveFocus();
+        open(mode);
+        close(by);
+        QVERIFY(!isOpen());
+        QCOMPARE(window().activeFocusItem(), item(q("before")));
+        forgetAsked();
+        start(mode);
+        QVERIFY(isOpen() && waitForPicture());
+        reset(mode);
+        settle();
+        QCOMPARE(asked(), QStringList());
+        QVERIFY(!isOpen());
+        said().removeIf([](const QString &text) { return text.startsWith(q("status")); });
+        QCOMPARE(said().join(q(", ")), q("popup, closed User, popup, closed HostReset"));
+    }
+
+    void keepsInputFromTheHost()
+    {
+        open(q("invisible"));
+        part(q("button"));
+        said().clear();
+        clickOn(q("button"));
+        QCOMPARE(said(), QStringList());
+        QVERIFY(isOpen());
+        // The keyboard stays within.
+        QSet<const QQuickItem *> visited;
+        for (int i = 0; i < 8; ++i) {
+            QTest::keyClick(&window(), Qt::Key_Tab);
+            visited.insert(window().activeFocusItem());
+        }
+        QVERIFY(!visited.contains(item(q("before"))) && !visited.contains(item(q("button"))));
+        QVERIFY(visited.contains(item(q("picture"))) && visited.contains(item(q("closeButton"))));
+    }
+
+    void aStrokeGivesAToken_data()
+    {
+        const auto row = addColumns<QString>({"mode"});
+        row("button", q("button"));
+        row("invisible", q("invisible"));
+    }
+
+    void aStrokeGivesAToken()
+    {
+        QFETCH(QString, mode);
+        open(mode);
+        stroke();
+        QVERIFY(waitFor([this] { return service().count(verify) == 1; }));
+        pass(1600ms);
+        QCOMPARE(said().last(), q("passed main-token"));
+        QVERIFY(!isOpen());
+    }
+
+private:
+    void open(const QString &mode)
+    {
+        start(mode);
+        QVERIFY(waitForPicture());
+        QVERIFY(isOpen());
+    }
+
+    void close(const QString &by)
+    {
+        if (by == q("escape"))
+            return QTest::keyClick(&window(), Qt::Key_Escape);
+        if (by == q("close"))
+            return clickOn(q("closeButton"));
+        QTest::mouseClick(&window(), Qt::LeftButton, {}, QPoint(5, 5));
+        QVERIFY(isOpen());
+        settings().setProperty("popupClosesOnOutsideClick", true);
+        QTest::mouseClick(&window(), Qt::LeftButton, {}, QPoint(5, 5));
+        settings().setProperty("popupClosesOnOutsideClick", false);
+    }
+
+    /// From the corner of the close button to that of the support label.
+    [[nodiscard]] QRect screen() const
+    {
+        const QQuickItem &button = *item(q("closeButton"));
+        const QQuickItem &label = *item(q("supportLabel"));
+        const QPointF topRight = button.mapToScene({button.width(), 0});
+        const QPointF bottom = label.mapToScene({0, label.height() + 5});
+        const QQuickItem &parts = *item(q("picture"))->parentItem()->parentItem()->parentItem();
+        return QRectF(topRight.x() - parts.width(), topRight.y(), parts.width(), bottom.y() - topRight.y())
+            .toRect();
+    }
+};
+
+QV_TEST(TestQuickPopup)
+#include "TestQuickPopup.moc"
