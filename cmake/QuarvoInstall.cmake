@@ -36,6 +36,17 @@ foreach(library ${QUARVO_LIBRARIES})
     install(EXPORT ${library}${kind}Targets NAMESPACE Quarvo:: DESTINATION "${config_folder}" COMPONENT development)
   endforeach()
 endforeach()
+if(TARGET QuarvoQuick)
+  # Where Qt looks for modules by itself, below its own prefix.
+  set(QUARVO_QML_DIR "${CMAKE_INSTALL_LIBDIR}/qt6/qml" CACHE PATH "Where modules of QML go")
+  file(RELATIVE_PATH core_from_module "${CMAKE_INSTALL_FULL_LIBDIR}/qt6/qml/Quarvo" "${CMAKE_INSTALL_FULL_LIBDIR}")
+  set_target_properties(QuarvoQuick PROPERTIES INSTALL_RPATH "$ORIGIN/${core_from_module}")
+  set(module_folder "${QUARVO_QML_DIR}/Quarvo")
+  install(TARGETS QuarvoQuick LIBRARY DESTINATION "${module_folder}" COMPONENT quick)
+  install(FILES "${PROJECT_BINARY_DIR}/qml/Quarvo/qmldir" "${PROJECT_BINARY_DIR}/qml/Quarvo/Quarvo.qmltypes"
+          DESTINATION "${module_folder}" COMPONENT quick)
+  install(DIRECTORY "${PROJECT_SOURCE_DIR}/src/quick/qml" DESTINATION "${module_folder}" COMPONENT quick)
+endif()
 install(DIRECTORY "${PROJECT_SOURCE_DIR}/resources/QVKeychain.bundle"
                   "${PROJECT_SOURCE_DIR}/resources/QVResource.bundle"
         DESTINATION "${CMAKE_INSTALL_DATADIR}/quarvo/${QUARVO_ABI_VERSION}" COMPONENT core)

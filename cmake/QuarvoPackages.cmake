@@ -50,6 +50,12 @@ if(QUARVO_BUILD_WIDGETS)
   set(CPACK_DEBIAN_WIDGETS_PACKAGE_DEPENDS "libquarvocore${QUARVO_ABI_VERSION} ${exactly}")
   string(APPEND development_depends ", libquarvo${QUARVO_ABI_VERSION} ${exactly}")
 endif()
+if(TARGET QuarvoQuick)
+  list(APPEND CPACK_COMPONENTS_ALL quick)
+  quarvo_package(quick qml6-module-quarvo libs "Button, panel and invisible verification for Qt Quick.")
+  set(CPACK_DEBIAN_QUICK_PACKAGE_DEPENDS "libquarvocore${QUARVO_ABI_VERSION} ${exactly}, \
+qml6-module-qtquick, qml6-module-qtquick-templates, qml6-module-qtquick-window")
+endif()
 quarvo_package(development libquarvo-dev libdevel "Headers, static libraries and what CMake and pkg-config need.")
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
     "${development_depends}, qt6-base-dev, zlib1g-dev${QUARVO_DEBIAN_PRIVATE}")
