@@ -47,6 +47,7 @@ void QuickTestCase::prepare()
     QVSDKManager::setPreferredLanguage(q("en"));
     // What slides or unfolds is in its place at once.
     QVSDKManager::setReducedMotion(true);
+    qputenv("QT_QUICK_BACKEND", "software");
     m_engine = std::make_unique<QQmlEngine>();
     m_engine->addImportPath(q("qrc:/qt/qml"));
     QQmlComponent component(m_engine.get(), QUrl::fromLocalFile(q(QUARVO_QUICK_TESTS "/Host.qml")));
