@@ -65,6 +65,8 @@ private Q_SLOTS:
         QFETCH(QRect, screen);
         QFETCH(bool, isAlone);
         this->host().resize(host);
+        if (isAlone)
+            this->host().move(QGuiApplication::primaryScreen()->geometry().bottomRight());
         open();
         QCOMPARE(popup()->isWindow(), isAlone);
         QCOMPARE(drawView()->geometry(), screen);
