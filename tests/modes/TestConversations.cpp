@@ -229,6 +229,8 @@ private Q_SLOTS:
             "popup, (main-token), passed main-token");
         row("no window", "invisible", "window destroy, badge, start, wait 0, badges, picture, place",
             "popup, badges 0, alone");
+        row("no window", "embed", "window destroy, start, picture, stroke, wait 1600",
+            "ready, (main-token), passed main-token");
         row("no widget", "invisible", "window foreign, start, picture, place", "popup, alone");
         row("no widget, closes while asked", "invisible",
             "window foreign, hold config 50, start, window close, wait 100", "closed WindowGone");
