@@ -156,7 +156,8 @@ QuickTestCase::Points QuickTestCase::wave(int count) const
     Points points;
     constexpr int step = 9;
     for (int i = 0; i < count; ++i)
-        points.push_back(inWindow(centre + QPointF((i - 0.5 * count) * step, qRound(20 * std::sin(i * 0.3)))));
+        points.push_back(
+            inWindow(centre + QPointF((i - 0.5 * count) * step, qRound(20 * std::sin(i * 0.3)))));
     return points;
 }
 
