@@ -27,7 +27,7 @@ constexpr std::array courses{
     "outage, start, picture, stroke, wait 2000",
 };
 
-constexpr std::array names{"KiB", "open files", "threads", "timers", "widgets"};
+constexpr std::array whatMayGrow{"KiB", "open files", "threads", "timers", "widgets"};
 constexpr qint64 growthAllowedKib = 1024;
 
 qint64 entriesOf(const char *folder)
@@ -64,8 +64,8 @@ public:
         }
         m_samples.push_back(least);
         QStringList texts;
-        for (std::size_t i = 0; i < names.size(); ++i)
-            texts.append(q("%1 %2").arg(least[i]).arg(q(names[i])));
+        for (std::size_t i = 0; i < whatMayGrow.size(); ++i)
+            texts.append(q("%1 %2").arg(least[i]).arg(q(whatMayGrow[i])));
         return texts.join(q(", "));
     }
 
@@ -74,7 +74,7 @@ public:
     [[nodiscard]] QString growth() const
     {
         const auto middle = m_samples.begin() + std::ptrdiff_t(m_samples.size() / 2);
-        for (std::size_t i = 0; i < names.size(); ++i) {
+        for (std::size_t i = 0; i < whatMayGrow.size(); ++i) {
             const auto most = [i](auto first, auto last) {
                 const auto byValue = [i](const Sample &a, const Sample &b) {
                     return a[i] < b[i];
@@ -84,14 +84,14 @@ public:
             const qint64 allowed = i == 0 ? (*middle)[i] + growthAllowedKib : most(m_samples.begin(), middle);
             const qint64 grown = most(middle, m_samples.end()) - allowed;
             if (grown > 0)
-                return q("%1 %2 too many").arg(grown).arg(q(names[i]));
+                return q("%1 %2 too many").arg(grown).arg(q(whatMayGrow[i]));
         }
         return {};
     }
 
 private:
     /// Memory in KiB, open files, threads, timers, widgets.
-    using Sample = std::array<qint64, names.size()>;
+    using Sample = std::array<qint64, whatMayGrow.size()>;
 
     static Sample sampleNow()
     {
