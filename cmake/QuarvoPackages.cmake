@@ -54,7 +54,7 @@ if(TARGET QuarvoQuick)
   list(APPEND CPACK_COMPONENTS_ALL quick)
   quarvo_package(quick qml6-module-quarvo libs "Button, panel and invisible verification for Qt Quick.")
   set(CPACK_DEBIAN_QUICK_PACKAGE_DEPENDS "libquarvocore${QUARVO_ABI_VERSION} ${exactly}, \
-qml6-module-qtquick, qml6-module-qtquick-templates, qml6-module-qtquick-window")
+qml6-module-qtqml, qml6-module-qtqml-workerscript, qml6-module-qtquick, qml6-module-qtquick-templates, qml6-module-qtquick-window")
 endif()
 quarvo_package(development libquarvo-dev libdevel "Headers, static libraries and what CMake and pkg-config need.")
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
