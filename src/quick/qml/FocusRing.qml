@@ -7,6 +7,7 @@ Rectangle {
 
     required property Item control
     property bool isByKeyboard: true
+    property color line: QuarvoLook.accent
 
     anchors.fill: parent
     border.color: "white"
@@ -17,8 +18,9 @@ Rectangle {
     Rectangle {
         anchors.fill: parent
         anchors.margins: 1
-        border.color: QuarvoLook.accent
+        border.color: root.line
         border.width: 2
         color: "transparent"
+        radius: Math.max(0, root.radius - 1)
     }
 }

@@ -157,13 +157,11 @@ T.AbstractButton {
     HoverHandler {
         cursorShape: verification.takesInput ? Qt.PointingHandCursor : Qt.ArrowCursor
     }
-    Rectangle {
-        anchors.fill: parent
-        anchors.margins: 2
-        border.color: "white"
-        border.width: 2
-        color: "transparent"
-        radius: Math.max(0, root.radius - 3)
-        visible: root.visualFocus
+    FocusRing {
+        control: root
+        isByKeyboard: root.visualFocus
+        // On a button in the accent colour.
+        line: "#aa000000"
+        radius: root.radius
     }
 }
