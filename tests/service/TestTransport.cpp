@@ -306,7 +306,7 @@ private Q_SLOTS:
 
     void cancelled()
     {
-        for (const bool isUnderWay : {false, true}) {
+        for (const bool isUnderWay : {true, false}) {
             server().enqueue(QVScript().send("HTTP/1.1 200 OK\r\nContent-Length: 50\r\n\r\n{"));
             Probe<Picture> probe;
             const Task task = requestPicture(probe);
