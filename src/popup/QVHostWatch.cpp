@@ -92,7 +92,8 @@ void QVHostWatch::watchWindow(const QEvent &event)
 
 void QVHostWatch::watchChild(QObject *child)
 {
-    if (child->isWidgetType())
+    // Qt sets the places of destroyed children to null while it destroys the others.
+    if (child && child->isWidgetType())
         child->installEventFilter(this);
 }
 

@@ -322,6 +322,18 @@ private Q_SLOTS:
         QCOMPARE(outcomes().ends().size() + popupCount(), 1);
     }
 
+    void hostStartsWhileItsWidgetsAreDestroyed()
+    {
+        auto window = std::make_unique<QWidget>();
+        new QWidget(window.get());
+        const auto *const second = new QWidget(window.get());
+        showActive(*window);
+        connect(second, &QObject::destroyed, this, [this] { start(); });
+        window.reset();
+        pass(100ms);
+        QCOMPARE(outcomes().ends().size() + popupCount(), 1);
+    }
+
 private:
     void prepare() override
     {

@@ -171,6 +171,7 @@ private Q_SLOTS:
         start(q("panel"));
         start(q("button"));
         QVERIFY(waitForPicture());
+        QTRY_VERIFY(item(q("promptBar")) && item(q("stroke")));
         QVSDKManager::setPreferredLanguage(q("zh-Hans"));
         QCOMPARE(item(q("promptBar"))->property("text").toString(), q("请沿图中曲线画线"));
         const QColor accent(0, 100, 0);
