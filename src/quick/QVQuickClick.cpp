@@ -1,6 +1,5 @@
 #include "quick/QVQuickClick.h"
 
-#include "settings/QVConfigurationManager.h"
 #include "settings/QVLanguageNotice.h"
 
 #include <QQuickWindow>
@@ -10,8 +9,6 @@ QVQuickClick::QVQuickClick(QObject *parent)
     , QVQuickTeller(static_cast<QVQuickVerification &>(*this))
     , m_flow(presenter(), *this)
 {
-    // The first use chooses the language, of which a binding must not be told.
-    (void)QVConfigurationManager::sharedManager();
     connect(&QVLanguageNotice::shared(), &QVLanguageNotice::languageChanged, this, &QVQuickClick::shown);
 }
 

@@ -38,8 +38,6 @@ bool QVQuickLookNotice::eventFilter(QObject *watched, QEvent *event)
 QVQuickLook::QVQuickLook(QObject *parent)
     : QObject(parent)
 {
-    // The first use chooses the language, of which a binding must not be told.
-    (void)QVConfigurationManager::sharedManager();
     connect(&QVQuickLookNotice::shared(), &QVQuickLookNotice::changed, this, &QVQuickLook::changed);
     connect(&QVLanguageNotice::shared(), &QVLanguageNotice::languageChanged, this, [this] {
         ++m_language;

@@ -20,11 +20,18 @@ QVConfigurationManager &QVConfigurationManager::sharedManager()
 
 QVConfigurationManager::QVConfigurationManager()
 {
-    setPreferredLanguage(QString());
+    // Without a notice: nothing on screen had a text before, and its receivers may ask for this very object.
+    chooseLanguage(QString());
     QVPictureCacheFolder::clearInBackground();
 }
 
 void QVConfigurationManager::setPreferredLanguage(const QString &language)
+{
+    chooseLanguage(language);
+    Q_EMIT QVLanguageNotice::shared().languageChanged();
+}
+
+void QVConfigurationManager::chooseLanguage(const QString &language)
 {
     m_preferredLanguage = language;
     const QString folder = qv_languageFolderName(language.isEmpty() ? qv_deviceLanguage() : language);
@@ -32,7 +39,6 @@ void QVConfigurationManager::setPreferredLanguage(const QString &language)
     m_languageBundle = qv_bundle()->bundle(folder, type);
     const auto hostBundle = QVMainBundle::shared().hostBundle();
     m_hostLanguageBundle = hostBundle ? hostBundle->bundle(folder, type) : nullptr;
-    Q_EMIT QVLanguageNotice::shared().languageChanged();
 }
 
 QString QVConfigurationManager::deviceId() const

@@ -95,6 +95,8 @@ public:
 private:
     QVConfigurationManager();
 
+    void chooseLanguage(const QString &language);
+
     QString m_vid;
     QString m_scene;
     QString m_outage;
