@@ -49,7 +49,7 @@ void QVAdButton::paintEvent(QPaintEvent * /*event*/)
     QPainter painter(this);
     painter.fillRect(rect(), QVColors::badge);
     if (isHovered())
-        painter.fillRect(rect(), hoverTint);
+        painter.fillRect(rect(), QVColors::hoverTint);
     m_word.paint(painter, rect().adjusted(inset, 0, -inset, 0), Qt::white);
     qv_paintFocusRing(painter, *this);
 }

@@ -23,13 +23,6 @@ namespace {
 
 constexpr double widestContent = 414;
 
-QCursor penCursor()
-{
-    // The position of the pen's tip in the picture.
-    constexpr QPoint tip(2, 22);
-    return QCursor(qv_imageFromBundleWithName(QStringLiteral("qv_draw_pen")), tip.x(), tip.y());
-}
-
 /// The size hint of an embedded view: room for the picture and the character input.
 constexpr QSize embedSize(400, 270);
 /// The smallest size in which a curve can be seen and drawn.
@@ -238,7 +231,7 @@ void QVRenderDrawView::setDrawingEnabled(bool enabled)
 {
     m_keyPen->setReady(enabled);
     if (enabled)
-        imageView().setCursor(penCursor());
+        imageView().setCursor(qv_penCursor());
     else
         imageView().unsetCursor();
 }

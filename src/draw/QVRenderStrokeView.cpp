@@ -5,34 +5,6 @@
 
 #include <QPainter>
 
-#include <algorithm>
-#include <cmath>
-
-namespace {
-
-constexpr double lineWidth = 5.0;
-// Outside any screen, but small enough to be converted to whole pixels.
-constexpr double farthestPosition = 32000.0;
-
-double drawable(double coordinate)
-{
-    return std::isnan(coordinate) ? 0.0 : std::clamp(coordinate, -farthestPosition, farthestPosition);
-}
-
-QPointF drawable(QPointF point)
-{
-    return {drawable(point.x()), drawable(point.y())};
-}
-
-/// The pixels that a line covers, including antialiasing.
-QRect boxOf(const QRectF &line)
-{
-    constexpr double margin = lineWidth / 2 + 1;
-    return line.adjusted(-margin, -margin, margin, margin).toAlignedRect();
-}
-
-} // namespace
-
 QVRenderStrokeView::QVRenderStrokeView(QWidget *parent)
     : QWidget(parent)
 {
@@ -42,28 +14,26 @@ QVRenderStrokeView::QVRenderStrokeView(QWidget *parent)
 
 void QVRenderStrokeView::moveTo(QPointF point)
 {
-    removeAllPoints();
-    m_renderBezierPath.append(drawable(point));
+    update(m_path.moveTo(point));
+    m_canvas = QPixmap();
 }
 
 void QVRenderStrokeView::addLineTo(QPointF point)
 {
-    m_renderBezierPath.append(drawable(point));
-    if (m_renderBezierPath.size() < 2)
+    const QRect touched = m_path.addLineTo(point);
+    const QPolygonF &points = renderBezierPath();
+    if (points.size() < 2)
         return;
-    const QPointF *line = m_renderBezierPath.constData() + m_renderBezierPath.size() - 2;
     if (hasCanvas())
-        drawOnCanvas(line, 2);
+        drawOnCanvas(&points[points.size() - 2], 2);
     else
         renewCanvas();
-    update(boxOf(QRectF(line[0], line[1]).normalized()));
+    update(touched);
 }
 
 void QVRenderStrokeView::removeAllPoints()
 {
-    if (m_renderBezierPath.size() > 1)
-        update(boxOf(m_renderBezierPath.boundingRect()));
-    m_renderBezierPath.clear();
+    update(m_path.removeAllPoints());
     m_canvas = QPixmap();
 }
 
@@ -77,7 +47,7 @@ void QVRenderStrokeView::paintEvent(QPaintEvent * /*event*/)
 
 void QVRenderStrokeView::resizeEvent(QResizeEvent * /*event*/)
 {
-    if (m_renderBezierPath.size() > 1)
+    if (renderBezierPath().size() > 1)
         renewCanvas();
 }
 
@@ -92,7 +62,7 @@ void QVRenderStrokeView::renewCanvas()
     m_canvas = QPixmap(size() * ratio);
     m_canvas.setDevicePixelRatio(ratio);
     m_canvas.fill(Qt::transparent);
-    drawOnCanvas(m_renderBezierPath.constData(), static_cast<int>(m_renderBezierPath.size()));
+    drawOnCanvas(renderBezierPath().constData(), static_cast<int>(renderBezierPath().size()));
 }
 
 void QVRenderStrokeView::drawOnCanvas(const QPointF *points, int count)
@@ -102,7 +72,6 @@ void QVRenderStrokeView::drawOnCanvas(const QPointF *points, int count)
         return;
     QPainter painter(&m_canvas);
     painter.setRenderHint(QPainter::Antialiasing);
-    // With round caps and joins, lines that are drawn one by one look like one line.
-    painter.setPen(QPen(QVColors::accent(), lineWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.setPen(QVStrokePath::pen(QVColors::accent()));
     painter.drawPolyline(points, count);
 }

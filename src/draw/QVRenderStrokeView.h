@@ -1,7 +1,8 @@
 #pragma once
 
+#include "flow/QVStrokePath.h"
+
 #include <QPixmap>
-#include <QPolygonF>
 #include <QWidget>
 
 /// The stroke on screen, above all other children of its parent. Takes no input.
@@ -18,7 +19,7 @@ public:
     void moveTo(QPointF point);
     void addLineTo(QPointF point);
     void removeAllPoints();
-    [[nodiscard]] const QPolygonF &renderBezierPath() const { return m_renderBezierPath; }
+    [[nodiscard]] const QPolygonF &renderBezierPath() const { return m_path.points(); }
 
 protected:
     void paintEvent(QPaintEvent *event) override;
@@ -29,6 +30,6 @@ private:
     void renewCanvas();
     void drawOnCanvas(const QPointF *points, int count);
 
-    QPolygonF m_renderBezierPath;
+    QVStrokePath m_path;
     QPixmap m_canvas;
 };

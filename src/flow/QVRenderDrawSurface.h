@@ -4,6 +4,7 @@
 
 #include <QRectF>
 
+#include <chrono>
 #include <memory>
 
 class QImage;
@@ -15,6 +16,8 @@ class QVGetRefreshResponseModel;
 class QVRenderDrawSurface : public QVOverlaySurface
 {
 public:
+    static constexpr std::chrono::milliseconds clearDelay{100};
+
     /// Whether the surface is part of a host's window or scene.
     [[nodiscard]] virtual bool hasSuperview() const = 0;
 
@@ -22,6 +25,8 @@ public:
     virtual void hiddenLoadingAnimation() = 0;
 
     virtual void setPicture(const QImage &picture) = 0;
+    /// hasPicture() is false at once. The screen is cleared only after clearDelay, so that an answer that is
+    /// fast replaces the picture without a dark frame in between.
     virtual void clearPicture() = 0;
     /// Shows the picture for a picture that could not be loaded.
     virtual void showFailedPicture() = 0;

@@ -9,14 +9,6 @@
 
 #include <utility>
 
-using namespace std::chrono_literals;
-
-namespace {
-
-constexpr auto passDuration = 1s;
-
-} // namespace
-
 QVQuickInvisible::QVQuickInvisible(QObject *parent)
     : QVQuickVerification(parent)
     , QVQuickTeller(static_cast<QVQuickVerification &>(*this))

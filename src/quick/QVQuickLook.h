@@ -48,6 +48,8 @@ class QVQuickLook : public QObject
     Q_PROPERTY(QColor promptBar READ promptBar CONSTANT)
     Q_PROPERTY(QColor errorBar READ errorBar CONSTANT)
     Q_PROPERTY(QColor successBar READ successBar CONSTANT)
+    Q_PROPERTY(QColor hoverTint READ hoverTint CONSTANT)
+    Q_PROPERTY(QColor discHoverTint READ discHoverTint CONSTANT)
     /// How much larger than usual the platform shows text, from 1 to 2.
     Q_PROPERTY(double textScale READ textScale NOTIFY changed)
     Q_PROPERTY(bool isMotionReduced READ isMotionReduced NOTIFY changed)
@@ -74,6 +76,8 @@ public:
     [[nodiscard]] static QColor promptBar() { return QVColors::promptBar; }
     [[nodiscard]] static QColor errorBar() { return QVColors::errorBar; }
     [[nodiscard]] static QColor successBar() { return QVColors::successBar; }
+    [[nodiscard]] static QColor hoverTint() { return QVColors::hoverTint; }
+    [[nodiscard]] static QColor discHoverTint() { return QVColors::discHoverTint; }
     [[nodiscard]] static double textScale() { return qv_textScale(); }
     [[nodiscard]] static bool isMotionReduced();
     [[nodiscard]] int language() const { return m_language; }

@@ -36,15 +36,14 @@ QSGNode *QVQuickPicture::updatePaintNode(QSGNode *node, UpdatePaintNodeData * /*
         return nullptr;
     }
     auto *picture = static_cast<QSGImageNode *>(node);
-    if (!picture || std::exchange(m_isNew, false)) {
-        if (!picture) {
-            picture = window()->createImageNode();
-            picture->setOwnsTexture(true);
-            picture->setFiltering(QSGTexture::Linear);
-        }
-        picture->setTexture(window()->createTextureFromImage(m_image));
-        m_isNew = false;
+    if (!picture) {
+        picture = window()->createImageNode();
+        picture->setOwnsTexture(true);
+        picture->setFiltering(QSGTexture::Linear);
+        m_isNew = true;
     }
+    if (std::exchange(m_isNew, false))
+        picture->setTexture(window()->createTextureFromImage(m_image));
     picture->setRect(boundingRect());
     return picture;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QPolygonF>
+#include "flow/QVStrokePath.h"
+
 #include <QQuickPaintedItem>
 
 /// The line that the user draws. It repaints only the box of its newest segment.
@@ -17,11 +18,13 @@ public:
     void addLineTo(QPointF point);
     void removeAllPoints();
     /// How many points there are, for tests.
-    [[nodiscard]] Q_INVOKABLE int pointCount() const { return static_cast<int>(m_points.size()); }
+    [[nodiscard]] Q_INVOKABLE int pointCount() const { return static_cast<int>(m_path.points().size()); }
 
     void paint(QPainter *painter) override;
 
 private:
-    QPolygonF m_points;
+    void repaint(const QRect &touched);
+
+    QVStrokePath m_path;
     QColor m_color;
 };

@@ -3,31 +3,13 @@
 #include "platform/QVPage.h"
 #include "service/QVGetRefreshResponseModel.h"
 #include "settings/QVBundleImage.h"
-#include "settings/QVConfigurationManager.h"
 #include "settings/QVLanguageNotice.h"
 
-#include <QCursor>
-#include <QPixmap>
 #include <QQuickWindow>
-
-namespace {
-
-constexpr std::chrono::milliseconds clearDelay{100};
-
-QCursor penCursor()
-{
-    // Where the tip of the pen is.
-    constexpr QPoint tip(2, 22);
-    return QCursor(qv_imageFromBundleWithName(QStringLiteral("qv_draw_pen")), tip.x(), tip.y());
-}
-
-} // namespace
 
 QVQuickSurface::QVQuickSurface(QQuickItem *parent)
     : QVQuickPad(parent)
 {
-    // The first use chooses the language, of which a binding must not be told.
-    (void)QVConfigurationManager::sharedManager();
     connect(&QVLanguageNotice::shared(), &QVLanguageNotice::languageChanged, this, [this] {
         for (QVQuickBar &each : m_bars)
             Q_EMIT each.changed();
@@ -180,7 +162,6 @@ void QVQuickSurface::clearPicture()
     m_hasPicture = false;
     if (!isSeenToGo)
         return setPicture({});
-    // A fast answer replaces the picture without a dark frame between the two.
     m_clearing.start(clearDelay, [this] { show({}); });
     Q_EMIT shown();
 }
@@ -236,7 +217,7 @@ void QVQuickSurface::setDrawingEnabled(bool enabled)
 {
     setPenReady(enabled);
     if (m_picture && enabled)
-        m_picture->setCursor(penCursor());
+        m_picture->setCursor(qv_penCursor());
     else if (m_picture)
         m_picture->unsetCursor();
     m_isDrawingEnabled = enabled;

@@ -102,3 +102,10 @@ QPixmap qv_imageFromBundleWithName(const QString &name, qreal devicePixelRatio)
     }
     return picture;
 }
+
+QCursor qv_penCursor()
+{
+    // The position of the pen's tip in the picture.
+    constexpr QPoint tip(2, 22);
+    return QCursor(qv_imageFromBundleWithName(QStringLiteral("qv_draw_pen")), tip.x(), tip.y());
+}

@@ -2,6 +2,7 @@
 
 #include "platform/QuarvoCoreExport.h"
 
+#include <QCursor>
 #include <QPixmap>
 #include <QString>
 
@@ -17,3 +18,5 @@ class QVBundle;
 [[nodiscard]] QUARVO_CORE_EXPORT QPixmap qv_imageFromBundleWithName(const QString &name);
 /// The same for a given pixel ratio.
 [[nodiscard]] QPixmap qv_imageFromBundleWithName(const QString &name, qreal devicePixelRatio);
+/// The shape of the pointer over a picture that can be drawn on.
+[[nodiscard]] QUARVO_CORE_EXPORT QCursor qv_penCursor();

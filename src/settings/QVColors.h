@@ -20,6 +20,11 @@ inline constexpr QColor promptBar(255, 255, 255, 204);
 inline constexpr QColor errorBar(238, 60, 64, 204);
 inline constexpr QColor successBar(0, 213, 159, 204);
 
+// Painted over what is clicked while the pointer is on it.
+inline constexpr QColor hoverTint(255, 255, 255, 45);
+/// Darker, so that the white pictures of the controls stay clear on any captcha.
+inline constexpr QColor discHoverTint(0, 0, 0, 70);
+
 /// The host's accent colour, or the product's own.
 [[nodiscard]] QUARVO_CORE_EXPORT QColor accent();
 

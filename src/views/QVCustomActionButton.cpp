@@ -1,15 +1,9 @@
 #include "views/QVCustomActionButton.h"
 
+#include "settings/QVColors.h"
 #include "views/QVFocusRing.h"
 
 #include <QPainter>
-
-namespace {
-
-/// Darker, so that the white picture stays clear on any ground.
-constexpr QColor discHoverTint(0, 0, 0, 70);
-
-} // namespace
 
 QVCustomActionButton::QVCustomActionButton(QWidget *parent)
     : QVTouchButton(parent)
@@ -59,7 +53,7 @@ void QVCustomActionButton::paintEvent(QPaintEvent *)
     if (isHovered()) {
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(Qt::NoPen);
-        painter.setBrush(discHoverTint);
+        painter.setBrush(QVColors::discHoverTint);
         painter.drawEllipse(rect().marginsRemoved(m_insets));
     }
     qv_paintFocusRing(painter, *this);

@@ -1,5 +1,6 @@
 #include "views/QVInvisibleAnimationView.h"
 
+#include "flow/QVInvisibleSurface.h"
 #include "layers/QVEasing.h"
 #include "layers/QVPathGeometry.h"
 #include "settings/QVBundleImage.h"
@@ -144,7 +145,7 @@ void QVInvisibleAnimationView::passAnimationComplete(std::function<void()> compl
     });
     // Not owned by this view: the completion is called even if the badge has been destroyed meanwhile.
     if (completion)
-        QVScheduler::shared().schedule(1s, std::move(completion));
+        QVScheduler::shared().schedule(QVInvisibleSurface::passDuration, std::move(completion));
 }
 
 void QVInvisibleAnimationView::paintEvent(QPaintEvent *event)

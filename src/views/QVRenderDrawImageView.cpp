@@ -1,5 +1,6 @@
 #include "views/QVRenderDrawImageView.h"
 
+#include "flow/QVRenderDrawSurface.h"
 #include "settings/QVBundleImage.h"
 #include "settings/QVColors.h"
 #include "settings/QVLanguageNotice.h"
@@ -18,8 +19,6 @@
 #include <utility>
 
 namespace {
-
-constexpr std::chrono::milliseconds clearDelay{100};
 
 QString pictureOf(QVOverlaySurface::Bar bar)
 {
@@ -97,7 +96,7 @@ void QVRenderDrawImageView::setImage(const QImage &image)
 {
     m_image = image;
     if (image.isNull() && isVisible() && !m_picture.image().isNull()) {
-        m_clearing.start(clearDelay, [this] { showNow({}); });
+        m_clearing.start(QVRenderDrawSurface::clearDelay, [this] { showNow({}); });
         return;
     }
     m_clearing.stop();

@@ -122,7 +122,7 @@ void QVRenderDrawOverlayView::paintEvent(QPaintEvent *event)
     painter.setOpacity(isDown() ? pressedOpacity : 1);
     painter.fillRect(event->rect(), m_background);
     if (isHovered() && m_acceptsTouches)
-        painter.fillRect(event->rect(), hoverTint);
+        painter.fillRect(event->rect(), QVColors::hoverTint);
     if (m_acceptsTouches)
         painter.drawPixmap(retryFrame(), qv_imageFromBundleWithName(QStringLiteral("qv_draw_retry")));
     qv_paintFocusRing(painter, *this);

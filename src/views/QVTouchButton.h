@@ -20,8 +20,6 @@ public:
 
 protected:
     static constexpr qreal pressedOpacity = 0.8;
-    /// Painted over a button while the pointer is on it.
-    static constexpr QColor hoverTint{255, 255, 255, 45};
 
     /// Whether the pointer is on the button and a click would press it.
     [[nodiscard]] bool isHovered() const { return underMouse() && isEnabled() && !isDown(); }

@@ -24,7 +24,7 @@ T.AbstractButton {
 
         Rectangle {
             anchors.fill: parent
-            color: root.hovered ? "#1effffff" : "transparent"
+            color: root.hovered ? QuarvoLook.hoverTint : "transparent"
         }
     }
     contentItem: Item {

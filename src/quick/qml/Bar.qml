@@ -45,7 +45,7 @@ T.AbstractButton {
 
         Rectangle {
             anchors.fill: parent
-            color: root.hovered && root.takesInput ? "#1effffff" : "transparent"
+            color: root.hovered && root.takesInput ? QuarvoLook.hoverTint : "transparent"
         }
     }
     contentItem: Item {

@@ -19,14 +19,15 @@ T.AbstractButton {
     padding: root.inset
 
     background: Rectangle {
-        color: root.hovered && root.ground.a > 0 ? Qt.lighter(root.ground, 1.2) : root.ground
+        color: root.ground
         radius: width / 2
 
         Rectangle {
             anchors.fill: parent
             anchors.margins: root.ground.a > 0 ? 0 : root.inset
-            color: root.hovered ? "#1effffff" : "transparent"
+            color: root.ground.a > 0 ? QuarvoLook.hoverTint : QuarvoLook.discHoverTint
             radius: width / 2
+            visible: root.hovered
         }
     }
     contentItem: QuarvoPicture {
