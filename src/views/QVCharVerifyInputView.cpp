@@ -44,6 +44,13 @@ QVCharVerifyInputView::QVCharVerifyInputView(QWidget *parent)
             &QVCharVerifyInputView::doneButtonDidClickedAction);
 }
 
+void QVCharVerifyInputView::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        m_inputTF->applyColors();
+}
+
 void QVCharVerifyInputView::nameElements()
 {
     setObjectName(QStringLiteral("charInputView"));

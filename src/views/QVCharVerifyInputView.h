@@ -25,6 +25,7 @@ public:
     [[nodiscard]] QVBorderedBox *tfBackView() const { return m_tfBackView; }
 
 protected:
+    void changeEvent(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
 private:

@@ -87,16 +87,8 @@ void QVCharVerifyTextField::levelLine(const QString &composed)
 
 void QVCharVerifyTextField::applyColors()
 {
-    // Compared, because a new style sheet changes the palette in turn.
     if (const QString sheet = isolatingSheet(); sheet != styleSheet())
         setStyleSheet(sheet);
-}
-
-void QVCharVerifyTextField::changeEvent(QEvent *event)
-{
-    QLineEdit::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange)
-        applyColors();
 }
 
 void QVCharVerifyTextField::showEvent(QShowEvent *event)

@@ -25,6 +25,9 @@ public:
     [[nodiscard]] const QString &placeholder() const { return m_placeholder.text(); }
     void setPlaceholder(const QString &text);
     [[nodiscard]] bool isEditing() const;
+    /// Uses the colours that the palette and the host's settings ask for now. The parent calls this when the
+    /// palette has changed: Qt does not notify a widget whose style sheet sets all colours.
+    void applyColors();
 
     [[nodiscard]] QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
 
@@ -33,7 +36,6 @@ Q_SIGNALS:
 
 protected:
     bool event(QEvent *event) override;
-    void changeEvent(QEvent *event) override;
     void showEvent(QShowEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
@@ -44,8 +46,6 @@ protected:
 
 private:
     [[nodiscard]] bool mayBegin() const { return !m_shouldBeginEditing || m_shouldBeginEditing(); }
-    /// Takes up the colours that the palette and the host's settings ask for now.
-    void applyColors();
     void levelLine(const QString &composed);
     void refuseFocus(Qt::FocusReason reason);
 

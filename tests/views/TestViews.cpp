@@ -14,6 +14,7 @@
 #include <QSemaphore>
 #include <QSignalSpy>
 #include <QThreadPool>
+#include <QTimer>
 
 using namespace std::chrono_literals;
 
@@ -97,6 +98,33 @@ private Q_SLOTS:
         }
         QTEST(int(clicked.size()), "clicks");
         QVERIFY(!button.isDown());
+    }
+
+    void typedTextIsReadableWhenTheDesktopTurnsDark()
+    {
+        QVSDKManager::setAppearance(QVAppearance::System);
+        auto *const field = m_owner->strip->findChild<QVCharVerifyTextField *>();
+        const auto brightness = [field] {
+            return field->palette().color(QPalette::Text).lightness();
+        };
+        QCOMPARE(brightness(), 0);
+        // Qt tells widgets of a palette only while the application's own event loop runs.
+        QTimer::singleShot(0ms, this, [&] {
+            QApplication::setPalette(Qt::black);
+            const bool isReadable = waitFor([&] { return brightness() == 255; });
+            QApplication::setPalette({});
+            QCoreApplication::exit(isReadable && waitFor([&] { return brightness() == 0; }) ? 0 : 1);
+        });
+        QCOMPARE(QApplication::exec(), 0);
+    }
+
+    void dotsGoOnWhileLoadingDoes()
+    {
+        m_owner->picture->showLoadingAnimation();
+        advance(400ms);
+        const QImage before = m_owner->picture->grab().toImage();
+        m_owner->picture->showLoadingAnimation();
+        QCOMPARE(m_owner->picture->grab().toImage(), before);
     }
 
     void onlyABarThatAcceptsThemTakesTaps()
