@@ -1,6 +1,6 @@
 #pragma once
 
-#include "draw/DrawService.h"
+#include "support/DrawService.h"
 #include "draw/QVRenderDrawView.h"
 #include "flow/QVRenderDrawViewDelegate.h"
 #include "flow/QVVerifyStyle.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "draw/DrawService.h"
+#include "support/DrawService.h"
 #include "flow/QVVerifyStyle.h"
 #include "modes/Outcomes.h"
 #include "modes/QVClickButton.h"

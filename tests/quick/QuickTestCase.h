@@ -1,6 +1,6 @@
 #pragma once
 
-#include "draw/DrawService.h"
+#include "support/DrawService.h"
 #include "support/QVTestCase.h"
 
 #include <QQmlEngine>

@@ -1,4 +1,4 @@
-#include "draw/DrawService.h"
+#include "support/DrawService.h"
 
 #include "image/QVImageLoader.h"
 #include "net/QVBoundedDownload.h"
