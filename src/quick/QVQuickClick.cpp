@@ -2,6 +2,7 @@
 
 #include "settings/QVLanguageNotice.h"
 
+#include <QPointer>
 #include <QQuickWindow>
 
 QVQuickClick::QVQuickClick(QObject *parent)
@@ -43,6 +44,14 @@ void QVQuickClick::leave()
 void QVQuickClick::click()
 {
     m_flow.clickButtonTouchUpInside();
+}
+
+void QVQuickClick::clickByKey(QQuickItem *button)
+{
+    const QPointer<QQuickItem> self(button);
+    press();
+    if (self && m_flow.clickStatus() == QVClickStatusTouching)
+        self->isEnabled() ? click() : leave();
 }
 
 void QVQuickClick::reset()

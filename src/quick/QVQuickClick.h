@@ -3,7 +3,7 @@
 #include "flow/QVClickFlow.h"
 #include "quick/QVQuickVerification.h"
 
-#include <QColor>
+#include <QQuickItem>
 
 /// What a VerifyButton does, for the control in QML that looks like it.
 class QVQuickClick : public QVQuickVerification, private QVQuickTeller<QVClickSurface>
@@ -30,6 +30,8 @@ public:
     /// The pointer has left the button, or was lifted.
     Q_INVOKABLE void leave();
     Q_INVOKABLE void click();
+    /// A key that presses and lifts at once, on a \a button that the host may disable or destroy meanwhile.
+    Q_INVOKABLE void clickByKey(QQuickItem *button);
     Q_INVOKABLE void reset();
 
 Q_SIGNALS:

@@ -41,7 +41,7 @@ T.AbstractButton {
 
     function clickByKey(event: var): void {
         if (!event.isAutoRepeat)
-            verification.click();
+            verification.clickByKey(root);
     }
 
     Accessible.name: root.text
