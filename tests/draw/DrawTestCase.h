@@ -1,13 +1,11 @@
 #pragma once
 
-#include "support/DrawService.h"
 #include "draw/QVRenderDrawView.h"
 #include "flow/QVRenderDrawViewDelegate.h"
 #include "flow/QVVerifyStyle.h"
 #include "platform/QVError.h"
-#include "settings/QVSDKManager.h"
+#include "support/DrawServiceTestCase.h"
 #include "support/QVPointerInput.h"
-#include "support/QVTestCase.h"
 #include "support/QVWait.h"
 #include "views/QVRenderDrawImageView.h"
 #include "views/QVRenderDrawOverlayView.h"
@@ -16,7 +14,7 @@
 
 /// Base of the tests of the drawing captcha as a user sees it: in a window, with real input events and a
 /// scripted service.
-class DrawTestCase : public QVTestCase, public QVRenderDrawViewDelegate
+class DrawTestCase : public DrawServiceTestCase, public QVRenderDrawViewDelegate
 {
 public:
     void renderDrawViewHasPassed() override { told.append(q("passed")); }
@@ -25,15 +23,14 @@ public:
 protected:
     void prepare() override
     {
-        QVSDKManager::setPreferredLanguage(q("en"));
-        m_service = std::make_unique<DrawService>();
+        DrawServiceTestCase::prepare();
         told.clear();
     }
 
     void finish() override
     {
         m_host.reset();
-        m_service.reset();
+        DrawServiceTestCase::finish();
     }
 
     /// Shows a view of \a size in a window and starts it as its hosts do.
@@ -66,7 +63,6 @@ protected:
         advance(std::chrono::milliseconds(300));
     }
 
-    [[nodiscard]] DrawService &service() const { return *m_service; }
     template<class Part = QWidget>
     [[nodiscard]] Part *part(const QString &name) const
     {
@@ -99,7 +95,10 @@ protected:
             part.isEmpty() ? area.topLeft() + QPoint(30, area.height() / 2) : frame(part).center();
         return QVPointerInput::wave(start, 20, start.x() > area.center().x() ? -8 : 8);
     }
-    void click(const QString &name) const { QVPointerInput::click(*part(name), part(name)->rect().center()); }
+    void clickOn(const QString &name) const
+    {
+        QVPointerInput::click(*part(name), part(name)->rect().center());
+    }
     /// Waits until the view has told something.
     [[nodiscard]] bool waitForTold(const char *what) const
     {
@@ -111,6 +110,5 @@ protected:
     QStringList told;
 
 private:
-    std::unique_ptr<DrawService> m_service;
     std::unique_ptr<QWidget> m_host;
 };

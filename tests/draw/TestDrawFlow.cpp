@@ -1,4 +1,5 @@
 #include "draw/DrawTestCase.h"
+#include "settings/QVSDKManager.h"
 #include "views/QVCharVerifyInputViewDoneButton.h"
 #include "views/QVCharVerifyTextField.h"
 #include "views/QVLabel.h"
@@ -57,27 +58,6 @@ private Q_SLOTS:
     }
 
 private:
-    /// Runs the event loop until nothing is under way except what waits for a time.
-    void settle() const
-    {
-        QVERIFY(waitFor([this] {
-            QCoreApplication::processEvents();
-            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-            return service().isQuiet();
-        }));
-    }
-
-    /// Advances the virtual time by \a duration in small steps, and waits for all traffic in between.
-    void pass(std::chrono::milliseconds duration) const
-    {
-        const auto stretch = std::max(100ms, duration / 10);
-        for (auto left = duration; left > 0ms; left -= stretch) {
-            settle();
-            advance(std::min(left, stretch));
-        }
-        settle();
-    }
-
     [[nodiscard]] bool isShown(const QString &name) const { return part(name) && part(name)->isVisible(); }
 
     static void addStarts(const auto &row)
@@ -359,7 +339,7 @@ private:
         auto *field = part<QVCharVerifyTextField>(q("inputTF"));
         QVPointerInput::click(*field, field->rect().center());
         QTest::keyClicks(field, text);
-        click(q("doneButton"));
+        clickOn(q("doneButton"));
     }
     Q_INVOKABLE void dash(const QString &)
     {
@@ -459,7 +439,6 @@ private:
     void prepare() override
     {
         DrawTestCase::prepare();
-        service().extend(q("click"), {{q("token"), q("click-token")}});
         QVServiceAddresses addresses = service().addresses();
         addresses.setHelpPage(q("https://help.example/draw"));
         addresses.setOutageHelpPage(q("https://help.example/outage"));

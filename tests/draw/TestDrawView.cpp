@@ -1,5 +1,6 @@
 #include "draw/DrawTestCase.h"
 #include "sandbox/QVSandbox.h"
+#include "settings/QVSDKManager.h"
 #include "settings/QVSystemFont.h"
 #include "support/QVPixels.h"
 #include "views/QVLabel.h"
@@ -112,7 +113,7 @@ private Q_SLOTS:
             return pixelsOf(picture()).pixelColor(2, 2);
         };
         const QColor before = corner();
-        click(q("refreshButton"));
+        clickOn(q("refreshButton"));
         advance(99ms);
         QCOMPARE(corner(), before);
         advance(1ms);

@@ -185,7 +185,7 @@ private:
         QSslConfiguration::setDefaultConfiguration(m_usualTls);
     }
 
-    [[nodiscard]] qsizetype failures() const
+    [[nodiscard]] qsizetype failures()
     {
         static const QRegularExpression failure(q("^(failed|in popup)"));
         return outcomes().said().filter(failure).size();
@@ -195,7 +195,7 @@ private:
     {
         if (m_failsBeforeItsPanel)
             // In invisible mode the host tells the user.
-            return mode() == QVVerifyStyleInvisible ||
+            return modeName() == q("invisible") ||
                    clickManager().button()->clickStatus() == QVClickStatusFailed;
         const auto *const bar = static_cast<QVRenderDrawOverlayView *>(part("errorOverlayView"));
         return !bar->overlayLabel()->text().isEmpty();
@@ -234,7 +234,7 @@ private:
             clickPart("errorOverlayView");
         QVERIFY(waitForPicture());
         QCOMPARE(failures(), 1);
-        if (mode() == QVVerifyStyleEmbed)
+        if (modeName() == q("embed"))
             return;
         reset();
         QCOMPARE(outcomes().ends().size(), m_failsBeforeItsPanel ? 2 : 1);

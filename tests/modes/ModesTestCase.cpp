@@ -3,38 +3,24 @@
 #include "draw/QVRenderDrawView.h"
 #include "popup/QVCloseButton.h"
 #include "popup/QVWindow.h"
-#include "settings/QVSDKManager.h"
 #include "support/QVPointerInput.h"
 #include "support/QVWait.h"
 #include "views/QVInvisibleAnimationView.h"
 
 #include <QApplication>
-#include <QJsonDocument>
 #include <QLineEdit>
 
 using namespace std::chrono_literals;
 
-QStringList ModesTestCase::words(const QString &text)
-{
-    return text.split(q(", "), Qt::SkipEmptyParts);
-}
-
 void ModesTestCase::prepare()
 {
-    if (m_steps.empty()) {
-        defineSteps();
-        defineHostSteps();
-    }
-    m_service = std::make_unique<DrawService>();
-    m_service->extend(click, {{q("token"), q("click-token")}});
-    m_mode = QVVerifyStylePopup;
-    m_forgotten = 0;
+    ConversationTestCase::prepare();
+    defineSteps();
     m_outcomes = std::make_unique<Outcomes>();
-    m_outcomes->heard = [this](const QString &said) {
-        react(said);
-    };
-    connect(qApp, &QApplication::focusChanged, this, [this] { react(q("focus")); });
-    QVSDKManager::setPreferredLanguage(q("en"));
+    connect(qApp, &QApplication::focusChanged, this, [this] {
+        if (m_outcomes->heard)
+            m_outcomes->heard(q("focus"));
+    });
     auto host = std::make_unique<QWidget>();
     host->resize(700, 600);
     replaceHost(std::move(host));
@@ -42,106 +28,41 @@ void ModesTestCase::prepare()
 
 void ModesTestCase::finish()
 {
-    m_reactions.clear();
     disconnect(qApp, nullptr, this, nullptr);
-    destroyManagers();
+    m_outcomes->heard = {};
+    destroyAll();
     m_dialog.reset();
     m_outcomes.reset();
     m_foreignHost.reset();
     m_otherHost.reset();
     m_host.reset();
-    settle();
-    m_service.reset();
-    QVSDKManager::setAttemptTimeout(0ms);
-    QVSDKManager::setTokenLifetime(0ms);
+    ConversationTestCase::finish();
 }
 
-void ModesTestCase::go(const QString &steps)
+void ModesTestCase::setMode(const QString &name)
 {
-    for (const QString &step : words(steps)) {
-        const auto found = m_steps.find(step.section(u' ', 0, 0));
-        QVERIFY2(found != m_steps.end(), qPrintable(step));
-        found->second(step.section(u' ', 1));
-    }
+    ConversationTestCase::setMode(name);
+    m_mode = QVVerifyStyle(words("embed, click, invisible").indexOf(name));
 }
 
-void ModesTestCase::addStep(const char *name, const std::function<void(const QString &)> &action)
+void ModesTestCase::checkDelegates(const QStringList &expected)
 {
-    m_steps[q(name)] = action;
+    QCOMPARE(m_outcomes->failuresTold(),
+             modeName() == q("invisible") ? expected.filter(q("failed")).size() : 0);
 }
 
 void ModesTestCase::defineSteps()
 {
-    addStep("start", [this](auto) { start(); });
-    addStep("reset", [this](auto) { reset(); });
-    addStep("destroy", [this](auto) { destroy(); });
-    addStep("wait", [this](const QString &duration) { pass(1ms * duration.toInt()); });
-    // "when WHAT: STEP" does something once in answer to what is said.
-    addStep("when", [this](const QString &text) {
-        m_reactions[text.section(q(": "), 0, 0)] = text.section(q(": "), 1);
-    });
-    // "answer REQUEST CODE", or a whole body; "hold REQUEST MILLISECONDS".
-    addStep("answer", [this](const QString &text) {
-        setAnswer(text.section(u' ', 0, 0).replace(u'-', u' '), text.section(u' ', 1));
-    });
-    addStep("hold", [this](const QString &text) {
-        delay(text.section(u' ', 0, 0).replace(u'-', u' '), 1ms * text.section(u' ', 1).toInt());
-    });
-    addStep("outage", [this](auto) { service().answer(outageSwitch, {{q("active"), true}}); });
-    addStep("pass", [this](auto) { passByClick(); });
-    addStep("characters", [this](auto) { m_service->extend(config, {{q("type"), q("character")}}); });
-    addStep("guide", [this](auto) { m_service->extend(config, {{q("guide"), true}}); });
-    addStep("advertise", [this](auto) {
-        for (const QString &what : {click, q("get")})
-            m_service->extend(what, {{q("adlinkword"), q("Buy")}, {q("adlink"), q("https://shop.example")}});
-    });
-    addStep("badge", [this](auto) { invisibleManager().setAnimation(true); });
-    addStep("limit", [](const QString &time) { QVSDKManager::setAttemptTimeout(1ms * time.toInt()); });
-    addStep("lifetime", [](const QString &time) { QVSDKManager::setTokenLifetime(1s * time.toInt()); });
-    // What the user does.
-    addStep("picture", [this](auto) {
-        QVERIFY(waitForPicture());
-        pass(500ms);
-    });
-    addStep("stroke", [this](auto) {
-        stroke();
-        settle();
-    });
-    addStep("press", [](auto) {
-        QVPointerInput::press(*drawView(), QPoint(100, 100));
-        QVPointerInput::move(*drawView(), QPoint(130, 120));
-    });
     addStep("type", [this](auto) {
         clickPart("inputTF");
         QTest::keyClicks(part("inputTF"), q("typed7"));
         clickPart("doneButton");
         settle();
     });
-    addStep("refresh", [this](auto) { clickPart("refreshButton"); });
-    addStep("close", [](auto) { pressClose(); });
-    // What is told besides.
-    addStep("|", [this](auto) { m_outcomes->add(q("|")); });
-    addStep("asked", [this](auto) {
-        m_outcomes->add((QStringList(q("asked")) + asked()).join(u' '));
-        forgetAsked();
-    });
-    addStep("forget", [this](auto) { forgetAsked(); });
-    addStep("text", [this](auto) {
-        if (m_mode == QVVerifyStylePopup)
-            m_outcomes->add(q("[%1]").arg(clickManager().button()->statusText()));
-    });
-    addStep("popups", [this](auto) { m_outcomes->add(q("popups %1").arg(popupCount())); });
-    addStep("timers", [this](auto) { m_outcomes->add(q("timers %1").arg(time().pendingCount())); });
-    addStep("badges", [this](auto) { m_outcomes->add(q("badges %1").arg(badgeCount())); });
     addStep("place", [this](auto) {
         const bool isHere = popup()->window() == m_host.get();
         m_outcomes->add(popup()->isWindow() ? q("alone") : isHere ? q("here") : q("elsewhere"));
     });
-}
-
-void ModesTestCase::defineHostSteps()
-{
-    addStep("window", [this](const QString &what) { changeWindow(what); });
     addStep("field", [this](const QString &) {
         auto *const field = new QLineEdit(m_host.get());
         field->show();
@@ -202,64 +123,16 @@ void ModesTestCase::changeHost()
     showActive(*m_host);
 }
 
-void ModesTestCase::setAnswer(const QString &what, const QString &answer)
-{
-    bool isCode = false;
-    (void)answer.toInt(&isCode);
-    if (isCode)
-        answerCode(what, answer);
-    else
-        m_service->answerBytes(what, answer.toUtf8());
-}
-
-void ModesTestCase::react(const QString &event)
-{
-    const auto found =
-        std::ranges::find_if(m_reactions, [&](const auto &entry) { return event.startsWith(entry.first); });
-    if (found != m_reactions.end())
-        go(m_reactions.extract(found).mapped().replace(q(" + "), q(", ")));
-}
-
-void ModesTestCase::setMode(const QString &name)
-{
-    m_mode = QVVerifyStyle(words("embed, click, invisible").indexOf(name));
-}
-
-void ModesTestCase::answerCode(const QString &what, const QString &code)
-{
-    m_service->extend(what, {{q("code"), code}});
-}
-
 void ModesTestCase::answerForStatus(int status)
 {
     if (status == 2)
         delay(outageSwitch, std::chrono::hours(1));
     if (status == 3)
-        m_service->answer(outageSwitch, {{q("active"), true}});
+        service().answer(outageSwitch, {{q("active"), true}});
     if (status == 4)
         passByClick();
     if (status == 5)
         answerCode(config, q("0101"));
-}
-
-void ModesTestCase::settle() const
-{
-    const auto isQuiet = [this] {
-        QCoreApplication::processEvents();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        return m_service->isQuiet();
-    };
-    QVERIFY(waitFor(isQuiet));
-}
-
-void ModesTestCase::pass(std::chrono::milliseconds duration) const
-{
-    const auto stretch = std::max(50ms, duration / 10);
-    for (auto left = duration; left > 0ms; left -= stretch) {
-        settle();
-        advance(std::min(left, stretch));
-    }
-    settle();
 }
 
 QVClickManager &ModesTestCase::clickManager()
@@ -337,7 +210,7 @@ void ModesTestCase::destroy()
     }
 }
 
-void ModesTestCase::destroyManagers()
+void ModesTestCase::destroyAll()
 {
     for (const QVVerifyStyle style : {QVVerifyStyleEmbed, QVVerifyStylePopup, QVVerifyStyleInvisible}) {
         m_mode = style;
@@ -368,14 +241,14 @@ QVWindow *ModesTestCase::popup()
     return nullptr;
 }
 
-qsizetype ModesTestCase::popupCount()
+qsizetype ModesTestCase::popupCount() const
 {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     return std::ranges::count_if(QApplication::allWidgets(),
                                  [](QWidget *widget) { return qobject_cast<QVWindow *>(widget); });
 }
 
-qsizetype ModesTestCase::badgeCount()
+qsizetype ModesTestCase::badgeCount() const
 {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     return std::ranges::count_if(QApplication::allWidgets(), [](QWidget *widget) {
@@ -406,7 +279,7 @@ void ModesTestCase::clickPart(const char *name) const
     QVPointerInput::click(*part(name), part(name)->rect().center());
 }
 
-bool ModesTestCase::waitForPicture()
+bool ModesTestCase::waitForPicture() const
 {
     return waitFor([] { return drawView() && drawView()->canInput().value_or(false); });
 }
@@ -425,11 +298,17 @@ void ModesTestCase::stroke() const
 void ModesTestCase::strokeAndVerify() const
 {
     stroke();
-    QVERIFY(waitFor([this] { return m_service->count(verify) > 0; }));
+    QVERIFY(waitFor([this] { return service().count(verify) > 0; }));
     settle();
 }
 
-void ModesTestCase::pressClose()
+void ModesTestCase::pressPicture() const
+{
+    QVPointerInput::press(*drawView(), QPoint(100, 100));
+    QVPointerInput::move(*drawView(), QPoint(130, 120));
+}
+
+void ModesTestCase::pressClose() const
 {
     auto *const button = popup()->findChild<QVCloseButton *>();
     QVPointerInput::click(*button, button->rect().center());

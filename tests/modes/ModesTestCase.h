@@ -1,66 +1,31 @@
 #pragma once
 
-#include "support/DrawService.h"
+#include "conversations/ConversationTestCase.h"
 #include "flow/QVVerifyStyle.h"
 #include "modes/Outcomes.h"
 #include "modes/QVClickButton.h"
 #include "modes/QVClickManager.h"
 #include "modes/QVEmbedManager.h"
 #include "modes/QVInvisibleManager.h"
-#include "support/QVTestCase.h"
 
 #include <QWidget>
 #include <QWindow>
 
-#include <map>
-
 class QVRenderDrawView;
 class QVWindow;
 
-/// Base of the tests of the modes. It owns a service with scripted answers, the window of a host, and the
-/// managers.
-class ModesTestCase : public QVTestCase
+/// Base of the tests of the modes. It owns the window of a host and the managers.
+class ModesTestCase : public ConversationTestCase
 {
     Q_OBJECT
 
 protected:
-    // Names of requests, see DrawService.
-    static inline const QString outageSwitch = q("switch");
-    static inline const QString config = q("config");
-    static inline const QString click = q("click");
-    static inline const QString picture = q("picture");
-    static inline const QString refresh = q("refresh");
-    static inline const QString verify = q("verify");
-    static inline const QString outageGet = q("outage get");
-
-    /// "a, b" as a list.
-    [[nodiscard]] static QStringList words(const QString &text);
-    [[nodiscard]] static QStringList words(const char *text) { return words(q(text)); }
-
     void prepare() override;
     void finish() override;
 
-    /// Carries out steps of a conversation, separated by commas. defineSteps() and defineHostSteps() define
-    /// them.
-    void go(const QString &steps);
-    void addStep(const char *name, const std::function<void(const QString &rest)> &action);
-    /// Sets the mode in which the steps act: "click", "invisible" or "embed".
-    void setMode(const QString &name);
-    [[nodiscard]] QVVerifyStyle mode() const { return m_mode; }
-
-    [[nodiscard]] DrawService &service() const { return *m_service; }
-    void answerCode(const QString &what, const QString &code);
-    void passByClick() { answerCode(click, q("0103")); }
+    void setMode(const QString &name) override;
     /// Prepares the answers after which the button stays in \a status.
     void answerForStatus(int status);
-    void delay(const QString &what, std::chrono::milliseconds by) { m_service->delay(what, by); }
-    /// The names of the requests since forgetAsked(), without those for pictures.
-    [[nodiscard]] QStringList asked() const { return m_service->asked().mid(m_forgotten); }
-    void forgetAsked() { m_forgotten = m_service->asked().size(); }
-    /// Runs the event loop until only delayed answers are under way.
-    void settle() const;
-    /// Moves virtual time on in small steps, with all traffic.
-    void pass(std::chrono::milliseconds duration) const;
 
     /// Created at the first call, with the button on the host.
     QVClickManager &clickManager();
@@ -80,15 +45,18 @@ protected:
             action(invisibleManager());
     }
     /// The signals and delegate calls of the managers.
-    [[nodiscard]] Outcomes &outcomes() const { return *m_outcomes; }
-    /// Starts an attempt in the current mode. A panel that is there already is reset.
-    void start();
+    [[nodiscard]] Outcomes &outcomes() override { return *m_outcomes; }
+    void start() override;
     /// Sets the current mode and starts.
     void start(QVVerifyStyle style);
-    void reset();
-    /// Destroys the manager of the current mode, and its button or panel.
-    void destroy();
-    void destroyManagers();
+    void reset() override;
+    void destroy() override;
+    void destroyAll() override;
+    void showBadge() override { invisibleManager().setAnimation(true); }
+    [[nodiscard]] bool hasDelegates() const override { return true; }
+    /// Only the delegate of invisible mode is called for failures.
+    void checkDelegates(const QStringList &expected) override;
+    [[nodiscard]] QString statusText() override { return clickManager().button()->statusText(); }
 
     [[nodiscard]] QWidget &host() const { return *m_host; }
     void replaceHost(std::unique_ptr<QWidget> host);
@@ -98,34 +66,27 @@ protected:
     /// The visible popup, on any window. Null if there is none.
     [[nodiscard]] static QVWindow *popup();
     /// The number of popups, with hidden ones.
-    [[nodiscard]] static qsizetype popupCount();
-    [[nodiscard]] static qsizetype badgeCount();
+    [[nodiscard]] qsizetype popupCount() const override;
+    [[nodiscard]] qsizetype badgeCount() const override;
     /// The drawing view of the popup. If there is no popup, that of the panel.
     [[nodiscard]] static QVRenderDrawView *drawView();
     /// A child of the drawing view by its object name. Null if there is no drawing view.
     [[nodiscard]] static QWidget *part(const char *name);
-    void clickPart(const char *name) const;
-    [[nodiscard]] static bool waitForPicture();
-    /// Draws a stroke that is long enough to be sent.
+    void clickPart(const char *name) const override;
+    [[nodiscard]] bool waitForPicture() const override;
     void strokeOn(QWidget &view) const;
-    void stroke() const;
+    void stroke() const override;
     void strokeAndVerify() const;
-    static void pressClose();
+    void pressPicture() const override;
+    void pressClose() const override;
+    void changeWindow(const QString &what) override;
 
 private:
     void defineSteps();
-    void defineHostSteps();
-    void setAnswer(const QString &what, const QString &answer);
-    void react(const QString &event);
-    void changeWindow(const QString &what);
     void showForeignHost();
     void changeHost();
 
     QVVerifyStyle m_mode = QVVerifyStylePopup;
-    std::map<QString, std::function<void(const QString &)>> m_steps;
-    /// Steps to carry out once, by the beginning of the outcome that triggers them.
-    std::map<QString, QString> m_reactions;
-    std::unique_ptr<DrawService> m_service;
     std::unique_ptr<QWidget> m_host;
     std::unique_ptr<QWidget> m_otherHost;
     /// A window that is no widget, like those of Qt Quick.
@@ -135,5 +96,4 @@ private:
     std::unique_ptr<QVClickManager> m_click;
     std::unique_ptr<QVInvisibleManager> m_invisible;
     std::unique_ptr<QVEmbedManager> m_embed;
-    qsizetype m_forgotten = 0;
 };

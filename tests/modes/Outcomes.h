@@ -5,17 +5,14 @@
 #include "modes/QVClickManagerDelegate.h"
 #include "modes/QVEmbedManagerDelegate.h"
 #include "modes/QVInvisibleDelegate.h"
-#include "support/QVText.h"
+#include "support/Record.h"
 
 #include <QMetaEnum>
 #include <QObject>
-#include <QRegularExpression>
-#include <QStringList>
-
-#include <functional>
 
 /// Records the signals of the host-facing objects, and as "(token)" the calls of their delegates.
-class Outcomes : public QVClickButtonDelegate,
+class Outcomes : public Record,
+                 public QVClickButtonDelegate,
                  public QVClickManagerDelegate,
                  public QVEmbedManagerDelegate,
                  public QVInvisibleDelegate
@@ -37,26 +34,8 @@ public:
             watchPanel(sender);
     }
 
-    /// The record, in order.
-    [[nodiscard]] const QStringList &said() const { return m_said; }
-    /// The part of the record that ends attempts.
-    [[nodiscard]] QStringList ends() const
-    {
-        static const QRegularExpression end(q("^(passed|failed|closed)"));
-        return m_said.filter(end);
-    }
-    void clear() { m_said.clear(); }
-    void add(const QString &text)
-    {
-        m_said.append(text);
-        if (heard)
-            heard(text);
-    }
     /// The number of delegate calls for failures.
     [[nodiscard]] int failuresTold() const { return m_failuresTold; }
-
-    /// Called with each entry after it was recorded.
-    std::function<void(const QString &)> heard;
 
     void clickButtonVerifyPassedWithToken(const QString &token) override { addToken(token); }
     void clickManagerVerifyPassedWithToken(const QString &token) override { addToken(token); }
@@ -86,6 +65,5 @@ private:
     void addToken(const QString &token) { add(q("(%1)").arg(token)); }
 
     QObject m_context;
-    QStringList m_said;
     int m_failuresTold = 0;
 };

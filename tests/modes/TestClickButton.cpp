@@ -1,3 +1,4 @@
+#include "conversations/Conversations.h"
 #include "modes/ModesTestCase.h"
 #include "popup/QVWindow.h"
 #include "support/QVPixels.h"
@@ -19,40 +20,22 @@ class TestClickButton : public ModesTestCase
 private Q_SLOTS:
     void takesInput_data()
     {
-        addColumns<QString, QString>({"steps", "said"});
+        Conversations::addInput();
         const auto row = [](const char *steps, const char *said) {
-            QTest::newRow(steps) << q(steps) << q(said);
+            Conversations::row(steps, "click", QByteArray("focus, ") + steps + ", wait 1", said);
         };
-        row("finger", "[1], [2]");
-        row("screen-reader", "[2]");
-        row("return", "[1], [2]");
-        row("press", "[1]");
+        row("hold switch 9000, screen-reader", "[2]");
         row("right-press", "");
-        row("press, out", "[1], [0]");
         row("press, lift-out", "[1], [0]");
-        row("press, lift", "[1], [2]");
-        row("press, out, in, lift", "[1], [0], [1], [2]");
-        row("press, hide, show, lift", "[1], [0]");
-        row("press, disable, enable, lift", "[1], [0]");
-        row("press, focus-elsewhere, lift", "[1], [0]");
         row("press, escape, lift", "[1], [0]");
-        row("lift", "");
-        row("space-down", "[1]");
-        row("space-down, space-up", "[1], [2]");
         row("space-down, escape, space-up", "[1], [0]");
-        row("space-up", "");
-        row("disable, press, lift", "");
-        row("disable, finger", "");
-        row("when [1]: reset, return", "[1], [0]");
-        row("when [1]: disable, return", "[1], [0]");
-        row("answer config 0101, start, wait 0, press, lift", "[2], [5], failed 101, [1], [2]");
         // Only the finger that pressed counts.
         row("two-fingers", "[1], [0]");
         // A busy button lets presses through to what lies below it, once no popup takes them.
         const char *const tries = "hide-popup, forget, return, space-down, space-up, start, press, lift, "
                                   "asked, reset, press";
-        const auto busy = [&](const char *steps, const char *said) {
-            QTest::newRow(steps) << q(steps) + q(", ") + q(tries) << q(said);
+        const auto busy = [&](const QByteArray &steps, const char *said) {
+            row(steps + ", " + tries, said);
         };
         busy("hold switch 9000, start, wait 0", "[2], below, asked, [0], closed HostReset, [1]");
         busy("outage, start, wait 100, press, lift",
@@ -60,22 +43,7 @@ private Q_SLOTS:
         busy("pass, start, wait 0", "[2], [4], below, asked, [0], [1]");
     }
 
-    void takesInput()
-    {
-        QFETCH(QString, steps);
-        QVClickButton &button = *clickManager().button();
-        QPushButton below(&host());
-        below.setGeometry(button.geometry());
-        below.show();
-        below.stackUnder(&button);
-        connect(&below, &QPushButton::pressed, this, [this] { outcomes().add(q("below")); });
-        button.setFocus();
-        defineInput(button);
-        defineKeys(button);
-        go(steps);
-        advance(0ms);
-        QTEST(outcomes().said().join(q(", ")), "said");
-    }
+    void takesInput() { converse(); }
 
     void fitsLongTexts()
     {
@@ -115,6 +83,25 @@ private Q_SLOTS:
     }
 
 private:
+    void prepare() override
+    {
+        ModesTestCase::prepare();
+        QVClickButton &button = *clickManager().button();
+        m_below = std::make_unique<QPushButton>(&host());
+        m_below->setGeometry(button.geometry());
+        m_below->show();
+        m_below->stackUnder(&button);
+        connect(m_below.get(), &QPushButton::pressed, this, [this] { outcomes().add(q("below")); });
+        defineInput(button);
+        defineKeys(button);
+    }
+
+    void finish() override
+    {
+        m_below.reset();
+        ModesTestCase::finish();
+    }
+
     void defineInput(QVClickButton &button)
     {
         const QPoint in(20, 20);
@@ -150,6 +137,7 @@ private:
 
     void defineKeys(QVClickButton &button)
     {
+        addStep("focus", [&](auto) { button.setFocus(); });
         addStep("return", [&](auto) { QTest::keyClick(&button, Qt::Key_Return); });
         addStep("space-down", [&](auto) { QTest::keyPress(&button, Qt::Key_Space); });
         addStep("space-up", [&](auto) { QTest::keyRelease(&button, Qt::Key_Space); });
@@ -161,6 +149,8 @@ private:
             QVERIFY(waitFor([&] { return button.clickStatus() == QVClickStatusVerifying; }));
         });
     }
+
+    std::unique_ptr<QPushButton> m_below;
 };
 
 QV_TEST(TestClickButton)

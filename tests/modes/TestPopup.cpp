@@ -165,7 +165,7 @@ private Q_SLOTS:
         QCOMPARE(host().children().constLast(), window);
         // Of two popups the later one stays on top, and neither fights for it.
         start(QVVerifyStylePopup);
-        QVERIFY(waitFor([] { return popupCount() == 2; }));
+        QVERIFY(waitFor([this] { return popupCount() == 2; }));
         late.raise();
         QVERIFY(host().children().constLast() != window);
         QVERIFY(host().children().constLast() != &late);

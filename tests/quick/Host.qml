@@ -38,10 +38,11 @@ Window {
                     onClosed: reason => root.log.say("closed " + root.reasons[reason])
                     onExpired: root.log.say("expired")
                     onFailed: error => root.log.say("failed " + error.code)
+                    onOutageStarted: root.log.say("outage")
                     onPassed: token => root.log.say("passed " + token)
                     onPopupFailed: error => root.log.say("in popup " + error.code)
                     onPopupOpened: root.log.say("popup")
-                    onStatusChanged: root.log.say("status " + status)
+                    onStatusChanged: root.log.say("[" + status + "]")
                 }
             }
         }
@@ -59,6 +60,7 @@ Window {
                     onClosed: reason => root.log.say("closed " + root.reasons[reason])
                     onExpired: root.log.say("expired")
                     onFailed: error => root.log.say("failed " + error.code)
+                    onOutageStarted: root.log.say("outage")
                     onPassed: token => root.log.say("passed " + token)
                     onPopupFailed: error => root.log.say("in popup " + error.code)
                     onPopupOpened: root.log.say("popup")
@@ -81,6 +83,7 @@ Window {
                     onAlternativeRequested: root.log.say("alternative")
                     onExpired: root.log.say("expired")
                     onFailed: error => root.log.say("failed " + error.code)
+                    onOutageStarted: root.log.say("outage")
                     onPassed: token => root.log.say("passed " + token)
                     onReady: root.log.say("ready")
                     onWrongAnswer: root.log.say("wrong")

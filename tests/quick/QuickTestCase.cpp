@@ -39,12 +39,8 @@ QQuickItem *find(QQuickItem *in, const QString &name)
 
 void QuickTestCase::prepare()
 {
-    m_service = std::make_unique<DrawService>();
-    m_service->extend(click, {{q("token"), q("click-token")}});
-    m_forgotten = 0;
-    m_log.said.clear();
-    m_log.reaction = {};
-    QVSDKManager::setPreferredLanguage(q("en"));
+    ConversationTestCase::prepare();
+    m_log.clear();
     // What slides or unfolds is in its place at once.
     QVSDKManager::setReducedMotion(true);
     qputenv("QT_QUICK_BACKEND", "software");
@@ -61,62 +57,68 @@ void QuickTestCase::prepare()
 
 void QuickTestCase::finish()
 {
-    m_log.reaction = {};
+    m_log.heard = {};
     m_window.reset();
-    settle();
+    ConversationTestCase::finish();
     m_engine.reset();
-    m_service.reset();
 }
 
-void QuickTestCase::settle() const
+QQuickItem *QuickTestCase::loader(const QString &part) const
 {
-    QVERIFY(waitFor([this] {
-        QCoreApplication::processEvents();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        return m_service->isQuiet();
-    }));
+    return m_window->findChild<QQuickItem *>(part + q("Loader"));
 }
 
-void QuickTestCase::pass(std::chrono::milliseconds duration) const
+QString QuickTestCase::partOfMode() const
 {
-    const auto stretch = std::max(50ms, duration / 10);
-    for (auto left = duration; left > 0ms; left -= stretch) {
-        settle();
-        advance(std::min(left, stretch));
-    }
-    settle();
+    return modeName() == click ? q("button") : modeName() == q("embed") ? q("panel") : modeName();
 }
 
-QQuickItem *QuickTestCase::loader(const QString &mode) const
+QObject *QuickTestCase::part(const QString &name)
 {
-    return m_window->findChild<QQuickItem *>(mode + q("Loader"));
-}
-
-QObject *QuickTestCase::part(const QString &mode)
-{
-    if (!loader(mode)->property("active").toBool()) {
-        loader(mode)->setProperty("active", true);
-        if (mode == q("panel"))
+    if (!loader(name)->property("active").toBool()) {
+        loader(name)->setProperty("active", true);
+        if (name == q("panel"))
             advance(100ms);
     }
-    return loader(mode)->findChild<QObject *>(mode);
+    return loader(name)->findChild<QObject *>(name);
 }
 
-void QuickTestCase::unload(const QString &mode)
+void QuickTestCase::unload(const QString &part)
 {
-    loader(mode)->setProperty("active", false);
+    loader(part)->setProperty("active", false);
 }
 
-void QuickTestCase::start(const QString &mode)
+void QuickTestCase::start(const QString &part)
 {
-    QObject *const made = part(mode);
-    if (mode != q("panel"))
-        QMetaObject::invokeMethod(made, mode == q("button") ? "clicked" : "start");
+    const bool isThere = loader(part)->property("active").toBool();
+    QObject *const made = this->part(part);
+    if (part != q("panel"))
+        QMetaObject::invokeMethod(made, part == q("button") ? "clicked" : "start");
+    else if (isThere)
+        reset(part);
 }
 
-void QuickTestCase::reset(const QString &mode)
+void QuickTestCase::reset(const QString &part)
 {
-    QMetaObject::invokeMethod(part(mode), "reset");
+    QMetaObject::invokeMethod(this->part(part), "reset");
+}
+
+void QuickTestCase::destroyAll()
+{
+    for (const char *part : {"button", "invisible", "panel"}) {
+        if (m_window)
+            unload(q(part));
+    }
+}
+
+void QuickTestCase::changeWindow(const QString &what)
+{
+    if (what == q("destroy"))
+        destroyWindow();
+    else if (what == q("close"))
+        m_window->close();
+    else
+        m_window->setVisible(what == q("show"));
 }
 
 QQuickItem *QuickTestCase::item(const QString &name) const
@@ -159,6 +161,12 @@ QuickTestCase::Points QuickTestCase::wave(int count) const
         points.push_back(
             inWindow(centre + QPointF((i - 0.5 * count) * step, qRound(20 * std::sin(i * 0.3)))));
     return points;
+}
+
+void QuickTestCase::pressPicture() const
+{
+    QTest::mousePress(m_window.get(), Qt::LeftButton, {}, wave().front().toPoint());
+    settle();
 }
 
 void QuickTestCase::strokeWithMouse(const Points &points) const

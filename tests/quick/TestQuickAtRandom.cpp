@@ -22,7 +22,7 @@ private Q_SLOTS:
         QFETCH(quint32, seed);
         m_random.seed(seed);
         // The host answers some signals by an action of its own.
-        log().reaction = [this](const QString &) {
+        outcomes().heard = [this](const QString &) {
             if (m_depth == 0 && any(3) == 0)
                 act();
         };
@@ -32,7 +32,7 @@ private Q_SLOTS:
             advance(1ms * any(300));
             QCoreApplication::processEvents();
         }
-        log().reaction = {};
+        outcomes().heard = {};
         pass(2000ms);
         QVERIFY(said().filter(q("closed")).size() + said().filter(q("passed")).size() <= m_starts);
     }

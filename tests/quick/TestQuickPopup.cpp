@@ -56,15 +56,15 @@ private Q_SLOTS:
         settle();
         QCOMPARE(asked(), QStringList());
         QVERIFY(!isOpen());
-        said().removeIf([](const QString &text) { return text.startsWith(q("status")); });
-        QCOMPARE(said().join(q(", ")), q("popup, closed User, popup, closed HostReset"));
+        const QString seen = said().join(q(", ")).remove(QRegularExpression(q("\\[.\\](, )?")));
+        QCOMPARE(seen, q("popup, closed User, popup, closed HostReset"));
     }
 
     void keepsInputFromTheHost()
     {
         open(q("invisible"));
         part(q("button"));
-        said().clear();
+        outcomes().clear();
         clickOn(q("button"));
         QCOMPARE(said(), QStringList());
         QVERIFY(isOpen());
@@ -76,24 +76,6 @@ private Q_SLOTS:
         }
         QVERIFY(!visited.contains(item(q("before"))) && !visited.contains(item(q("button"))));
         QVERIFY(visited.contains(item(q("picture"))) && visited.contains(item(q("closeButton"))));
-    }
-
-    void aStrokeGivesAToken_data()
-    {
-        const auto row = addColumns<QString>({"mode"});
-        row("button", q("button"));
-        row("invisible", q("invisible"));
-    }
-
-    void aStrokeGivesAToken()
-    {
-        QFETCH(QString, mode);
-        open(mode);
-        stroke();
-        QVERIFY(waitFor([this] { return service().count(verify) == 1; }));
-        pass(1600ms);
-        QCOMPARE(said().last(), q("passed main-token"));
-        QVERIFY(!isOpen());
     }
 
 private:
