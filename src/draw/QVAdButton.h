@@ -1,6 +1,6 @@
 #pragma once
 
-#include "views/QVPaintedText.h"
+#include "paint/QVPaintedText.h"
 #include "views/QVTouchButton.h"
 
 /// The advertisement in the picture's top left corner.

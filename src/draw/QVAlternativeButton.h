@@ -1,6 +1,6 @@
 #pragma once
 
-#include "views/QVPaintedText.h"
+#include "paint/QVPaintedText.h"
 #include "views/QVTouchButton.h"
 
 /// The text button below the picture, for users who cannot do what it asks.

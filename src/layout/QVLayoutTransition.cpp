@@ -1,6 +1,6 @@
 #include "layout/QVLayoutTransition.h"
 
-#include "layers/QVEasing.h"
+#include "paint/QVEasing.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
 #include "popup/QVViewController.h"
 
 #include "draw/QVRenderDrawView.h"
-#include "layers/QVEasing.h"
 #include "layers/QVValueAnimation.h"
+#include "paint/QVEasing.h"
 #include "popup/QVCloseButton.h"
 #include "popup/QVUnfoldEffect.h"
 #include "popup/QVWindow.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "layout/QVLayout.h"
-#include "views/QVPaintedText.h"
+#include "paint/QVPaintedText.h"
 #include "views/QVTouchButton.h"
 
 class QVActivitySpinner;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "views/QVPaintedText.h"
+#include "paint/QVPaintedText.h"
 
 #include <QLineEdit>
 

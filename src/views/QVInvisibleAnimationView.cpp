@@ -1,8 +1,8 @@
 #include "views/QVInvisibleAnimationView.h"
 
 #include "flow/QVInvisibleSurface.h"
-#include "layers/QVEasing.h"
 #include "layers/QVPathGeometry.h"
+#include "paint/QVEasing.h"
 #include "settings/QVBundleImage.h"
 #include "settings/QVLanguageNotice.h"
 #include "settings/QVLocalizationKeys.h"

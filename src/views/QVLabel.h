@@ -1,7 +1,7 @@
 #pragma once
 
+#include "paint/QVPaintedText.h"
 #include "settings/QVColors.h"
-#include "views/QVPaintedText.h"
 
 #include <QAccessible>
 #include <QWidget>

@@ -4,9 +4,9 @@
 #include "flow/QVRenderDrawImageViewDelegate.h"
 #include "layers/QVLayerHost.h"
 #include "layout/QVLayout.h"
+#include "paint/QVScaledPicture.h"
 #include "platform/QVTimer.h"
 #include "settings/QVColors.h"
-#include "views/QVScaledPicture.h"
 
 #include <QPointer>
 #include <QWidget>

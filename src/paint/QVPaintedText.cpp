@@ -1,12 +1,12 @@
-#include "views/QVPaintedText.h"
+#include "paint/QVPaintedText.h"
 
+#include "paint/QVScaledPicture.h"
+#include "paint/QVSmoothScaling.h"
 #include "settings/QVOneLine.h"
 #include "settings/QVSystemFont.h"
-#include "views/QVScaledPicture.h"
-#include "views/QVSmoothScaling.h"
 
-#include <QApplication>
 #include <QFontMetricsF>
+#include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
 #include <QRegularExpression>
@@ -18,6 +18,7 @@
 namespace {
 
 constexpr int smallestPixelSize = 12;
+constexpr int anyHeight = 1 << 24;
 constexpr qreal iconSide = 20;
 constexpr qreal iconBelowBaseline = 4;
 
@@ -69,7 +70,7 @@ void QVPaintedText::setText(const QString &text, const QPixmap &icon)
 
 QSize QVPaintedText::sizeFor(int width) const
 {
-    const Lines lines = fitted({width, QWIDGETSIZE_MAX});
+    const Lines lines = fitted({width, anyHeight});
     const QFontMetricsF metrics(lines.font);
     const int wanted = qCeil(widest(lines.texts, metrics) + iconSpace(lines.font));
     return {lines.isElided ? width : std::min(width, wanted),
@@ -78,7 +79,7 @@ QSize QVPaintedText::sizeFor(int width) const
 
 int QVPaintedText::extraHeightFor(int width) const
 {
-    const Lines lines = fitted({width, QWIDGETSIZE_MAX});
+    const Lines lines = fitted({width, anyHeight});
     return qCeil(extraHeight(lines.texts, QFontMetricsF(lines.font)));
 }
 
@@ -93,7 +94,7 @@ void QVPaintedText::paint(QPainter &painter, const QRect &room, const QColor &co
         return;
     // The painter's ratio, not the device's: a widget that is rendered elsewhere reports that of its screen.
     const qreal ratio = std::clamp(painter.deviceTransform().m11(), 1.0, QVScaledPicture::largestRatio);
-    const Key key{room.size(), ratio, color, QApplication::font()};
+    const Key key{room.size(), ratio, color, QGuiApplication::font()};
     if (key != m_key) {
         m_picture = picture(key);
         m_key = key;

@@ -1,6 +1,6 @@
-#include "views/QVScaledPicture.h"
+#include "paint/QVScaledPicture.h"
 
-#include "views/QVSmoothScaling.h"
+#include "paint/QVSmoothScaling.h"
 
 #include <QPainter>
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/QuarvoCoreExport.h"
+
 #include <QImage>
 #include <QPixmap>
 
@@ -7,7 +9,7 @@ class QPainter;
 
 /// A picture stretched to the size of a widget. The stretched version is kept, in device pixels, so that
 /// repainting a small part only copies it.
-class QVScaledPicture
+class QUARVO_CORE_EXPORT QVScaledPicture
 {
 public:
     /// The largest pixel ratio. Limits the memory if a host zooms into a graphics scene with the widget.

@@ -1,4 +1,4 @@
-#include "views/QVSmoothScaling.h"
+#include "paint/QVSmoothScaling.h"
 
 #include <algorithm>
 #include <cstring>

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/QuarvoCoreExport.h"
+
 #include <QFont>
 #include <QPixmap>
 #include <QStringList>
@@ -22,7 +24,7 @@ struct QVTextStyle
 /// A text with an optional icon before it, in the application's font. It is rendered again only when its
 /// size, pixel ratio, colour or font changes; otherwise painting copies a picture. The text may come from the
 /// network, and is always plain text.
-class QVPaintedText final
+class QUARVO_CORE_EXPORT QVPaintedText final
 {
 public:
     explicit QVPaintedText(const QVTextStyle &style)
