@@ -5,9 +5,9 @@
 #include "settings/QVOneLine.h"
 #include "settings/QVSystemFont.h"
 
+#include <QFontInfo>
 #include <QFontMetricsF>
 #include <QGuiApplication>
-#include <QImage>
 #include <QPainter>
 #include <QRegularExpression>
 #include <QTextLayout>
@@ -44,6 +44,16 @@ double extraHeight(const QStringList &lines, const QFontMetricsF &metrics)
     return metrics.lineSpacing() * double(std::max<qsizetype>(lines.size(), 1) - 1);
 }
 
+QFont fontFor(const QVTextStyle &style)
+{
+    QFont font = style.font.resolveMask() ? style.font : qv_systemFont(style.pixelSize);
+    // A host may have given its size in points.
+    font.setPixelSize(QFontInfo(font).pixelSize());
+    if (style.isItalic)
+        font.setItalic(true);
+    return font;
+}
+
 /// A blurred picture of the shape, in translucent black.
 QImage shadowOf(const QImage &shape)
 {
@@ -60,7 +70,7 @@ QImage shadowOf(const QImage &shape)
 
 } // namespace
 
-void QVPaintedText::setText(const QString &text, const QPixmap &icon)
+void QVPaintedText::setText(const QString &text, const QImage &icon)
 {
     m_text = text;
     m_line = qv_oneLine(text);
@@ -99,13 +109,12 @@ void QVPaintedText::paint(QPainter &painter, const QRect &room, const QColor &co
         m_picture = picture(key);
         m_key = key;
     }
-    painter.drawPixmap(room.topLeft(), m_picture);
+    painter.drawImage(room.topLeft(), m_picture);
 }
 
 QVPaintedText::Lines QVPaintedText::fitted(QSize room) const
 {
-    QFont font = qv_systemFont(m_style.pixelSize);
-    font.setItalic(m_style.isItalic);
+    QFont font = fontFor(m_style);
     for (;; font.setPixelSize(font.pixelSize() - 1)) {
         Lines lines = broken(font, room);
         if (!lines.isElided || font.pixelSize() <= smallestPixelSize)
@@ -173,7 +182,7 @@ qreal QVPaintedText::iconSpace(const QFont &font) const
     return m_line.isEmpty() ? iconSide : iconSide + QFontMetricsF(font).horizontalAdvance(u' ');
 }
 
-QPixmap QVPaintedText::picture(const Key &key) const
+QImage QVPaintedText::picture(const Key &key) const
 {
     QImage ink((QSizeF(key.size) * key.ratio).toSize(), QImage::Format_ARGB32_Premultiplied);
     ink.setDevicePixelRatio(key.ratio);
@@ -189,7 +198,7 @@ QPixmap QVPaintedText::picture(const Key &key) const
         painter.drawImage(QRectF(QPointF(0, 1), QSizeF(key.size)), shadow);
     }
     painter.end();
-    return QPixmap::fromImage(ink);
+    return ink;
 }
 
 void QVPaintedText::draw(QPainter &painter, QSize room) const
@@ -211,8 +220,8 @@ void QVPaintedText::draw(QPainter &painter, QSize room) const
     const double left = aligned(room.width() - width - space);
     double baseline = std::round((room.height() - ascent - descent - extra) / 2 + ascent);
     if (hasIcon) {
-        painter.drawPixmap(QRectF(left, baseline + iconBelowBaseline - iconSide, iconSide, iconSide), m_icon,
-                           QRectF(m_icon.rect()));
+        painter.drawImage(QRectF(left, baseline + iconBelowBaseline - iconSide, iconSide, iconSide), m_icon,
+                          QRectF(m_icon.rect()));
     }
     painter.setFont(lines.font);
     // The direction follows the text, not the application: the two may have different languages.

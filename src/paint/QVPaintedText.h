@@ -3,7 +3,7 @@
 #include "platform/QuarvoCoreExport.h"
 
 #include <QFont>
-#include <QPixmap>
+#include <QImage>
 #include <QStringList>
 
 class QPainter;
@@ -19,9 +19,11 @@ struct QVTextStyle
     /// A soft shadow, for white text on a coloured background.
     bool hasShadow = false;
     bool isItalic = false;
+    /// Instead of the application's font at that size, where anything of it is set.
+    QFont font{};
 };
 
-/// A text with an optional icon before it, in the application's font. It is rendered again only when its
+/// A text with an optional icon before it. It is rendered again only when its
 /// size, pixel ratio, colour or font changes; otherwise painting copies a picture. The text may come from the
 /// network, and is always plain text.
 class QUARVO_CORE_EXPORT QVPaintedText final
@@ -33,7 +35,7 @@ public:
     }
 
     [[nodiscard]] const QString &text() const { return m_text; }
-    void setText(const QString &text, const QPixmap &icon = {});
+    void setText(const QString &text, const QImage &icon = {});
 
     /// The size that the text needs if it may be at most \a width wide.
     [[nodiscard]] QSize sizeFor(int width) const;
@@ -64,13 +66,13 @@ private:
     [[nodiscard]] Lines broken(const QFont &font, QSize room) const;
     [[nodiscard]] Lines broken(const QFont &font, QSize room, double width) const;
     [[nodiscard]] qreal iconSpace(const QFont &font) const;
-    [[nodiscard]] QPixmap picture(const Key &key) const;
+    [[nodiscard]] QImage picture(const Key &key) const;
     void draw(QPainter &painter, QSize room) const;
 
     QVTextStyle m_style;
     QString m_text;
     QString m_line;
-    QPixmap m_icon;
-    QPixmap m_picture;
+    QImage m_icon;
+    QImage m_picture;
     Key m_key;
 };

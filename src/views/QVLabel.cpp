@@ -18,7 +18,7 @@ QVLabel::QVLabel(const QVTextStyle &style, QVColors::Source source, QAccessible:
 
 void QVLabel::setText(const QString &text, const QPixmap &icon)
 {
-    m_text.setText(text, icon);
+    m_text.setText(text, icon.toImage());
     setAccessibleName(qv_oneLine(text).trimmed());
     updateGeometry();
     update();
