@@ -1,5 +1,6 @@
 #pragma once
 
+#include "paint/QVEasing.h"
 #include "settings/QVColors.h"
 #include "settings/QVSystemFont.h"
 
@@ -50,6 +51,10 @@ class QVQuickLook : public QObject
     Q_PROPERTY(QColor successBar READ successBar CONSTANT)
     Q_PROPERTY(QColor hoverTint READ hoverTint CONSTANT)
     Q_PROPERTY(QColor discHoverTint READ discHoverTint CONSTANT)
+    Q_PROPERTY(QEasingCurve easeIn READ easeIn CONSTANT)
+    Q_PROPERTY(QEasingCurve easeOut READ easeOut CONSTANT)
+    Q_PROPERTY(QEasingCurve easeInEaseOut READ easeInEaseOut CONSTANT)
+    Q_PROPERTY(QEasingCurve usualEasing READ usualEasing CONSTANT)
     /// How much larger than usual the platform shows text, from 1 to 2.
     Q_PROPERTY(double textScale READ textScale NOTIFY changed)
     Q_PROPERTY(bool isMotionReduced READ isMotionReduced NOTIFY changed)
@@ -78,6 +83,10 @@ public:
     [[nodiscard]] static QColor successBar() { return QVColors::successBar; }
     [[nodiscard]] static QColor hoverTint() { return QVColors::hoverTint; }
     [[nodiscard]] static QColor discHoverTint() { return QVColors::discHoverTint; }
+    [[nodiscard]] static QEasingCurve easeIn() { return QVEasing::easeIn(); }
+    [[nodiscard]] static QEasingCurve easeOut() { return QVEasing::easeOut(); }
+    [[nodiscard]] static QEasingCurve easeInEaseOut() { return QVEasing::easeInEaseOut(); }
+    [[nodiscard]] static QEasingCurve usualEasing() { return QVEasing::usual(); }
     [[nodiscard]] static double textScale() { return qv_textScale(); }
     [[nodiscard]] static bool isMotionReduced();
     [[nodiscard]] int language() const { return m_language; }

@@ -1,6 +1,7 @@
 #include "quick/QVQuickMark.h"
 
 #include <QPainter>
+#include <QPainterPath>
 
 #include <algorithm>
 #include <span>
@@ -34,13 +35,33 @@ QVQuickMark::QVQuickMark(QQuickItem *parent)
     connect(this, &QVQuickMark::shapeChanged, this, [this] { update(); });
 }
 
+void QVQuickMark::paintBox(QPainter &painter) const
+{
+    const double half = m_lineWidth / 2;
+    painter.setBrush(m_fill);
+    painter.drawRoundedRect(boundingRect().adjusted(half, half, -half, -half), m_cornerRadius,
+                            m_cornerRadius);
+}
+
+void QVQuickMark::fillRing(QPainter &painter) const
+{
+    QPainterPath item;
+    item.addRoundedRect(boundingRect(), m_cornerRadius, m_cornerRadius);
+    QPainterPath disc;
+    disc.addEllipse(boundingRect().center() + m_offset, m_radius, m_radius);
+    painter.fillPath(disc & item, m_fill);
+}
+
 void QVQuickMark::paint(QPainter *painter)
 {
-    const QPointF centre = QRectF(0, 0, width(), height()).center();
     const Qt::PenCapStyle cap = m_kind == Ring ? Qt::FlatCap : Qt::RoundCap;
     painter->setRenderHint(QPainter::Antialiasing);
     painter->setPen(QPen(m_color, m_lineWidth, Qt::SolidLine, cap, Qt::RoundJoin));
-    painter->translate(centre);
+    if (m_kind == Box)
+        return paintBox(*painter);
+    if (m_fill.alpha() > 0)
+        fillRing(*painter);
+    painter->translate(boundingRect().center() + m_offset);
     if (m_kind != Ring) {
         constexpr double turn = -45;
         painter->rotate(turn);
@@ -48,6 +69,8 @@ void QVQuickMark::paint(QPainter *painter)
                  m_strokeEnd);
         return;
     }
+    if (m_lineWidth <= 0)
+        return;
     constexpr double whole = 16 * 360;
     constexpr int top = 16 * 90;
     const QRectF circle(-m_radius, -m_radius, 2 * m_radius, 2 * m_radius);

@@ -17,7 +17,7 @@ T.AbstractButton {
     rightPadding: 5
     text: QuarvoLook.oneLine(root.word)
     visible: root.word !== ""
-    width: label.width + 10
+    width: label.implicitWidth + 10
 
     background: Rectangle {
         color: QuarvoLook.badge
@@ -27,15 +27,12 @@ T.AbstractButton {
             color: root.hovered ? QuarvoLook.hoverTint : "transparent"
         }
     }
-    contentItem: Item {
-        Line {
-            id: label
+    contentItem: QuarvoText {
+        id: label
 
-            color: "white"
-            height: parent.height
-            text: root.text
-            width: Math.min(implicitWidth, 115)
-        }
+        pixelSize: 12
+        text: root.word
+        widest: 115
     }
 
     Keys.onEnterPressed: root.clicked()

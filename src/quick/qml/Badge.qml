@@ -6,7 +6,7 @@ Item {
     id: root
 
     property bool passed
-    readonly property real openLength: root.width / 2 + label.implicitWidth + 10.5
+    readonly property real openLength: root.width / 2 + label.implicitWidth + 10
 
     Accessible.name: QuarvoLook.text(root.passed ? "clickPass" : "inVerify", QuarvoLook.language)
     Accessible.role: Accessible.AlertMessage
@@ -18,7 +18,7 @@ Item {
     z: 1000000
 
     onPassedChanged: {
-        arc.rotation = 0;
+        arc.rotation = 90;
         QuarvoLook.announce(root, Accessible.name);
         if (!QuarvoLook.isMotionReduced)
             pass.start();
@@ -29,7 +29,7 @@ Item {
 
         NumberAnimation {
             duration: 500
-            easing.type: Easing.OutQuad
+            easing: QuarvoLook.easeOut
             from: 0
             property: "openPart"
             target: strip
@@ -49,7 +49,7 @@ Item {
             ParallelAnimation {
                 NumberAnimation {
                     duration: 250
-                    easing.type: Easing.OutQuad
+                    easing: QuarvoLook.easeOut
                     from: 0
                     property: "growth"
                     target: halo
@@ -57,7 +57,7 @@ Item {
                 }
                 NumberAnimation {
                     duration: 250
-                    easing.type: Easing.InQuad
+                    easing: QuarvoLook.easeIn
                     from: 0.5
                     property: "opacity"
                     target: halo
@@ -79,16 +79,15 @@ Item {
         x: root.width / 2 - 30
         y: root.height / 2 - 30
 
-        Text {
+        QuarvoText {
             id: label
 
             anchors.verticalCenter: parent.verticalCenter
-            color: "white"
             font.pixelSize: 20
+            hasShadow: true
             text: "PASS"
-            textFormat: Text.PlainText
-            visible: strip.openPart > 0.3
-            x: 30 + root.openLength * strip.openPart - implicitWidth + 5
+            // From the middle of the ring, which hides it at first.
+            x: 30 - implicitWidth / 2 + (root.openLength - implicitWidth / 2 + 5) * strip.openPart
         }
     }
     Rectangle {
@@ -97,20 +96,21 @@ Item {
         property real growth
 
         anchors.fill: parent
-        anchors.margins: -growth
+        anchors.margins: -growth - 1
         border.color: "white"
         border.width: 2
         color: "transparent"
         opacity: 0
         radius: width / 2
     }
-    Rectangle {
+    QuarvoMark {
         anchors.fill: parent
         anchors.margins: -3
-        border.color: "#a9e6fa"
-        border.width: 6
-        color: "white"
-        radius: width / 2
+        color: "#a9e6fa"
+        fill: "white"
+        // Behind the smooth edge of the filled ring one of the same width would shine through.
+        lineWidth: root.passed ? 5 : 6
+        radius: 40
     }
     QuarvoMark {
         id: arc
@@ -127,10 +127,10 @@ Item {
 
         RotationAnimation on rotation {
             duration: 1000
-            from: 0
+            from: 90
             loops: Animation.Infinite
             running: !root.passed && root.visible && !QuarvoLook.isMotionReduced
-            to: 360
+            to: 450
         }
     }
     QuarvoPicture {

@@ -12,30 +12,31 @@ T.AbstractButton {
     property color textColor: "white"
     // What the strip for characters covers of the picture.
     property real covered
-    readonly property real usualHeight: Math.round(30 * QuarvoLook.textScale)
-    // Beside the two icons.
-    readonly property real labelWidth: root.width - 44 - (root.takesInput ? 26 : 0)
+    readonly property int usualHeight: Math.round(30 * QuarvoLook.textScale)
     readonly property bool takesInput: root.bar.isShown && root.bar.acceptsTouches
+    // How much of it has slid in.
+    property real part: root.bar.isShown ? 1 : 0
 
     Accessible.ignored: !root.bar.isShown
     Accessible.name: root.text
     Accessible.role: root.takesInput ? Accessible.Button : Accessible.AlertMessage
     enabled: root.takesInput
     focusPolicy: root.takesInput ? Qt.TabFocus : Qt.NoFocus
-    height: Math.max(root.usualHeight + Math.max(0, measure.lineCount - 1) * measure.font.pixelSize * 1.2, root.covered + root.usualHeight * 2 / 3)
+    // One line of text is seen above the strip.
+    height: Math.max(root.usualHeight + label.extraHeight, root.covered + Math.floor(root.usualHeight * 2 / 3))
     hoverEnabled: true
     text: QuarvoLook.oneLine(root.bar.text)
-    visible: root.bar.isShown || y < parent.height
+    visible: root.bar.isShown || root.part > 0
     width: parent.width
-    y: parent.height - (root.bar.isShown ? root.height : 0)
+    y: parent.height - Math.round(root.part * root.height)
     z: root.bar.order
 
-    Behavior on y {
+    Behavior on part {
         enabled: !QuarvoLook.isMotionReduced
 
         NumberAnimation {
             duration: 200
-            easing.type: Easing.InOutQuad
+            easing: QuarvoLook.easeInEaseOut
         }
     }
 
@@ -49,54 +50,35 @@ T.AbstractButton {
         }
     }
     contentItem: Item {
-        Row {
-            anchors.horizontalCenter: parent.horizontalCenter
+        QuarvoText {
+            id: label
+
+            color: root.textColor
+            hasShadow: root.textColor === Qt.color("white")
             height: parent.height - root.covered
-            spacing: 4
-
-            QuarvoPicture {
-                anchors.verticalCenter: parent.verticalCenter
-                height: 20
-                name: root.picture
-                width: 20
-            }
-            Line {
-                id: label
-
-                color: root.textColor
-                hasShadow: root.textColor === Qt.color("white")
-                height: parent.height
-                horizontalAlignment: Text.AlignLeft
-                mostLines: 2
-                text: root.text
-                width: Math.min(implicitWidth, root.labelWidth)
-            }
+            mostLines: 2
+            picture: root.picture
+            pixelSize: 14
+            text: root.bar.text
+            widest: width
+            width: retry.visible ? retry.x - 20 : root.width - 20
+            x: 10
         }
         QuarvoPicture {
-            anchors.right: parent.right
-            anchors.rightMargin: 10
-            anchors.verticalCenter: parent.verticalCenter
-            anchors.verticalCenterOffset: -root.covered / 2
+            id: retry
+
             height: 16
             name: "qv_draw_retry"
             visible: root.bar.acceptsTouches
             width: 16
+            x: root.width - width - 10
+            y: Math.floor((label.height - height) / 2)
         }
     }
 
     Keys.onEnterPressed: root.clicked()
     Keys.onReturnPressed: root.clicked()
 
-    Line {
-        id: measure
-
-        // Has no height that the number of lines could follow.
-        fontSizeMode: Text.FixedSize
-        mostLines: 2
-        text: root.text
-        visible: false
-        width: root.labelWidth
-    }
     Connections {
         target: root.bar
 

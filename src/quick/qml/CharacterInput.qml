@@ -20,16 +20,18 @@ Rectangle {
 
     color: QuarvoLook.strip
 
-    Rectangle {
+    QuarvoMark {
         anchors.left: parent.left
         anchors.leftMargin: 10
         anchors.right: parent.right
         anchors.rightMargin: 160
         anchors.verticalCenter: parent.verticalCenter
-        border.color: field.activeFocus ? QuarvoLook.accent : QuarvoLook.fieldBorder
-        border.width: 1
-        color: QuarvoLook.field
+        color: field.activeFocus ? QuarvoLook.accent : QuarvoLook.fieldBorder
+        cornerRadius: 3
+        fill: QuarvoLook.field
         height: 30
+        kind: QuarvoMark.Box
+        lineWidth: field.activeFocus ? 2 : 0.5
 
         T.TextField {
             id: field
@@ -44,7 +46,9 @@ Rectangle {
             font.family: QuarvoLook.font(15, QuarvoLook.textScale).family
             font.pixelSize: Math.min(22, Math.round(15 * QuarvoLook.textScale))
             inputMethodHints: Qt.ImhNoPredictiveText | Qt.ImhNoAutoUppercase
+            leftPadding: 2
             objectName: "characterField"
+            rightPadding: 2
             selectByMouse: true
             selectedTextColor: "white"
             selectionColor: QuarvoLook.accent
@@ -55,11 +59,13 @@ Rectangle {
             Keys.onEnterPressed: field.focus = false
             Keys.onReturnPressed: field.focus = false
 
-            Line {
+            QuarvoText {
+                alignment: Qt.AlignLeft
                 anchors.fill: parent
                 anchors.leftMargin: 2
+                anchors.rightMargin: 2
                 color: QuarvoLook.placeholder
-                horizontalAlignment: Text.AlignLeft
+                pixelSize: 14
                 text: QuarvoLook.text("characterCaptchaHolder", QuarvoLook.language)
                 visible: field.text === "" && field.preeditText === ""
             }

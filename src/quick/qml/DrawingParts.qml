@@ -10,17 +10,22 @@ QuarvoSurface {
     // How wide the content is, in which the picture lies.
     property real contentWidth
     readonly property real alternativeHeight: root.offersAlternative ? 30 : 0
-    readonly property real contentHeight: root.contentWidth * root.contentAspect
+    readonly property real contentHeight: Math.round(root.contentWidth * root.contentAspect)
     readonly property real contentAspect: root.isCharVerify ? 0.675 : 0.575
 
     keyTarget: picture
     picture: picture
     stroke: stroke
 
+    // The parts of the picture and what is drawn on it lie alike in every language.
+    LayoutMirroring.childrenInherit: true
+    LayoutMirroring.enabled: false
     onIsDrawingEnabledChanged: picture.takeTabs()
     onPictureExpired: QuarvoLook.announce(picture, QuarvoLook.text("accessibleExpired", QuarvoLook.language))
 
-    Line {
+    QuarvoText {
+        Accessible.name: root.caption
+        Accessible.role: Accessible.StaticText
         anchors.bottom: content.top
         anchors.bottomMargin: 10
         anchors.horizontalCenter: content.horizontalCenter
@@ -29,14 +34,16 @@ QuarvoSurface {
         pixelSize: 17
         text: root.caption
         visible: root.caption !== ""
-        width: Math.min(implicitWidth, root.width - 20)
+        // Beside it are the popup's close button and a gap.
+        widest: Math.max(0, Math.min(root.contentWidth - 80, root.width - 20))
     }
     Item {
         id: content
 
         anchors.horizontalCenter: parent.horizontalCenter
         anchors.verticalCenter: parent.verticalCenter
-        anchors.verticalCenterOffset: root.isEmbedded ? -root.alternativeHeight / 2 : 0
+        // In a popup the button takes of the room below, but leaves the support label its own.
+        anchors.verticalCenterOffset: -root.alternativeHeight / (root.isEmbedded ? 2 : 4)
         height: root.contentHeight
         width: root.contentWidth
 
@@ -45,7 +52,7 @@ QuarvoSurface {
 
             NumberAnimation {
                 duration: 200
-                easing.type: Easing.InOutQuad
+                easing: QuarvoLook.easeInEaseOut
             }
         }
 
@@ -61,7 +68,7 @@ QuarvoSurface {
 
             clip: true
             color: QuarvoLook.picture
-            height: width * 0.575
+            height: Math.round(width * 0.575)
             width: parent.width
 
             QuarvoPicture {
@@ -118,26 +125,17 @@ QuarvoSurface {
                 visible: root.isOutage
                 width: outageText.implicitWidth + 10
 
-                Line {
+                QuarvoText {
                     id: outageText
 
-                    anchors.centerIn: parent
-                    color: "white"
-                    font.italic: true
-                    font.pixelSize: QuarvoLook.font(12, QuarvoLook.textScale).pixelSize
+                    Accessible.name: text
+                    Accessible.role: Accessible.StaticText
+                    anchors.fill: parent
+                    isItalic: true
+                    pixelSize: 12
                     text: QuarvoLook.text("outage", QuarvoLook.language)
+                    widest: 125
                 }
-            }
-            AdButton {
-                objectName: "adButton"
-                word: root.adWord
-
-                onClicked: root.openAdvertisement()
-            }
-            FocusRing {
-                control: picture
-                // Above the bars, whose order counts up.
-                z: 1e9
             }
         }
         CharacterInput {
@@ -191,6 +189,16 @@ QuarvoSurface {
 
             onClicked: root.help()
         }
+        AdButton {
+            objectName: "adButton"
+            word: root.adWord
+
+            onClicked: root.openAdvertisement()
+        }
+        FocusRing {
+            anchors.fill: ground
+            control: picture
+        }
     }
     Rectangle {
         anchors.horizontalCenter: content.horizontalCenter
@@ -203,7 +211,10 @@ QuarvoSurface {
         StripButton {
             anchors.fill: parent
             enabled: !root.success.isShown
+            leftPadding: 10
             objectName: "alternativeButton"
+            pixelSize: 13
+            rightPadding: 10
             textKey: "alternative"
 
             onClicked: root.alternativeRequested()

@@ -8,7 +8,6 @@ T.AbstractButton {
 
     property string picture
     property string textKey
-    property color ground: "transparent"
     property real inset: 5
 
     Accessible.name: QuarvoLook.text(root.textKey, QuarvoLook.language)
@@ -18,18 +17,6 @@ T.AbstractButton {
     opacity: root.down ? 0.8 : 1
     padding: root.inset
 
-    background: Rectangle {
-        color: root.ground
-        radius: width / 2
-
-        Rectangle {
-            anchors.fill: parent
-            anchors.margins: root.ground.a > 0 ? 0 : root.inset
-            color: root.ground.a > 0 ? QuarvoLook.hoverTint : QuarvoLook.discHoverTint
-            radius: width / 2
-            visible: root.hovered
-        }
-    }
     contentItem: QuarvoPicture {
         name: root.picture
     }
@@ -40,8 +27,17 @@ T.AbstractButton {
     HoverHandler {
         cursorShape: Qt.PointingHandCursor
     }
+    Rectangle {
+        anchors.fill: parent
+        anchors.margins: root.inset
+        color: QuarvoLook.discHoverTint
+        radius: width / 2
+        visible: root.hovered && !root.background
+        // Over the picture.
+        z: 1
+    }
     FocusRing {
         control: root
-        isByKeyboard: root.visualFocus
+        isByKeyboard: root.visualFocus && !root.background
     }
 }

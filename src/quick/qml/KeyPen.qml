@@ -16,31 +16,30 @@ Item {
             QuarvoLook.announce(mark, mark.Accessible.name);
     }
 
-    Rectangle {
+    Item {
         id: mark
 
         Accessible.ignored: !root.isSteered
         Accessible.name: QuarvoLook.text(root.surface.isPenDown ? "accessiblePenDown" : "accessiblePenUp", QuarvoLook.language)
         Accessible.role: Accessible.AlertMessage
-        // Light within dark is seen on any picture.
-        border.color: "black"
-        border.width: 5
-        color: root.surface.isPenDown ? QuarvoLook.accent : "transparent"
-        height: 18
+        height: 21
         objectName: "keyPen"
-        radius: 9
         visible: root.isSteered
-        width: 18
-        x: Math.round(root.surface.pen.x) - 9
-        y: Math.round(root.surface.pen.y) - 9
+        width: 21
+        x: Math.floor(root.surface.pen.x) - 10
+        y: Math.floor(root.surface.pen.y) - 10
 
-        Rectangle {
+        // Light within dark is seen on any picture.
+        QuarvoMark {
             anchors.fill: parent
-            anchors.margins: 1.5
-            border.color: "white"
-            border.width: 2
-            color: "transparent"
-            radius: width / 2
+            color: "black"
+            lineWidth: 5
+            radius: 6.5
+        }
+        QuarvoMark {
+            anchors.fill: parent
+            fill: root.surface.isPenDown ? QuarvoLook.accent : "transparent"
+            radius: 6.5
         }
     }
     Rectangle {
@@ -53,15 +52,14 @@ Item {
         // Below the pen, and above a bar.
         y: root.pictureArea.y + 0.7 * root.pictureArea.height - height / 2
 
-        Line {
+        QuarvoText {
             id: hint
 
             anchors.centerIn: parent
-            color: "white"
             mostLines: 4
             pixelSize: 13
             text: QuarvoLook.text("accessiblePen", QuarvoLook.language)
-            width: Math.min(implicitWidth, root.pictureArea.width - 60)
+            widest: root.pictureArea.width - 60
         }
     }
     Connections {

@@ -17,8 +17,10 @@ T.Popup {
     function display(): void {
         open();
         root.contentItem.forceActiveFocus(Qt.PopupFocusReason);
-        if (!QuarvoLook.isMotionReduced)
+        if (!QuarvoLook.isMotionReduced) {
+            dimming.restart();
             unfold.restart();
+        }
     }
 
     closePolicy: T.Popup.NoAutoClose
@@ -40,9 +42,10 @@ T.Popup {
 
     background: Item {
         Rectangle {
+            id: dim
+
             anchors.fill: parent
             color: "#66000000"
-            visible: root.isCard
         }
         Rectangle {
             color: QuarvoLook.surface
@@ -91,7 +94,8 @@ T.Popup {
             }
         }
         IconButton {
-            ground: "black"
+            id: closeButton
+
             height: 32
             inset: 9
             objectName: "closeButton"
@@ -101,23 +105,49 @@ T.Popup {
             x: root.screen.x + root.screen.width - width
             y: root.screen.y
 
+            background: Rectangle {
+                color: closeButton.hovered ? "#3c3c44" : "black"
+                radius: 16
+
+                Rectangle {
+                    anchors.fill: parent
+                    anchors.margins: 2
+                    border.color: "white"
+                    border.width: 2
+                    color: "transparent"
+                    radius: 14
+                    visible: closeButton.visualFocus
+                }
+            }
+
             onClicked: parts.closeRequested()
         }
-        Line {
+        QuarvoText {
+            Accessible.name: text
+            Accessible.role: Accessible.StaticText
+            alignment: Qt.AlignRight
             color: QuarvoLook.supportText
-            horizontalAlignment: Text.AlignRight
             objectName: "supportLabel"
             pixelSize: 12
             text: QuarvoLook.text("support", QuarvoLook.language)
-            width: Math.min(implicitWidth, root.screen.width - 20)
+            widest: root.screen.width - 20
             x: root.screen.x + root.screen.width - 10 - width
             y: root.screen.y + root.screen.height - 5 - height
+        }
+        NumberAnimation {
+            id: dimming
+
+            duration: 150
+            from: 0
+            property: "opacity"
+            target: dim
+            to: 1
         }
         NumberAnimation {
             id: unfold
 
             duration: 250
-            easing.type: Easing.InOutQuad
+            easing: QuarvoLook.usualEasing
             from: 0
             property: "yScale"
             target: fold

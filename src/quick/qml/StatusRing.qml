@@ -13,8 +13,13 @@ Item {
         arc.rotation = 0;
         arc.start = root.status === VerifyStatus.Verifying ? Math.floor(Math.random() * 8) / 10 : 0;
         reveal.stop();
-        if (root.status === VerifyStatus.Drawing || root.isEnd)
-            reveal.start();
+        reveal.part = 1;
+        // The binding of isEnd may not have followed yet.
+        const ends = root.status === VerifyStatus.Passed || root.status === VerifyStatus.Failed;
+        if (QuarvoLook.isMotionReduced || !(ends || root.status === VerifyStatus.Drawing))
+            return;
+        reveal.duration = ends ? 500 : 1000;
+        reveal.start();
     }
 
     Item {
@@ -71,6 +76,7 @@ Item {
 
         anchors.centerIn: parent
         height: 30
+        objectName: "arc"
         radius: 13
         strokeEnd: root.status === VerifyStatus.Verifying ? start + 0.15 : root.status === VerifyStatus.Drawing ? reveal.part : 1
         strokeStart: start
@@ -126,7 +132,6 @@ Item {
 
         property real part: 1
 
-        duration: QuarvoLook.isMotionReduced ? 0 : root.isEnd ? 500 : 1000
         from: 0
         property: "part"
         target: reveal

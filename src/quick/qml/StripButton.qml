@@ -7,6 +7,7 @@ T.AbstractButton {
     id: root
 
     property string textKey
+    property int pixelSize: 15
     property bool isBusy
 
     Accessible.name: root.text
@@ -18,9 +19,10 @@ T.AbstractButton {
     background: Rectangle {
         color: root.hovered && !root.isBusy ? QuarvoLook.stripHover : "transparent"
     }
-    contentItem: Line {
+    contentItem: QuarvoText {
         color: QuarvoLook.doneTitle
         opacity: root.isBusy ? 0 : root.enabled ? (root.down ? 0.8 : 1) : 0.4
+        pixelSize: root.pixelSize
         text: root.text
     }
 

@@ -18,6 +18,7 @@ T.AbstractButton {
     // One of VerifyStatus.
     property alias status: verification.status
     property real radius: 0
+    readonly property real paintedRadius: Math.min(root.radius, Math.min(root.width, root.height) / 2)
 
     // The user has passed; the token is for the host's own server.
     signal passed(token: string)
@@ -59,55 +60,51 @@ T.AbstractButton {
         readonly property color ground: verification.status === VerifyStatus.Passed ? QuarvoLook.successBar : verification.status === VerifyStatus.Failed ? QuarvoLook.errorBar : QuarvoLook.accent
 
         color: root.enabled ? ground : Qt.rgba(ground.r, ground.g, ground.b, 0.5)
-        radius: root.radius
+        radius: root.paintedRadius
 
         Rectangle {
             anchors.fill: parent
             color: root.hovered && root.enabled && verification.takesInput ? "#1effffff" : "transparent"
-            radius: root.radius
+            radius: root.paintedRadius
         }
     }
     contentItem: Item {
-        Item {
+        LayoutMirroring.childrenInherit: true
+        LayoutMirroring.enabled: false
+
+        QuarvoMark {
+            id: ripple
+
             anchors.fill: parent
-            clip: true
+            cornerRadius: root.paintedRadius
+            fill: "#33ffffff"
+            lineWidth: 0
+            visible: spread.running
 
-            Rectangle {
-                id: ripple
+            NumberAnimation on radius {
+                id: spread
 
-                property point centre
-
-                color: "#33ffffff"
-                height: width
-                radius: width / 2
-                visible: spread.running
-                x: centre.x - width / 2
-                y: centre.y - width / 2
-
-                NumberAnimation on width {
-                    id: spread
-
-                    duration: 500
-                    from: 0.2
-                    running: false
-                    to: 2 * Math.hypot(root.width, root.height)
-                }
+                duration: 500
+                from: 0.1
+                running: false
+                // The diagonal reaches the far corner from any point.
+                to: Math.hypot(root.width, root.height)
             }
         }
         StatusRing {
             height: parent.height
-            radius: root.radius
+            objectName: "statusRing"
+            radius: root.paintedRadius
             status: verification.status
             width: 40
         }
-        Line {
+        QuarvoText {
+            alignment: Qt.AlignLeft
             anchors.fill: parent
             anchors.leftMargin: 50
             anchors.rightMargin: 10
-            color: "white"
             font: root.font
             hasShadow: true
-            horizontalAlignment: Text.AlignLeft
             mostLines: 2
             text: root.text
         }
@@ -125,7 +122,7 @@ T.AbstractButton {
         }
         if (!verification.takesInput)
             return;
-        ripple.centre = Qt.point(root.pressX, root.pressY);
+        ripple.offset = Qt.point(root.pressX - root.width / 2, root.pressY - root.height / 2);
         if (!QuarvoLook.isMotionReduced)
             spread.restart();
         verification.press();
@@ -162,6 +159,6 @@ T.AbstractButton {
         isByKeyboard: root.visualFocus
         // On a button in the accent colour.
         line: "#aa000000"
-        radius: root.radius
+        radius: root.paintedRadius
     }
 }
