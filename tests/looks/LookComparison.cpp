@@ -107,3 +107,14 @@ QStringList LookComparison::pictureNames()
         name.chop(4);
     return names;
 }
+
+QImage LookComparison::photograph()
+{
+    QImage image(400, 230, QImage::Format_RGB32);
+    QPainter painter(&image);
+    QLinearGradient sky(0, 0, 400, 230);
+    sky.setColorAt(0, QColor(240, 240, 250));
+    sky.setColorAt(1, QColor(40, 60, 50));
+    painter.fillRect(image.rect(), sky);
+    return image;
+}

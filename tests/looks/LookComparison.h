@@ -10,5 +10,7 @@ namespace LookComparison {
 [[nodiscard]] bool matches(const QString &name, const QImage &seen);
 /// The names of all pictures in the tree.
 [[nodiscard]] QStringList pictureNames();
+/// A captcha's picture.
+[[nodiscard]] QImage photograph();
 
 } // namespace LookComparison

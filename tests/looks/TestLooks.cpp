@@ -1,4 +1,5 @@
 #include "looks/LookComparison.h"
+#include "looks/Looks.h"
 #include "modes/ModesTestCase.h"
 #include "modes/QVClickStatusView.h"
 #include "popup/QVCloseButton.h"
@@ -26,12 +27,9 @@ class TestLooks : public ModesTestCase
 private Q_SLOTS:
     void looksAsBefore_data()
     {
-        addColumns<QSize, QString>({"size", "steps"});
-        m_names.clear();
-        addViews();
-        addButtons();
-        addPopups();
-        addPanels();
+        const auto row = addColumns<QSize, QString>({"size", "steps"});
+        for (const Look &look : looks)
+            row(look.name, look.size, q(look.steps));
     }
 
     void looksAsBefore()
@@ -61,99 +59,15 @@ private Q_SLOTS:
     void everyPictureBelongsToALook()
     {
         QStringList pictures = LookComparison::pictureNames();
-        m_names.sort();
+        QStringList names;
+        for (const Look &look : looks)
+            names.append(q(look.name));
+        names.sort();
         pictures.sort();
-        QCOMPARE(pictures, m_names);
+        QCOMPARE(pictures, names);
     }
 
 private:
-    void row(const char *name, QSize size, const char *steps)
-    {
-        m_names.append(q(name));
-        QTest::newRow(name) << size << q(steps);
-    }
-
-    void addViews()
-    {
-        const QSize wide(400, 230);
-        row("bar-prompt", wide, "view, bar prompt drawCaptcha, rest 300");
-        row("bar-prompt-2x", wide, "view, bar prompt drawCaptcha, rest 300, ratio 2");
-        row("bar-prompt-hant", wide, "language zh-Hant, view, bar prompt drawCaptcha, rest 300");
-        row("bar-error-tappable", wide, "view, bar error loadFaild, rest 300");
-        row("bar-error-passing", wide, "view, bar error fail, rest 300");
-        row("bar-error-240", {240, 138}, "view, bar error loadFaild, rest 300");
-        row("bar-error-hans", wide, "language zh-Hans, view, bar error loadFaild, rest 300");
-        row("bar-error-focused", wide, "view, bar error No, rest 300, tab");
-        row("bar-success", wide, "view, bar success clickPass, rest 300");
-        row("bar-half-way", wide, "view, bar error fail, rest 100");
-        row("dots-early", {200, 115}, "view, dots, rest 300");
-        row("dots-late", {200, 115}, "view, dots, rest 650");
-        const QSize strip(400, 40);
-        row("strip-empty", strip, "strip, rest 250");
-        row("strip-typed", strip, "strip, type a4K, rest 250");
-        row("strip-edited", strip, "strip, type a4K, rest 250, tab");
-        row("strip-busy", strip, "strip, busy, rest 250");
-        row("strip-pressed", strip, "strip, type a4K, down, rest 250");
-        row("strip-hant", strip, "language zh-Hant, strip, rest 250");
-        row("strip-contrast", strip, "contrast, strip, rest 250");
-        const QSize dimmed(240, 120);
-        row("badge-waiting", dimmed, "ground #5a646e, turning, rest 125");
-        row("badge-opening", dimmed, "ground #5a646e, opening, rest 250");
-        row("badge-halo", dimmed, "ground #5a646e, opening, rest 850");
-    }
-
-    void addButtons()
-    {
-        const QSize size(300, 64);
-        row("button-normal", size, "button");
-        row("button-normal-2x", size, "button, ratio 2");
-        row("button-touching", size, "button, press 110 30, rest 250");
-        row("button-pressed", size, "button, press 110 30, rest 150");
-        row("button-verifying", size, "button, status 2, rest 125");
-        row("button-filling", size, "button, status 3, rest 500");
-        row("button-waiting", size, "button, status 3, rest 1500");
-        row("button-tick-drawn", size, "button, status 4, rest 250");
-        row("button-failed", size, "button, status 5, rest 600");
-        row("button-focused", size, "button, focus");
-        row("button-disabled", size, "button, disable");
-        row("button-hovered", size, "button, hover");
-        row("button-of-the-host", size, "accent, button, rounded 12, press 15 15, rest 300, ratio 2");
-    }
-
-    void addPopups()
-    {
-        const QSize card(640, 480);
-        const QSize phone(320, 480);
-        row("popup-card", card, "button, tap, rest 2000");
-        row("popup-card-2x", {500, 440}, "button, tap, rest 2000, ratio 2");
-        row("popup-card-dark", card, "ground black, button, tap, rest 2000");
-        row("popup-characters-hans", card, "language zh-Hans, characters, button, tap, rest 2000");
-        row("popup-dark", card, "dark, language zh-Hant, characters, button, tap, rest 2000");
-        row("popup-contrast", phone, "contrast, button, tap, rest 2000");
-        row("popup-phone", phone, "language zh-Hant, button, tap, rest 2000");
-        row("popup-phone-outage", phone, "outage, button, tap, rest 2000");
-        row("popup-unfolding", card, "button, tap, rest 125");
-        row("popup-stroke", phone, "button, tap, rest 1000, draw");
-        row("popup-close-focused", phone, "button, tap, rest 1000, focus-close");
-        row("popup-alternative", card, "alternative, button, tap, rest 2000");
-        row("popup-alternative-hans-2x", {320, 320},
-            "alternative, language zh-Hans, characters, button, tap, rest 2000, ratio 2");
-        row("popup-alternative-dark", card,
-            "alternative, dark, contrast, characters, button, tap, rest 2000");
-    }
-
-    void addPanels()
-    {
-        const QSize size(414, 300);
-        row("panel-controls", size, "panel, push helpButton, tab, tab");
-        row("panel-hovered", size, "panel, hover helpButton, hover adButton");
-        row("panel-pen-keys", size, "panel, tab");
-        row("panel-pen", size, "panel, tab, pen");
-        row("panel-failed", size, "answer refresh 0105, panel, refresh, rest 300");
-        row("panel-alternative", {320, 246}, "alternative, panel");
-        row("panel-alternative-hans-2x", {320, 246}, "alternative, language zh-Hans, panel, ratio 2");
-    }
-
     void prepare() override
     {
         ModesTestCase::prepare();
@@ -215,17 +129,6 @@ private:
         widget.setFocus(Qt::TabFocusReason);
     }
 
-    static QImage photograph()
-    {
-        QImage image(400, 230, QImage::Format_RGB32);
-        QPainter painter(&image);
-        QLinearGradient sky(0, 0, 400, 230);
-        sky.setColorAt(0, QColor(240, 240, 250));
-        sky.setColorAt(1, QColor(40, 60, 50));
-        painter.fillRect(image.rect(), sky);
-        return image;
-    }
-
     template<class View>
     View &found() const
     {
@@ -253,7 +156,7 @@ private:
     void defineViews()
     {
         using Picture = QVRenderDrawImageView;
-        addStep("view", [this](auto) { make<Picture>().setImage(photograph()); });
+        addStep("view", [this](auto) { make<Picture>().setImage(LookComparison::photograph()); });
         addStep("bar", [this](const QString &text) {
             const QString key = text.section(u' ', 1);
             const bool isTappable = key == q("loadFaild") || key == q("No");
@@ -350,7 +253,6 @@ private:
         advance(300ms);
     }
 
-    QStringList m_names;
     QString m_hostsRules;
     qreal m_ratio = 1;
     std::optional<QPoint> m_pressedAt;

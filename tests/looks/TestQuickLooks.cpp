@@ -1,0 +1,302 @@
+#include "looks/LookComparison.h"
+#include "looks/Looks.h"
+#include "quick/QVQuickSurface.h"
+#include "quick/QuickTestCase.h"
+#include "settings/QVLocalization.h"
+#include "settings/QVSDKManager.h"
+#include "support/QVPointerInput.h"
+
+#include <QAnimationDriver>
+#include <QQmlComponent>
+
+using namespace std::chrono_literals;
+
+namespace {
+
+/// The animations of Qt Quick, in the component's own time.
+class AnimationClock final : public QAnimationDriver
+{
+public:
+    [[nodiscard]] qint64 elapsed() const override { return m_now; }
+    void pass(int milliseconds)
+    {
+        m_now += milliseconds;
+        advanceAnimation();
+    }
+
+private:
+    qint64 m_now = 0;
+};
+
+} // namespace
+
+/// What looks like the widgets, beside the pictures of these. Left out are steps that Qt Quick has not, and
+/// what moves in real time there.
+class TestQuickLooks : public QuickTestCase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void looksLikeTheWidgets_data()
+    {
+        const auto row = addColumns<QSize, QString>({"size", "steps"});
+        static const QSet<QString> otherwise{q("panel-hovered"), q("popup-unfolding"), q("strip-edited")};
+        for (const Look &look : looks) {
+            const QStringList steps = q(look.steps).split(q(", "));
+            if (!otherwise.contains(q(look.name)) && std::ranges::all_of(steps, [this](const QString &step) {
+                    return m_steps.contains(step.section(u' ', 0, 0));
+                }))
+                row(look.name, look.size, q(look.steps));
+        }
+    }
+
+    void looksLikeTheWidgets()
+    {
+        QFETCH(QSize, size);
+        QFETCH(QString, steps);
+        window().resize(size);
+        for (const QString &step : steps.split(q(", ")))
+            m_steps[step.section(u' ', 0, 0)](step.section(u' ', 1));
+        QVERIFY(LookComparison::matches(q(QTest::currentDataTag()), window().grabWindow()));
+    }
+
+private:
+    void prepare() override
+    {
+        QuickTestCase::prepare();
+        // The looks of the widgets are the right ones.
+        qunsetenv("QUARVO_UPDATE_LOOKS");
+        m_clock = std::make_unique<AnimationClock>();
+        m_clock->install();
+        settings().setProperty("reducedMotion", false);
+    }
+
+    void finish() override
+    {
+        if (m_pressedAt)
+            QTest::mouseRelease(&window(), Qt::LeftButton, {}, *std::exchange(m_pressedAt, {}));
+        m_clock.reset();
+        m_offersAlternative = false;
+        m_made.reset();
+        QVSDKManager::setContrast(QVContrast::System);
+        QVSDKManager::setAppearance(QVAppearance::Light);
+        QVSDKManager::setAccentColor({});
+        QuickTestCase::finish();
+    }
+
+    void rest(int milliseconds)
+    {
+        constexpr int frame = 10;
+        for (int left = milliseconds; left > 0; left -= frame) {
+            advance(std::min(left, frame) * 1ms);
+            m_clock->pass(std::min(left, frame));
+            QCoreApplication::processEvents();
+        }
+    }
+
+    /// Makes one of the module's own parts.
+    void make(const char *type, const QRect &frame, QVariantMap properties)
+    {
+        QQmlComponent component(qmlEngine(&window()), QUrl(q("qrc:/qt/qml/Quarvo/qml/") + q(type)));
+        properties[q("parent")] = QVariant::fromValue(window().contentItem());
+        m_made.reset(qobject_cast<QQuickItem *>(component.createWithInitialProperties(properties)));
+        m_made->setPosition(frame.topLeft());
+        m_made->setSize(frame.size());
+    }
+
+    QQuickItem &place(const QString &mode, const QRect &frame)
+    {
+        auto &made = *qobject_cast<QQuickItem *>(part(mode));
+        made.setPosition(frame.topLeft());
+        made.setSize(frame.size());
+        made.setProperty("offersAlternative", m_offersAlternative);
+        return made;
+    }
+
+    void focus(const char *name) { item(q(name))->forceActiveFocus(Qt::TabFocusReason); }
+
+    void press(QPoint at)
+    {
+        m_pressedAt = at;
+        QTest::mouseMove(&window(), at);
+        QTest::mousePress(&window(), Qt::LeftButton, {}, at);
+    }
+
+    void bring(int status)
+    {
+        service().answer(outageSwitch, {{q("active"), status == 3}});
+        if (status == 2)
+            service().delay(outageSwitch, 1h);
+        if (status == 4)
+            passByClick();
+        if (status == 5)
+            service().extend(config, {{q("code"), q("0101")}});
+        start(q("button"));
+        QVERIFY(waitFor([&] { return part(q("button"))->property("status") == status; }));
+        if (status == 3)
+            clickOn(q("closeButton"));
+        // Counts the time from here.
+        QQuickItem &ring = *item(q("statusRing"));
+        ring.setProperty("status", 0);
+        ring.setProperty("status", status);
+        if (status == 2)
+            turnRing();
+    }
+
+    void turnRing()
+    {
+        if (QQuickItem *const arc = item(q("arc")))
+            arc->setProperty("start", 0.2);
+    }
+
+    void showPanel()
+    {
+        service().extend(config, {{q("guide"), true}});
+        service().extend(q("get"), {{q("adlinkword"), q("An offer")}, {q("adlink"), q("https://x.example")}});
+        place(q("panel"), {{}, window().size()});
+        QVERIFY(waitForPicture());
+        rest(300);
+    }
+
+    using Step = std::function<void(const QString &rest)>;
+    std::map<QString, Step> m_steps{
+        {q("ground"),
+         [this](const QString &color) {
+             window().setColor(QColor(color));
+         }},
+        {q("rest"),
+         [this](const QString &time) {
+             rest(time.toInt());
+         }},
+        {q("language"),
+         [](const QString &name) {
+             QVSDKManager::setPreferredLanguage(name);
+         }},
+        {q("contrast"),
+         [](auto) {
+             QVSDKManager::setContrast(QVContrast::High);
+         }},
+        {q("dark"),
+         [](auto) {
+             QVSDKManager::setAppearance(QVAppearance::Dark);
+         }},
+        {q("alternative"),
+         [this](auto) {
+             m_offersAlternative = true;
+         }},
+        {q("characters"),
+         [this](auto) {
+             service().extend(config, {{q("type"), q("character")}});
+         }},
+        {q("outage"),
+         [this](auto) {
+             service().answer(outageSwitch, {{q("active"), true}});
+         }},
+        {q("answer"),
+         [this](const QString &text) {
+             service().extend(text.section(u' ', 0, 0), {{q("code"), text.section(u' ', 1)}});
+         }},
+        {q("view"),
+         [this](auto) {
+             make("DrawingParts.qml", {{}, window().size()}, {{q("contentWidth"), window().width()}});
+             m_made->property("picture").value<QVQuickPicture *>()->setImage(LookComparison::photograph());
+         }},
+        {q("bar"),
+         [this](const QString &text) {
+             const QString key = text.section(u' ', 1);
+             const bool isTappable = key == q("loadFaild") || key == q("No");
+             m_made->property(text.section(u' ', 0, 0).toLatin1())
+                 .value<QVQuickBar *>()
+                 ->slideIn(key == q("No") ? key : qv_localizedStringForKey(key), isTappable, 1);
+         }},
+        {q("strip"),
+         [this](auto) {
+             make("CharacterInput.qml", {{}, window().size()},
+                  {{q("surface"), QVariant::fromValue(&m_surface)}});
+         }},
+        {q("type"),
+         [this](const QString &text) {
+             item(q("characterField"))->setProperty("text", text);
+         }},
+        {q("down"),
+         [this](auto) {
+             item(q("doneButton"))->setProperty("down", true);
+         }},
+        {q("button"),
+         [this](auto) {
+             place(q("button"), {10, 10, 280, 44});
+         }},
+        {q("focus"),
+         [this](auto) {
+             focus("button");
+         }},
+        {q("focus-close"),
+         [this](auto) {
+             focus("closeButton");
+         }},
+        {q("disable"),
+         [this](auto) {
+             part(q("button"))->setProperty("enabled", false);
+         }},
+        {q("hover"),
+         [this](auto) {
+             QTest::mouseMove(&window(), QPoint(250, 30));
+         }},
+        {q("press"),
+         [this](const QString &at) {
+             press({at.section(u' ', 0, 0).toInt(), at.section(u' ', 1).toInt()});
+         }},
+        {q("status"),
+         [this](const QString &status) {
+             bring(status.toInt());
+         }},
+        {q("tap"),
+         [this](auto) {
+             start(q("button"));
+             QVERIFY(waitForPicture());
+             turnRing();
+             // What lay under the pointer at first does so no more.
+             for (const int x : {1, 2})
+                 QTest::mouseMove(&window(), QPoint(x, window().height() - 1));
+         }},
+        {q("draw"),
+         [this](auto) {
+             const QPoint middle(window().width() / 2, window().height() / 2);
+             const auto points = QVPointerInput::wave(middle - QPoint(101, 1), 30);
+             press(points.front());
+             for (const QPoint &point : points)
+                 QTest::mouseMove(&window(), point);
+         }},
+        {q("panel"),
+         [this](auto) {
+             showPanel();
+         }},
+        {q("tab"),
+         [this](auto) {
+             QTest::keyClick(&window(), Qt::Key_Tab);
+         }},
+        {q("push"),
+         [this](const QString &name) {
+             item(name)->setProperty("down", true);
+         }},
+        {q("pen"),
+         [this](auto) {
+             QTest::keyClick(&window(), Qt::Key_Space);
+             for (int i = 0; i < 8; ++i)
+                 QTest::keyClick(&window(), Qt::Key_Right);
+         }},
+        {q("refresh"),
+         [this](auto) {
+             clickOn(q("refreshButton"));
+             QVERIFY(waitFor([this] { return item(q("errorBar")) != nullptr; }));
+         }},
+    };
+    std::unique_ptr<AnimationClock> m_clock;
+    QVQuickSurface m_surface;
+    std::unique_ptr<QQuickItem> m_made;
+    std::optional<QPoint> m_pressedAt;
+    bool m_offersAlternative = false;
+};
+
+QV_TEST(TestQuickLooks)
+#include "TestQuickLooks.moc"
