@@ -212,15 +212,23 @@ void QVQuickPad::itemChange(ItemChange change, const ItemChangeData &data)
         cancel();
     if (change == ItemSceneChange) {
         readWindow(nullptr);
-        disconnect(m_windowActivity);
-        if (data.window) {
-            m_windowActivity = connect(data.window, &QWindow::activeChanged, this, [this] {
-                if (window() && !window()->isActive())
-                    cancel();
-            });
-        }
+        watch(data.window);
     }
     QQuickItem::itemChange(change, data);
+}
+
+void QVQuickPad::watch(QQuickWindow *window)
+{
+    for (const QMetaObject::Connection &connection : m_windowChanges)
+        disconnect(connection);
+    if (!window)
+        return;
+    const auto leave = [this] {
+        if (this->window() && !(this->window()->isActive() && this->window()->isVisible()))
+            cancel();
+    };
+    m_windowChanges = {connect(window, &QWindow::activeChanged, this, leave),
+                       connect(window, &QWindow::visibleChanged, this, leave)};
 }
 
 void QVQuickPad::setKeyTarget(QQuickItem *target)

@@ -6,6 +6,7 @@
 #include <QPointer>
 #include <QQuickItem>
 
+#include <array>
 #include <memory>
 
 /// Tells a recogniser what pointers and keys do on an item, wherever in it and over whatever else is in it.
@@ -67,6 +68,8 @@ private:
     void pressTouch(const QTouchEvent &event);
     void followTouch(const QTouchEvent &event);
     void readWindow(QQuickWindow *window);
+    /// Cancels the stroke when the window loses its activity or is hidden.
+    void watch(QQuickWindow *window);
     [[nodiscard]] bool handleKey(QEvent &event);
     void followKeyTarget();
 
@@ -81,5 +84,5 @@ private:
     int m_touchId = 0;
     /// The finger has drawn, so that the control on which it was pressed is not clicked.
     bool m_hasTakenTouch = false;
-    QMetaObject::Connection m_windowActivity;
+    std::array<QMetaObject::Connection, 2> m_windowChanges;
 };
