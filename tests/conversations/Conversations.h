@@ -31,4 +31,8 @@ void addEnds(std::initializer_list<End> ends);
 /// How long a token lives.
 void addLives();
 
+void addDrawingColumns();
+/// What the user, the host or the clock do to the captcha, for DrawingTestCase::follow().
+void addDrawings();
+
 } // namespace Conversations

@@ -1,9 +1,15 @@
-#include "draw/DrawTestCase.h"
+#include "draw/QVRenderDrawView.h"
+#include "flow/QVRenderDrawViewDelegate.h"
 #include "sandbox/QVSandbox.h"
 #include "settings/QVSDKManager.h"
 #include "settings/QVSystemFont.h"
+#include "support/DrawServiceTestCase.h"
 #include "support/QVPixels.h"
+#include "support/QVPointerInput.h"
+#include "support/QVWait.h"
 #include "views/QVLabel.h"
+#include "views/QVRenderDrawImageView.h"
+#include "views/QVRenderDrawOverlayView.h"
 
 #include <QPaintEvent>
 
@@ -30,9 +36,13 @@ public:
 } // namespace
 
 /// The places of the view's parts, and how they take input.
-class TestDrawView : public DrawTestCase
+class TestDrawView : public DrawServiceTestCase, public QVRenderDrawViewDelegate
 {
     Q_OBJECT
+
+public:
+    void renderDrawViewHasPassed() override { told.append(q("passed")); }
+    void renderDrawViewVerifySuccess(const QString &token) override { told.append(token); }
 
 private Q_SLOTS:
     void placesItsParts_data()
@@ -78,10 +88,8 @@ private Q_SLOTS:
         const QRect caption = frame(q("captchaLabel"));
         QCOMPARE(caption.bottom() + 1, image.top() - 10);
         QVERIFY(std::abs(caption.center().x() - size.width() / 2) <= 1);
-        if (bar()) {
-            const QVLabel *label = bar()->overlayLabel();
+        if (const QVLabel *const label = barLabel())
             QVERIFY(label->mapTo(view, QPoint(0, label->height())).y() <= image.bottom() + 1);
-        }
     }
 
     void hasRoomForALongAdvertisement()
@@ -110,10 +118,10 @@ private Q_SLOTS:
         startWithPicture(QVVerifyStyleEmbed);
         service().delay(q("refresh"), 1s);
         const auto corner = [this] {
-            return pixelsOf(picture()).pixelColor(2, 2);
+            return pixelsOf(image()).pixelColor(2, 2);
         };
         const QColor before = corner();
-        clickOn(q("refreshButton"));
+        QVPointerInput::click(*part(q("refreshButton")), QPoint(15, 15));
         advance(99ms);
         QCOMPARE(corner(), before);
         advance(1ms);
@@ -128,7 +136,7 @@ private Q_SLOTS:
         QVPointerInput::move(*view, points[1]);
         QCoreApplication::processEvents();
         PaintWatch viewWatch(*view);
-        PaintWatch pictureWatch(picture());
+        PaintWatch pictureWatch(image());
         for (std::size_t i = 2; i < points.size(); ++i) {
             viewWatch.painted = pictureWatch.painted = QRegion();
             QVPointerInput::move(*view, points[i]);
@@ -181,11 +189,11 @@ private Q_SLOTS:
         QString challenge;
         for (const QVSandboxLogEntry &entry : sandbox.log())
             challenge = entry.values.value(q("challenge"), challenge);
-        const QRect image = frame(q("imageView"));
+        const QRect area = frame(q("imageView"));
         QVPointerInput::Points points;
         const auto solution = sandbox.solution(challenge);
         for (const QPointF point : solution->points)
-            points.push_back(image.topLeft() + (point * image.width() / 400).toPoint());
+            points.push_back(area.topLeft() + (point * area.width() / 400).toPoint());
         QVPointerInput::strokeWithMouse(*view, points, [this] { advance(25ms); });
         QVERIFY(waitForTold("passed"));
         advance(1s);
@@ -194,10 +202,73 @@ private Q_SLOTS:
     }
 
 private:
+    void finish() override
+    {
+        m_host.reset();
+        DrawServiceTestCase::finish();
+    }
+
+    /// Shows a view of \a size in a window, starts it as its hosts do, and waits for its picture, and for the
+    /// bars and the shape to come to rest.
+    void startWithPicture(QVVerifyStyle style, QSize size = QSize(414, 400))
+    {
+        told.clear();
+        m_host = std::make_unique<QWidget>();
+        m_host->resize(size);
+        view = new QVRenderDrawView(style, m_host.get());
+        view->setGeometry(m_host->rect());
+        view->setDelegate(this);
+        connect(view, &QVRenderDrawView::ready, this, [this] { told.append(q("ready")); });
+        connect(view, &QVRenderDrawView::wrongAnswer, this, [this] { told.append(q("wrong")); });
+        m_host->show();
+        QVERIFY(qv_becomesActive(*m_host));
+        if (style == QVVerifyStyleEmbed)
+            advance(100ms);
+        else
+            view->requestQuarvoConfigAction();
+        QVERIFY(waitForTold("ready"));
+        advance(300ms);
+    }
+
+    [[nodiscard]] QWidget *part(const QString &name) const { return m_host->findChild<QWidget *>(name); }
+    [[nodiscard]] QVRenderDrawImageView &image() const
+    {
+        return *m_host->findChild<QVRenderDrawImageView *>(q("imageView"));
+    }
+    /// The frame of a part in the view's coordinates.
+    [[nodiscard]] QRect frame(const QString &name) const
+    {
+        return {part(name)->mapTo(view, QPoint(0, 0)), part(name)->size()};
+    }
+    /// The text of the bar on screen. Null if there is none.
+    [[nodiscard]] QVLabel *barLabel() const
+    {
+        for (auto *const bar : image().findChildren<QVRenderDrawOverlayView *>()) {
+            if (bar->isOnScreen())
+                return bar->overlayLabel();
+        }
+        return nullptr;
+    }
+    /// Points of a stroke over the middle of the picture.
+    [[nodiscard]] QVPointerInput::Points stroke() const
+    {
+        const QRect area = frame(q("imageView"));
+        return QVPointerInput::wave(area.topLeft() + QPoint(30, area.height() / 2), 20, 8);
+    }
+    [[nodiscard]] bool waitForTold(const char *what) const
+    {
+        return waitFor([&] { return told.contains(q(what)); });
+    }
+
     void offer(const QString &request, const QString &word, const QString &link)
     {
         service().extend(request, {{q("adlinkword"), word}, {q("adlink"), link}});
     }
+
+    QVRenderDrawView *view = nullptr;
+    /// What the view has reported by signals and to its delegate.
+    QStringList told;
+    std::unique_ptr<QWidget> m_host;
 };
 
 QV_TEST(TestDrawView)

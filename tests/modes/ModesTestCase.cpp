@@ -6,15 +6,28 @@
 #include "support/QVPointerInput.h"
 #include "support/QVWait.h"
 #include "views/QVInvisibleAnimationView.h"
+#include "views/QVLabel.h"
+#include "views/QVRenderDrawOverlayView.h"
 
 #include <QApplication>
 #include <QLineEdit>
 
 using namespace std::chrono_literals;
 
+namespace {
+
+/// The parts whose object names differ from those that the tables use.
+const QMap<QString, QString> partNames{{q("picture"), q("imageView")},
+                                       {q("caption"), q("captchaLabel")},
+                                       {q("outageBadge"), q("outageLabel")},
+                                       {q("errorBar"), q("errorOverlayView")},
+                                       {q("characterField"), q("inputTF")}};
+
+} // namespace
+
 void ModesTestCase::prepare()
 {
-    ConversationTestCase::prepare();
+    DrawingTestCase::prepare();
     defineSteps();
     m_outcomes = std::make_unique<Outcomes>();
     connect(qApp, &QApplication::focusChanged, this, [this] {
@@ -36,12 +49,12 @@ void ModesTestCase::finish()
     m_foreignHost.reset();
     m_otherHost.reset();
     m_host.reset();
-    ConversationTestCase::finish();
+    DrawingTestCase::finish();
 }
 
 void ModesTestCase::setMode(const QString &name)
 {
-    ConversationTestCase::setMode(name);
+    DrawingTestCase::setMode(name);
     m_mode = QVVerifyStyle(words("embed, click, invisible").indexOf(name));
 }
 
@@ -53,12 +66,6 @@ void ModesTestCase::checkDelegates(const QStringList &expected)
 
 void ModesTestCase::defineSteps()
 {
-    addStep("type", [this](auto) {
-        clickPart("inputTF");
-        QTest::keyClicks(part("inputTF"), q("typed7"));
-        clickPart("doneButton");
-        settle();
-    });
     addStep("place", [this](auto) {
         const bool isHere = popup()->window() == m_host.get();
         m_outcomes->add(popup()->isWindow() ? q("alone") : isHere ? q("here") : q("elsewhere"));
@@ -265,6 +272,46 @@ QVRenderDrawView *ModesTestCase::drawView()
         return widget->isVisible() && qobject_cast<const QVRenderDrawView *>(widget);
     });
     return found == widgets.end() ? nullptr : static_cast<QVRenderDrawView *>(*found);
+}
+
+QWindow *ModesTestCase::drawingWindow() const
+{
+    return drawView()->window()->windowHandle();
+}
+
+QRect ModesTestCase::frameOf(const QString &name) const
+{
+    const QWidget *const part = this->part(partNames.value(name, name).toLatin1().constData());
+    return part && part->isVisible() ? QRect(part->mapTo(part->window(), QPoint()), part->size()) : QRect();
+}
+
+QString ModesTestCase::barText() const
+{
+    for (const auto *const bar : drawView()->findChildren<QVRenderDrawOverlayView *>()) {
+        if (bar->isOnScreen())
+            return bar->overlayLabel()->text();
+    }
+    return {};
+}
+
+bool ModesTestCase::isLoading() const
+{
+    return part("imageView")->accessibleDescription() == q("Loading");
+}
+
+QImage ModesTestCase::screenshot() const
+{
+    return drawView()->window()->grab().toImage();
+}
+
+void ModesTestCase::offerAlternative()
+{
+    drawView()->setOffersAlternative(true);
+}
+
+void ModesTestCase::focusPicture(bool has)
+{
+    has ? part("imageView")->setFocus(Qt::TabFocusReason) : part("imageView")->clearFocus();
 }
 
 QWidget *ModesTestCase::part(const char *name)

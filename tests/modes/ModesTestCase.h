@@ -1,6 +1,6 @@
 #pragma once
 
-#include "conversations/ConversationTestCase.h"
+#include "conversations/DrawingTestCase.h"
 #include "flow/QVVerifyStyle.h"
 #include "modes/Outcomes.h"
 #include "modes/QVClickButton.h"
@@ -15,7 +15,7 @@ class QVRenderDrawView;
 class QVWindow;
 
 /// Base of the tests of the modes. It owns the window of a host and the managers.
-class ModesTestCase : public ConversationTestCase
+class ModesTestCase : public DrawingTestCase
 {
     Q_OBJECT
 
@@ -80,6 +80,16 @@ protected:
     void pressPicture() const override;
     void pressClose() const override;
     void changeWindow(const QString &what) override;
+    [[nodiscard]] QWindow *drawingWindow() const override;
+    [[nodiscard]] QRect frameOf(const QString &name) const override;
+    [[nodiscard]] bool isRefreshEnabled() const override { return part("refreshButton")->isEnabled(); }
+    [[nodiscard]] QString barText() const override;
+    [[nodiscard]] bool isLoading() const override;
+    [[nodiscard]] QImage screenshot() const override;
+    void setPanelEnabled(bool enabled) override { embedManager().embedView()->setEnabled(enabled); }
+    void resizePanel(QSize size) override { embedManager().embedView()->resize(size); }
+    void offerAlternative() override;
+    void focusPicture(bool has) override;
 
 private:
     void defineSteps();

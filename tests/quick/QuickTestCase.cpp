@@ -3,6 +3,7 @@
 #include "settings/QVSDKManager.h"
 #include "support/QVWait.h"
 
+#include <QAccessible>
 #include <QQmlComponent>
 #include <QtQml/qqmlextensionplugin.h>
 
@@ -39,7 +40,7 @@ QQuickItem *find(QQuickItem *in, const QString &name)
 
 void QuickTestCase::prepare()
 {
-    ConversationTestCase::prepare();
+    DrawingTestCase::prepare();
     m_log.clear();
     // What slides or unfolds is in its place at once.
     QVSDKManager::setReducedMotion(true);
@@ -59,7 +60,7 @@ void QuickTestCase::finish()
 {
     m_log.heard = {};
     m_window.reset();
-    ConversationTestCase::finish();
+    DrawingTestCase::finish();
     m_engine.reset();
 }
 
@@ -124,6 +125,26 @@ void QuickTestCase::changeWindow(const QString &what)
 QQuickItem *QuickTestCase::item(const QString &name) const
 {
     return m_window ? find(m_window->contentItem(), name) : nullptr;
+}
+
+QRect QuickTestCase::frameOf(const QString &name) const
+{
+    const QQuickItem *const found = item(name);
+    return found ? found->mapRectToScene(found->boundingRect()).toAlignedRect() : QRect();
+}
+
+QString QuickTestCase::barText() const
+{
+    for (const char *name : {"promptBar", "errorBar", "successBar"}) {
+        if (QQuickItem *const bar = item(q(name)))
+            return QAccessible::queryAccessibleInterface(bar)->text(QAccessible::Name);
+    }
+    return {};
+}
+
+void QuickTestCase::focusPicture(bool has)
+{
+    item(has ? picture : q("before"))->forceActiveFocus(Qt::TabFocusReason);
 }
 
 bool QuickTestCase::waitForPicture() const

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "conversations/ConversationTestCase.h"
+#include "conversations/DrawingTestCase.h"
 
 #include <QQmlEngine>
 #include <QQuickItem>
@@ -17,7 +17,7 @@ public:
 
 /// Tests on a window in QML, against a service that answers as each test tells it. Its parts are a button, an
 /// invisible verification and a panel, each of which a Loader makes when it is first used.
-class QuickTestCase : public ConversationTestCase
+class QuickTestCase : public DrawingTestCase
 {
     Q_OBJECT
 
@@ -41,6 +41,16 @@ protected:
     void clickPart(const char *name) const override { clickOn(q(name)); }
     void pressClose() const override { clickOn(q("closeButton")); }
     void changeWindow(const QString &what) override;
+    [[nodiscard]] QWindow *drawingWindow() const override { return m_window.get(); }
+    [[nodiscard]] QRect frameOf(const QString &name) const override;
+    [[nodiscard]] bool isRefreshEnabled() const override { return item(q("refreshButton"))->isEnabled(); }
+    [[nodiscard]] QString barText() const override;
+    [[nodiscard]] bool isLoading() const override { return item(q("loadingDots")) != nullptr; }
+    [[nodiscard]] QImage screenshot() const override { return m_window->grabWindow(); }
+    void setPanelEnabled(bool enabled) override { part(q("panel"))->setProperty("enabled", enabled); }
+    void resizePanel(QSize size) override { qobject_cast<QQuickItem *>(part(q("panel")))->setSize(size); }
+    void offerAlternative() override { part(q("panel"))->setProperty("offersAlternative", true); }
+    void focusPicture(bool has) override;
 
     [[nodiscard]] QQuickWindow &window() const { return *m_window; }
     /// The singleton of the module.

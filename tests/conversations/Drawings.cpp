@@ -1,0 +1,181 @@
+#include "conversations/Conversations.h"
+#include "support/QVText.h"
+
+#include <QTest>
+
+namespace Conversations {
+
+namespace {
+
+void row(const char *name, const QString &steps, const QString &mode = q("embed"))
+{
+    QTest::newRow(name) << mode << steps;
+}
+
+void row(const char *name, const char *steps)
+{
+    row(name, q(steps));
+}
+
+void addStrokes()
+{
+    row("embedded",
+        "embedded, look -> 'Draw along the curve' picture 1 refreshButton, tell config type -> embed, "
+        "tell config id -> some-id, tell config scene -> 3, tell get challenge -> main-challenge");
+    row("popup", q("opened, tell config type -> popup, tell click challenge -> main-challenge"), q("click"));
+    row("invisible", q("opened, tell config type -> invisible"), q("invisible"));
+    row("passes after a second, for good",
+        "embedded, draw -> verify, look -> 'Verified' picture 1, wait 999, wait 1 -> passed main-token, "
+        "draw, "
+        "wait 200000, tell verify challenge -> main-challenge, tell verify drawtime -> 360");
+    row("two tries a picture",
+        "answer verify 0104, embedded, draw -> verify wrong, "
+        "look -> 'Not quite right. Try again.' picture 1 refreshButton, wait 999, "
+        "look -> 'Not quite right. Try again.' picture 1 refreshButton, wait 1, "
+        "look -> 'Draw along the curve' picture 1 refreshButton, draw -> verify refresh wrong ready, "
+        "look -> 'Not quite right. Try again.' picture 2 refreshButton");
+    row("the service's own count of tries",
+        "answer verify 0104, count 1, embedded, draw -> verify refresh wrong ready");
+    row("a count of tries beyond the last", "answer verify 0104, count 2, embedded, draw -> verify wrong");
+    row("no prompt during a stroke",
+        "answer verify 0104, embedded, draw -> verify wrong, press, jump, "
+        "look -> picture 1 refreshButton, wait 2000, look -> picture 1 refreshButton, lift, "
+        "look -> 'Draw along the curve' picture 1 refreshButton");
+    row("short", "embedded, dash, look -> 'Draw along the curve' picture 1 refreshButton, draw -> verify");
+    row("across two sizes", "embedded, press, move, resize, lift, draw -> verify");
+    row("begun before the picture is replaced",
+        "answer verify 0104, hold refresh 3000, embedded, wait 178500, press, move -> refresh, "
+        "look -> loading refreshButton disabled, lift -> verify wrong, press, jump, wait 3000 -> ready, "
+        "lift");
+    row("two judgements",
+        "answer verify 0104, hold verify 1000, hold refresh 3000, embedded, draw -> verify, "
+        "draw -> verify, look -> picture 1 refreshButton disabled, wait 2500 -> refresh wrong wrong, "
+        "look -> 'Draw along the curve' loading refreshButton disabled");
+    row("two judgements, right",
+        "hold verify 1000, embedded, draw -> verify, draw -> verify, wait 2500 -> passed main-token");
+    row("wrong about a replaced picture",
+        "answer verify 0104, hold verify 4000, embedded, wait 176000, draw -> verify, "
+        "wait 3000 -> refresh ready, wait 2000, look -> 'Draw along the curve' picture 2 refreshButton");
+    row("right about a replaced picture",
+        "hold verify 3000, hold refresh 4000, embedded, wait 176000, draw -> verify, "
+        "wait 3000 -> refresh, look -> 'Verified', "
+        "wait 6000 -> passed main-token");
+}
+
+void addPointers()
+{
+    for (const char *by : {"finger-draw", "finger-draw refreshButton", "draw refreshButton",
+                           "draw helpButton", "draw adButton", "two-fingers picture",
+                           "two-fingers refreshButton", "tap picture, move, tap picture"})
+        row(by, q("guide, advertise, embedded, %1 -> verify, "
+                  "look -> 'Verified' picture 1 adButton helpButton")
+                    .arg(q(by)));
+    row("from the alternative", "embedded, offer, draw alternativeButton -> verify");
+    row("disabled", "embedded, enabled no, draw, finger-draw, enabled");
+    row("taps on controls",
+        "embedded, tap refreshButton -> refresh ready, finger-tap refreshButton -> refresh ready, "
+        "hold refresh 100, tap refreshButton -> refresh, finger-tap refreshButton, wait 100 -> ready");
+    row("a tap on a control ends the line",
+        "embedded, tap picture, move, tap refreshButton -> refresh ready");
+    row("other mouse buttons",
+        "embedded, press-right, move, lift-right, press, move, press-right, lift-right, "
+        "lift -> verify");
+    for (const char *by :
+         {"press", "window hide, window show", "enabled no, enabled", "reset -> switch config get ready"})
+        row(by, q("embedded, press, jump, look -> picture 1 refreshButton, %1, "
+                  "look -> 'Draw along the curve' picture %2 refreshButton, lift")
+                    .arg(q(by), q(*by == 'r' ? "2" : "1")));
+    row("by keys", "embedded, keys Space Right*15 Space -> verify");
+    row("too short by keys", "embedded, keys Space Right*4 Space");
+    row("escaped by keys", "embedded, keys Escape Space Right*15 Escape Space");
+    row("by keys, the focus goes", "embedded, keys Space Right*15, blur, keys Space");
+}
+
+void addFailures()
+{
+    row("picture fails", "answer get 1002, guide, start -> switch config get failed 1002, "
+                         "look -> 'Expired. Try again.' helpButton, wait 200000, idle -> yes");
+    row("verify fails",
+        "answer verify 1002, advertise, embedded, "
+        "look -> 'Draw along the curve' picture 1 adButton refreshButton, draw -> verify failed 1002, "
+        "look -> 'Expired. Try again.', wait 200000, idle -> yes");
+    row("starts anew where a picture does not load",
+        "guide, broken, start -> switch config get failed 10000, "
+        "look -> 'Picture not loaded. Try again.' helpButton, wait 5000, draw, "
+        "look -> 'Picture not loaded. Try again.' helpButton, broken no, hold switch 200, "
+        "tap errorBar -> switch, wait 100, look -> loading, wait 200 -> config get ready");
+}
+
+void addPictures()
+{
+    row("refreshed by the button",
+        "hold refresh 200, advertise, embedded, "
+        "look -> 'Draw along the curve' picture 1 adButton refreshButton, "
+        "tap refreshButton -> refresh, wait 100, "
+        "look -> 'Draw along the curve' loading refreshButton disabled, wait 100 -> ready, "
+        "look -> 'Draw along the curve' picture 2 refreshButton");
+    row("replaced in time", "embedded, wait 178999, wait 1 -> refresh ready");
+    row("replaced when it is seen",
+        "embedded, window hide, wait 170000, window show, window hide, wait 600000, "
+        "window show -> refresh ready");
+    row("pages", "guide, advertise, embedded, tap adButton -> https://shop.example/x?y=z, "
+                 "tap helpButton -> https://help.example/draw, outage, "
+                 "reset -> switch outage get outage ready, tap helpButton -> https://help.example/outage");
+    row("no help in the next configuration",
+        "guide, embedded, look -> 'Draw along the curve' picture 1 helpButton refreshButton, "
+        "guide no, reset -> switch config get ready, "
+        "look -> 'Draw along the curve' picture 2 refreshButton");
+}
+
+void addKinds()
+{
+    row("outage by grid cells, by force",
+        "force, start -> switch outage get outage ready, corners -> outage verify, "
+        "look -> 'Verified' picture 1 outageBadge helpButton, tell outage-verify v -> 0c3f, "
+        "tell outage-verify challenge -> outage-challenge, wait 1000 -> passed outage-token");
+    row("outage: two tries a picture",
+        "outage, answer outage-verify 0104, start -> switch outage get outage ready, "
+        "draw -> outage verify wrong, "
+        "look -> 'Not quite right. Try again.' picture 1 outageBadge helpButton refreshButton, "
+        "draw -> outage verify outage get wrong ready, hold outage-get 200, "
+        "tap refreshButton -> outage get, wait 100, "
+        "look -> 'Not quite right. Try again.' loading outageBadge helpButton, wait 100 -> ready");
+    row("outage: strokes stay in the picture",
+        "inOutage, stray above, stray below, "
+        "stray out, look -> 'Draw along the curve' picture 1 outageBadge helpButton refreshButton, "
+        "draw -> outage verify");
+    row("an outage ends",
+        "inOutage, outage no, "
+        "reset -> switch config get ready, look -> 'Draw along the curve' picture 2 refreshButton, "
+        "stray above -> verify");
+    row("characters, wrong",
+        "characters, answer verify 0104, hold verify 100, embedded, "
+        "look -> 'Type the characters you see' picture 1 refreshButton characterField, draw, "
+        "type Ab 9 -> verify, "
+        "look -> 'Type the characters you see' picture 1 refreshButton disabled characterField, "
+        "wait 100 -> wrong, look -> 'Not quite right. Try again.' picture 1 refreshButton characterField, "
+        "tell verify v -> Ab 9, tell verify drawtime -> 0");
+    row("from characters to drawing",
+        "characters, embedded, characters no, reset -> switch config get ready, "
+        "look -> 'Draw along the curve' picture 2 refreshButton, draw -> verify");
+}
+
+} // namespace
+
+void addDrawingColumns()
+{
+    QTest::addColumn<QString>("mode");
+    QTest::addColumn<QString>("steps");
+}
+
+void addDrawings()
+{
+    addDrawingColumns();
+    addStrokes();
+    addPointers();
+    addFailures();
+    addPictures();
+    addKinds();
+}
+
+} // namespace Conversations
