@@ -7,12 +7,10 @@ using namespace std::chrono_literals;
 void ConversationTestCase::prepare()
 {
     DrawServiceTestCase::prepare();
-    if (m_steps.empty()) {
-        defineHost();
-        defineService();
-        defineUser();
-        defineReports();
-    }
+    defineHost();
+    defineService();
+    defineUser();
+    defineReports();
     setMode(click);
 }
 

@@ -101,17 +101,22 @@ void DrawingTestCase::defineAnswers()
     addStep("idle", [this](auto) { addReport(time().pendingCount() == 0 ? q("yes") : q("no")); });
 }
 
-DrawingTestCase::Points DrawingTestCase::waveFrom(const QString &part) const
+DrawingTestCase::Points DrawingTestCase::waveFrom(const QString &part, int count) const
 {
     const QRect area = frameOf(picture);
     const QPoint start =
         part.isEmpty() ? area.topLeft() + QPoint(30, area.height() / 2) : frameOf(part).center();
-    constexpr int count = 20;
     const int step = start.x() > area.center().x() ? -8 : 8;
     Points points;
     for (int i = 0; i < count; ++i)
-        points.push_back(start + QPoint(i * step, qRound(20 * std::sin(i * 0.3))));
+        points.push_back(inWindow(start + QPoint(i * step, qRound(20 * std::sin(i * 0.3)))));
     return points;
+}
+
+QPoint DrawingTestCase::inWindow(QPoint point) const
+{
+    const QSize size = drawingWindow()->size();
+    return {std::clamp(point.x(), 0, size.width() - 1), std::clamp(point.y(), 0, size.height() - 1)};
 }
 
 void DrawingTestCase::drawWithMouse(const Points &points) const
@@ -119,6 +124,8 @@ void DrawingTestCase::drawWithMouse(const Points &points) const
     QTest::mousePress(drawingWindow(), Qt::LeftButton, {}, points.front());
     for (std::size_t i = 1; i < points.size(); ++i) {
         advance(20ms);
+        if (!drawingWindow())
+            return;
         QTest::mouseMove(drawingWindow(), points[i]);
     }
     QTest::mouseRelease(drawingWindow(), Qt::LeftButton, {}, points.back());
@@ -132,6 +139,8 @@ void DrawingTestCase::drawWithFinger(const Points &points) const
     touch().press(0, points.front());
     for (std::size_t i = 1; i < points.size(); ++i) {
         advance(20ms);
+        if (!drawingWindow())
+            return;
         touch().move(0, points[i]);
     }
     touch().release(0, points.back());

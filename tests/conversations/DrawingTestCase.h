@@ -38,7 +38,9 @@ protected:
     virtual void focusPicture(bool has) = 0;
 
     /// Points of a stroke, over the middle of the picture or from that of another part.
-    [[nodiscard]] Points waveFrom(const QString &part) const;
+    [[nodiscard]] Points waveFrom(const QString &part, int count = 20) const;
+    /// The nearest point of the window.
+    [[nodiscard]] QPoint inWindow(QPoint point) const;
     void drawWithMouse(const Points &points) const;
     void drawWithFinger(const Points &points) const;
     void addReport(const QString &text) { outcomes().add(text); }

@@ -40,12 +40,10 @@ private Q_SLOTS:
     void looksLikeTheWidgets_data()
     {
         const auto row = addColumns<QSize, QString>({"size", "steps"});
-        static const QSet<QString> otherwise{q("panel-hovered"), q("popup-unfolding"), q("strip-edited")};
+        static const QRegularExpression otherwise(q("ratio|dots|busy|turning|opening"));
+        static const QSet<QString> others{q("panel-hovered"), q("popup-unfolding"), q("strip-edited")};
         for (const Look &look : looks) {
-            const QStringList steps = q(look.steps).split(q(", "));
-            if (!otherwise.contains(q(look.name)) && std::ranges::all_of(steps, [this](const QString &step) {
-                    return m_steps.contains(step.section(u' ', 0, 0));
-                }))
+            if (!q(look.steps).contains(otherwise) && !others.contains(q(look.name)))
                 row(look.name, look.size, q(look.steps));
         }
     }
@@ -55,8 +53,7 @@ private Q_SLOTS:
         QFETCH(QSize, size);
         QFETCH(QString, steps);
         window().resize(size);
-        for (const QString &step : steps.split(q(", ")))
-            m_steps[step.section(u' ', 0, 0)](step.section(u' ', 1));
+        go(steps);
         QVERIFY(LookComparison::matches(q(QTest::currentDataTag()), window().grabWindow()));
     }
 
@@ -69,6 +66,8 @@ private:
         m_clock = std::make_unique<AnimationClock>();
         m_clock->install();
         settings().setProperty("reducedMotion", false);
+        defineStates();
+        defineInput();
     }
 
     void finish() override
@@ -124,13 +123,7 @@ private:
 
     void bring(int status)
     {
-        service().answer(outageSwitch, {{q("active"), status == 3}});
-        if (status == 2)
-            service().delay(outageSwitch, 1h);
-        if (status == 4)
-            passByClick();
-        if (status == 5)
-            service().extend(config, {{q("code"), q("0101")}});
+        answerForStatus(status);
         start(q("button"));
         QVERIFY(waitFor([&] { return part(q("button"))->property("status") == status; }));
         if (status == 3)
@@ -151,146 +144,81 @@ private:
 
     void showPanel()
     {
-        service().extend(config, {{q("guide"), true}});
+        go(q("guide"));
         service().extend(q("get"), {{q("adlinkword"), q("An offer")}, {q("adlink"), q("https://x.example")}});
         place(q("panel"), {{}, window().size()});
         QVERIFY(waitForPicture());
         rest(300);
     }
 
-    using Step = std::function<void(const QString &rest)>;
-    std::map<QString, Step> m_steps{
-        {q("ground"),
-         [this](const QString &color) {
-             window().setColor(QColor(color));
-         }},
-        {q("rest"),
-         [this](const QString &time) {
-             rest(time.toInt());
-         }},
-        {q("language"),
-         [](const QString &name) {
-             QVSDKManager::setPreferredLanguage(name);
-         }},
-        {q("contrast"),
-         [](auto) {
-             QVSDKManager::setContrast(QVContrast::High);
-         }},
-        {q("dark"),
-         [](auto) {
-             QVSDKManager::setAppearance(QVAppearance::Dark);
-         }},
-        {q("alternative"),
-         [this](auto) {
-             m_offersAlternative = true;
-         }},
-        {q("characters"),
-         [this](auto) {
-             service().extend(config, {{q("type"), q("character")}});
-         }},
-        {q("outage"),
-         [this](auto) {
-             service().answer(outageSwitch, {{q("active"), true}});
-         }},
-        {q("answer"),
-         [this](const QString &text) {
-             service().extend(text.section(u' ', 0, 0), {{q("code"), text.section(u' ', 1)}});
-         }},
-        {q("view"),
-         [this](auto) {
-             make("DrawingParts.qml", {{}, window().size()}, {{q("contentWidth"), window().width()}});
-             m_made->property("picture").value<QVQuickPicture *>()->setImage(LookComparison::photograph());
-         }},
-        {q("bar"),
-         [this](const QString &text) {
-             const QString key = text.section(u' ', 1);
-             const bool isTappable = key == q("loadFaild") || key == q("No");
-             m_made->property(text.section(u' ', 0, 0).toLatin1())
-                 .value<QVQuickBar *>()
-                 ->slideIn(key == q("No") ? key : qv_localizedStringForKey(key), isTappable, 1);
-         }},
-        {q("strip"),
-         [this](auto) {
-             make("CharacterInput.qml", {{}, window().size()},
-                  {{q("surface"), QVariant::fromValue(&m_surface)}});
-         }},
-        {q("type"),
-         [this](const QString &text) {
-             item(q("characterField"))->setProperty("text", text);
-         }},
-        {q("down"),
-         [this](auto) {
-             item(q("doneButton"))->setProperty("down", true);
-         }},
-        {q("button"),
-         [this](auto) {
-             place(q("button"), {10, 10, 280, 44});
-         }},
-        {q("focus"),
-         [this](auto) {
-             focus("button");
-         }},
-        {q("focus-close"),
-         [this](auto) {
-             focus("closeButton");
-         }},
-        {q("disable"),
-         [this](auto) {
-             part(q("button"))->setProperty("enabled", false);
-         }},
-        {q("hover"),
-         [this](auto) {
-             QTest::mouseMove(&window(), QPoint(250, 30));
-         }},
-        {q("press"),
-         [this](const QString &at) {
-             press({at.section(u' ', 0, 0).toInt(), at.section(u' ', 1).toInt()});
-         }},
-        {q("status"),
-         [this](const QString &status) {
-             bring(status.toInt());
-         }},
-        {q("tap"),
-         [this](auto) {
-             start(q("button"));
-             QVERIFY(waitForPicture());
-             turnRing();
-             // What lay under the pointer at first does so no more.
-             for (const int x : {1, 2})
-                 QTest::mouseMove(&window(), QPoint(x, window().height() - 1));
-         }},
-        {q("draw"),
-         [this](auto) {
-             const QPoint middle(window().width() / 2, window().height() / 2);
-             const auto points = QVPointerInput::wave(middle - QPoint(101, 1), 30);
-             press(points.front());
-             for (const QPoint &point : points)
-                 QTest::mouseMove(&window(), point);
-         }},
-        {q("panel"),
-         [this](auto) {
-             showPanel();
-         }},
-        {q("tab"),
-         [this](auto) {
-             QTest::keyClick(&window(), Qt::Key_Tab);
-         }},
-        {q("push"),
-         [this](const QString &name) {
-             item(name)->setProperty("down", true);
-         }},
-        {q("pen"),
-         [this](auto) {
-             QTest::keyClick(&window(), Qt::Key_Space);
-             for (int i = 0; i < 8; ++i)
-                 QTest::keyClick(&window(), Qt::Key_Right);
-         }},
-        {q("refresh"),
-         [this](auto) {
-             clickOn(q("refreshButton"));
-             QVERIFY(waitFor([this] { return item(q("errorBar")) != nullptr; }));
-         }},
-    };
+    void defineStates()
+    {
+        addStep("ground", [this](const QString &color) { window().setColor(QColor(color)); });
+        addStep("rest", [this](const QString &time) { rest(time.toInt()); });
+        addStep("language", [](const QString &name) { QVSDKManager::setPreferredLanguage(name); });
+        addStep("contrast", [](auto) { QVSDKManager::setContrast(QVContrast::High); });
+        addStep("dark", [](auto) { QVSDKManager::setAppearance(QVAppearance::Dark); });
+        addStep("alternative", [this](auto) { m_offersAlternative = true; });
+        addStep("panel", [this](auto) { showPanel(); });
+        addStep("view", [this](auto) {
+            make("DrawingParts.qml", {{}, window().size()}, {{q("contentWidth"), window().width()}});
+            m_made->property("picture").value<QVQuickPicture *>()->setImage(LookComparison::photograph());
+        });
+        addStep("bar", [this](const QString &text) {
+            const QString key = text.section(u' ', 1);
+            const bool isTappable = key == q("loadFaild") || key == q("No");
+            m_made->property(text.section(u' ', 0, 0).toLatin1())
+                .value<QVQuickBar *>()
+                ->slideIn(key == q("No") ? key : qv_localizedStringForKey(key), isTappable, 1);
+        });
+        addStep("strip", [this](auto) {
+            make("CharacterInput.qml", {{}, window().size()},
+                 {{q("surface"), QVariant::fromValue(&m_surface)}});
+        });
+        addStep("type",
+                [this](const QString &text) { item(q("characterField"))->setProperty("text", text); });
+        addStep("down", [this](auto) { item(q("doneButton"))->setProperty("down", true); });
+        addStep("push", [this](const QString &name) { item(name)->setProperty("down", true); });
+    }
+
+    void defineInput()
+    {
+        addStep("button", [this](auto) { place(q("button"), {10, 10, 280, 44}); });
+        addStep("focus", [this](auto) { focus("button"); });
+        addStep("focus-close", [this](auto) { focus("closeButton"); });
+        addStep("disable", [this](auto) { part(q("button"))->setProperty("enabled", false); });
+        addStep("hover", [this](auto) { QTest::mouseMove(&window(), QPoint(250, 30)); });
+        addStep("press", [this](const QString &at) {
+            press({at.section(u' ', 0, 0).toInt(), at.section(u' ', 1).toInt()});
+        });
+        addStep("status", [this](const QString &status) { bring(status.toInt()); });
+        addStep("tap", [this](auto) {
+            start(q("button"));
+            QVERIFY(waitForPicture());
+            turnRing();
+            // What lay under the pointer at first does so no more.
+            for (const int x : {1, 2})
+                QTest::mouseMove(&window(), QPoint(x, window().height() - 1));
+        });
+        addStep("draw", [this](auto) {
+            const QPoint middle(window().width() / 2, window().height() / 2);
+            const auto points = QVPointerInput::wave(middle - QPoint(101, 1), 30);
+            press(points.front());
+            for (const QPoint &point : points)
+                QTest::mouseMove(&window(), point);
+        });
+        addStep("tab", [this](auto) { QTest::keyClick(&window(), Qt::Key_Tab); });
+        addStep("pen", [this](auto) {
+            QTest::keyClick(&window(), Qt::Key_Space);
+            for (int i = 0; i < 8; ++i)
+                QTest::keyClick(&window(), Qt::Key_Right);
+        });
+        addStep("refresh", [this](auto) {
+            clickOn(q("refreshButton"));
+            QVERIFY(waitFor([this] { return item(q("errorBar")) != nullptr; }));
+        });
+    }
+
     std::unique_ptr<AnimationClock> m_clock;
     QVQuickSurface m_surface;
     std::unique_ptr<QQuickItem> m_made;

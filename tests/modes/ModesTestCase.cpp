@@ -130,18 +130,6 @@ void ModesTestCase::changeHost()
     showActive(*m_host);
 }
 
-void ModesTestCase::answerForStatus(int status)
-{
-    if (status == 2)
-        delay(outageSwitch, std::chrono::hours(1));
-    if (status == 3)
-        service().answer(outageSwitch, {{q("active"), true}});
-    if (status == 4)
-        passByClick();
-    if (status == 5)
-        answerCode(config, q("0101"));
-}
-
 QVClickManager &ModesTestCase::clickManager()
 {
     if (!m_click) {
@@ -276,7 +264,7 @@ QVRenderDrawView *ModesTestCase::drawView()
 
 QWindow *ModesTestCase::drawingWindow() const
 {
-    return drawView()->window()->windowHandle();
+    return drawView() ? drawView()->window()->windowHandle() : nullptr;
 }
 
 QRect ModesTestCase::frameOf(const QString &name) const

@@ -24,8 +24,6 @@ protected:
     void finish() override;
 
     void setMode(const QString &name) override;
-    /// Prepares the answers after which the button stays in \a status.
-    void answerForStatus(int status);
 
     /// Created at the first call, with the button on the host.
     QVClickManager &clickManager();

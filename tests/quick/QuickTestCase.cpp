@@ -7,19 +7,11 @@
 #include <QQmlComponent>
 #include <QtQml/qqmlextensionplugin.h>
 
-#include <cmath>
-
 Q_IMPORT_QML_PLUGIN(QuarvoPlugin)
 
 using namespace std::chrono_literals;
 
 namespace {
-
-QPointingDevice *touchScreen()
-{
-    static QPointingDevice *device = QTest::createTouchDevice();
-    return device;
-}
 
 QQuickItem *find(QQuickItem *in, const QString &name)
 {
@@ -164,51 +156,11 @@ void QuickTestCase::clickOn(const QString &name) const
 {
     QQuickItem *const target = item(name);
     QVERIFY2(target, qPrintable(name));
-    QTest::mouseClick(m_window.get(), Qt::LeftButton, {}, inWindow(centreOf(*target)).toPoint());
-}
-
-QPointF QuickTestCase::inWindow(QPointF point) const
-{
-    return {std::clamp(point.x(), 0.0, m_window->width() - 1.0),
-            std::clamp(point.y(), 0.0, m_window->height() - 1.0)};
-}
-
-QuickTestCase::Points QuickTestCase::wave(int count) const
-{
-    const QPointF centre = centreOf(*item(picture));
-    Points points;
-    constexpr int step = 9;
-    for (int i = 0; i < count; ++i)
-        points.push_back(
-            inWindow(centre + QPointF((i - 0.5 * count) * step, qRound(20 * std::sin(i * 0.3)))));
-    return points;
+    QTest::mouseClick(m_window.get(), Qt::LeftButton, {}, inWindow(centreOf(*target)));
 }
 
 void QuickTestCase::pressPicture() const
 {
-    QTest::mousePress(m_window.get(), Qt::LeftButton, {}, wave().front().toPoint());
+    QTest::mousePress(m_window.get(), Qt::LeftButton, {}, waveFrom({}).front());
     settle();
-}
-
-void QuickTestCase::strokeWithMouse(const Points &points) const
-{
-    QTest::mousePress(m_window.get(), Qt::LeftButton, {}, points.front().toPoint());
-    for (std::size_t i = 1; i < points.size(); ++i) {
-        advance(16ms);
-        if (!m_window)
-            return;
-        QTest::mouseMove(m_window.get(), points[i].toPoint());
-    }
-    QTest::mouseRelease(m_window.get(), Qt::LeftButton, {}, points.back().toPoint());
-}
-
-void QuickTestCase::strokeWithFinger(const Points &points) const
-{
-    // All within one frame.
-    QTest::touchEvent(m_window.get(), touchScreen()).press(0, points.front().toPoint());
-    for (std::size_t i = 1; i < points.size(); ++i) {
-        advance(16ms);
-        QTest::touchEvent(m_window.get(), touchScreen()).move(0, points[i].toPoint());
-    }
-    QTest::touchEvent(m_window.get(), touchScreen()).release(0, points.back().toPoint());
 }

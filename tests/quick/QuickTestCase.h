@@ -22,8 +22,6 @@ class QuickTestCase : public DrawingTestCase
     Q_OBJECT
 
 protected:
-    using Points = std::vector<QPointF>;
-
     void prepare() override;
     void finish() override;
 
@@ -70,14 +68,9 @@ protected:
     [[nodiscard]] bool waitForPicture() const override;
     [[nodiscard]] static QPoint centreOf(const QQuickItem &item);
     void clickOn(const QString &name) const;
-    /// A wave over the picture, in the window's coordinates.
-    [[nodiscard]] Points wave(int count = 14) const;
-    void strokeWithMouse(const Points &points) const;
-    void strokeWithFinger(const Points &points) const;
-    void stroke() const override { strokeWithMouse(wave()); }
+    void stroke() const override { drawWithMouse(waveFrom({})); }
 
 private:
-    [[nodiscard]] QPointF inWindow(QPointF point) const;
     [[nodiscard]] QQuickItem *loader(const QString &part) const;
     [[nodiscard]] QString partOfMode() const;
 

@@ -62,7 +62,7 @@ private:
                 service().extend(verify, {{q("code"), any(2) ? q("0103") : q("0104")}});
             },
             [&] { isOpen() ? clickOn(q("closeButton")) : void(); },
-            [&] { item(picture) ? strokeWithFinger(wave()) : void(); },
+            [&] { item(picture) ? drawWithFinger(waveFrom({})) : void(); },
             [&] { item(picture) ? stroke() : void(); },
         };
         ++m_depth;

@@ -97,7 +97,7 @@ private:
         addStep("in", [=, this](auto) { QTest::mouseMove(&window(), in()); });
         addStep("out", [=, this](auto) { QTest::mouseMove(&window(), in() - QPoint(0, 60)); });
         addStep("lift", [=, this](auto) { QTest::mouseRelease(&window(), Qt::LeftButton, {}, in()); });
-        addStep("finger", [=, this](auto) { strokeWithFinger({in(), in() + QPoint(2, 0)}); });
+        addStep("finger", [=, this](auto) { drawWithFinger({in(), in() + QPoint(2, 0)}); });
         addStep("hide", [=](auto) { button()->setVisible(false); });
         addStep("show", [=](auto) { button()->setVisible(true); });
         addStep("disable", [=](auto) { button()->setEnabled(false); });

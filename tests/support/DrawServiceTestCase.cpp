@@ -30,6 +30,18 @@ void DrawServiceTestCase::answerCode(const QString &what, const QString &code)
     m_service->extend(what, {{q("code"), code}});
 }
 
+void DrawServiceTestCase::answerForStatus(int status)
+{
+    if (status == 2)
+        delay(outageSwitch, std::chrono::hours(1));
+    if (status == 3)
+        service().answer(outageSwitch, {{q("active"), true}});
+    if (status == 4)
+        passByClick();
+    if (status == 5)
+        answerCode(config, q("0101"));
+}
+
 void DrawServiceTestCase::settle() const
 {
     QVERIFY(waitFor([this] {

@@ -29,6 +29,8 @@ protected:
     void answerCode(const QString &what, const QString &code);
     void passByClick() { answerCode(click, q("0103")); }
     void delay(const QString &what, std::chrono::milliseconds by) { m_service->delay(what, by); }
+    /// Prepares the answers after which the button stays in \a status.
+    void answerForStatus(int status);
     /// The names of the requests since forgetAsked(), without those for pictures.
     [[nodiscard]] QStringList asked() const { return m_service->asked().mid(m_forgotten); }
     void forgetAsked() { m_forgotten = m_service->asked().size(); }
