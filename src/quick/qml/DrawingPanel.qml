@@ -43,7 +43,7 @@ T.Control {
     contentItem: DrawingParts {
         id: parts
 
-        readonly property real fittingWidth: (height - alternativeHeight) / contentAspect
+        readonly property real fittingWidth: Math.round((height - alternativeHeight) / contentAspect)
 
         contentWidth: Math.max(0, Math.min(width, fittingWidth))
         isEmbedded: true

@@ -43,7 +43,7 @@ QuarvoSurface {
         anchors.horizontalCenter: parent.horizontalCenter
         anchors.verticalCenter: parent.verticalCenter
         // In a popup the button takes of the room below, but leaves the support label its own.
-        anchors.verticalCenterOffset: -root.alternativeHeight / (root.isEmbedded ? 2 : 4)
+        anchors.verticalCenterOffset: -Math.round(root.alternativeHeight / (root.isEmbedded ? 2 : 4))
         height: root.contentHeight
         width: root.contentWidth
 

@@ -48,9 +48,9 @@ Item {
         objectName: "penHint"
         visible: root.isSteered && !root.surface.isPenUsed
         width: hint.width + 20
-        x: root.pictureArea.x + (root.pictureArea.width - width) / 2
+        x: root.pictureArea.x + Math.round((root.pictureArea.width - width) / 2)
         // Below the pen, and above a bar.
-        y: root.pictureArea.y + 0.7 * root.pictureArea.height - height / 2
+        y: root.pictureArea.y + Math.round(0.7 * root.pictureArea.height - height / 2)
 
         QuarvoText {
             id: hint
