@@ -50,7 +50,7 @@ T.AbstractButton {
     // While it is under way, and once it has passed, pointers go through to what lies below.
     containmentMask: verification.takesInput ? null : nowhere
     focusPolicy: Qt.StrongFocus
-    font: QuarvoLook.font(15, QuarvoLook.textScale)
+    font.pixelSize: Math.round(15 * QuarvoLook.textScale)
     hoverEnabled: true
     implicitHeight: Math.round(44 * QuarvoLook.textScale)
     implicitWidth: 300
