@@ -7,8 +7,6 @@
 class QVAlternativeButton final : public QVTouchButton
 {
 public:
-    static constexpr int defaultHeight = 30;
-
     explicit QVAlternativeButton(QWidget *parent);
 
 protected:

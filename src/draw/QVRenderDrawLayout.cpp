@@ -1,25 +1,12 @@
 #include "draw/QVRenderDrawLayout.h"
 
+#include "flow/QVDrawGeometry.h"
+
 #include <QWidget>
-
-#include <algorithm>
-
-namespace {
-
-constexpr double pictureAspect = 0.575;
-constexpr double drawingRatio = 1.7391304347826086;
-constexpr double characterRatio = 1.4814814814814814;
-constexpr double inputHeight = 40;
-constexpr double captionGap = 10;
-constexpr QSizeF buttonSize(30, 30);
-constexpr auto changeDuration = std::chrono::milliseconds(200);
-
-} // namespace
 
 QVRenderDrawLayout::QVRenderDrawLayout(QVVerifyStyle style, const Parts &parts)
     : m_style(style)
     , m_parts(parts)
-    , m_aspect(pictureAspect)
     , m_layout(parts.view)
 {
 }
@@ -34,13 +21,13 @@ void QVRenderDrawLayout::initRenders(double contentWidth)
 
 void QVRenderDrawLayout::setIsCharVerify(bool isCharVerify, double contentWidth)
 {
-    m_aspect = 1 / (isCharVerify ? characterRatio : drawingRatio);
+    m_isCharVerify = isCharVerify;
     const QVLayout::Build build = contentBuild(contentWidth);
     if (m_style == QVVerifyStyleEmbed)
         m_layout.make(m_parts.contentView, build);
     else
         m_layout.remake(m_parts.contentView, build);
-    m_layout.animateLayout(changeDuration);
+    m_layout.animateLayout(QVDrawGeometry::changeDuration);
 }
 
 void QVRenderDrawLayout::setContentWidth(double contentWidth)
@@ -51,7 +38,7 @@ void QVRenderDrawLayout::setContentWidth(double contentWidth)
 
 void QVRenderDrawLayout::setAlternativeHeight(int height, double contentWidth)
 {
-    m_alternativeHeight = height;
+    m_belowContent = height;
     m_layout.remake(m_parts.contentView, contentBuild(contentWidth));
     m_layout.update(m_parts.alternativeButton,
                     [height](QVConstraintMaker &make) { make.height().equalTo(height); });
@@ -61,7 +48,7 @@ void QVRenderDrawLayout::setAlternativeHeight(int height, double contentWidth)
 void QVRenderDrawLayout::setHelpShown(bool shown)
 {
     m_layout.update(m_parts.helpButton, [shown](QVConstraintMaker &make) {
-        make.width().equalTo(shown ? buttonSize.width() : 0);
+        make.width().equalTo(shown ? QVDrawGeometry::controlSide : 0);
     });
     m_layout.layoutNow();
 }
@@ -70,19 +57,17 @@ double QVRenderDrawLayout::excessWidth() const
 {
     if (m_style != QVVerifyStyleEmbed)
         return 0;
-    return std::max(0.0, m_parts.view->width() - (m_parts.view->height() - m_alternativeHeight) / m_aspect);
+    return m_parts.view->width() -
+           QVDrawGeometry::embeddedWidth(m_parts.view->size(), m_isCharVerify, m_belowContent);
 }
 
 QVLayout::Build QVRenderDrawLayout::contentBuild(double contentWidth) const
 {
     return [this, contentWidth](QVConstraintMaker &make) {
         make.centerX().equalTo(m_parts.view);
-        make.centerY()
-            .equalTo(m_parts.view)
-            // In a popup the button takes of the room below, but leaves the support label its own.
-            .offset(-m_alternativeHeight / (m_style == QVVerifyStyleEmbed ? 2.0 : 4.0));
+        make.centerY().equalTo(m_parts.view).offset(-QVDrawGeometry::contentLift(m_style, m_belowContent));
         buildWidth(make, contentWidth);
-        make.height().equalTo(make.width()).multipliedBy(m_aspect);
+        make.height().equalTo(make.width()).multipliedBy(QVDrawGeometry::contentAspect(m_isCharVerify));
     };
 }
 
@@ -100,29 +85,29 @@ void QVRenderDrawLayout::placePicture()
         make.top().equalTo(m_parts.contentView);
         make.centerX().equalTo(m_parts.contentView);
         make.width().equalTo(m_parts.contentView);
-        make.height().equalTo(make.width()).multipliedBy(pictureAspect);
+        make.height().equalTo(make.width()).multipliedBy(QVDrawGeometry::pictureAspect);
     });
     m_layout.make(m_parts.charInputView, [this](QVConstraintMaker &make) {
         make.left().equalTo(m_parts.contentView);
         make.bottom().equalTo(m_parts.contentView);
         make.right().equalTo(m_parts.contentView);
-        make.height().equalTo(inputHeight);
+        make.height().equalTo(QVDrawGeometry::inputHeight);
     });
 }
 
 void QVRenderDrawLayout::placeControls()
 {
     m_layout.make(m_parts.captchaLabel, [this](QVConstraintMaker &make) {
-        make.bottom().equalTo(m_parts.imageView, QVLayoutAttribute::Top).offset(-captionGap);
+        make.bottom().equalTo(m_parts.imageView, QVLayoutAttribute::Top).offset(-QVDrawGeometry::captionGap);
         make.centerX().equalTo(m_parts.view);
     });
     m_layout.make(m_parts.helpButton, [this](QVConstraintMaker &make) {
-        make.size().equalTo(QSizeF(0, buttonSize.height()));
+        make.size().equalTo(QSizeF(0, QVDrawGeometry::controlSide));
         make.top().equalTo(m_parts.imageView);
         make.right().equalTo(m_parts.imageView);
     });
     m_layout.make(m_parts.refreshButton, [this](QVConstraintMaker &make) {
-        make.size().equalTo(buttonSize);
+        make.size().equalTo(QSizeF(QVDrawGeometry::controlSide, QVDrawGeometry::controlSide));
         make.top().equalTo(m_parts.imageView);
         make.right().equalTo(m_parts.helpButton, QVLayoutAttribute::Left);
     });

@@ -31,7 +31,7 @@ public:
     [[nodiscard]] double excessWidth() const;
     /// Leaves \a height below the content. A popup has that room anyway.
     void setAlternativeHeight(int height, double contentWidth);
-    [[nodiscard]] int alternativeHeight() const { return m_alternativeHeight; }
+    [[nodiscard]] int alternativeHeight() const { return m_belowContent; }
     /// Gives the help button its width only if it is shown.
     void setHelpShown(bool shown);
     void layoutNow() { m_layout.layoutNow(); }
@@ -44,8 +44,7 @@ private:
 
     QVVerifyStyle m_style;
     Parts m_parts;
-    /// The height of the content divided by its width.
-    double m_aspect;
-    int m_alternativeHeight = 0;
+    bool m_isCharVerify = false;
+    int m_belowContent = 0;
     QVLayout m_layout;
 };

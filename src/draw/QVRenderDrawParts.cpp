@@ -4,6 +4,7 @@
 #include "draw/QVAlternativeButton.h"
 #include "draw/QVContentView.h"
 #include "draw/QVRenderDrawLayout.h"
+#include "flow/QVDrawGeometry.h"
 #include "service/QVGetRefreshResponseModel.h"
 #include "settings/QVBundleImage.h"
 #include "settings/QVColors.h"
@@ -25,13 +26,8 @@ namespace {
 
 constexpr int captionFontSize = 17;
 constexpr int badgeFontSize = 12;
-/// On the narrowest picture, 200 points, it leaves refresh and help their places.
-constexpr int widestBadge = 135;
-/// The popup's close button, with a gap, which the caption must not run into.
-constexpr int closeButtonRoom = 40;
 constexpr QSize badgePadding(10, 5);
 constexpr int buttonInset = 5;
-constexpr double spinSeconds = 0.3;
 
 QVCustomActionButton *makeButton(QWidget *parent, const char *name, const char *picture,
                                  QLatin1String accessibleKey)
@@ -71,7 +67,8 @@ void QVRenderDrawParts::initRenders(QVVerifyStyle style)
 
 void QVRenderDrawParts::updateContentWidth()
 {
-    m_captchaLabel->setMaximumWidth(std::max(0, int(contentViewWidth()) - 2 * closeButtonRoom));
+    m_captchaLabel->setMaximumWidth(
+        std::max(0, int(contentViewWidth()) - 2 * QVDrawGeometry::closeButtonRoom));
     m_layout->setContentWidth(contentViewWidth());
 }
 
@@ -133,7 +130,7 @@ QVLabel &QVRenderDrawParts::outageLabel()
         qv_followLanguage(m_outageLabel, [label = m_outageLabel] {
             label->setText(qv_localizedStringForKey(QVKey::outage));
             // Independent of the picture's size, which may not be final yet.
-            label->resize(label->sizeFor(widestBadge));
+            label->resize(label->sizeFor(QVDrawGeometry::widestBadge));
         });
     }
     return *m_outageLabel;
@@ -221,7 +218,7 @@ void QVRenderDrawParts::setHelpButtonShown(bool shown)
 void QVRenderDrawParts::setAlternativeShown(bool shown)
 {
     m_alternativeButton->setVisible(shown);
-    m_layout->setAlternativeHeight(shown ? QVAlternativeButton::defaultHeight : 0, contentViewWidth());
+    m_layout->setAlternativeHeight(shown ? QVDrawGeometry::alternativeHeight : 0, contentViewWidth());
 }
 
 int QVRenderDrawParts::alternativeHeight() const
@@ -266,6 +263,6 @@ void QVRenderDrawParts::setOutage(bool outage)
 void QVRenderDrawParts::spinRefreshButton()
 {
     QVAnimation spin = QVAnimation::basic(QVLayerProperty::Rotation, 0.0, std::numbers::pi);
-    spin.setDuration(spinSeconds);
+    spin.setDuration(std::chrono::duration<double>(QVDrawGeometry::spinDuration).count());
     m_refreshButton->layer().addAnimation(spin);
 }

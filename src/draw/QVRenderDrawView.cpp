@@ -5,6 +5,7 @@
 #include "draw/QVKeyPen.h"
 #include "draw/QVPanEventFilter.h"
 #include "draw/QVRenderStrokeView.h"
+#include "flow/QVDrawGeometry.h"
 #include "flow/QVRenderDrawFlow.h"
 #include "platform/QVMainThread.h"
 #include "platform/QVPage.h"
@@ -20,8 +21,6 @@
 #include <utility>
 
 namespace {
-
-constexpr double widestContent = 414;
 
 /// The size hint of an embedded view: room for the picture and the character input.
 constexpr QSize embedSize(400, 270);
@@ -100,7 +99,7 @@ void QVRenderDrawView::setScreenWidth(double width)
 
 double QVRenderDrawView::contentViewWidth() const
 {
-    return std::min(m_screenWidth.value_or(window()->width()), widestContent);
+    return std::min<double>(m_screenWidth.value_or(window()->width()), QVDrawGeometry::widestContent);
 }
 
 QSize QVRenderDrawView::sizeHint() const

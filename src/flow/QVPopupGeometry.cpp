@@ -1,21 +1,22 @@
 #include "flow/QVPopupGeometry.h"
 
+#include "flow/QVDrawGeometry.h"
+
 #include <algorithm>
 
 namespace {
 
 constexpr int widestWhole = 480;
 constexpr int narrowestWhole = 240;
-constexpr int cardWidth = 414;
 /// The height above and below the content, for the caption, the close button and the support label.
 constexpr int margin = 50;
-/// The height of the content with characters, the higher of the two kinds, divided by its width.
-constexpr double contentRatio = 0.675;
 
 /// The height that a surface of this width needs to show everything.
 int neededHeight(int width)
 {
-    return int(contentRatio * std::min(width, cardWidth)) + 2 * margin;
+    // With characters the content is higher.
+    return int(QVDrawGeometry::contentAspect(true) * std::min(width, QVDrawGeometry::widestContent)) +
+           2 * margin;
 }
 
 bool hasRoom(QSize surface)
@@ -27,7 +28,7 @@ bool hasRoom(QSize surface)
 
 QSize QVPopupGeometry::cardSize()
 {
-    return {cardWidth, neededHeight(cardWidth)};
+    return {QVDrawGeometry::widestContent, neededHeight(QVDrawGeometry::widestContent)};
 }
 
 QVPopupGeometry::Place QVPopupGeometry::place(const std::optional<Host> &host,

@@ -5,6 +5,7 @@
 
 #include <QRect>
 
+#include <chrono>
 #include <optional>
 
 /// The place of a popup, and the area for its elements (the screen) on the surface that it covers.
@@ -31,6 +32,13 @@ public:
         /// The size that is available on its screen.
         QSize screen;
     };
+
+    /// The radius of the close button, which lies in a corner of the card.
+    static constexpr int cardRadius = 16;
+    /// Between the support label and the corner that it lies in.
+    static constexpr QPoint supportOffset{10, 5};
+    static constexpr std::chrono::milliseconds dimDuration{150};
+    static constexpr std::chrono::milliseconds unfoldDuration{250};
 
     [[nodiscard]] static Place place(const std::optional<Host> &host, QVPopupPresentation presentation);
     /// The largest size of a card.

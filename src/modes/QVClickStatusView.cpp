@@ -1,5 +1,6 @@
 #include "modes/QVClickStatusView.h"
 
+#include "flow/QVClickSurface.h"
 #include "layers/QVPathGeometry.h"
 #include "settings/QVBundleImage.h"
 #include "views/QVAccessibleRole.h"
@@ -11,7 +12,6 @@
 #include <numbers>
 
 using std::numbers::pi;
-using namespace std::chrono_literals;
 
 namespace {
 
@@ -21,7 +21,6 @@ constexpr qreal smallCircleRadius = 8;
 constexpr qreal smallCircleAnimationRadius = 4;
 constexpr qreal ringLineWidth = 2;
 constexpr qreal arcLength = 0.15;
-constexpr double endSeconds = 0.5;
 constexpr QColor stripColor(0, 0, 0, 77);
 constexpr QColor ringColor(255, 255, 255);
 constexpr QColor paleColor(255, 255, 255, 128);
@@ -34,10 +33,10 @@ QVAnimation pulse()
     return animation;
 }
 
-QVAnimation reveal(double seconds)
+QVAnimation reveal(std::chrono::duration<double> duration)
 {
     QVAnimation animation = QVAnimation::basic(QVLayerProperty::StrokeEnd, 0.0, 1.0);
-    animation.setDuration(seconds);
+    animation.setDuration(duration.count());
     return animation;
 }
 
@@ -232,10 +231,10 @@ void QVClickStatusView::statusLoadingLayerAnimation()
 
 void QVClickStatusView::statusWaitingAnimation()
 {
-    restart(statusLoadingLayer(), reveal(1));
-    restart(statusAnimationLayer(), reveal(1));
+    restart(statusLoadingLayer(), reveal(QVClickSurface::ringDuration));
+    restart(statusAnimationLayer(), reveal(QVClickSurface::ringDuration));
     // The pulse starts even if the status has changed. Then it runs on a new, empty layer and shows nothing.
-    QVScheduler::shared().schedule(1s, [view = QPointer(this)] {
+    QVScheduler::shared().schedule(QVClickSurface::ringDuration, [view = QPointer(this)] {
         if (view)
             view->statusWaitingSecondStep();
     });
@@ -248,12 +247,12 @@ void QVClickStatusView::statusWaitingSecondStep()
 
 void QVClickStatusView::successAnimation()
 {
-    restart(statusAnimationLayer(), reveal(endSeconds));
+    restart(statusAnimationLayer(), reveal(QVClickSurface::markDuration));
 }
 
 void QVClickStatusView::errorAnimation()
 {
-    restart(statusAnimationLayer(), reveal(endSeconds));
+    restart(statusAnimationLayer(), reveal(QVClickSurface::markDuration));
 }
 
 QPointF QVClickStatusView::centre() const

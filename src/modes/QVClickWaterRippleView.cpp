@@ -1,5 +1,6 @@
 #include "modes/QVClickWaterRippleView.h"
 
+#include "flow/QVClickSurface.h"
 #include "layers/QVPathGeometry.h"
 #include "views/QVAccessibleRole.h"
 
@@ -12,7 +13,6 @@ namespace {
 
 constexpr QColor rippleColor(255, 255, 255, 51);
 constexpr qreal startRadius = 0.1;
-constexpr double spreadSeconds = 0.5;
 
 QPainterPath circleAround(QPointF point, qreal radius)
 {
@@ -46,7 +46,7 @@ void QVClickWaterRippleView::beganWaterRippleAnimationAtPoint(QPointF point)
     // The layer itself has no path, so the ripple disappears at the end of the animation.
     QVAnimation spread = QVAnimation::basic(QVLayerProperty::Path, circleAround(point, startRadius),
                                             circleAround(point, endRadius));
-    spread.setDuration(spreadSeconds);
+    spread.setDuration(std::chrono::duration<double>(QVClickSurface::rippleDuration).count());
     m_waterRippleLayer->addAnimation(spread);
 }
 

@@ -1,6 +1,7 @@
 #include "popup/QVViewController.h"
 
 #include "draw/QVRenderDrawView.h"
+#include "flow/QVPopupGeometry.h"
 #include "layers/QVValueAnimation.h"
 #include "paint/QVEasing.h"
 #include "popup/QVCloseButton.h"
@@ -18,9 +19,8 @@
 
 namespace {
 
-constexpr double unfoldSeconds = 0.25;
 constexpr int supportFontSize = 12;
-constexpr QPoint supportOffset(10, 5);
+constexpr QPoint supportOffset = QVPopupGeometry::supportOffset;
 
 } // namespace
 
@@ -147,7 +147,7 @@ void QVViewController::showRenderViewAnimation()
     // The usual curve; with a more dynamic one the picture seems to wobble.
     m_unfoldAnimation->setTimingCurve(QVEasing::usual());
     m_unfoldAnimation->start(
-        0, 1, unfoldSeconds,
+        0, 1, std::chrono::duration<double>(QVPopupGeometry::unfoldDuration).count(),
         [unfold = m_unfold](double scale) {
             if (unfold)
                 unfold->setScale(scale);

@@ -25,11 +25,8 @@
 namespace {
 
 constexpr QColor dimColor(0, 0, 0, 102);
-constexpr double dimSeconds = 0.15;
 /// The border of a card that is a separate window: not every platform draws a shadow around it.
 constexpr QColor edgeColor(0, 0, 0, 60);
-// The radius of the close button, which is in the top right corner.
-constexpr qreal cardRadius = 16;
 
 constexpr Qt::WindowFlags cardFlags = Qt::Dialog | Qt::FramelessWindowHint;
 constexpr Qt::WindowFlags screenFlags = Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint;
@@ -93,10 +90,11 @@ void QVWindow::makeKeyAndVisible(QObject *host)
     m_isWanted = true;
     m_presentation = chosenPresentation();
     watchHost();
-    m_dimming.start(0, 1, dimSeconds, [this](double part) {
-        m_dimmedPart = part;
-        update();
-    });
+    m_dimming.start(0, 1, std::chrono::duration<double>(QVPopupGeometry::dimDuration).count(),
+                    [this](double part) {
+                        m_dimmedPart = part;
+                        update();
+                    });
     // If this is a separate window, Qt may be activating it at this moment, even if it was just hidden, and
     // would go on using it after its destruction.
     if (isWindow() && windowHandle())
@@ -356,7 +354,7 @@ void QVWindow::paintEvent(QPaintEvent *)
     }
     painter.setRenderHint(QPainter::Antialiasing);
     QPainterPath card;
-    card.addRoundedRect(popupScreen(), cardRadius, cardRadius);
+    card.addRoundedRect(popupScreen(), QVPopupGeometry::cardRadius, QVPopupGeometry::cardRadius);
     painter.fillPath(card, QVColors::surface());
 }
 

@@ -18,7 +18,6 @@
 #include <utility>
 
 using std::numbers::pi;
-using namespace std::chrono_literals;
 
 namespace {
 
@@ -33,8 +32,8 @@ constexpr qreal haloGrowth = 10;
 constexpr qreal logoSide = 40;
 constexpr qreal stripHeight = 60;
 constexpr qreal halfStrip = stripHeight / 2;
-constexpr double openSeconds = 0.5;
-constexpr double haloSeconds = 0.25;
+constexpr double openSeconds = std::chrono::duration<double>(QVInvisibleSurface::openDuration).count();
+constexpr double haloSeconds = std::chrono::duration<double>(QVInvisibleSurface::haloDuration).count();
 
 QString passText()
 {
@@ -139,7 +138,7 @@ void QVInvisibleAnimationView::passAnimationComplete(std::function<void()> compl
     // Behind the smooth edge of the filled ring a pale one of the same width would shine through.
     circleBackLayer().setLineWidth(ringWidth - 1);
     fillRing();
-    QVScheduler::shared().schedule(750ms, [view = QPointer(this)] {
+    QVScheduler::shared().schedule(QVInvisibleSurface::haloDelay, [view = QPointer(this)] {
         if (view)
             view->startHalo();
     });

@@ -1,5 +1,6 @@
 #include "views/QVRenderDrawOverlayView.h"
 
+#include "flow/QVOverlaySurface.h"
 #include "settings/QVBundleImage.h"
 #include "settings/QVSystemFont.h"
 #include "views/QVAccessibleRole.h"
@@ -13,9 +14,8 @@
 
 namespace {
 
-constexpr double usualHeight = 30;
-constexpr int labelInset = 10;
-constexpr int retrySide = 16;
+constexpr int labelInset = QVOverlaySurface::barInset;
+constexpr int retrySide = QVOverlaySurface::retrySide;
 
 /// White text is used on coloured bars, and needs a shadow.
 QVTextStyle styleFor(QVColors::Source text)
@@ -44,7 +44,7 @@ QVRenderDrawOverlayView::QVRenderDrawOverlayView(const QColor &background, QVCol
 
 int QVRenderDrawOverlayView::defaultHeight()
 {
-    return static_cast<int>(std::lround(usualHeight * qv_textScale()));
+    return static_cast<int>(std::lround(QVOverlaySurface::barHeight * qv_textScale()));
 }
 
 void QVRenderDrawOverlayView::setOverlayImage(const QPixmap &image, const QVText &text)
