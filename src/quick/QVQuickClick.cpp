@@ -1,5 +1,6 @@
 #include "quick/QVQuickClick.h"
 
+#include "quick/QVQuickWindows.h"
 #include "settings/QVLanguageNotice.h"
 
 #include <QPointer>
@@ -61,5 +62,5 @@ void QVQuickClick::reset()
 
 QObject *QVQuickClick::host() const
 {
-    return QVQuickPresenter::windowOf(parent());
+    return QVQuickWindows::of(parent());
 }

@@ -1,6 +1,7 @@
 #include "quick/QVQuickInvisible.h"
 
 #include "platform/QVScheduler.h"
+#include "quick/QVQuickWindows.h"
 
 #include <QQmlComponent>
 #include <QQmlEngine>
@@ -40,7 +41,7 @@ void QVQuickInvisible::reset()
 
 QObject *QVQuickInvisible::host() const
 {
-    return QVQuickPresenter::activeWindow(parent());
+    return QVQuickWindows::active(parent());
 }
 
 QQuickItem *QVQuickInvisible::badge(QObject *host)

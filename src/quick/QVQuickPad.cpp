@@ -1,5 +1,7 @@
 #include "quick/QVQuickPad.h"
 
+#include "quick/QVQuickWindows.h"
+
 #include <QGuiApplication>
 #include <QQuickWindow>
 
@@ -15,6 +17,10 @@ QVQuickPad::QVQuickPad(QQuickItem *parent)
     setFiltersChildMouseEvents(true);
     connect(qGuiApp, &QGuiApplication::applicationStateChanged, this, [this](Qt::ApplicationState state) {
         if (state != Qt::ApplicationActive)
+            cancel();
+    });
+    connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, [this](const QWindow *now) {
+        if (window() && now != QVQuickWindows::shown(window()))
             cancel();
     });
 }
@@ -210,25 +216,9 @@ void QVQuickPad::itemChange(ItemChange change, const ItemChangeData &data)
                       (change == ItemEnabledHasChanged && !data.boolValue);
     if (goes)
         cancel();
-    if (change == ItemSceneChange) {
+    if (change == ItemSceneChange)
         readWindow(nullptr);
-        watch(data.window);
-    }
     QQuickItem::itemChange(change, data);
-}
-
-void QVQuickPad::watch(QQuickWindow *window)
-{
-    for (const QMetaObject::Connection &connection : m_windowChanges)
-        disconnect(connection);
-    if (!window)
-        return;
-    const auto leave = [this] {
-        if (this->window() && !(this->window()->isActive() && this->window()->isVisible()))
-            cancel();
-    };
-    m_windowChanges = {connect(window, &QWindow::activeChanged, this, leave),
-                       connect(window, &QWindow::visibleChanged, this, leave)};
 }
 
 void QVQuickPad::setKeyTarget(QQuickItem *target)

@@ -6,7 +6,6 @@
 #include <QPointer>
 #include <QQuickItem>
 
-#include <array>
 #include <memory>
 
 /// Tells a recogniser what pointers and keys do on an item, wherever in it and over whatever else is in it.
@@ -45,6 +44,8 @@ protected:
     /// From now on \a recognizer is told; it outlives this, or forget() is called before.
     void tell(QVPanGestureRecognizer &recognizer);
     void setPenReady(bool ready);
+    /// Ends a stroke that is being drawn as if it had not begun.
+    void cancel();
     /// Shows where the pen is, and whether it is down, which others may have changed.
     void refreshPen();
 
@@ -61,15 +62,12 @@ protected:
 private:
     using Pointer = QVPanGestureRecognizer::Pointer;
 
-    void cancel();
     [[nodiscard]] bool takesPresses() const;
     [[nodiscard]] bool filterMouse(const QMouseEvent &event);
     [[nodiscard]] bool filterTouch(const QTouchEvent &event);
     void pressTouch(const QTouchEvent &event);
     void followTouch(const QTouchEvent &event);
     void readWindow(QQuickWindow *window);
-    /// Cancels the stroke when the window loses its activity or is hidden.
-    void watch(QQuickWindow *window);
     [[nodiscard]] bool handleKey(QEvent &event);
     void followKeyTarget();
 
@@ -84,5 +82,4 @@ private:
     int m_touchId = 0;
     /// The finger has drawn, so that the control on which it was pressed is not clicked.
     bool m_hasTakenTouch = false;
-    std::array<QMetaObject::Connection, 2> m_windowChanges;
 };

@@ -2,8 +2,6 @@
 
 #include "flow/QVPopupPresenter.h"
 
-class QQuickWindow;
-
 /// Shows popups in the overlay of the host's window.
 class QVQuickPresenter final : public QVPopupPresenter
 {
@@ -20,11 +18,6 @@ public:
               QVViewControllerDelegate *delegate) const override;
     [[nodiscard]] std::unique_ptr<QObject> watch(QObject *host,
                                                  const std::function<void()> &gone) const override;
-
-    /// The window that has the keyboard, else that of \a object, else any; null where no window is shown.
-    [[nodiscard]] static QQuickWindow *activeWindow(QObject *object);
-    /// The window that \a object is in, null where it is in none.
-    [[nodiscard]] static QQuickWindow *windowOf(QObject *object);
 
 private:
     const QObject &m_owner;

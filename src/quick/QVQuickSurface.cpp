@@ -1,6 +1,7 @@
 #include "quick/QVQuickSurface.h"
 
 #include "platform/QVPage.h"
+#include "quick/QVQuickWindows.h"
 #include "service/QVGetRefreshResponseModel.h"
 #include "settings/QVBundleImage.h"
 #include "settings/QVLanguageNotice.h"
@@ -42,11 +43,25 @@ void QVQuickSurface::componentComplete()
 
 void QVQuickSurface::enterScene()
 {
-    connect(window(), &QWindow::visibilityChanged, this, [this] {
-        if (isSeen())
-            m_flow->surfaceHasAppeared();
-    });
+    polish();
     m_flow->didMoveToSuperview();
+}
+
+void QVQuickSurface::updatePolish()
+{
+    // Which window shows this is known only now.
+    disconnect(m_visibility);
+    m_visibility = connect(QVQuickWindows::shown(window()), &QWindow::visibilityChanged, this,
+                           &QVQuickSurface::lookWhetherSeen);
+    lookWhetherSeen();
+}
+
+void QVQuickSurface::lookWhetherSeen()
+{
+    if (!isSeen())
+        cancel();
+    else if (m_flow)
+        m_flow->surfaceHasAppeared();
 }
 
 void QVQuickSurface::itemChange(ItemChange change, const ItemChangeData &data)
@@ -56,8 +71,8 @@ void QVQuickSurface::itemChange(ItemChange change, const ItemChangeData &data)
         return;
     if (change == ItemSceneChange && data.window)
         enterScene();
-    else if (change == ItemVisibleHasChanged && isSeen())
-        m_flow->surfaceHasAppeared();
+    else if (change == ItemVisibleHasChanged)
+        lookWhetherSeen();
 }
 
 void QVQuickSurface::geometryChange(const QRectF &now, const QRectF &before)
@@ -226,7 +241,10 @@ void QVQuickSurface::setDrawingEnabled(bool enabled)
 
 bool QVQuickSurface::isSeen() const
 {
-    return isVisible() && window() && window()->isVisible() && window()->visibility() != QWindow::Minimized;
+    if (!isVisible() || !window())
+        return false;
+    const QWindow *const shown = QVQuickWindows::shown(window());
+    return shown->isVisible() && shown->visibility() != QWindow::Minimized;
 }
 
 QRectF QVQuickSurface::traceFrame() const

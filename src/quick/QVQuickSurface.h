@@ -97,12 +97,14 @@ Q_SIGNALS:
 
 protected:
     void componentComplete() override;
+    void updatePolish() override;
     void itemChange(ItemChange change, const ItemChangeData &data) override;
     void geometryChange(const QRectF &now, const QRectF &before) override;
 
 private:
     [[nodiscard]] QVQuickBar &bar(Bar which) { return m_bars.at(std::size_t(which)); }
     void enterScene();
+    void lookWhetherSeen();
     void show(const QImage &picture);
 
     void slideIn(Bar which, const QVText &text, bool acceptsTouches) override;
@@ -147,6 +149,7 @@ private:
 
     std::shared_ptr<QVRenderDrawFlow> m_flow;
     QVIdentity m_identity;
+    QMetaObject::Connection m_visibility;
     std::array<QVQuickBar, 3> m_bars;
     int m_barCount = 0;
     QPointer<QVQuickPicture> m_picture;

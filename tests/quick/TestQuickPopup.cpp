@@ -1,5 +1,8 @@
 #include "quick/QuickTestCase.h"
 
+#include <QQmlComponent>
+#include <QQuickRenderControl>
+
 using namespace std::chrono_literals;
 
 /// The popup: where it lies, who has the keyboard, and how it goes and comes back.
@@ -76,6 +79,28 @@ private Q_SLOTS:
         }
         QVERIFY(!visited.contains(item(q("before"))) && !visited.contains(item(q("button"))));
         QVERIFY(visited.contains(item(q("picture"))) && visited.contains(item(q("closeButton"))));
+    }
+
+    /// A scene in a widget has a window that is never on screen; another one shows it.
+    void opensInAWidgetsScene()
+    {
+        struct Control : QQuickRenderControl
+        {
+            QWindow around;
+            QWindow *renderWindow(QPoint * /*offset*/) override { return &around; }
+        } control;
+        control.around.show();
+        QQuickWindow scene(&control);
+        QQmlComponent component(qmlEngine(&window()));
+        component.setData("import Quarvo; VerifyButton {}", {});
+        const std::unique_ptr<QObject> button(
+            component.createWithInitialProperties({{q("parent"), QVariant::fromValue(scene.contentItem())}}));
+        QMetaObject::invokeMethod(button.get(), "clicked");
+        pass(500ms);
+        QCOMPARE(button->property("status").toInt(), 2);
+        control.around.hide();
+        pass(100ms);
+        QCOMPARE(button->property("status").toInt(), 0);
     }
 
 private:
