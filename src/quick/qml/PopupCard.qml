@@ -9,7 +9,6 @@ T.Popup {
 
     property alias surface: parts
     property alias offersAlternative: parts.offersAlternative
-    // The host's window, but for what the on-screen keyboard covers.
     readonly property real keyboardHeight: Qt.inputMethod.visible && parts.isCharVerify ? Qt.inputMethod.keyboardRectangle.height : 0
     readonly property bool isCard: geometry.isCard
     readonly property rect screen: geometry.screen
@@ -25,18 +24,28 @@ T.Popup {
 
     closePolicy: T.Popup.NoAutoClose
     focus: true
-    height: parent ? parent.height : 0
+    // The host's window, but for what the on-screen keyboard covers.
+    height: parent ? parent.height - root.keyboardHeight : 0
     margins: 0
     modal: true
     padding: 0
     width: parent ? parent.width : 0
+
+    // What the host shows there takes input: its keyboard may be an item of the same window.
+    T.Overlay.modal: Item {
+        containmentMask: QtObject {
+            function contains(point: point): bool {
+                return point.y < root.height;
+            }
+        }
+    }
 
     onClosed: parts.closeRequested()
 
     QuarvoPopupGeometry {
         id: geometry
 
-        height: root.height - root.keyboardHeight
+        height: root.height
         width: root.width
     }
 
