@@ -78,6 +78,7 @@ void QVQuickSurface::itemChange(ItemChange change, const ItemChangeData &data)
 void QVQuickSurface::geometryChange(const QRectF &now, const QRectF &before)
 {
     QVQuickPad::geometryChange(now, before);
+    Q_EMIT placed();
     refreshPen();
 }
 
@@ -189,12 +190,13 @@ void QVQuickSurface::showFailedPicture()
 void QVQuickSurface::setIsCharVerify(bool isCharVerify)
 {
     change(m_isCharVerify, isCharVerify);
+    Q_EMIT placed();
 }
 
 void QVQuickSurface::updateContentWidthHeightQVVerifyPercentage(bool isCharVerify)
 {
     // The parts in QML follow the same property.
-    change(m_isCharVerify, isCharVerify);
+    setIsCharVerify(isCharVerify);
 }
 
 void QVQuickSurface::setCaption(const QVText &caption)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "flow/QVDrawGeometry.h"
 #include "flow/QVRenderDrawFlow.h"
 #include "flow/QVRenderDrawSurface.h"
 #include "platform/QVTimer.h"
@@ -26,6 +27,13 @@ class QVQuickSurface : public QVQuickPad, private QVRenderDrawSurface, private Q
     Q_PROPERTY(QVQuickStroke *stroke MEMBER m_stroke)
     /// What traces are measured in: the item, or as much of it as its content can fill.
     Q_PROPERTY(QRectF traceArea MEMBER m_traceArea)
+
+    /// How high what lies below the content is.
+    Q_PROPERTY(double belowContent MEMBER m_belowContent NOTIFY placed)
+    Q_PROPERTY(double pictureAspect READ pictureAspect CONSTANT)
+    Q_PROPERTY(double contentAspect READ contentAspect NOTIFY placed)
+    Q_PROPERTY(double contentLift READ contentLift NOTIFY placed)
+    Q_PROPERTY(double embeddedWidth READ embeddedWidth NOTIFY placed)
 
     Q_PROPERTY(QVQuickBar *prompt READ prompt CONSTANT)
     Q_PROPERTY(QVQuickBar *error READ error CONSTANT)
@@ -71,6 +79,18 @@ public:
     [[nodiscard]] bool isDrawingEnabled() const { return m_isDrawingEnabled; }
     [[nodiscard]] bool isAnswerChecked() const { return m_isAnswerChecked; }
 
+    [[nodiscard]] static double pictureAspect() { return QVDrawGeometry::pictureAspect; }
+    [[nodiscard]] double contentAspect() const { return QVDrawGeometry::contentAspect(m_isCharVerify); }
+    [[nodiscard]] double contentLift() const
+    {
+        return QVDrawGeometry::contentLift(m_isEmbedded ? QVVerifyStyleEmbed : QVVerifyStylePopup,
+                                           m_belowContent);
+    }
+    [[nodiscard]] double embeddedWidth() const
+    {
+        return QVDrawGeometry::embeddedWidth(size(), m_isCharVerify, m_belowContent);
+    }
+
     Q_INVOKABLE void refresh();
     Q_INVOKABLE void help();
     Q_INVOKABLE void retry();
@@ -82,6 +102,8 @@ Q_SIGNALS:
     void identityChanged();
     /// Something is to be shown otherwise.
     void shown();
+    /// The content has another place or size.
+    void placed();
     void isDrawingEnabledChanged();
     /// The picture has been there for as long as one may be.
     void pictureExpired();
@@ -155,6 +177,7 @@ private:
     QPointer<QVQuickPicture> m_picture;
     QPointer<QVQuickStroke> m_stroke;
     QRectF m_traceArea;
+    double m_belowContent = 0;
     QVTimer m_clearing;
     QVText m_caption;
     QString m_adWord;

@@ -28,7 +28,7 @@ Item {
         id: pass
 
         NumberAnimation {
-            duration: 500
+            duration: QuarvoMeasure.OpenDuration
             easing: QuarvoLook.easeOut
             from: 0
             property: "openPart"
@@ -36,7 +36,7 @@ Item {
             to: 1
         }
         NumberAnimation {
-            duration: 500
+            duration: QuarvoMeasure.OpenDuration
             from: 0
             property: "strokeEnd"
             target: arc
@@ -44,11 +44,11 @@ Item {
         }
         SequentialAnimation {
             PauseAnimation {
-                duration: 750
+                duration: QuarvoMeasure.HaloDelay
             }
             ParallelAnimation {
                 NumberAnimation {
-                    duration: 250
+                    duration: QuarvoMeasure.HaloDuration
                     easing: QuarvoLook.easeOut
                     from: 0
                     property: "growth"
@@ -56,7 +56,7 @@ Item {
                     to: 10
                 }
                 NumberAnimation {
-                    duration: 250
+                    duration: QuarvoMeasure.HaloDuration
                     easing: QuarvoLook.easeIn
                     from: 0.5
                     property: "opacity"

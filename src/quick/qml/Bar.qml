@@ -12,7 +12,7 @@ T.AbstractButton {
     property color textColor: "white"
     // What the strip for characters covers of the picture.
     property real covered
-    readonly property int usualHeight: Math.round(30 * QuarvoLook.textScale)
+    readonly property int usualHeight: Math.round(QuarvoMeasure.BarHeight * QuarvoLook.textScale)
     readonly property bool takesInput: root.bar.isShown && root.bar.acceptsTouches
     // How much of it has slid in.
     property real part: root.bar.isShown ? 1 : 0
@@ -35,7 +35,7 @@ T.AbstractButton {
         enabled: !QuarvoLook.isMotionReduced
 
         NumberAnimation {
-            duration: 200
+            duration: QuarvoMeasure.SlideDuration
             easing: QuarvoLook.easeInEaseOut
         }
     }
@@ -61,17 +61,17 @@ T.AbstractButton {
             pixelSize: 14
             text: root.bar.text
             widest: width
-            width: retry.visible ? retry.x - 20 : root.width - 20
-            x: 10
+            width: (retry.visible ? retry.x : root.width) - 2 * QuarvoMeasure.BarInset
+            x: QuarvoMeasure.BarInset
         }
         QuarvoPicture {
             id: retry
 
-            height: 16
+            height: QuarvoMeasure.RetrySide
             name: "qv_draw_retry"
             visible: root.bar.acceptsTouches
-            width: 16
-            x: root.width - width - 10
+            width: QuarvoMeasure.RetrySide
+            x: root.width - width - QuarvoMeasure.BarInset
             y: Math.floor((label.height - height) / 2)
         }
     }

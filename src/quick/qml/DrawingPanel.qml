@@ -43,9 +43,7 @@ T.Control {
     contentItem: DrawingParts {
         id: parts
 
-        readonly property real fittingWidth: Math.round((height - alternativeHeight) / contentAspect)
-
-        contentWidth: Math.max(0, Math.min(width, fittingWidth))
+        contentWidth: Math.max(0, Math.round(embeddedWidth))
         isEmbedded: true
         // In a panel that is flatter than its content the whole width would make the curve too small to be right.
         traceArea: contentWidth < width ? Qt.rect((width - contentWidth) / 2, 0, contentWidth, height) : Qt.rect(0, 0, width, height)

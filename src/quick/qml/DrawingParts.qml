@@ -9,10 +9,10 @@ QuarvoSurface {
     property bool offersAlternative
     // How wide the content is, in which the picture lies.
     property real contentWidth
-    readonly property real alternativeHeight: root.offersAlternative ? 30 : 0
+    readonly property real alternativeHeight: root.offersAlternative ? QuarvoMeasure.AlternativeHeight : 0
     readonly property real contentHeight: Math.round(root.contentWidth * root.contentAspect)
-    readonly property real contentAspect: root.isCharVerify ? 0.675 : 0.575
 
+    belowContent: root.alternativeHeight
     keyTarget: picture
     picture: picture
     stroke: stroke
@@ -27,23 +27,21 @@ QuarvoSurface {
         Accessible.name: root.caption
         Accessible.role: Accessible.StaticText
         anchors.bottom: content.top
-        anchors.bottomMargin: 10
+        anchors.bottomMargin: QuarvoMeasure.CaptionGap
         anchors.horizontalCenter: content.horizontalCenter
         color: QuarvoLook.caption
         objectName: "caption"
         pixelSize: 17
         text: root.caption
         visible: root.caption !== ""
-        // Beside it are the popup's close button and a gap.
-        widest: Math.max(0, Math.min(root.contentWidth - 80, root.width - 20))
+        widest: Math.max(0, root.contentWidth - 2 * QuarvoMeasure.CloseButtonRoom)
     }
     Item {
         id: content
 
         anchors.horizontalCenter: parent.horizontalCenter
         anchors.verticalCenter: parent.verticalCenter
-        // In a popup the button takes of the room below, but leaves the support label its own.
-        anchors.verticalCenterOffset: -Math.round(root.alternativeHeight / (root.isEmbedded ? 2 : 4))
+        anchors.verticalCenterOffset: -Math.round(root.contentLift)
         height: root.contentHeight
         width: root.contentWidth
 
@@ -51,7 +49,7 @@ QuarvoSurface {
             enabled: !QuarvoLook.isMotionReduced && root.hasPicture
 
             NumberAnimation {
-                duration: 200
+                duration: QuarvoMeasure.ChangeDuration
                 easing: QuarvoLook.easeInEaseOut
             }
         }
@@ -68,7 +66,7 @@ QuarvoSurface {
 
             clip: true
             color: QuarvoLook.picture
-            height: Math.round(width * 0.575)
+            height: Math.round(width * root.pictureAspect)
             width: parent.width
 
             QuarvoPicture {
@@ -134,7 +132,8 @@ QuarvoSurface {
                     isItalic: true
                     pixelSize: 12
                     text: QuarvoLook.text("outage", QuarvoLook.language)
-                    widest: 125
+                    // Less the ground's margins.
+                    widest: QuarvoMeasure.WidestBadge - 10
                 }
             }
         }
@@ -142,7 +141,7 @@ QuarvoSurface {
             id: strip
 
             anchors.bottom: parent.bottom
-            height: 40
+            height: QuarvoMeasure.InputHeight
             surface: root
             visible: root.isCharVerify
             width: parent.width
@@ -152,12 +151,12 @@ QuarvoSurface {
 
             anchors.right: helpButton.left
             enabled: root.isRefreshEnabled
-            height: 30
+            height: QuarvoMeasure.ControlSide
             objectName: "refreshButton"
             picture: "qv_draw_refresh"
             textKey: "accessibleRefresh"
             visible: root.isRefreshShown
-            width: 30
+            width: QuarvoMeasure.ControlSide
 
             onClicked: {
                 spin.restart();
@@ -167,7 +166,7 @@ QuarvoSurface {
             RotationAnimation {
                 id: spin
 
-                duration: QuarvoLook.isMotionReduced ? 0 : 300
+                duration: QuarvoLook.isMotionReduced ? 0 : QuarvoMeasure.SpinDuration
                 from: 0
                 property: "rotation"
                 target: refreshButton.contentItem
@@ -180,12 +179,12 @@ QuarvoSurface {
             id: helpButton
 
             anchors.right: parent.right
-            height: 30
+            height: QuarvoMeasure.ControlSide
             objectName: "helpButton"
             picture: "qv_draw_help"
             textKey: "accessibleHelp"
             visible: root.isHelpShown
-            width: visible ? 30 : 0
+            width: visible ? QuarvoMeasure.ControlSide : 0
 
             onClicked: root.help()
         }

@@ -59,7 +59,7 @@ T.Popup {
         Rectangle {
             color: QuarvoLook.surface
             height: root.screen.height
-            radius: root.isCard ? 16 : 0
+            radius: root.isCard ? QuarvoMeasure.CardRadius : 0
             width: root.screen.width
             x: root.screen.x
             y: root.screen.y
@@ -89,7 +89,7 @@ T.Popup {
         DrawingParts {
             id: parts
 
-            contentWidth: Math.min(width, 414)
+            contentWidth: Math.min(width, QuarvoMeasure.WidestContent)
             height: root.screen.height
             traceArea: Qt.rect(0, 0, width, height)
             width: root.screen.width
@@ -139,14 +139,14 @@ T.Popup {
             objectName: "supportLabel"
             pixelSize: 12
             text: QuarvoLook.text("support", QuarvoLook.language)
-            widest: root.screen.width - 20
-            x: root.screen.x + root.screen.width - 10 - width
-            y: root.screen.y + root.screen.height - 5 - height
+            widest: root.screen.width - 2 * QuarvoMeasure.SupportRight
+            x: root.screen.x + root.screen.width - QuarvoMeasure.SupportRight - width
+            y: root.screen.y + root.screen.height - QuarvoMeasure.SupportBottom - height
         }
         NumberAnimation {
             id: dimming
 
-            duration: 150
+            duration: QuarvoMeasure.DimDuration
             from: 0
             property: "opacity"
             target: dim
@@ -155,7 +155,7 @@ T.Popup {
         NumberAnimation {
             id: unfold
 
-            duration: 250
+            duration: QuarvoMeasure.UnfoldDuration
             easing: QuarvoLook.usualEasing
             from: 0
             property: "yScale"

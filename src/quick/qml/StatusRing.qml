@@ -18,7 +18,7 @@ Item {
         const ends = root.status === VerifyStatus.Passed || root.status === VerifyStatus.Failed;
         if (QuarvoLook.isMotionReduced || !(ends || root.status === VerifyStatus.Drawing))
             return;
-        reveal.duration = ends ? 500 : 1000;
+        reveal.duration = ends ? QuarvoMeasure.MarkDuration : QuarvoMeasure.RingDuration;
         reveal.start();
     }
 

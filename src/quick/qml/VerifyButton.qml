@@ -84,7 +84,7 @@ T.AbstractButton {
             NumberAnimation on radius {
                 id: spread
 
-                duration: 500
+                duration: QuarvoMeasure.RippleDuration
                 from: 0.1
                 running: false
                 // The diagonal reaches the far corner from any point.
