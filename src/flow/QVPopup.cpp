@@ -48,6 +48,24 @@ void QVPopup::renderDrawViewVerifySuccess(const QString &token)
     dismissWindow();
 }
 
+void QVPopup::outageHasStarted() const
+{
+    if (auto *const opener = delegate())
+        opener->qv_controllerOutageAction();
+}
+
+void QVPopup::somethingHasFailed(const QVError &error) const
+{
+    if (auto *const opener = delegate())
+        opener->qv_controllerFailedAction(error);
+}
+
+void QVPopup::alternativeIsWanted() const
+{
+    if (auto *const opener = delegate())
+        opener->qv_controllerAlternativeAction();
+}
+
 void QVPopup::windowWasDestroyed() const
 {
     QVScheduler::shared().schedule({}, [weak = m_delegate] {

@@ -40,6 +40,10 @@ protected:
     /// Shows the window over \a host, or over the main screen if that is null, and unfolds its contents.
     virtual void makeKeyAndVisible(QObject *host) = 0;
     virtual void setOffersAlternative(bool offers) = 0;
+    // What its opener hears of the conversation in it.
+    void outageHasStarted() const;
+    void somethingHasFailed(const QVError &error) const;
+    void alternativeIsWanted() const;
     /// Call when the window was destroyed while it was shown. The opener is notified from the event loop: a
     /// window of the host may be in its destructor now, when the host's slots must not be called any more.
     void windowWasDestroyed() const;

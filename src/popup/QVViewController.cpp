@@ -58,18 +58,12 @@ void QVViewController::setupSubviews()
     m_renderView->setDelegate(this);
     if (const auto *const opener = delegate())
         m_renderView->setIdentity(opener->qv_controllerIdentity());
-    QObject::connect(m_renderView, &QVRenderDrawView::outageStarted, &m_context, [this] {
-        if (auto *const opener = delegate())
-            opener->qv_controllerOutageAction();
-    });
-    QObject::connect(m_renderView, &QVRenderDrawView::failed, &m_context, [this](const QVError &error) {
-        if (auto *const opener = delegate())
-            opener->qv_controllerFailedAction(error);
-    });
-    QObject::connect(m_renderView, &QVRenderDrawView::alternativeRequested, &m_context, [this] {
-        if (auto *const opener = delegate())
-            opener->qv_controllerAlternativeAction();
-    });
+    QObject::connect(m_renderView, &QVRenderDrawView::outageStarted, &m_context,
+                     [this] { outageHasStarted(); });
+    QObject::connect(m_renderView, &QVRenderDrawView::failed, &m_context,
+                     [this](const QVError &error) { somethingHasFailed(error); });
+    QObject::connect(m_renderView, &QVRenderDrawView::alternativeRequested, &m_context,
+                     [this] { alternativeIsWanted(); });
     m_closeButton = new QVCloseButton(m_showWindow);
     QObject::connect(m_closeButton, &QVCloseButton::clicked, &m_context,
                      [this] { closeButtonDidClickedAction(); });

@@ -49,18 +49,11 @@ bool QVQuickPopup::create(QQmlEngine &engine)
 void QVQuickPopup::connectParts()
 {
     QObject::connect(m_object, &QObject::destroyed, &m_context, [this] { objectDestroyed(); });
-    QObject::connect(m_surface, &QVQuickSurface::outageStarted, &m_context, [this] {
-        if (auto *const opener = delegate())
-            opener->qv_controllerOutageAction();
-    });
-    QObject::connect(m_surface, &QVQuickSurface::failed, &m_context, [this](const QVQuickError &failure) {
-        if (auto *const opener = delegate())
-            opener->qv_controllerFailedAction(failure.error());
-    });
-    QObject::connect(m_surface, &QVQuickSurface::alternativeRequested, &m_context, [this] {
-        if (auto *const opener = delegate())
-            opener->qv_controllerAlternativeAction();
-    });
+    QObject::connect(m_surface, &QVQuickSurface::outageStarted, &m_context, [this] { outageHasStarted(); });
+    QObject::connect(m_surface, &QVQuickSurface::failed, &m_context,
+                     [this](const QVQuickError &failure) { somethingHasFailed(failure.error()); });
+    QObject::connect(m_surface, &QVQuickSurface::alternativeRequested, &m_context,
+                     [this] { alternativeIsWanted(); });
     QObject::connect(m_surface, &QVQuickSurface::closeRequested, &m_context, [this] {
         if (m_isShown)
             closeButtonDidClickedAction();
