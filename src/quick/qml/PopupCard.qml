@@ -33,9 +33,11 @@ T.Popup {
 
     // What the host shows there takes input: its keyboard may be an item of the same window.
     T.Overlay.modal: Item {
+        id: modality
+
         containmentMask: QtObject {
             function contains(point: point): bool {
-                return point.y < root.height;
+                return !Qt.inputMethod.visible || point.y < modality.height - Qt.inputMethod.keyboardRectangle.height;
             }
         }
     }
