@@ -5,8 +5,9 @@
 /// Compares a look with the picture of it that is kept in the tree.
 namespace LookComparison {
 
-/// Whether \a seen looks like the picture of that \a name. If it does not, both and their difference are
-/// written beside the build. With QUARVO_UPDATE_LOOKS in the environment the picture is written anew.
+/// Whether \a seen looks like the picture of that \a name. If it does not, or with QUARVO_SHOW_LOOKS in the
+/// environment, both and their difference are written beside the build. With QUARVO_UPDATE_LOOKS the picture
+/// is written anew.
 [[nodiscard]] bool matches(const QString &name, const QImage &seen);
 /// The names of all pictures in the tree.
 [[nodiscard]] QStringList pictureNames();
