@@ -3,6 +3,9 @@
 #include "quick/QVQuickLook.h"
 #include "settings/QVBundleImage.h"
 
+#include <QQuickWindow>
+
+#include <cmath>
 #include <utility>
 
 QVQuickText::QVQuickText(QQuickItem *parent)
@@ -17,6 +20,28 @@ void QVQuickText::componentComplete()
 {
     QQuickPaintedItem::componentComplete();
     measure();
+}
+
+void QVQuickText::geometryChange(const QRectF &now, const QRectF &before)
+{
+    QQuickPaintedItem::geometryChange(now, before);
+    chooseResolution();
+}
+
+void QVQuickText::itemChange(ItemChange change, const ItemChangeData &data)
+{
+    if (change == ItemDevicePixelRatioHasChanged || change == ItemSceneChange)
+        chooseResolution();
+    QQuickPaintedItem::itemChange(change, data);
+}
+
+void QVQuickText::chooseResolution()
+{
+    // On a screen of fractional ratio items lie between pixels, where a texture of that ratio is blurred.
+    constexpr double finer = 2;
+    const double ratio = window() ? window()->effectiveDevicePixelRatio() : 1;
+    const bool isFractional = ratio != std::floor(ratio);
+    setTextureSize(isFractional ? (size() * ratio * finer).toSize() : QSize());
 }
 
 void QVQuickText::measure()

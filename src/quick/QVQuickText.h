@@ -42,9 +42,12 @@ Q_SIGNALS:
 
 protected:
     void componentComplete() override;
+    void geometryChange(const QRectF &now, const QRectF &before) override;
+    void itemChange(ItemChange change, const ItemChangeData &data) override;
 
 private:
     void measure();
+    void chooseResolution();
 
     QVPaintedText m_text{{}};
     QString m_words;
