@@ -2,112 +2,16 @@
 #include "sandbox/SandboxStrokes.h"
 #include "support/QVTestCase.h"
 
-#include <QFile>
 #include <QImage>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
-#include <QRegularExpression>
 #include <QTcpSocket>
-
-#include <algorithm>
 
 using std::chrono::milliseconds;
 
-namespace {
-
-/// The description of the protocol, docs/openapi.json, with the part of JSON Schema that it uses.
-class Protocol
-{
-public:
-    Protocol()
-    {
-        QFile file(q(QUARVO_PROTOCOL));
-        if (file.open(QIODevice::ReadOnly))
-            m_all = QJsonDocument::fromJson(file.readAll()).object();
-    }
-
-    [[nodiscard]] QStringList paths() const { return m_all.value(q("paths")).toObject().keys(); }
-
-    [[nodiscard]] bool describesPicture(const QUrl &asked) const
-    {
-        const QRegularExpression parameter(q("\\{[a-z]+\\}"));
-        return std::ranges::any_of(paths(), [&](QString path) {
-            const QString pattern = QRegularExpression::anchoredPattern(path.replace(parameter, q("[^/]+")));
-            return asked.path().contains(QRegularExpression(pattern));
-        });
-    }
-
-    [[nodiscard]] bool describes(const QUrl &asked, int status, const QJsonObject &answer) const
-    {
-        const QJsonObject content = at(at(m_all, {q("paths"), asked.path(), q("get"), q("responses")}),
-                                       {QString::number(status), q("content"), q("application/json")});
-        return fits(content.value(q("schema")).toObject(), answer);
-    }
-
-private:
-    [[nodiscard]] static QJsonObject at(QJsonObject object, const QStringList &path)
-    {
-        for (const QString &step : path)
-            object = object.value(step).toObject();
-        return object;
-    }
-
-    [[nodiscard]] bool fits(const QJsonObject &schema, const QJsonValue &value) const
-    {
-        if (const QString name = schema.value(q("$ref")).toString(); !name.isNull())
-            return fits(at(m_all, name.mid(2).split(u'/')), value);
-        const QString type = schema.value(q("type")).toString();
-        if (type == q("object"))
-            return value.isObject() && fitsMembers(schema, value.toObject());
-        if (type == q("string"))
-            return value.isString() && fitsText(schema, value);
-        if (type == q("boolean"))
-            return value.isBool();
-        if (type == q("integer"))
-            return value.toInteger(-1) >= 0;
-        if (type == q("array"))
-            return value.isArray() && countOf(value.toArray(), [&](const QJsonValue &item) {
-                                          return !fits(schema.value(q("items")).toObject(), item);
-                                      }) == 0;
-        return countOf(schema.value(q("oneOf")).toArray(),
-                       [&](const QJsonValue &choice) { return fits(choice.toObject(), value); }) == 1;
-    }
-
-    static qsizetype countOf(const QJsonArray &array, const auto &isCounted)
-    {
-        return std::count_if(array.begin(), array.end(), isCounted);
-    }
-
-    [[nodiscard]] bool fitsMembers(const QJsonObject &schema, const QJsonObject &object) const
-    {
-        const QJsonObject known = schema.value(q("properties")).toObject();
-        for (const QJsonValue name : schema.value(q("required")).toArray()) {
-            if (!object.contains(name.toString()))
-                return false;
-        }
-        for (auto member = object.begin(); member != object.end(); ++member) {
-            if (!known.contains(member.key()) || !fits(known.value(member.key()).toObject(), *member))
-                return false;
-        }
-        return true;
-    }
-
-    [[nodiscard]] static bool fitsText(const QJsonObject &schema, const QJsonValue &value)
-    {
-        const QRegularExpression pattern(schema.value(q("pattern")).toString());
-        const QJsonArray choices = schema.value(q("enum")).toArray();
-        return value.toString().contains(pattern) && (choices.isEmpty() || choices.contains(value)) &&
-               schema.value(q("const")).toString(value.toString()) == value.toString();
-    }
-
-    QJsonObject m_all;
-};
-
-} // namespace
-
-/// The answers of the sandbox, which must be as described, to a client that may break rules.
+/// The answers of the sandbox to a client that may break rules.
 class TestSandbox : public QVTestCase
 {
     Q_OBJECT
@@ -168,8 +72,6 @@ private Q_SLOTS:
             seen.append(codes.first().isNull() ? step : step + q(" -> ") + codes.join(u' '));
         }
         QCOMPARE(seen, steps.split(q(", ")));
-        for (const QString &path : m_protocol.paths())
-            QVERIFY2(path.contains(u'{') || get(path).status != 404, qPrintable(path));
     }
 
     void survivesHostileRequests()
@@ -310,13 +212,6 @@ private:
         if (reply.contentType.startsWith("text/html"))
             return q("page");
         const QJsonObject answer = reply.json();
-        const QUrl asked(path);
-        if (!m_protocol.describes(asked, reply.status, answer))
-            return q("not as described: ") + QString::fromUtf8(reply.body);
-        QJsonObject longer = answer;
-        longer.insert(q("another"), 1);
-        if (m_protocol.describes(asked, reply.status, longer))
-            return q("anything is described");
         m_challenge = answer[q("challenge")].toString(m_challenge);
         m_token = answer[q("token")].toString(m_token);
         if (answer.contains(q("img")))
@@ -333,8 +228,6 @@ private:
     /// The size of the latest picture, which is requested twice while it is drawn.
     QString sizeOfPicture()
     {
-        if (!m_protocol.describesPicture(QUrl(m_picture)))
-            return q("not described");
         const QNetworkRequest request{QUrl(m_picture)};
         const std::unique_ptr<QNetworkReply> first(m_network.get(request));
         const std::unique_ptr<QNetworkReply> second(m_network.get(request));
@@ -360,7 +253,6 @@ private:
         return came ? answer : QByteArray("nothing came");
     }
 
-    const Protocol m_protocol;
     milliseconds m_now{1000000};
     std::unique_ptr<QVSandbox> m_sandbox;
     QNetworkAccessManager m_network;
