@@ -216,7 +216,7 @@ private:
     void defineDrawing()
     {
         addStep("draw", [this](auto) {
-            const auto points = QVPointerInput::wave(host().rect().center() - QPoint(100, 0), 30);
+            const auto points = waveAt(host().rect().center() - QPoint(100, 0), 30, 6);
             QVPointerInput::press(host(), points.front());
             for (const QPoint &point : points)
                 QVPointerInput::move(host(), point);

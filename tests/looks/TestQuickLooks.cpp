@@ -4,7 +4,6 @@
 #include "quick/QuickTestCase.h"
 #include "settings/QVLocalization.h"
 #include "settings/QVSDKManager.h"
-#include "support/QVPointerInput.h"
 
 #include <QAnimationDriver>
 #include <QQmlComponent>
@@ -41,7 +40,8 @@ private Q_SLOTS:
     {
         const auto row = addColumns<QSize, QString>({"size", "steps"});
         static const QRegularExpression otherwise(q("ratio|dots|busy|turning|opening"));
-        static const QSet<QString> others{q("panel-hovered"), q("popup-unfolding"), q("strip-edited")};
+        static const QSet<QString> others{q("panel-hovered"), q("popup-unfolding"), q("strip-edited"),
+                                          q("strip-done-focused")};
         for (const Look &look : looks) {
             if (!q(look.steps).contains(otherwise) && !others.contains(q(look.name)))
                 row(look.name, look.size, q(look.steps));
@@ -202,7 +202,7 @@ private:
         });
         addStep("draw", [this](auto) {
             const QPoint middle(window().width() / 2, window().height() / 2);
-            const auto points = QVPointerInput::wave(middle - QPoint(101, 1), 30);
+            const auto points = waveAt(middle - QPoint(101, 1), 30, 6);
             press(points.front());
             for (const QPoint &point : points)
                 QTest::mouseMove(&window(), point);
