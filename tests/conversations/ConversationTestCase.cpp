@@ -66,14 +66,7 @@ void ConversationTestCase::defineService()
     addStep("hold", [this](const QString &text) {
         delay(text.section(u' ', 0, 0).replace(u'-', u' '), 1ms * text.section(u' ', 1).toInt());
     });
-    addStep("outage", [this](auto) { service().answer(outageSwitch, {{q("active"), true}}); });
     addStep("pass", [this](auto) { passByClick(); });
-    addStep("characters", [this](auto) { service().extend(config, {{q("type"), q("character")}}); });
-    addStep("guide", [this](auto) { service().extend(config, {{q("guide"), true}}); });
-    addStep("advertise", [this](auto) {
-        for (const QString &what : {click, q("get")})
-            service().extend(what, {{q("adlinkword"), q("Buy")}, {q("adlink"), q("https://shop.example")}});
-    });
 }
 
 void ConversationTestCase::defineUser()

@@ -93,6 +93,11 @@ void addCloses()
         "start, picture, close, asked, start, popups, start, reset, asked, popups",
         "[2], popup, [0], closed User, asked switch config click, [3], popup, popups 1, [0], closed "
         "HostReset, asked, popups 0");
+    for (const char *way : {"escape", "allow-outside, click 5 5"})
+        row(way, "click, invisible", QByteArray("start, picture, ") + way, "[2], popup, [0], closed User");
+    row("outside", "click, invisible", "start, picture, click 5 5, popups", "[2], popup, popups 1");
+    row("inside", "click, invisible", "start, picture, allow-outside, click 350 130, popups",
+        "[2], popup, popups 1");
     row("pass after the close", "click, invisible",
         "start, picture, hold verify 200, stroke, close, wait 2000, popups, asked, start, wait 100, "
         "asked",

@@ -43,6 +43,7 @@ void DrawingTestCase::finish()
 {
     QDesktopServices::unsetUrlHandler(q("https"));
     QVSDKManager::setOutageOpen(false);
+    QVSDKManager::setPopupClosesOnOutsideClick(false);
     ConversationTestCase::finish();
 }
 
@@ -93,6 +94,7 @@ void DrawingTestCase::defineAnswers()
         }
     });
     addStep("broken", [this](const QString &no) { service().breakPictures(no.isEmpty()); });
+    addStep("allow-outside", [](auto) { QVSDKManager::setPopupClosesOnOutsideClick(true); });
     addStep("force", [](auto) { QVSDKManager::setOutageOpen(true); });
     addStep("tell", [this](const QString &what) {
         const QString request = what.section(u' ', 0, 0).replace(u'-', u' ');
@@ -101,15 +103,22 @@ void DrawingTestCase::defineAnswers()
     addStep("idle", [this](auto) { addReport(time().pendingCount() == 0 ? q("yes") : q("no")); });
 }
 
+DrawingTestCase::Points DrawingTestCase::waveAt(QPoint start, int count, int step)
+{
+    Points points;
+    for (int i = 0; i < count; ++i)
+        points.push_back(start + QPoint(i * step, qRound(20 * std::sin(i * 0.3))));
+    return points;
+}
+
 DrawingTestCase::Points DrawingTestCase::waveFrom(const QString &part, int count) const
 {
     const QRect area = frameOf(picture);
     const QPoint start =
         part.isEmpty() ? area.topLeft() + QPoint(30, area.height() / 2) : frameOf(part).center();
-    const int step = start.x() > area.center().x() ? -8 : 8;
-    Points points;
-    for (int i = 0; i < count; ++i)
-        points.push_back(inWindow(start + QPoint(i * step, qRound(20 * std::sin(i * 0.3)))));
+    Points points = waveAt(start, count, start.x() > area.center().x() ? -8 : 8);
+    for (QPoint &point : points)
+        point = inWindow(point);
     return points;
 }
 
@@ -214,6 +223,10 @@ void DrawingTestCase::defineClicks()
             advance(40ms);
         }
     });
+    addStep("click", [this](const QString &at) {
+        const QPoint place(at.section(u' ', 0, 0).toInt(), at.section(u' ', 1).toInt());
+        QTest::mouseClick(drawingWindow(), Qt::LeftButton, {}, place);
+    });
     addStep("tap", [this](const QString &part) { drawWithMouse(tapAt(frameOf(part).center())); });
     addStep("finger-tap", [this](const QString &part) { drawWithFinger(tapAt(frameOf(part).center())); });
     addStep("enabled", [this](const QString &no) { setPanelEnabled(no.isEmpty()); });
@@ -232,6 +245,7 @@ void DrawingTestCase::defineKeys()
             }
         }
     });
+    addStep("escape", [this](auto) { QTest::keyClick(drawingWindow(), Qt::Key_Escape); });
     addStep("blur", [this](auto) { focusPicture(false); });
     addStep("type", [this](const QString &text) {
         drawWithMouse(tapAt(frameOf(q("characterField")).center()));

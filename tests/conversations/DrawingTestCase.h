@@ -37,6 +37,8 @@ protected:
     /// Gives the focus to the picture as the Tab key does, or to something else.
     virtual void focusPicture(bool has) = 0;
 
+    /// \a count points on a gentle wave, \a step apart.
+    [[nodiscard]] static Points waveAt(QPoint start, int count, int step);
     /// Points of a stroke, over the middle of the picture or from that of another part.
     [[nodiscard]] Points waveFrom(const QString &part, int count = 20) const;
     /// The nearest point of the window.

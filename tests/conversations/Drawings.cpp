@@ -37,6 +37,7 @@ void addStrokes()
     row("the service's own count of tries",
         "answer verify 0104, count 1, embedded, draw -> verify refresh wrong ready");
     row("a count of tries beyond the last", "answer verify 0104, count 2, embedded, draw -> verify wrong");
+    row("a verdict cannot be tapped", "answer verify 0104, embedded, draw -> verify wrong, tap errorBar");
     row("no prompt during a stroke",
         "answer verify 0104, embedded, draw -> verify wrong, press, jump, "
         "look -> picture 1 refreshButton, wait 2000, look -> picture 1 refreshButton, lift, "
@@ -155,6 +156,9 @@ void addKinds()
         "look -> 'Type the characters you see' picture 1 refreshButton disabled characterField, "
         "wait 100 -> wrong, look -> 'Not quite right. Try again.' picture 1 refreshButton characterField, "
         "tell verify v -> Ab 9, tell verify drawtime -> 0");
+    row("from characters to an outage",
+        "characters, embedded, outage, reset -> switch outage get outage ready, "
+        "look -> 'Draw along the curve' picture 2 outageBadge helpButton refreshButton");
     row("from characters to drawing",
         "characters, embedded, characters no, reset -> switch config get ready, "
         "look -> 'Draw along the curve' picture 2 refreshButton, draw -> verify");

@@ -1,63 +1,15 @@
 #include "layout/QVLayout.h"
-#include "layout/QVLayoutSolver.h"
 #include "support/QVTestCase.h"
 
 #include <QWidget>
 
-#include <limits>
-
 using namespace std::chrono_literals;
-using Attribute = QVLayoutAttribute;
-using Constraint = QVLayoutConstraint;
-using Kind = QVLayoutProblem::Kind;
-
-namespace {
-
-constexpr Constraint::ItemId container = 1;
-constexpr Constraint::ItemId first = 2;
-constexpr Constraint::ItemId second = 3;
-constexpr Constraint::ItemId nested = 4;
-constexpr Constraint::ItemId stranger = 9;
-
-Constraint fixed(Attribute attribute, double value)
-{
-    return {first, attribute, 0, attribute, 1, value};
-}
-
-/// A container of 400 x 300; "first" at (10, 20) of 30 x 40 with an intrinsic size of 50 x 60.
-QVLayoutSolution solve(const std::vector<Constraint> &constraints)
-{
-    QVLayoutSolver solver(container, QSizeF(400, 300));
-    solver.addItem(first, container, QRectF(10, 20, 30, 40), QSizeF(50, 60));
-    solver.addItem(second, container, QRectF(100, 50, 200, 100));
-    solver.addItem(nested, second, QRectF(5, 5, 10, 10));
-    return solver.solve(constraints);
-}
-
-} // namespace
 
 class TestLayout : public QVTestCase
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void reportsWhatItCannotUse()
-    {
-        const QVCases<Constraint, Kind> cases{
-            {{first, Attribute::Width, first, Attribute::Right}, Kind::Cycle},
-            {{second, Attribute::Left, nested, Attribute::Left}, Kind::Cycle},
-            {{first, Attribute::Left, stranger, Attribute::Left}, Kind::UnknownItem},
-            {{container, Attribute::Left, first, Attribute::Left}, Kind::UnknownItem},
-            {fixed(Attribute::Left, std::numeric_limits<double>::quiet_NaN()), Kind::NotFinite}};
-        for (const auto &[bad, kind] : cases) {
-            const auto solution = solve({fixed(Attribute::Top, 33), bad});
-            QCOMPARE(solution.problems.size(), 1U);
-            QCOMPARE(solution.problems.front().kind, kind);
-            // The other constraints are used.
-            QCOMPARE(solution.frames.at(first), QRectF(10, 33, 50, 60));
-        }
-    }
-
     void followsWidgetsOfOtherParents()
     {
         auto *content = new QWidget(m_container.get());

@@ -319,17 +319,6 @@ bool ModesTestCase::waitForPicture() const
     return waitFor([] { return drawView() && drawView()->canInput().value_or(false); });
 }
 
-void ModesTestCase::strokeOn(QWidget &view) const
-{
-    const auto points = QVPointerInput::wave(view.rect().center() - QPoint(60, 0), 14, 9);
-    QVPointerInput::strokeWithMouse(view, points, [this] { advance(16ms); });
-}
-
-void ModesTestCase::stroke() const
-{
-    strokeOn(*drawView());
-}
-
 void ModesTestCase::strokeAndVerify() const
 {
     stroke();

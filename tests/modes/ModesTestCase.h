@@ -72,8 +72,7 @@ protected:
     [[nodiscard]] static QWidget *part(const char *name);
     void clickPart(const char *name) const override;
     [[nodiscard]] bool waitForPicture() const override;
-    void strokeOn(QWidget &view) const;
-    void stroke() const override;
+    void stroke() const override { drawWithMouse(waveFrom({}, 14)); }
     void strokeAndVerify() const;
     void pressPicture() const override;
     void pressClose() const override;

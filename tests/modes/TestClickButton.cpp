@@ -112,9 +112,7 @@ private:
         addStep("out", [&, out](auto) { QVPointerInput::move(button, out); });
         addStep("lift", [&, in](auto) { QVPointerInput::release(button, in); });
         addStep("lift-out", [&, out](auto) { QVPointerInput::release(button, out); });
-        addStep("finger", [&, in](auto) {
-            QVPointerInput::strokeWithFinger(button, {in, in + QPoint(2, 0)});
-        });
+        addStep("finger", [&, in](auto) { QVPointerInput::tap(button, in); });
         addStep("two-fingers", [&](auto) {
             const auto touches = [this] {
                 return QTest::touchEvent(host().windowHandle(), QVPointerInput::touchScreen());

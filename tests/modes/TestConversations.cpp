@@ -61,7 +61,7 @@ private Q_SLOTS:
         row("replaced in time", "embedded, wait 179000 -> refresh ready, "
                                 "spoken -> Time for this picture is up. A new one is on its way.");
         row("escape",
-            "embedded, tab -> pen, escape -> left, keys Space Right*15, escape -> taken, keys Space");
+            "embedded, tab -> pen, escape-key -> left, keys Space Right*15, escape-key -> taken, keys Space");
         // The picture is 40 steps wide.
         row("steps by keys",
             "embedded, keys Right*15, mark -> 19 11.5 Pen up, keys Shift+Up*15, mark -> 19 7.75 Pen up, "
@@ -209,9 +209,7 @@ private:
 
     void defineDrawing()
     {
-        addStep("pen", [this](auto) {
-            QVPointerInput::strokeWithPen(*drawView(), waveFrom({}), [this] { advance(20ms); });
-        });
+        addStep("pen", [this](auto) { QVPointerInput::strokeWithPen(host(), waveFrom({})); });
         // Takes the drag under way from the view: the release does not reach it.
         addStep("lose", [this](const QString &way) { loseDrag(way); });
         addStep("spoken",
@@ -226,7 +224,7 @@ private:
             if (image().hasFocus())
                 addReport(frameOf(q("keyPen")).isEmpty() ? picture : q("pen"));
         });
-        addStep("escape", [this](auto) {
+        addStep("escape-key", [this](auto) {
             QKeyEvent event(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
             QCoreApplication::sendEvent(&image(), &event);
             addReport(event.isAccepted() ? q("taken") : q("left"));

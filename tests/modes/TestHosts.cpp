@@ -78,6 +78,8 @@ private Q_SLOTS:
         go(q("start, picture, stroke"));
         QCOMPARE(query(config, "scene"), q("everywhere"));
         QCOMPARE(query(config, "id") + query(click, "id") + query(verify, "id"), q("ownownown"));
+        invisibleManager().setScene(q("unseen"));
+        QCOMPARE(invisibleManager().vid() + invisibleManager().scene(), q("ownunseen"));
         embedManager().setVid(q("panel"));
         embedManager().setScene(q("page"));
         setMode(q("embed"));

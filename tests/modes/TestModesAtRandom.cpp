@@ -355,7 +355,7 @@ private:
         else if (popup())
             stroke();
         else if (m_embed && m_embed->embedView() && m_embed->embedView()->isVisible())
-            strokeOn(*m_embed->embedView());
+            stroke();
     }
 
     /// By a pass of the click alone, or of a stroke.

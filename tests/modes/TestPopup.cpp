@@ -175,24 +175,6 @@ private Q_SLOTS:
         QCOMPARE(QApplication::focusWidget(), window);
     }
 
-    void clicksBesideTheCard_data()
-    {
-        const auto row = addColumns<bool, QPoint, bool>({"closes", "point", "isClosed"});
-        row("off, beside", false, QPoint(10, 300), false);
-        row("on, beside", true, QPoint(10, 300), true);
-        row("on, within", true, QPoint(163, 130), false);
-    }
-
-    void clicksBesideTheCard()
-    {
-        QFETCH(bool, closes);
-        QFETCH(QPoint, point);
-        QVSDKManager::setPopupClosesOnOutsideClick(closes);
-        open();
-        QVPointerInput::click(host(), point);
-        QTEST(outcomes().ends().contains(q("closed User")), "isClosed");
-    }
-
     void nothingReachesTheHost_data()
     {
         const auto row = addColumns<QPoint>({"point"});
@@ -212,7 +194,7 @@ private Q_SLOTS:
         const QPoint local = target.mapFrom(&host(), point);
         QVPointerInput::click(host(), point);
         QVPointerInput::click(host(), point);
-        QVPointerInput::strokeWithFinger(host(), {point, point + QPoint(5, 5)});
+        QVPointerInput::tap(host(), point);
         QWheelEvent wheel(local, target.mapToGlobal(local), {}, {0, 120}, Qt::NoButton, Qt::NoModifier,
                           Qt::NoScrollPhase, false);
         QCoreApplication::sendEvent(&target, &wheel);
@@ -351,7 +333,6 @@ private:
     void finish() override
     {
         QVSDKManager::setPopupPresentation(QVPopupPresentation::Automatic);
-        QVSDKManager::setPopupClosesOnOutsideClick(false);
         ModesTestCase::finish();
     }
 

@@ -34,33 +34,12 @@ private Q_SLOTS:
         settings().setProperty("popupPresentation", 0);
     }
 
-    void closedPopupComesBackWithoutARequest_data()
+    void theFocusGoesBack()
     {
-        const auto row = addColumns<QString, QString>({"mode", "by"});
-        row("button", q("button"), q("close"));
-        row("invisible", q("invisible"), q("close"));
-        row("escape", q("button"), q("escape"));
-        row("outside", q("button"), q("outside"));
-    }
-
-    void closedPopupComesBackWithoutARequest()
-    {
-        QFETCH(QString, mode);
-        QFETCH(QString, by);
         item(q("before"))->forceActiveFocus();
-        open(mode);
-        close(by);
-        QVERIFY(!isOpen());
+        open(q("button"));
+        pressClose();
         QCOMPARE(window().activeFocusItem(), item(q("before")));
-        forgetAsked();
-        start(mode);
-        QVERIFY(isOpen() && waitForPicture());
-        reset(mode);
-        settle();
-        QCOMPARE(asked(), QStringList());
-        QVERIFY(!isOpen());
-        const QString seen = said().join(q(", ")).remove(QRegularExpression(q("\\[.\\](, )?")));
-        QCOMPARE(seen, q("popup, closed User, popup, closed HostReset"));
     }
 
     void keepsInputFromTheHost()
@@ -109,19 +88,6 @@ private:
         start(mode);
         QVERIFY(waitForPicture());
         QVERIFY(isOpen());
-    }
-
-    void close(const QString &by)
-    {
-        if (by == q("escape"))
-            return QTest::keyClick(&window(), Qt::Key_Escape);
-        if (by == q("close"))
-            return clickOn(q("closeButton"));
-        QTest::mouseClick(&window(), Qt::LeftButton, {}, QPoint(5, 5));
-        QVERIFY(isOpen());
-        settings().setProperty("popupClosesOnOutsideClick", true);
-        QTest::mouseClick(&window(), Qt::LeftButton, {}, QPoint(5, 5));
-        settings().setProperty("popupClosesOnOutsideClick", false);
     }
 
     /// From the corner of the close button to that of the support label.

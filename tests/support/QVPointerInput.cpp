@@ -9,11 +9,7 @@
 #include <QWidget>
 #include <QWindow>
 
-#include <cmath>
-
 namespace {
-
-using namespace QVPointerInput;
 
 QWindow *windowOf(const QWidget &widget)
 {
@@ -23,26 +19,6 @@ QWindow *windowOf(const QWidget &widget)
 QPoint inWindow(const QWidget &widget, QPoint point)
 {
     return widget.mapTo(widget.window(), point);
-}
-
-void stroke(QWidget &widget, const Points &points, const Pause &pause,
-            const std::function<void(QPoint)> &first, const std::function<void(QPoint)> &next,
-            const std::function<void(QPoint)> &last)
-{
-    // What is drawn on may go in the middle.
-    const auto isThere = [guard = QPointer(&widget)] {
-        return guard && guard->isVisible() && windowOf(*guard);
-    };
-    first(points.front());
-    for (std::size_t i = 1; i < points.size(); ++i) {
-        if (pause)
-            pause();
-        if (!isThere())
-            return;
-        next(points[i]);
-    }
-    if (isThere())
-        last(points.back());
 }
 
 const QPointingDevice *pen()
@@ -94,38 +70,16 @@ void QVPointerInput::click(QWidget &widget, QPoint point)
         release(*guard, point);
 }
 
-void QVPointerInput::strokeWithMouse(QWidget &widget, const Points &points, const Pause &pause)
+void QVPointerInput::tap(QWidget &widget, QPoint point)
 {
-    stroke(
-        widget, points, pause, [&](QPoint point) { press(widget, point); },
-        [&](QPoint point) { move(widget, point); }, [&](QPoint point) { release(widget, point); });
+    QTest::touchEvent(windowOf(widget), touchScreen()).press(0, inWindow(widget, point));
+    QTest::touchEvent(windowOf(widget), touchScreen()).release(0, inWindow(widget, point));
 }
 
-void QVPointerInput::strokeWithFinger(QWidget &widget, const Points &points, const Pause &pause)
+void QVPointerInput::strokeWithPen(QWidget &widget, const std::vector<QPoint> &points)
 {
-    const auto touch = [&widget] {
-        return QTest::touchEvent(windowOf(widget), touchScreen());
-    };
-    stroke(
-        widget, points, pause, [&](QPoint point) { touch().press(0, inWindow(widget, point)); },
-        [&](QPoint point) { touch().move(0, inWindow(widget, point)); },
-        [&](QPoint point) { touch().release(0, inWindow(widget, point)); });
-}
-
-void QVPointerInput::strokeWithPen(QWidget &widget, const Points &points, const Pause &pause)
-{
-    stroke(
-        widget, points, pause,
-        [&](QPoint point) { sendPen(widget, QEvent::TabletPress, point, Qt::LeftButton); },
-        [&](QPoint point) { sendPen(widget, QEvent::TabletMove, point, Qt::NoButton); },
-        [&](QPoint point) { sendPen(widget, QEvent::TabletRelease, point, Qt::LeftButton); });
-}
-
-QVPointerInput::Points QVPointerInput::wave(QPoint start, int count, int step)
-{
-    Points points;
-    points.reserve(static_cast<std::size_t>(count));
-    for (int i = 0; i < count; ++i)
-        points.emplace_back(start.x() + i * step, start.y() + qRound(20 * std::sin(i * 0.3)));
-    return points;
+    sendPen(widget, QEvent::TabletPress, points.front(), Qt::LeftButton);
+    for (const QPoint point : points)
+        sendPen(widget, QEvent::TabletMove, point, Qt::NoButton);
+    sendPen(widget, QEvent::TabletRelease, points.back(), Qt::LeftButton);
 }

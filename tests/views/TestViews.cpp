@@ -7,7 +7,6 @@
 #include "views/QVCharVerifyInputViewDoneButton.h"
 #include "views/QVCharVerifyTextField.h"
 #include "views/QVRenderDrawImageView.h"
-#include "views/QVRenderDrawOverlayView.h"
 
 #include <QClipboard>
 #include <QElapsedTimer>
@@ -21,21 +20,18 @@ using namespace std::chrono_literals;
 namespace {
 
 /// The view's owner on a window, with a picture above and an answer strip below.
-class Owner final : public QWidget, public QVRenderDrawImageViewDelegate, public QVCharVerifyInputViewDelegate
+class Owner final : public QWidget, public QVCharVerifyInputViewDelegate
 {
 public:
     Owner()
     {
         resize(500, 300);
         picture->setGeometry(0, 0, 400, 230);
-        picture->setDelegate(this);
         strip->setGeometry(0, 240, 400, 40);
         strip->setDelegate(this);
         other->setGeometry(420, 0, 60, 20);
     }
 
-    void renderDrawImageViewErrorDidClickedAction() override { ++taps; }
-    void mousePressEvent(QMouseEvent *) override { ++presses; }
     std::optional<bool> canInput() override { return mayType; }
     bool charVerifyInputViewDidClickedDoneButtonWithCharString(QVCharVerifyInputView *,
                                                                const QString &charString) override
@@ -47,13 +43,9 @@ public:
     QVRenderDrawImageView *const picture = new QVRenderDrawImageView(this);
     QVCharVerifyInputView *const strip = new QVCharVerifyInputView(this);
     QLineEdit *const other = new QLineEdit(this);
-    int taps = 0;
-    int presses = 0;
     std::optional<bool> mayType;
     QStringList answers;
 };
-
-using Bar = QVOverlaySurface::Bar;
 
 } // namespace
 
@@ -95,6 +87,8 @@ private Q_SLOTS:
                 button.setVisible(step == q("show"));
             else
                 button.setEnabled(step == q("enable"));
+            touch.commit();
+            QVERIFY(button.isDown() ? step != q("out") : step != q("press"));
         }
         QTEST(int(clicked.size()), "clicks");
         QVERIFY(!button.isDown());
@@ -116,35 +110,6 @@ private Q_SLOTS:
             QCoreApplication::exit(isReadable && waitFor([&] { return brightness() == 0; }) ? 0 : 1);
         });
         QCOMPARE(QApplication::exec(), 0);
-    }
-
-    void dotsGoOnWhileLoadingDoes()
-    {
-        m_owner->picture->showLoadingAnimation();
-        advance(400ms);
-        const QImage before = m_owner->picture->grab().toImage();
-        m_owner->picture->showLoadingAnimation();
-        QCOMPARE(m_owner->picture->grab().toImage(), before);
-    }
-
-    void onlyABarThatAcceptsThemTakesTaps()
-    {
-        m_owner->picture->slideIn(Bar::Error, q("wrong"), false);
-        advance(200ms);
-        QVPointerInput::click(*m_owner, {30, 215});
-        QCOMPARE(m_owner->taps, 0);
-        QCOMPARE(m_owner->presses, 1);
-        m_owner->picture->slideIn(Bar::Error, q("failed"), true);
-        QVPointerInput::click(*m_owner, {30, 215});
-        QVPointerInput::strokeWithFinger(*m_owner, {{30, 215}});
-        m_owner->picture->errorOverlayView()->setFocus(Qt::TabFocusReason);
-        QTest::keyClick(m_owner->windowHandle(), Qt::Key_Space);
-        QCOMPARE(m_owner->taps, 3);
-        QCOMPARE(m_owner->presses, 1);
-        m_owner->picture->slideOut(Bar::Error);
-        advance(200ms);
-        QVERIFY(!m_owner->picture->errorOverlayView()->isVisible());
-        QCOMPARE(time().pendingCount(), 0);
     }
 
     void paintsWhileTheHostsThreadsAreBusy()
