@@ -82,6 +82,21 @@ private Q_SLOTS:
         QCOMPARE(button->property("status").toInt(), 0);
     }
 
+    void aHostChangesTheLookOfTheButton()
+    {
+        QQmlComponent component(qmlEngine(&window()));
+        component.setData("import QtQuick; import Quarvo; VerifyButton { id: own; font.bold: true;"
+                          "background: Item { objectName: 'ground' }"
+                          "contentItem: Text { objectName: 'words'; font: own.font; text: own.text } }",
+                          {});
+        const std::unique_ptr<QObject> button(component.createWithInitialProperties(
+            {{q("parent"), QVariant::fromValue(window().contentItem())}}));
+        QVERIFY(item(q("ground")) && item(q("words")) && !item(q("statusRing")));
+        QCOMPARE(item(q("words"))->property("text").toString(), q("Click to verify"));
+        const auto font = item(q("words"))->property("font").value<QFont>();
+        QVERIFY(font.bold() && font.pixelSize() == 15);
+    }
+
 private:
     void open(const QString &mode)
     {
