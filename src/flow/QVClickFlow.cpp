@@ -1,8 +1,8 @@
 #include "flow/QVClickFlow.h"
 
 #include "platform/QVScheduler.h"
+#include "service/QVAPIRequestManager.h"
 #include "service/QVErrorClassification.h"
-#include "settings/QVConfigurationManager.h"
 #include "settings/QVLocalizationKeys.h"
 
 #include <utility>
@@ -73,7 +73,7 @@ void QVClickFlow::setClickStatus(QVClickStatus status)
 void QVClickFlow::clickButtonTouchDownAction()
 {
     // The first request is sent on the release.
-    QVConfigurationManager::prepareDeviceId();
+    QVAPIRequestManager::prepare();
     setClickStatus(QVClickStatusTouching);
 }
 

@@ -56,7 +56,6 @@ QVBoundedDownload::QVBoundedDownload(QVNetworkSession &own, QNetworkAccessManage
     , m_limits(limits)
     , m_completion(std::move(completion))
 {
-    m_request.setSslConfiguration(qv_verifyingTls());
     m_deadline.start(m_limits.deadline, [this] { failLater(QVError::TimedOut); });
 }
 
@@ -75,6 +74,9 @@ void QVBoundedDownload::cancel()
 
 void QVBoundedDownload::ask()
 {
+    // Without a need for it, the first one of a process would make Qt load its TLS plugin here.
+    if (m_request.url().scheme() == QLatin1String("https"))
+        m_request.setSslConfiguration(qv_verifyingTls());
     if (m_host)
         m_exchange = new QVManagerExchange(*m_host, m_request, m_limits.bytes, this);
     else

@@ -3,6 +3,7 @@
 #include "net/QVConnectionPool.h"
 
 #include <QCoreApplication>
+#include <QSslConfiguration>
 
 #include <memory>
 
@@ -31,7 +32,11 @@ QVNetworkSession &QVNetworkSession::shared()
 QVNetworkSession::QVNetworkSession()
     : m_thread(QStringLiteral("quarvo network"))
 {
-    m_thread.post([this] { m_pool = std::make_unique<QVConnectionPool>(); });
+    m_thread.post([this] {
+        m_pool = std::make_unique<QVConnectionPool>();
+        // Loads Qt's TLS plugin, which takes 10 ms, before the user-interface thread asks for it.
+        (void)QSslConfiguration::defaultConfiguration();
+    });
 }
 
 QVNetworkSession::~QVNetworkSession()

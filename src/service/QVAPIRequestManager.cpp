@@ -206,11 +206,17 @@ QVAPIRequestManager::requestOutageVerifyWithChallenge(const QString &challenge, 
                  usualDeadline, judgedTrace(logged("an outage verdict", std::move(completed)), drawtime));
 }
 
+void QVAPIRequestManager::prepare()
+{
+    QVConfigurationManager::prepareDeviceId();
+    (void)QVNetworkSession::shared();
+}
+
 QVAPIRequestManager::Task
 QVAPIRequestManager::requestOutageComplted(QVCompletion<QVDownTimeResponseModel> completed)
 {
     // The outage switch needs no device identifier, but the next request does.
-    QVConfigurationManager::prepareDeviceId();
+    prepare();
     const QString host = QVConfigurationManager::sharedManager().serviceAddresses().downloadHost();
     return startPlain(
         host + QLatin1String("/config"), switchDeadline,

@@ -30,6 +30,8 @@ public:
     QVAPIRequestManager &operator=(const QVAPIRequestManager &) = delete;
 
     [[nodiscard]] static QVAPIRequestManager &shared();
+    /// Makes ready on other threads what the first request needs, since one is sent shortly.
+    static void prepare();
 
     Task requestConfigWithVid(const QString &vid, const QString &type, const QString &scene,
                               QVCompletion<QVConfigResponseModel> completed);
