@@ -5,6 +5,7 @@
 #include "draw/QVContentView.h"
 #include "draw/QVRenderDrawLayout.h"
 #include "flow/QVDrawGeometry.h"
+#include "image/QVPicture.h"
 #include "service/QVGetRefreshResponseModel.h"
 #include "settings/QVBundleImage.h"
 #include "settings/QVColors.h"
@@ -34,7 +35,7 @@ QVCustomActionButton *makeButton(QWidget *parent, const char *name, const char *
 {
     auto *button = new QVCustomActionButton(parent);
     button->setObjectName(QLatin1String(name));
-    button->setImage(qv_imageFromBundleWithName(QLatin1String(picture)));
+    button->setImage(QLatin1String(picture));
     button->setImageEdgeInsets(QMargins(buttonInset, buttonInset, buttonInset, buttonInset));
     qv_followLanguage(button, [button, accessibleKey] {
         button->setAccessibleName(qv_localizedStringForKey(accessibleKey));
@@ -158,9 +159,14 @@ void QVRenderDrawParts::hiddenLoadingAnimation()
     m_imageView->hiddenLoadingAnimation();
 }
 
-void QVRenderDrawParts::setPicture(const QImage &picture)
+void QVRenderDrawParts::setPicture(const QVPicture &picture)
 {
-    m_imageView->setImage(picture);
+    m_imageView->setImage(picture.image, picture.scaled);
+}
+
+QSize QVRenderDrawParts::pictureSize() const
+{
+    return QVScaledPicture::pixelsOf(m_imageView->size(), m_imageView->devicePixelRatioF());
 }
 
 void QVRenderDrawParts::clearPicture()
@@ -257,7 +263,9 @@ void QVRenderDrawParts::pictureHasExpired()
 
 void QVRenderDrawParts::setOutage(bool outage)
 {
-    outageLabel().setVisible(outage);
+    // Measuring its text loads a font.
+    if (outage || m_outageLabel)
+        outageLabel().setVisible(outage);
 }
 
 void QVRenderDrawParts::spinRefreshButton()

@@ -24,7 +24,8 @@ public:
 
     void showLoadingAnimation() override;
     void hiddenLoadingAnimation() override;
-    void setPicture(const QImage &picture) override;
+    void setPicture(const QVPicture &picture) override;
+    [[nodiscard]] QSize pictureSize() const override;
     void clearPicture() override;
     void showFailedPicture() override;
     [[nodiscard]] bool hasPicture() const override;

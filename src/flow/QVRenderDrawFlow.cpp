@@ -2,6 +2,7 @@
 
 #include "flow/QVPassText.h"
 #include "image/QVImageLoader.h"
+#include "image/QVPicture.h"
 #include "platform/QVErrorName.h"
 #include "platform/QVPage.h"
 #include "platform/QVScheduler.h"
@@ -14,8 +15,6 @@
 #include "service/QVVerifyResponseModel.h"
 #include "settings/QVConfigurationManager.h"
 #include "settings/QVLocalizationKeys.h"
-
-#include <QImage>
 
 #include <limits>
 #include <utility>
@@ -60,7 +59,7 @@ void QVRenderDrawFlow::didMoveToSuperview()
 {
     if (!isEmbedded())
         return;
-    QVConfigurationManager::prepareDeviceId();
+    QVAPIRequestManager::prepare();
     // From the event loop, since the host is still creating its window.
     QVScheduler::shared().schedule({}, [] { QVImageLoader::shared().prepare(); });
     QVScheduler::shared().schedule(embedStartDelay, [weak = weak_from_this()] {
@@ -444,14 +443,15 @@ void QVRenderDrawFlow::loadVerifyImageFromURLString(const QString &address, bool
         surface().showLoadingAnimation();
     setDrawingEnabled(false);
     // Keeps the flow alive until the picture is loaded or has failed.
-    QVImageLoader::shared().load(address, [flow = shared_from_this(), asked = m_now](
-                                              const QImage &picture, const std::optional<QVError> &error) {
-        if (flow->m_surface && flow->m_now == asked)
-            flow->handlePicture(picture, error);
-    });
+    QVImageLoader::shared().load(address, surface().pictureSize(),
+                                 [flow = shared_from_this(), asked = m_now](
+                                     const QVPicture &picture, const std::optional<QVError> &error) {
+                                     if (flow->m_surface && flow->m_now == asked)
+                                         flow->handlePicture(picture, error);
+                                 });
 }
 
-void QVRenderDrawFlow::handlePicture(const QImage &picture, const std::optional<QVError> &error)
+void QVRenderDrawFlow::handlePicture(const QVPicture &picture, const std::optional<QVError> &error)
 {
     surface().hiddenLoadingAnimation();
     if (error) {

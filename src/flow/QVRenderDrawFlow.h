@@ -114,7 +114,7 @@ private:
     void handleGetResponseFromOutageServer(const std::shared_ptr<QVGetOutageResponseModel> &record);
     void replaceExpiredPicture();
     void loadVerifyImageFromURLString(const QString &address, bool isRefresh);
-    void handlePicture(const QImage &picture, const std::optional<QVError> &error);
+    void handlePicture(const QVPicture &picture, const std::optional<QVError> &error);
     void handleRequestVerifySuccess(const QVVerifyResponseModel &verify);
     void tokenHasExpired();
     void handleWrongAnswer(const QVError &error);

@@ -3,13 +3,14 @@
 #include "flow/QVOverlaySurface.h"
 
 #include <QRectF>
+#include <QSize>
 
 #include <chrono>
 #include <memory>
 
-class QImage;
 class QVError;
 class QVGetRefreshResponseModel;
+struct QVPicture;
 
 /// The interface of the drawing flow to the screen. A view of a toolkit implements it. The flow holds it
 /// weakly.
@@ -24,7 +25,9 @@ public:
     virtual void showLoadingAnimation() = 0;
     virtual void hiddenLoadingAnimation() = 0;
 
-    virtual void setPicture(const QImage &picture) = 0;
+    virtual void setPicture(const QVPicture &picture) = 0;
+    /// How many pixels of the screen the picture covers. Empty if it need not be scaled.
+    [[nodiscard]] virtual QSize pictureSize() const = 0;
     /// hasPicture() is false at once. The screen is cleared only after clearDelay, so that an answer that is
     /// fast replaces the picture without a dark frame in between.
     virtual void clearPicture() = 0;

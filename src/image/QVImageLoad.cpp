@@ -2,6 +2,7 @@
 
 #include "image/QVImageDecoder.h"
 #include "image/QVImageResources.h"
+#include "image/QVSmoothScaling.h"
 #include "net/QVNetworkError.h"
 #include "net/QVNetworkSession.h"
 #include "service/QVErrorClassification.h"
@@ -15,15 +16,17 @@ constexpr QVBoundedDownload::Limits limits{15s, 8 << 20};
 
 } // namespace
 
-void QVImageLoad::start(QVImageResources &resources, const QString &address, Completion completion)
+void QVImageLoad::start(QVImageResources &resources, const QString &address, QSize pixels,
+                        Completion completion)
 {
-    (new QVImageLoad(resources, address, std::move(completion)))->begin();
+    (new QVImageLoad(resources, address, pixels, std::move(completion)))->begin();
 }
 
-QVImageLoad::QVImageLoad(QVImageResources &resources, QString address, Completion completion)
+QVImageLoad::QVImageLoad(QVImageResources &resources, QString address, QSize pixels, Completion completion)
     : QObject(&resources)
     , m_resources(resources)
     , m_address(std::move(address))
+    , m_pixels(pixels)
     , m_completion(std::move(completion))
 {
 }
@@ -39,7 +42,11 @@ void QVImageLoad::begin()
     const QImage image = m_resources.remembered(m_address);
     if (!image.isNull())
         QMetaObject::invokeMethod(
-            this, [this, image] { complete(image, std::nullopt); }, Qt::QueuedConnection);
+            this,
+            [this, image] {
+                complete({image, {}}, std::nullopt);
+            },
+            Qt::QueuedConnection);
     else if (m_resources.disk().holds(m_address))
         readFromDisk();
     else
@@ -83,21 +90,24 @@ void QVImageLoad::handleDownload(const QVBoundedDownload::Result &result)
 
 void QVImageLoad::decode(const QByteArray &bytes)
 {
-    const auto image = std::make_shared<QImage>();
-    m_decoding = m_resources.start(
-        [image, bytes](const std::stop_token &stop) { *image = qv_decodedImage(bytes, stop); });
-    connect(m_decoding, &QVBackgroundWork::finished, this, [this, image] { handleDecoded(*image); });
+    const auto picture = std::make_shared<QVPicture>();
+    m_decoding = m_resources.start([picture, bytes, pixels = m_pixels](const std::stop_token &stop) {
+        picture->image = qv_decodedImage(bytes, stop);
+        if (!picture->image.isNull() && !pixels.isEmpty())
+            picture->scaled = qv_smoothlyScaled(picture->image, pixels);
+    });
+    connect(m_decoding, &QVBackgroundWork::finished, this, [this, picture] { handleDecoded(*picture); });
     startDeadline();
 }
 
-void QVImageLoad::handleDecoded(const QImage &image)
+void QVImageLoad::handleDecoded(const QVPicture &picture)
 {
-    if (image.isNull())
+    if (picture.image.isNull())
         return fail(QVError::OtherFailure);
-    m_resources.remember(m_address, image);
+    m_resources.remember(m_address, picture.image);
     if (m_isForDisk)
         m_resources.disk().write(m_address, m_bytes);
-    complete(image, std::nullopt);
+    complete(picture, std::nullopt);
 }
 
 void QVImageLoad::startDeadline()
@@ -119,12 +129,12 @@ void QVImageLoad::fail(qint64 code)
     complete({}, QVErrorClassification::parseError(qv_networkError(code)));
 }
 
-void QVImageLoad::complete(const QImage &image, const std::optional<QVError> &error)
+void QVImageLoad::complete(const QVPicture &picture, const std::optional<QVError> &error)
 {
     stopDecoding();
     m_resources.disk().disconnect(this);
     deleteLater();
     const Completion completion = std::exchange(m_completion, {});
     if (completion)
-        completion(image, error);
+        completion(picture, error);
 }

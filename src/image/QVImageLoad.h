@@ -1,10 +1,10 @@
 #pragma once
 
+#include "image/QVPicture.h"
 #include "net/QVBoundedDownload.h"
 #include "platform/QVError.h"
 #include "platform/QVTimer.h"
 
-#include <QImage>
 #include <QPointer>
 
 #include <functional>
@@ -20,29 +20,31 @@ class QVImageLoad final : public QObject
     Q_OBJECT
 
 public:
-    using Completion = std::function<void(QImage, std::optional<QVError>)>;
+    using Completion = std::function<void(QVPicture, std::optional<QVError>)>;
 
-    static void start(QVImageResources &resources, const QString &address, Completion completion);
+    static void start(QVImageResources &resources, const QString &address, QSize pixels,
+                      Completion completion);
 
     ~QVImageLoad() override;
 
 private:
-    QVImageLoad(QVImageResources &resources, QString address, Completion completion);
+    QVImageLoad(QVImageResources &resources, QString address, QSize pixels, Completion completion);
 
     void begin();
     void download();
     void handleDownload(const QVBoundedDownload::Result &result);
     void readFromDisk();
     void decode(const QByteArray &bytes);
-    void handleDecoded(const QImage &image);
+    void handleDecoded(const QVPicture &picture);
     /// The deadline for the disk and the decoder. The download has its own.
     void startDeadline();
     void stopDecoding();
     void fail(qint64 code);
-    void complete(const QImage &image, const std::optional<QVError> &error);
+    void complete(const QVPicture &picture, const std::optional<QVError> &error);
 
     QVImageResources &m_resources;
     QString m_address;
+    QSize m_pixels;
     Completion m_completion;
     QPointer<QVBoundedDownload> m_download;
     QPointer<QVBackgroundWork> m_decoding;

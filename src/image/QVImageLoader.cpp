@@ -30,10 +30,10 @@ bool QVImageLoader::isWorking() const
     return m_resources && m_resources->isWorking();
 }
 
-void QVImageLoader::load(const QString &address, Completion completion)
+void QVImageLoader::load(const QString &address, QSize pixels, Completion completion)
 {
     qv_assertMainThread();
-    QVImageLoad::start(resources(), address, std::move(completion));
+    QVImageLoad::start(resources(), address, pixels, std::move(completion));
 }
 
 QVImageResources &QVImageLoader::resources()

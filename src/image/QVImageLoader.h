@@ -1,9 +1,8 @@
 #pragma once
 
+#include "image/QVPicture.h"
 #include "platform/QVError.h"
 #include "platform/QuarvoCoreExport.h"
-
-#include <QImage>
 
 #include <functional>
 #include <memory>
@@ -17,7 +16,7 @@ class QUARVO_CORE_EXPORT QVImageLoader
 public:
     /// Receives the picture, or a null one and the error. Called on the main thread, exactly once unless the
     /// application object is destroyed before, and never before load() has returned.
-    using Completion = std::function<void(QImage, std::optional<QVError>)>;
+    using Completion = std::function<void(QVPicture, std::optional<QVError>)>;
 
     QVImageLoader(const QVImageLoader &) = delete;
     QVImageLoader &operator=(const QVImageLoader &) = delete;
@@ -28,7 +27,8 @@ public:
     void prepare();
     /// Whether a picture is being decoded, or read from disk.
     [[nodiscard]] bool isWorking() const;
-    void load(const QString &address, Completion completion);
+    /// Scales the picture to \a pixels, too, unless that is empty.
+    void load(const QString &address, QSize pixels, Completion completion);
 
 private:
     QVImageLoader();

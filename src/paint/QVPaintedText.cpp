@@ -1,7 +1,7 @@
 #include "paint/QVPaintedText.h"
 
 #include "paint/QVScaledPicture.h"
-#include "paint/QVSmoothScaling.h"
+#include "image/QVSmoothScaling.h"
 #include "settings/QVOneLine.h"
 #include "settings/QVSystemFont.h"
 

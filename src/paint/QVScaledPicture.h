@@ -16,7 +16,10 @@ public:
     static constexpr qreal largestRatio = 4;
 
     [[nodiscard]] const QImage &image() const { return m_image; }
-    void setImage(const QImage &image);
+    /// \a scaled is the same in the pixels in which it is painted, if somebody has made it already.
+    void setImage(const QImage &image, const QImage &scaled = {});
+    /// The pixels that a widget of that size covers.
+    [[nodiscard]] static QSize pixelsOf(QSize size, qreal ratio);
     /// Whether the picture hides everything behind it.
     [[nodiscard]] bool isOpaque() const { return !m_image.isNull() && !m_image.hasAlphaChannel(); }
     void paint(QPainter &painter, QSize size);

@@ -1,5 +1,6 @@
 #include "quick/QVQuickSurface.h"
 
+#include "image/QVPicture.h"
 #include "platform/QVPage.h"
 #include "quick/QVQuickWindows.h"
 #include "service/QVGetRefreshResponseModel.h"
@@ -165,11 +166,11 @@ void QVQuickSurface::show(const QImage &picture)
     Q_EMIT shown();
 }
 
-void QVQuickSurface::setPicture(const QImage &picture)
+void QVQuickSurface::setPicture(const QVPicture &picture)
 {
     m_clearing.stop();
-    m_hasPicture = !picture.isNull();
-    show(picture);
+    m_hasPicture = !picture.image.isNull();
+    show(picture.image);
 }
 
 void QVQuickSurface::clearPicture()
@@ -184,7 +185,7 @@ void QVQuickSurface::clearPicture()
 
 void QVQuickSurface::showFailedPicture()
 {
-    setPicture(qv_imageFromBundleWithName(QStringLiteral("qv_request_faild.jpg")).toImage());
+    setPicture({qv_imageFromBundleWithName(QStringLiteral("qv_request_faild.jpg")).toImage(), {}});
 }
 
 void QVQuickSurface::setIsCharVerify(bool isCharVerify)

@@ -134,7 +134,9 @@ private:
     [[nodiscard]] bool hasSuperview() const override;
     void showLoadingAnimation() override;
     void hiddenLoadingAnimation() override;
-    void setPicture(const QImage &picture) override;
+    void setPicture(const QVPicture &picture) override;
+    /// The scene graph scales.
+    [[nodiscard]] QSize pictureSize() const override { return {}; }
     void clearPicture() override;
     void showFailedPicture() override;
     void setIsCharVerify(bool isCharVerify) override;

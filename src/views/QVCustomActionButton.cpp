@@ -1,5 +1,6 @@
 #include "views/QVCustomActionButton.h"
 
+#include "settings/QVBundleImage.h"
 #include "settings/QVColors.h"
 #include "views/QVFocusRing.h"
 
@@ -14,11 +15,6 @@ QVCustomActionButton::QVCustomActionButton(QWidget *parent)
     setCursor(Qt::PointingHandCursor);
     m_layer->addSublayer(m_picture);
     m_layers.root().addSublayer(m_layer);
-}
-
-void QVCustomActionButton::setImage(const QPixmap &image)
-{
-    m_picture->setContents(image);
 }
 
 void QVCustomActionButton::setImageEdgeInsets(const QMargins &insets)
@@ -44,6 +40,13 @@ void QVCustomActionButton::placePicture()
 {
     m_layer->setFrame(rect());
     m_picture->setFrame(QRectF(rect().marginsRemoved(m_insets)));
+}
+
+void QVCustomActionButton::showEvent(QShowEvent *event)
+{
+    // Reading the first picture of a process makes Qt load all its image plugins.
+    m_picture->setContents(qv_imageFromBundleWithName(m_imageName));
+    QVTouchButton::showEvent(event);
 }
 
 void QVCustomActionButton::paintEvent(QPaintEvent *)

@@ -4,7 +4,6 @@
 #include "views/QVTouchButton.h"
 
 #include <QMargins>
-#include <QPixmap>
 
 /// A button that shows a picture, slightly translucent while it is pressed.
 class QVCustomActionButton final : public QVTouchButton
@@ -14,8 +13,8 @@ class QVCustomActionButton final : public QVTouchButton
 public:
     explicit QVCustomActionButton(QWidget *parent = nullptr);
 
-    [[nodiscard]] QPixmap image() const { return m_picture->contents(); }
-    void setImage(const QPixmap &image);
+    /// Sets the name of a picture of the bundle, which is read when the button is first shown.
+    void setImage(const QString &name) { m_imageName = name; }
     /// The free space around the picture.
     void setImageEdgeInsets(const QMargins &insets);
     /// With 0 the button is hidden and takes no input.
@@ -26,6 +25,7 @@ public:
     [[nodiscard]] QVLayer &layer() const { return *m_layer; }
 
 protected:
+    void showEvent(QShowEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
 
@@ -35,6 +35,7 @@ private:
     QVLayerHost m_layers;
     std::shared_ptr<QVLayer> m_layer;
     std::shared_ptr<QVLayer> m_picture;
+    QString m_imageName;
     QMargins m_insets;
     qreal m_alpha = 1;
 };

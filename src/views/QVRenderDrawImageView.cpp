@@ -92,20 +92,20 @@ void QVRenderDrawImageView::translate()
     m_layout.layoutNow();
 }
 
-void QVRenderDrawImageView::setImage(const QImage &image)
+void QVRenderDrawImageView::setImage(const QImage &image, const QImage &scaled)
 {
     m_image = image;
     if (image.isNull() && isVisible() && !m_picture.image().isNull()) {
-        m_clearing.start(QVRenderDrawSurface::clearDelay, [this] { showNow({}); });
+        m_clearing.start(QVRenderDrawSurface::clearDelay, [this] { showNow({}, {}); });
         return;
     }
     m_clearing.stop();
-    showNow(image);
+    showNow(image, scaled);
 }
 
-void QVRenderDrawImageView::showNow(const QImage &image)
+void QVRenderDrawImageView::showNow(const QImage &image, const QImage &scaled)
 {
-    m_picture.setImage(image);
+    m_picture.setImage(image, scaled);
     update();
 }
 

@@ -39,7 +39,8 @@ public:
     void setStrip(QWidget *strip);
     /// Shows a picture, stretched to the size of the widget. A null picture clears it after a moment, so that
     /// a picture that follows at once replaces the former one without a dark flash.
-    void setImage(const QImage &image);
+    /// \a scaled is the same in the size in which it is painted, if somebody has made it already.
+    void setImage(const QImage &image, const QImage &scaled = {});
 
     [[nodiscard]] QVRenderDrawImageViewLoadingLayer &loadingLayer() const { return *m_loadingLayer; }
     [[nodiscard]] QVRenderDrawOverlayView *promptOverlayView() const { return m_promptOverlayView; }
@@ -57,7 +58,7 @@ protected:
 
 private:
     QVRenderDrawOverlayView *addBar(const QString &name, const QColor &background, QVColors::Source text);
-    void showNow(const QImage &image);
+    void showNow(const QImage &image, const QImage &scaled);
     void translate();
     void placeBar(QVRenderDrawOverlayView *bar);
     [[nodiscard]] QVRenderDrawOverlayView *view(Bar bar) const;

@@ -128,12 +128,12 @@ private:
 
     bool loads(QVImageResources &resources, const char *path)
     {
-        QVCompletionProbe<QImage> probe;
+        QVCompletionProbe<QVPicture> probe;
         probe.run([&](auto completed) {
-            QVImageLoad::start(resources, server().address() + QLatin1String(path), completed);
+            QVImageLoad::start(resources, server().address() + QLatin1String(path), {}, completed);
         });
         return waitFor([&] { return probe.isDone(); }) && probe.fault().isNull() && !probe.error() &&
-               probe.result().width() == 64;
+               probe.result().image.width() == 64;
     }
 };
 

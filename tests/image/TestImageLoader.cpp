@@ -22,7 +22,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-using Probe = QVCompletionProbe<QImage>;
+using Probe = QVCompletionProbe<QVPicture>;
 
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
 constexpr bool isMemoryTold = false;
@@ -257,17 +257,19 @@ protected:
     void finish() override { m_server.reset(); }
 
 private:
+    static constexpr QSize small{30, 20};
+
     void load(Probe &probe, const char *path, QVImageResources &resources) const
     {
         probe.run([&](const auto &completed) {
-            QVImageLoad::start(resources, m_server->address() + QString::fromLatin1(path), completed);
+            QVImageLoad::start(resources, m_server->address() + QString::fromLatin1(path), small, completed);
         });
     }
 
     void load(Probe &probe, const char *path) const
     {
         probe.run([&](const auto &completed) {
-            QVImageLoader::shared().load(m_server->address() + QString::fromLatin1(path), completed);
+            QVImageLoader::shared().load(m_server->address() + QString::fromLatin1(path), small, completed);
         });
     }
 
@@ -278,9 +280,11 @@ private:
             QVERIFY(waitFor([&] { return probe.isDone(); }));
             QCOMPARE(probe.fault(), QString());
             QCOMPARE(probe.code(), code);
-            QCOMPARE(probe.result().isNull(), code != 0);
+            QCOMPARE(probe.result().image.isNull(), code != 0);
+            // Unless the picture was remembered.
+            QVERIFY(probe.result().scaled.isNull() || probe.result().scaled.size() == small);
         }();
-        return probe.result();
+        return probe.result().image;
     }
 
     std::unique_ptr<QVScriptedServer> m_server;

@@ -1,4 +1,4 @@
-#include "paint/QVSmoothScaling.h"
+#include "image/QVSmoothScaling.h"
 
 #include <algorithm>
 #include <cstring>
