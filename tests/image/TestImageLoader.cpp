@@ -257,19 +257,19 @@ protected:
     void finish() override { m_server.reset(); }
 
 private:
-    static constexpr QSize small{30, 20};
+    static constexpr QSize wanted{30, 20};
 
     void load(Probe &probe, const char *path, QVImageResources &resources) const
     {
         probe.run([&](const auto &completed) {
-            QVImageLoad::start(resources, m_server->address() + QString::fromLatin1(path), small, completed);
+            QVImageLoad::start(resources, m_server->address() + QString::fromLatin1(path), wanted, completed);
         });
     }
 
     void load(Probe &probe, const char *path) const
     {
         probe.run([&](const auto &completed) {
-            QVImageLoader::shared().load(m_server->address() + QString::fromLatin1(path), small, completed);
+            QVImageLoader::shared().load(m_server->address() + QString::fromLatin1(path), wanted, completed);
         });
     }
 
@@ -282,7 +282,7 @@ private:
             QCOMPARE(probe.code(), code);
             QCOMPARE(probe.result().image.isNull(), code != 0);
             // Unless the picture was remembered.
-            QVERIFY(probe.result().scaled.isNull() || probe.result().scaled.size() == small);
+            QVERIFY(probe.result().scaled.isNull() || probe.result().scaled.size() == wanted);
         }();
         return probe.result().image;
     }
