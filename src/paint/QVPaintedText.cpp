@@ -1,7 +1,7 @@
 #include "paint/QVPaintedText.h"
 
-#include "paint/QVScaledPicture.h"
 #include "image/QVSmoothScaling.h"
+#include "paint/QVScaledPicture.h"
 #include "settings/QVOneLine.h"
 #include "settings/QVSystemFont.h"
 
