@@ -106,7 +106,7 @@ private Q_SLOTS:
     {
         show(q("embed"));
         service().delay(q("refresh"), 1s);
-        const auto corner = [this] {
+        const auto corner = [] {
             return pixelsOf(*part("imageView")).pixelColor(2, 2);
         };
         const QColor before = corner();

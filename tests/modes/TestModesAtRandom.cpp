@@ -352,9 +352,7 @@ private:
         const QScopedValueRollback inEvent(m_isInEvent, true);
         if (popup() && roll(3) == 0)
             pressClose();
-        else if (popup())
-            stroke();
-        else if (m_embed && m_embed->embedView() && m_embed->embedView()->isVisible())
+        else if (drawView())
             stroke();
     }
 
