@@ -21,8 +21,9 @@ QPointF drawable(QPointF point)
 
 QRect boxOf(const QRectF &line)
 {
-    constexpr double margin = lineWidth / 2 + 1;
-    return line.adjusted(-margin, -margin, margin, margin).toAlignedRect();
+    constexpr double antialiasingMargin = lineWidth / 2 + 1;
+    return line.adjusted(-antialiasingMargin, -antialiasingMargin, antialiasingMargin, antialiasingMargin)
+        .toAlignedRect();
 }
 
 } // namespace
