@@ -48,7 +48,8 @@ QFont fontFor(const QVTextStyle &style)
 {
     QFont font = style.font.resolveMask() ? style.font : qv_systemFont(style.pixelSize);
     // A host may have given its size in points.
-    font.setPixelSize(QFontInfo(font).pixelSize());
+    if (font.pixelSize() < 0)
+        font.setPixelSize(QFontInfo(font).pixelSize());
     if (style.isItalic)
         font.setItalic(true);
     return font;

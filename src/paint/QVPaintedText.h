@@ -23,9 +23,9 @@ struct QVTextStyle
     QFont font{};
 };
 
-/// A text with an optional icon before it. It is rendered again only when its
-/// size, pixel ratio, colour or font changes; otherwise painting copies a picture. The text may come from the
-/// network, and is always plain text.
+/// A text with an optional icon before it. It is rendered again only when its size, pixel ratio, colour or
+/// font changes; otherwise painting copies a picture. The text may come from the network, and is always plain
+/// text.
 class QUARVO_CORE_EXPORT QVPaintedText final
 {
 public:
