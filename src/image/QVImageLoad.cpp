@@ -71,11 +71,12 @@ void QVImageLoad::download()
     auto *const host = QVConfigurationManager::sharedManager().networkAccessManager();
     // A host's network manager has its own cache, or none on purpose.
     m_isForDisk = !host;
-    m_download = QVBoundedDownload::start(QVNetworkSession::shared(), host, QNetworkRequest(QUrl(m_address)),
-                                          limits, [this](const QVBoundedDownload::Result &result) {
-                                              m_download.clear();
-                                              handleDownload(result);
-                                          });
+    m_download = new QVBoundedDownload(QVNetworkSession::shared(), host, limits,
+                                       [this](const QVBoundedDownload::Result &result) {
+                                           m_download.clear();
+                                           handleDownload(result);
+                                       });
+    m_download->send(QNetworkRequest(QUrl(m_address)));
 }
 
 void QVImageLoad::handleDownload(const QVBoundedDownload::Result &result)

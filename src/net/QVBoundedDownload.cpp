@@ -35,24 +35,11 @@ bool isLessSafe(const QUrl &from, const QUrl &to)
 
 } // namespace
 
-QVBoundedDownload *QVBoundedDownload::start(QVNetworkSession &own, QNetworkAccessManager *host,
-                                            const QNetworkRequest &request, Limits limits,
-                                            Completion completion)
-{
-    auto *download = new QVBoundedDownload(own, host, request, limits, std::move(completion));
-    if (const std::optional<qint64> fault = faultOf(request.url()))
-        download->failLater(*fault);
-    else
-        download->ask();
-    return download;
-}
-
-QVBoundedDownload::QVBoundedDownload(QVNetworkSession &own, QNetworkAccessManager *host,
-                                     const QNetworkRequest &request, Limits limits, Completion completion)
+QVBoundedDownload::QVBoundedDownload(QVNetworkSession &own, QNetworkAccessManager *host, Limits limits,
+                                     Completion completion)
     : QObject(&own)
     , m_own(own)
     , m_host(host)
-    , m_request(request)
     , m_limits(limits)
     , m_completion(std::move(completion))
 {
@@ -65,6 +52,16 @@ QVBoundedDownload::~QVBoundedDownload()
     m_isFinished = true;
     m_completion = {};
     endExchange();
+}
+
+void QVBoundedDownload::send(const QNetworkRequest &request)
+{
+    if (m_isFinished || m_result.error)
+        return;
+    m_request = request;
+    if (const std::optional<qint64> fault = faultOf(request.url()))
+        return failLater(*fault);
+    ask();
 }
 
 void QVBoundedDownload::cancel()

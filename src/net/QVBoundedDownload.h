@@ -37,22 +37,21 @@ public:
     };
     using Completion = std::function<void(const Result &)>;
 
-    /// Starts at once. \a completion is called exactly once, never before this call has returned, unless
-    /// \a own is destroyed before. Only http and https addresses are fetched. The request goes through
-    /// \a host, the host's own manager, or through \a own if that is null. \a own owns the download in both
-    /// cases.
-    static QVBoundedDownload *start(QVNetworkSession &own, QNetworkAccessManager *host,
-                                    const QNetworkRequest &request, Limits limits, Completion completion);
-
+    /// Starts the deadline. \a completion is called exactly once, never before this call has returned, unless
+    /// \a own is destroyed before. The request goes through \a host, the host's own manager, or through
+    /// \a own if that is null. \a own owns the download in both cases.
+    QVBoundedDownload(QVNetworkSession &own, QNetworkAccessManager *host, Limits limits,
+                      Completion completion);
     ~QVBoundedDownload() override;
+
+    /// Sends the request, once. Does nothing if the download was cancelled or took too long before. Only http
+    /// and https addresses are fetched.
+    void send(const QNetworkRequest &request);
     /// Ends the request early: the completion is called later, with QVNetworkError::cancelled. Does nothing
     /// once the request has ended.
     void cancel();
 
 private:
-    QVBoundedDownload(QVNetworkSession &own, QNetworkAccessManager *host, const QNetworkRequest &request,
-                      Limits limits, Completion completion);
-
     void ask();
     void takeAnswer();
     void follow(const QByteArray &location);

@@ -4,6 +4,7 @@
 #include "secrets/QVSessionBus.h"
 
 #include <algorithm>
+#include <optional>
 #include <system_error>
 #include <utility>
 
@@ -51,7 +52,6 @@ QVDesktopStore::QVDesktopStore(std::chrono::milliseconds limit)
 QVDesktopStore::~QVDesktopStore()
 {
     m_thread.request_stop();
-    const std::scoped_lock lock(m_mutex);
     giveUp();
 }
 
@@ -79,36 +79,67 @@ QVSecureStatus QVDesktopStore::deleteMatching(const QVSecureQuery &query)
     return run([query](QVSecureStore &store) { return Answer{store.deleteMatching(query), {}}; }).status;
 }
 
+void QVDesktopStore::post(const Work &work, const Done &done)
+{
+    if (!canBeAsked())
+        return done(QVSecureStatus::NotAvailable);
+    std::unique_lock lock(m_mutex);
+    const bool isBegun =
+        begin({[work](QVSecureStore &store) {
+                   return Answer{work(store), {}};
+               },
+               [this, turn = m_turn](const Answer &answer) {
+                   m_answers.post([=, this, status = answer.status] { finish(turn, status); });
+               }});
+    lock.unlock();
+    if (!isBegun)
+        return done(QVSecureStatus::NotAvailable);
+    m_posted.push_back(done);
+    if (!m_deadline.isActive())
+        m_deadline.start(m_limit, [this] { takeTooLong(); });
+}
+
 void QVDesktopStore::prepare()
 {
-    if (m_thread.joinable())
+    if (m_thread.joinable() || !canBeAsked())
         return;
     const std::scoped_lock lock(m_mutex);
-    (void)begin([](QVSecureStore &store) {
-        store.prepare();
-        return Answer();
-    });
+    (void)begin({[](QVSecureStore &store) {
+                     store.prepare();
+                     return Answer();
+                 },
+                 [](const Answer &) {
+                 }});
+}
+
+/// Whether there may be an answer. Without a bus no thread is started.
+bool QVDesktopStore::canBeAsked() const
+{
+    return QVScheduler::shared().now() >= m_leftAloneUntil && !qv_sessionBusAddress().isEmpty();
 }
 
 QVSecureStore::Answer QVDesktopStore::run(Call call)
 {
-    if (QVScheduler::shared().now() < m_leftAloneUntil)
+    if (!canBeAsked())
         return notAvailable;
+    std::optional<Answer> result;
     std::unique_lock lock(m_mutex);
-    if (!begin(std::move(call)))
+    if (!begin({std::move(call), [&result](Answer &&answer) {
+                    result = std::move(answer);
+                }}))
         return notAvailable;
-    if (m_changed.wait_for(lock, m_limit, [this] { return m_answer.has_value(); })) {
-        m_pause = 0min;
-        return *std::exchange(m_answer, std::nullopt);
+    const bool isInTime = m_changed.wait_for(lock, m_limit, [&result] { return result.has_value(); });
+    lock.unlock();
+    if (!isInTime) {
+        takeTooLong();
+        return notAvailable;
     }
-    giveUp();
-    m_pause = m_pause == 0min ? firstPause : std::min(2 * m_pause, longestPause);
-    m_leftAloneUntil = QVScheduler::shared().now() + m_pause;
-    return notAvailable;
+    m_pause = 0min;
+    return *std::move(result);
 }
 
-/// Hands \a call to the thread. Returns false if no thread can be created.
-bool QVDesktopStore::begin(Call call)
+/// Queues \a job for the thread. Returns false if no thread can be created.
+bool QVDesktopStore::begin(Job job)
 {
     try {
         if (!m_thread.joinable())
@@ -116,17 +147,40 @@ bool QVDesktopStore::begin(Call call)
     } catch (const std::system_error &) {
         return false;
     }
-    ++m_turn;
-    m_call = std::move(call);
-    m_answer.reset();
+    m_jobs.push_back(std::move(job));
     m_changed.notify_all();
     return true;
 }
 
+void QVDesktopStore::finish(int turn, QVSecureStatus status)
+{
+    // The work may have been given up while its answer was on the way.
+    if (turn != m_turn)
+        return;
+    m_pause = 0min;
+    const Done done = std::move(m_posted.front());
+    m_posted.pop_front();
+    m_deadline.stop();
+    if (!m_posted.empty())
+        m_deadline.start(m_limit, [this] { takeTooLong(); });
+    done(status);
+}
+
+void QVDesktopStore::takeTooLong()
+{
+    giveUp();
+    m_pause = m_pause == 0min ? firstPause : std::min(2 * m_pause, longestPause);
+    m_leftAloneUntil = QVScheduler::shared().now() + m_pause;
+    m_deadline.stop();
+    for (const Done &done : std::exchange(m_posted, {}))
+        done(QVSecureStatus::NotAvailable);
+}
+
 void QVDesktopStore::giveUp()
 {
+    const std::scoped_lock lock(m_mutex);
     ++m_turn;
-    m_call = nullptr;
+    m_jobs.clear();
     if (m_store)
         m_store->cancel();
 }
@@ -134,18 +188,19 @@ void QVDesktopStore::giveUp()
 void QVDesktopStore::work(const std::stop_token &stop)
 {
     std::unique_lock lock(m_mutex);
-    while (m_changed.wait(lock, stop, [this] { return m_call != nullptr; })) {
-        const Call call = std::exchange(m_call, nullptr);
+    while (m_changed.wait(lock, stop, [this] { return !m_jobs.empty(); })) {
+        const Job job = std::move(m_jobs.front());
+        m_jobs.pop_front();
         const int turn = m_turn;
         const bool isKept = m_store != nullptr;
-        Answer answer = ask(call, lock);
+        Answer answer = ask(job.call, lock);
         // The service may have been restarted since the store connected to it: try once more with a new
         // connection.
         if (isKept && answer.status == QVSecureStatus::NotAvailable && turn == m_turn)
-            answer = ask(call, lock);
+            answer = ask(job.call, lock);
         if (turn != m_turn)
             continue;
-        m_answer = std::move(answer);
+        job.answered(std::move(answer));
         m_changed.notify_all();
     }
     m_store.reset();

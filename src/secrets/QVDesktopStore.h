@@ -1,17 +1,20 @@
 #pragma once
 
+#include "platform/QVTaskQueue.h"
+#include "platform/QVTimer.h"
 #include "secrets/QVSecureStore.h"
 
 #include <chrono>
 #include <condition_variable>
+#include <deque>
 #include <functional>
 #include <memory>
 #include <mutex>
-#include <optional>
 #include <thread>
 
 /// The secure store of this desktop. Calls run on a separate thread, which is started on first use. The
-/// caller waits for an answer no longer than a limit.
+/// caller waits for an answer no longer than a limit. Work that is posted is not waited for, and has the same
+/// limit.
 ///
 /// A call that takes longer is cancelled. After that, calls fail at once for five minutes, and for twice as
 /// long after each further time-out in a row. So a service that hangs delays its host rarely.
@@ -33,14 +36,24 @@ public:
     [[nodiscard]] QVSecureStatus update(const QVSecureQuery &query, const QByteArray &data,
                                         const QString &accessibility) override;
     [[nodiscard]] QVSecureStatus deleteMatching(const QVSecureQuery &query) override;
+    void post(const Work &work, const Done &done) override;
     /// Starts the thread and connects, without waiting. Does nothing if the thread runs already.
     void prepare() override;
 
 private:
     using Call = std::function<Answer(QVSecureStore &)>;
+    /// A call, and what takes its answer: on the thread, under the lock, unless the call was given up before.
+    struct Job
+    {
+        Call call;
+        std::function<void(Answer &&)> answered;
+    };
 
+    [[nodiscard]] bool canBeAsked() const;
     [[nodiscard]] Answer run(Call call);
-    [[nodiscard]] bool begin(Call call);
+    [[nodiscard]] bool begin(Job job);
+    void finish(int turn, QVSecureStatus status);
+    void takeTooLong();
     void giveUp();
     // Called on the thread:
     void work(const std::stop_token &stop);
@@ -49,13 +62,16 @@ private:
     const std::chrono::milliseconds m_limit;
     std::chrono::nanoseconds m_leftAloneUntil{0};
     std::chrono::minutes m_pause{0};
+    /// Of the posted work that has no answer yet, in its order.
+    std::deque<Done> m_posted;
+    QVTimer m_deadline;
+    QVTaskQueue m_answers;
 
     std::mutex m_mutex;
     std::condition_variable_any m_changed;
-    /// Raised when a call begins and when one is given up. The answer to an earlier turn is dropped.
+    /// Raised when calls are given up. Their answers are dropped.
     int m_turn = 0;
-    Call m_call;
-    std::optional<Answer> m_answer;
+    std::deque<Job> m_jobs;
     /// Used on the thread only, except for cancel().
     std::unique_ptr<QVSecureStore> m_store;
     // Last, so that it is joined before the members above are destroyed.

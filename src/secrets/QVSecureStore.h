@@ -2,7 +2,10 @@
 
 #include "secrets/QVSecureItem.h"
 
-/// A store of the user's secrets. Calls are synchronous and never ask the user for anything.
+#include <functional>
+
+/// A store of the user's secrets. Calls are synchronous, except for post(), and never ask the user for
+/// anything.
 class QVSecureStore
 {
 public:
@@ -15,6 +18,9 @@ public:
         QList<QVSecureItem> items;
     };
 
+    using Work = std::function<QVSecureStatus(QVSecureStore &)>;
+    using Done = std::function<void(QVSecureStatus)>;
+
     virtual ~QVSecureStore() = default;
 
     /// Looks items up. Data returns one item with only its data, Attributes returns all items without their
@@ -25,6 +31,9 @@ public:
     [[nodiscard]] virtual QVSecureStatus update(const QVSecureQuery &query, const QByteArray &data,
                                                 const QString &accessibility) = 0;
     [[nodiscard]] virtual QVSecureStatus deleteMatching(const QVSecureQuery &query) = 0;
+    /// Does \a work, which may be several calls, without keeping the caller waiting if the store can. \a done
+    /// is called once, on the caller's thread, later or before this call returns.
+    virtual void post(const Work &work, const Done &done) { done(work(*this)); }
     /// Announces a lookup, so that the store can prepare for it.
     virtual void prepare() {}
     /// Makes the call under way fail soon, and each later call at once. May be called from any thread.

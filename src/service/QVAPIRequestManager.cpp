@@ -16,6 +16,7 @@
 #include "service/QVServiceLog.h"
 #include "service/QVVerifyResponseModel.h"
 #include "settings/QVConfigurationManager.h"
+#include "settings/QVDeviceIdentifier.h"
 
 using namespace std::chrono_literals;
 
@@ -218,23 +219,26 @@ QVAPIRequestManager::requestOutageComplted(QVCompletion<QVDownTimeResponseModel>
     // The outage switch needs no device identifier, but the next request does.
     prepare();
     const QString host = QVConfigurationManager::sharedManager().serviceAddresses().downloadHost();
-    return startPlain(
-        host + QLatin1String("/config"), switchDeadline,
-        [completed = logged("the outage switch", std::move(completed))](const QVJsonAnswer &answer) {
-            if (!completed)
-                return;
-            if (answer.error)
-                return completed(nullptr, QVErrorClassification::parseError(answer.error));
-            const auto record = recordFrom<QVDownTimeResponseModel>(answer);
-            if (record && QVConfigurationManager::sharedManager().isOpenOutage())
-                record->setActive(true);
-            completed(record, std::nullopt);
-        });
+    Task task =
+        create(switchDeadline,
+               [completed = logged("the outage switch", std::move(completed))](const QVJsonAnswer &answer) {
+                   if (!completed)
+                       return;
+                   if (answer.error)
+                       return completed(nullptr, QVErrorClassification::parseError(answer.error));
+                   const auto record = recordFrom<QVDownTimeResponseModel>(answer);
+                   if (record && QVConfigurationManager::sharedManager().isOpenOutage())
+                       record->setActive(true);
+                   completed(record, std::nullopt);
+               });
+    send(*task, host + QLatin1String("/config"));
+    return task;
 }
 
-QString QVAPIRequestManager::getParametersStringFromParameterDictionary(Parameters parameters)
+QString QVAPIRequestManager::getParametersStringFromParameterDictionary(Parameters parameters,
+                                                                        const QString &deviceId)
 {
-    parameters.insert(QStringLiteral("deviceid"), QVConfigurationManager::sharedManager().deviceId());
+    parameters.insert(QStringLiteral("deviceid"), deviceId);
     QString query;
     for (auto pair = parameters.cbegin(); pair != parameters.cend(); ++pair) {
         if (pair.value().isNull())
@@ -249,14 +253,28 @@ QString QVAPIRequestManager::getParametersStringFromParameterDictionary(Paramete
 QVAPIRequestManager::Task QVAPIRequestManager::start(const QString &address, const Parameters &parameters,
                                                      std::chrono::seconds deadline, Answered answered)
 {
-    const QString query = getParametersStringFromParameterDictionary(parameters);
-    return startPlain(query.isEmpty() ? address : address + u'?' + query, deadline, std::move(answered));
+    Task task = create(deadline, std::move(answered));
+    // The store may take its time, or never answer: the user-interface thread does not wait for it.
+    QVDeviceIdentifier::requestDeviceId([this, task, address, parameters](const QString &deviceId) {
+        if (task)
+            send(*task, address + u'?' + getParametersStringFromParameterDictionary(parameters, deviceId));
+    });
+    return task;
 }
 
-QVAPIRequestManager::Task QVAPIRequestManager::startPlain(const QString &address,
-                                                          std::chrono::seconds deadline, Answered answered)
+QVAPIRequestManager::Task QVAPIRequestManager::create(std::chrono::seconds deadline, Answered answered)
 {
     qv_assertMainThread();
+    auto *const host = QVConfigurationManager::sharedManager().networkAccessManager();
+    return new QVBoundedDownload(requestSession(), host, {deadline, answerLimit},
+                                 [answered = std::move(answered)](const QVBoundedDownload::Result &result) {
+                                     answered(result.error ? QVJsonAnswer{std::nullopt, result.error}
+                                                           : qv_readJsonAnswer(result.body));
+                                 });
+}
+
+void QVAPIRequestManager::send(QVBoundedDownload &download, const QString &address)
+{
     QNetworkRequest request{QUrl(address)};
     const auto &headers = requestHTTPHeaderFields();
     for (auto header = headers.cbegin(); header != headers.cend(); ++header)
@@ -264,14 +282,7 @@ QVAPIRequestManager::Task QVAPIRequestManager::startPlain(const QString &address
     request.setAttribute(QNetworkRequest::CacheLoadControlAttribute, QNetworkRequest::AlwaysNetwork);
     // The host's own network access manager may have a cache.
     request.setAttribute(QNetworkRequest::CacheSaveControlAttribute, false);
-
-    auto *const host = QVConfigurationManager::sharedManager().networkAccessManager();
-    return QVBoundedDownload::start(
-        requestSession(), host, request, {deadline, answerLimit},
-        [answered = std::move(answered)](const QVBoundedDownload::Result &result) {
-            answered(result.error ? QVJsonAnswer{std::nullopt, result.error}
-                                  : qv_readJsonAnswer(result.body));
-        });
+    download.send(request);
 }
 
 QVNetworkSession &QVAPIRequestManager::requestSession()

@@ -58,15 +58,16 @@ public:
 
     /// The query without its question mark, with the device identifier added. The order of the pairs is
     /// undefined.
-    [[nodiscard]] static QString getParametersStringFromParameterDictionary(Parameters parameters);
+    [[nodiscard]] static QString getParametersStringFromParameterDictionary(Parameters parameters,
+                                                                            const QString &deviceId);
 
 private:
     QVAPIRequestManager();
 
     Task start(const QString &address, const Parameters &parameters, std::chrono::seconds deadline,
                std::function<void(const QVJsonAnswer &)> answered);
-    Task startPlain(const QString &address, std::chrono::seconds deadline,
-                    std::function<void(const QVJsonAnswer &)> answered);
+    static Task create(std::chrono::seconds deadline, std::function<void(const QVJsonAnswer &)> answered);
+    void send(QVBoundedDownload &download, const QString &address);
     static QVNetworkSession &requestSession();
     const QMap<QByteArray, QByteArray> &requestHTTPHeaderFields();
 

@@ -1,6 +1,7 @@
 #include "settings/QVDeviceIdentifier.h"
 
-#include "settings/QVKeychain.h"
+#include "secrets/QVDesktopStore.h"
+#include "settings/QVKeychainQuery.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -8,6 +9,7 @@
 #include <QUuid>
 
 #include <algorithm>
+#include <memory>
 
 namespace {
 
@@ -29,18 +31,46 @@ QUuid makeDeviceUuid()
     return QUuid::createUuid();
 }
 
+QVKeychainQuery storedIdentifier()
+{
+    QVKeychainQuery query;
+    query.setService(QStringLiteral("com.quarvo.qv"));
+    query.setAccount(QVDeviceIdentifier::bundleIdentifier());
+    return query;
+}
+
+/// Reads the stored identifier, or stores a new one. \a identifier is valid whatever the status is.
+QVSecureStatus fetchOrStore(QVSecureStore &store, QVKeychainQuery query, QString &identifier)
+{
+    const QVSecureStatus status = query.fetchFrom(store);
+    identifier = query.password();
+    if (!identifier.isEmpty())
+        return status;
+    identifier = QVDeviceIdentifier::vendorIdentifier();
+    query.setPassword(identifier);
+    return status == QVSecureStatus::NotAvailable ? status : query.saveIn(store);
+}
+
 } // namespace
 
 QString QVDeviceIdentifier::getDeviceId()
 {
-    const QString service = QStringLiteral("com.quarvo.qv");
-    const QString account = bundleIdentifier();
-    const QString stored = QVKeychain::passwordForService(service, account);
-    if (!stored.isEmpty())
-        return stored;
-    const QString created = vendorIdentifier();
-    QVKeychain::setPassword(created, service, account);
-    return created;
+    QString identifier;
+    (void)fetchOrStore(QVDesktopStore::shared(), storedIdentifier(), identifier);
+    return identifier;
+}
+
+void QVDeviceIdentifier::requestDeviceId(const std::function<void(const QString &)> &completion)
+{
+    const auto identifier = std::make_shared<QString>();
+    QVDesktopStore::shared().post(
+        [identifier, query = storedIdentifier()](QVSecureStore &store) {
+            return fetchOrStore(store, query, *identifier);
+        },
+        [identifier, completion](QVSecureStatus status) {
+            // A store that failed or was given up may still be writing to the text.
+            completion(status == QVSecureStatus::Success ? *identifier : vendorIdentifier());
+        });
 }
 
 QString QVDeviceIdentifier::bundleIdentifier()

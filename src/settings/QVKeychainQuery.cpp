@@ -59,13 +59,13 @@ void QVKeychainQuery::setPasswordObject(const QVariant &object)
 
 bool QVKeychainQuery::save(QVError *error) const
 {
-    const bool isComplete = namesAnItem() && !m_passwordData.isNull();
-    return report(isComplete ? store() : QVSecureStatus::BadArguments, error);
+    return report(saveIn(QVDesktopStore::shared()), error);
 }
 
-QVSecureStatus QVKeychainQuery::store() const
+QVSecureStatus QVKeychainQuery::saveIn(QVSecureStore &store) const
 {
-    QVSecureStore &store = QVDesktopStore::shared();
+    if (!namesAnItem() || m_passwordData.isNull())
+        return QVSecureStatus::BadArguments;
     const QVSecureStatus found = store.copyMatching(query(), QVSecureStore::Return::Nothing).status;
     if (found == QVSecureStatus::Success)
         return store.update(query(), m_passwordData, accessibilityType());
@@ -74,12 +74,17 @@ QVSecureStatus QVKeychainQuery::store() const
 
 bool QVKeychainQuery::fetch(QVError *error)
 {
+    return report(fetchFrom(QVDesktopStore::shared()), error);
+}
+
+QVSecureStatus QVKeychainQuery::fetchFrom(QVSecureStore &store)
+{
     if (!namesAnItem())
-        return report(QVSecureStatus::BadArguments, error);
-    const auto answer = QVDesktopStore::shared().copyMatching(query(), QVSecureStore::Return::Data);
+        return QVSecureStatus::BadArguments;
+    const auto answer = store.copyMatching(query(), QVSecureStore::Return::Data);
     if (answer.status == QVSecureStatus::Success)
         m_passwordData = answer.items.value(0).data;
-    return report(answer.status, error);
+    return answer.status;
 }
 
 bool QVKeychainQuery::deleteItem(QVError *error) const

@@ -7,6 +7,7 @@
 #include <optional>
 
 class QVError;
+class QVSecureStore;
 
 /// Whether the query is about items that are synchronised between the user's devices. No key chain of this
 /// platform synchronises any.
@@ -56,10 +57,13 @@ public:
     /// All items that match the fields that are set, without their data.
     [[nodiscard]] std::optional<QList<QVSecureItem>> fetchAll(QVError *error = nullptr) const;
 
+    /// As fetch() and save(), in \a store. For calls on the store's own thread.
+    [[nodiscard]] QVSecureStatus fetchFrom(QVSecureStore &store);
+    [[nodiscard]] QVSecureStatus saveIn(QVSecureStore &store) const;
+
 private:
     [[nodiscard]] bool namesAnItem() const { return !m_service.isNull() && !m_account.isNull(); }
     [[nodiscard]] QVSecureQuery query() const;
-    [[nodiscard]] QVSecureStatus store() const;
     [[nodiscard]] QVSecureItem newItem() const;
 
     QString m_service;

@@ -151,8 +151,7 @@ private Q_SLOTS:
         QVERIFY(waitFor([&server] { return server.closedCount == 1; }));
         QCOMPARE(codeOf(m_server->address()), 0);
         // The end of the process must not wait for the network.
-        QVBoundedDownload::start(*m_session, nullptr, QNetworkRequest(QUrl(address)), {5s, 1LL << 60},
-                                 [](const auto &) { QFAIL("completed without its session"); });
+        download(address, 1LL << 60, [](const auto &) { QFAIL("completed without its session"); });
         QVERIFY(waitFor([&server] { return server.requestCount == 2; }));
         QElapsedTimer time;
         time.start();
@@ -176,14 +175,18 @@ protected:
     }
 
 private:
+    void download(const QString &address, qint64 limit, QVBoundedDownload::Completion completion) const
+    {
+        (new QVBoundedDownload(*m_session, nullptr, {5s, limit}, std::move(completion)))
+            ->send(QNetworkRequest(QUrl(address)));
+    }
+
     /// The code that a download ends with; -2 if it does not end.
     [[nodiscard]] qint64 codeOf(const QString &address, qint64 limit = 100) const
     {
         std::optional<qint64> code;
-        QVBoundedDownload::start(*m_session, nullptr, QNetworkRequest(QUrl(address)), {5s, limit},
-                                 [&code](const QVBoundedDownload::Result &result) {
-                                     code = result.error ? result.error->code() : 0;
-                                 });
+        download(address, limit,
+                 [&code](const auto &result) { code = result.error ? result.error->code() : 0; });
         (void)waitFor([&code] { return code.has_value(); });
         return code.value_or(-2);
     }
