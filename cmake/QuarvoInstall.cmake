@@ -46,6 +46,13 @@ if(TARGET QuarvoQuick)
   install(FILES "${PROJECT_BINARY_DIR}/qml/Quarvo/qmldir" "${PROJECT_BINARY_DIR}/qml/Quarvo/Quarvo.qmltypes"
           DESTINATION "${module_folder}" COMPONENT quick)
   install(DIRECTORY "${PROJECT_SOURCE_DIR}/src/quick/qml" DESTINATION "${module_folder}" COMPONENT quick)
+  # Qt keeps the module's files and its entry in the list of plugins in objects, which the linker does not leave out.
+  get_property(objects GLOBAL PROPERTY QuarvoQuickStatic_PARTS)
+  install(TARGETS QuarvoQuickStatic ${objects} EXPORT QuarvoQuickStaticTargets
+          ARCHIVE COMPONENT development
+          OBJECTS DESTINATION "${CMAKE_INSTALL_LIBDIR}/quarvo" COMPONENT development)
+  install(EXPORT QuarvoQuickStaticTargets NAMESPACE Quarvo:: DESTINATION "${config_folder}" COMPONENT development)
+  list(APPEND QUARVO_COMPONENTS Quick)
 endif()
 install(DIRECTORY "${PROJECT_SOURCE_DIR}/resources/QVKeychain.bundle"
                   "${PROJECT_SOURCE_DIR}/resources/QVResource.bundle"

@@ -59,6 +59,10 @@ endif()
 quarvo_package(development libquarvo-dev libdevel "Headers, static libraries and what CMake and pkg-config need.")
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
     "${development_depends}, qt6-base-dev, zlib1g-dev${QUARVO_DEBIAN_PRIVATE}")
+if(TARGET QuarvoQuick)
+  # For programs with the QML module in them.
+  set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SUGGESTS qt6-declarative-dev)
+endif()
 
 if(TARGET quarvo-sandbox)
   list(APPEND CPACK_COMPONENTS_ALL sandbox)

@@ -55,7 +55,7 @@ QQuickItem *QVQuickInvisible::badge(QObject *host)
     if (m_badge && m_badge->window() == window)
         return m_badge;
     removeBadge();
-    QQmlComponent component(engine, QUrl(QStringLiteral("qrc:/qt/qml/Quarvo/qml/Badge.qml")));
+    QQmlComponent component(engine, QUrl(QStringLiteral("qrc:/qt-project.org/imports/Quarvo/qml/Badge.qml")));
     m_badge = qobject_cast<QQuickItem *>(component.createWithInitialProperties(
         {{QStringLiteral("parent"), QVariant::fromValue(window->contentItem())}}));
     // Deleted by removeBadge(), or with the window.

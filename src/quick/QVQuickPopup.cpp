@@ -35,7 +35,8 @@ QVQuickPopup::~QVQuickPopup() = default;
 
 bool QVQuickPopup::create(QQmlEngine &engine)
 {
-    QQmlComponent component(&engine, QUrl(QStringLiteral("qrc:/qt/qml/Quarvo/qml/PopupCard.qml")));
+    QQmlComponent component(&engine,
+                            QUrl(QStringLiteral("qrc:/qt-project.org/imports/Quarvo/qml/PopupCard.qml")));
     m_object = component.create();
     m_surface = m_object ? m_object->property("surface").value<QVQuickSurface *>() : nullptr;
     if (!m_surface) {

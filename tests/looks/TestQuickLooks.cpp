@@ -96,7 +96,8 @@ private:
     /// Makes one of the module's own parts.
     void make(const char *type, const QRect &frame, QVariantMap properties)
     {
-        QQmlComponent component(qmlEngine(&window()), QUrl(q("qrc:/qt/qml/Quarvo/qml/") + q(type)));
+        QQmlComponent component(qmlEngine(&window()),
+                                QUrl(q("qrc:/qt-project.org/imports/Quarvo/qml/") + q(type)));
         properties[q("parent")] = QVariant::fromValue(window().contentItem());
         m_made.reset(qobject_cast<QQuickItem *>(component.createWithInitialProperties(properties)));
         m_made->setPosition(frame.topLeft());

@@ -5,9 +5,6 @@
 
 #include <QAccessible>
 #include <QQmlComponent>
-#include <QtQml/qqmlextensionplugin.h>
-
-Q_IMPORT_QML_PLUGIN(QuarvoPlugin)
 
 using namespace std::chrono_literals;
 
@@ -38,7 +35,6 @@ void QuickTestCase::prepare()
     QVSDKManager::setReducedMotion(true);
     qputenv("QT_QUICK_BACKEND", "software");
     m_engine = std::make_unique<QQmlEngine>();
-    m_engine->addImportPath(q("qrc:/qt/qml"));
     QQmlComponent component(m_engine.get(), QUrl::fromLocalFile(q(QUARVO_QUICK_TESTS "/Host.qml")));
     if (!component.isReady())
         qFatal("%s", qUtf8Printable(component.errorString()));
