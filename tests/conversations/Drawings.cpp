@@ -86,7 +86,7 @@ void addPointers()
         row(by, q("embedded, press, jump, look -> picture 1 refreshButton, %1, "
                   "look -> 'Draw along the curve' picture %2 refreshButton, lift")
                     .arg(q(by), q(*by == 'r' ? "2" : "1")));
-    row("by keys", "embedded, keys Space Right*15 Space -> verify");
+    row("by keys", "embedded, keys Space Right*15 Space -> verify, wait 1000 -> passed main-token");
     row("too short by keys", "embedded, keys Space Right*4 Space");
     row("escaped by keys", "embedded, keys Escape Space Right*15 Escape Space");
     row("by keys, the focus goes", "embedded, keys Space Right*15, blur, keys Space");
