@@ -38,8 +38,8 @@ void QuickTestCase::prepare()
     QQmlComponent component(m_engine.get(), QUrl::fromLocalFile(q(QUARVO_QUICK_TESTS "/Host.qml")));
     if (!component.isReady())
         qFatal("%s", qUtf8Printable(component.errorString()));
-    m_window.reset(qobject_cast<QQuickWindow *>(
-        component.createWithInitialProperties({{q("log"), QVariant::fromValue(&m_log)}})));
+    m_window.reset(qobject_cast<QQuickWindow *>(component.create()));
+    connect(m_window.get(), SIGNAL(said(QString)), &m_log, SLOT(say(QString)));
     m_window->requestActivate();
     QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
 }

@@ -6,13 +6,13 @@
 #include <QQuickItem>
 #include <QQuickWindow>
 
-/// Writes down what the host in QML hears, in the words of the other front-end's tests.
+/// Writes down what the host in QML hears.
 class QuickLog : public QObject, public Record
 {
     Q_OBJECT
 
-public:
-    Q_INVOKABLE void say(const QString &text) { add(text); }
+public Q_SLOTS:
+    void say(const QString &text) { add(text); }
 };
 
 /// Tests on a window in QML, against a service that answers as each test tells it. Its parts are a button, an

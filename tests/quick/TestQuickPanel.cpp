@@ -39,7 +39,7 @@ private Q_SLOTS:
         service().extend(config, {{q("type"), q("character")}});
         start(q("panel"));
         QVERIFY(waitForPicture());
-        QTRY_VERIFY(item(q("characterField")));
+        QVERIFY(waitFor([this] { return item(q("characterField")) != nullptr; }));
         clickOn(q("doneButton"));
         clickOn(q("characterField"));
         QTest::keyClick(&window(), Qt::Key_A);
@@ -53,7 +53,7 @@ private Q_SLOTS:
         start(q("panel"));
         start(q("button"));
         QVERIFY(waitForPicture());
-        QTRY_VERIFY(item(q("promptBar")) && item(q("stroke")));
+        QVERIFY(waitFor([this] { return item(q("promptBar")) && item(q("stroke")); }));
         QVSDKManager::setPreferredLanguage(q("zh-Hans"));
         QCOMPARE(item(q("promptBar"))->property("text").toString(), q("请沿图中曲线画线"));
         const QColor accent(0, 100, 0);

@@ -30,7 +30,7 @@ private Q_SLOTS:
         QCOMPARE(QGuiApplication::topLevelWindows().size(), 1);
         // Turned round.
         this->window().resize(window.transposed());
-        QTRY_VERIFY(QRect({}, window.transposed()).contains(screen()));
+        QVERIFY(waitFor([&] { return QRect({}, window.transposed()).contains(screen()); }));
         settings().setProperty("popupPresentation", 0);
     }
 

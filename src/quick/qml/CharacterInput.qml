@@ -9,7 +9,7 @@ Rectangle {
     required property QuarvoSurface surface
 
     function send() {
-        Qt.inputMethod.commit();
+        InputMethod.commit();
         const characters = field.text;
         if (characters === "")
             return;

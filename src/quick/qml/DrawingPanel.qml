@@ -1,6 +1,5 @@
 import QtQuick
 import QtQuick.Templates as T
-import Quarvo
 
 /*!
     A panel in which the user draws, part of the host's own scene. It asks for its picture by itself, and shows

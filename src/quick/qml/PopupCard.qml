@@ -9,7 +9,7 @@ T.Popup {
 
     property alias surface: parts
     property alias offersAlternative: parts.offersAlternative
-    readonly property real keyboardHeight: Qt.inputMethod.visible && parts.isCharVerify ? Qt.inputMethod.keyboardRectangle.height : 0
+    readonly property real keyboardHeight: InputMethod.visible && parts.isCharVerify ? InputMethod.keyboardRectangle.height : 0
     readonly property bool isCard: geometry.isCard
     readonly property rect screen: geometry.screen
 
@@ -37,7 +37,7 @@ T.Popup {
 
         containmentMask: QtObject {
             function contains(point: point): bool {
-                return !Qt.inputMethod.visible || point.y < modality.height - Qt.inputMethod.keyboardRectangle.height;
+                return !InputMethod.visible || point.y < modality.height - InputMethod.keyboardRectangle.height;
             }
         }
     }
