@@ -15,7 +15,7 @@ QVRenderStrokeView::QVRenderStrokeView(QWidget *parent)
 void QVRenderStrokeView::moveTo(QPointF point)
 {
     update(m_path.moveTo(point));
-    m_canvas = QPixmap();
+    m_canvas = QImage();
 }
 
 void QVRenderStrokeView::addLineTo(QPointF point)
@@ -34,7 +34,7 @@ void QVRenderStrokeView::addLineTo(QPointF point)
 void QVRenderStrokeView::removeAllPoints()
 {
     update(m_path.removeAllPoints());
-    m_canvas = QPixmap();
+    m_canvas = QImage();
 }
 
 void QVRenderStrokeView::paintEvent(QPaintEvent * /*event*/)
@@ -42,7 +42,7 @@ void QVRenderStrokeView::paintEvent(QPaintEvent * /*event*/)
     if (m_canvas.isNull())
         return;
     // Qt clips this to the region that is repainted.
-    QPainter(this).drawPixmap(0, 0, m_canvas);
+    QPainter(this).drawImage(0, 0, m_canvas);
 }
 
 void QVRenderStrokeView::resizeEvent(QResizeEvent * /*event*/)
@@ -59,7 +59,7 @@ bool QVRenderStrokeView::hasCanvas() const
 void QVRenderStrokeView::renewCanvas()
 {
     const double ratio = devicePixelRatioF();
-    m_canvas = QPixmap(size() * ratio);
+    m_canvas = QImage(size() * ratio, QImage::Format_ARGB32_Premultiplied);
     m_canvas.setDevicePixelRatio(ratio);
     m_canvas.fill(Qt::transparent);
     drawOnCanvas(renderBezierPath().constData(), static_cast<int>(renderBezierPath().size()));

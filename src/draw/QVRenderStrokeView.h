@@ -2,7 +2,7 @@
 
 #include "flow/QVStrokePath.h"
 
-#include <QPixmap>
+#include <QImage>
 #include <QWidget>
 
 /// The stroke on screen, above all other children of its parent. Takes no input.
@@ -31,5 +31,5 @@ private:
     void drawOnCanvas(const QPointF *points, int count);
 
     QVStrokePath m_path;
-    QPixmap m_canvas;
+    QImage m_canvas;
 };
