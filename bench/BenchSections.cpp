@@ -114,7 +114,6 @@ void benchStalls(const BenchSetting &setting)
 {
     constexpr double halfAFrame = 8;
     constexpr double whileMoving = 4;
-    constexpr double aHangingKeyChain = 260;
     const QProcessEnvironment keys = setting.desktop.withKeys();
     const auto tell = [&](const char *mode, const QString &what, const QProcessEnvironment &environment,
                           double atMost) {
@@ -136,7 +135,7 @@ void benchStalls(const BenchSetting &setting)
     slow.insert(QStringLiteral("LD_PRELOAD"), setting.folder + QStringLiteral("/libbench_slow_files.so"));
     tell("solve-panel", QStringLiteral("panel, home folder of 10 ms a file call"), slow, halfAFrame);
     setting.desktop.setKeyringHangs(true);
-    tell("solve-panel", QStringLiteral("panel, key chain that hangs"), keys, aHangingKeyChain);
+    tell("solve-panel", QStringLiteral("panel, key chain that hangs"), keys, halfAFrame);
     setting.desktop.setKeyringHangs(false);
 }
 
