@@ -66,6 +66,11 @@ void QVRenderDrawParts::initRenders(QVVerifyStyle style)
     m_layout->initRenders(contentViewWidth());
 }
 
+double QVRenderDrawParts::contentViewWidth() const
+{
+    return std::min<double>(m_view->width(), QVDrawGeometry::widestContent);
+}
+
 void QVRenderDrawParts::updateContentWidth()
 {
     m_captchaLabel->setMaximumWidth(

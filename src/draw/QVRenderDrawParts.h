@@ -53,8 +53,6 @@ protected:
     void initRenders(QVVerifyStyle style);
     /// Applies a changed width of a popup's content.
     void updateContentWidth();
-    /// The width of a popup's content.
-    [[nodiscard]] virtual double contentViewWidth() const = 0;
     /// Called when the advertisement is shown for the first time.
     virtual void adButtonWasAdded(QVAdButton &button) = 0;
 
@@ -70,6 +68,8 @@ protected:
     void spinRefreshButton();
 
 private:
+    /// The width of a popup's content.
+    [[nodiscard]] double contentViewWidth() const;
     void initContent();
     void initControls();
     QVLabel &outageLabel();

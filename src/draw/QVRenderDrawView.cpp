@@ -5,7 +5,6 @@
 #include "draw/QVKeyPen.h"
 #include "draw/QVPanEventFilter.h"
 #include "draw/QVRenderStrokeView.h"
-#include "flow/QVDrawGeometry.h"
 #include "flow/QVRenderDrawFlow.h"
 #include "platform/QVMainThread.h"
 #include "platform/QVPage.h"
@@ -14,8 +13,6 @@
 #include "views/QVCustomActionButton.h"
 #include "views/QVRenderDrawImageView.h"
 #include "views/QVRenderDrawOverlayView.h"
-
-#include <QScreen>
 
 #include <algorithm>
 #include <utility>
@@ -91,17 +88,6 @@ void QVRenderDrawView::handleConfigResponseFromQuarvoServer(
     m_flow->handleConfigResponseFromQuarvoServer(config, getRefresh);
 }
 
-void QVRenderDrawView::setScreenWidth(double width)
-{
-    m_screenWidth = width;
-    deviceOrientationDidChangeNotification();
-}
-
-double QVRenderDrawView::contentViewWidth() const
-{
-    return std::min<double>(m_screenWidth.value_or(window()->width()), QVDrawGeometry::widestContent);
-}
-
 QSize QVRenderDrawView::sizeHint() const
 {
     return {embedSize.width(), heightForWidth(embedSize.width())};
@@ -130,8 +116,8 @@ bool QVRenderDrawView::event(QEvent *event)
     const bool handled = QWidget::event(event);
     if (event->type() == QEvent::ParentChange)
         m_flow->didMoveToSuperview();
-    else if (event->type() == QEvent::Show)
-        appear();
+    else if (event->type() == QEvent::Show) // Also of a minimised window that is restored.
+        m_flow->surfaceHasAppeared();
     // A panel that is a window, or in a graphics scene, has no parent to start in.
     if (event->type() == QEvent::Show && isWindow() && !std::exchange(m_isShownAlone, true))
         m_flow->didMoveToSuperview();
@@ -141,7 +127,7 @@ bool QVRenderDrawView::event(QEvent *event)
 void QVRenderDrawView::resizeEvent(QResizeEvent * /*event*/)
 {
     layoutSubviews();
-    deviceOrientationDidChangeNotification();
+    updateContentWidth();
 }
 
 void QVRenderDrawView::connectParts()
@@ -171,35 +157,9 @@ void QVRenderDrawView::layoutSubviews()
     m_renderLayer->raise();
 }
 
-void QVRenderDrawView::appear()
-{
-    watchScreen();
-    // This also happens when a minimised window is restored.
-    m_flow->surfaceHasAppeared();
-}
-
-void QVRenderDrawView::watchScreen()
-{
-    if (m_screen == screen())
-        return;
-    if (m_screen)
-        m_screen->disconnect(this);
-    m_screen = screen();
-    connect(m_screen, &QScreen::geometryChanged, this,
-            &QVRenderDrawView::deviceOrientationDidChangeNotification);
-    connect(m_screen, &QScreen::orientationChanged, this,
-            &QVRenderDrawView::deviceOrientationDidChangeNotification);
-    deviceOrientationDidChangeNotification();
-}
-
 bool QVRenderDrawView::hasSuperview() const
 {
     return parentWidget() || m_isShownAlone;
-}
-
-void QVRenderDrawView::deviceOrientationDidChangeNotification()
-{
-    updateContentWidth();
 }
 
 void QVRenderDrawView::refreshButtonDidClickedAction()

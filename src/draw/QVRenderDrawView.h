@@ -11,7 +11,6 @@
 #include <memory>
 #include <optional>
 
-class QScreen;
 class QVConfigResponseModel;
 class QVGetRefreshResponseModel;
 class QVKeyPen;
@@ -46,11 +45,6 @@ public:
     void handleConfigResponseFromQuarvoServer(const std::shared_ptr<QVConfigResponseModel> &config,
                                               const std::shared_ptr<QVGetRefreshResponseModel> &getRefresh);
 
-    /// Sets the width of the area of a popup. By default it is that of the window.
-    void setScreenWidth(double width);
-    /// The width of a popup's content.
-    [[nodiscard]] double contentViewWidth() const override;
-
     /// Sets whether the user is offered another way, below the picture.
     void setOffersAlternative(bool offers);
 
@@ -80,9 +74,6 @@ private:
     void connectParts();
     void initGesture();
     void layoutSubviews();
-    void appear();
-    void watchScreen();
-    void deviceOrientationDidChangeNotification();
 
     void refreshButtonDidClickedAction();
     void adButtonDidClickedAction(const QVAdButton &button);
@@ -103,9 +94,7 @@ private:
     void tokenHasExpired() override;
 
     std::shared_ptr<QVRenderDrawFlow> m_flow;
-    std::optional<double> m_screenWidth;
     bool m_isShownAlone = false;
-    QPointer<QScreen> m_screen;
     QVRenderStrokeView *m_renderLayer = nullptr;
     // Not children of the view: they must not report anything to the flow while the view is destroyed.
     std::unique_ptr<QVPanEventFilter> m_events;

@@ -83,7 +83,6 @@ void QVViewController::layoutSubviews()
     if (!m_showWindow)
         return;
     const QRect screen = m_showWindow->popupScreen();
-    m_renderView->setScreenWidth(screen.width());
     m_renderView->setGeometry(screen);
     // Directly in the corner: there is no status bar to avoid.
     m_closeButton->move(screen.right() + 1 - m_closeButton->width(), screen.top());

@@ -70,7 +70,7 @@ private Q_SLOTS:
         open();
         QCOMPARE(popup()->isWindow(), isAlone);
         QCOMPARE(drawView()->geometry(), screen);
-        QCOMPARE(drawView()->contentViewWidth(), screen.width());
+        QCOMPARE(part("contentView")->width(), screen.width());
         if (isAlone)
             QVERIFY(popup()->screen()->geometry().contains(popup()->frameGeometry()));
         else
