@@ -1,5 +1,7 @@
 #include "flow/QVStrokePath.h"
 
+#include <QPainter>
+
 #include <algorithm>
 #include <cmath>
 
@@ -19,11 +21,17 @@ QPointF drawable(QPointF point)
     return {drawable(point.x()), drawable(point.y())};
 }
 
-QRect boxOf(const QRectF &line)
+QRectF withMargin(const QRectF &area)
 {
     constexpr double antialiasingMargin = lineWidth / 2 + 1;
-    return line.adjusted(-antialiasingMargin, -antialiasingMargin, antialiasingMargin, antialiasingMargin)
-        .toAlignedRect();
+    return area.adjusted(-antialiasingMargin, -antialiasingMargin, antialiasingMargin, antialiasingMargin);
+}
+
+// QRectF::intersects() does not see a line that is horizontal or vertical.
+bool touches(QPointF from, QPointF to, const QRectF &area)
+{
+    return std::max(from.x(), to.x()) > area.left() && std::min(from.x(), to.x()) < area.right() &&
+           std::max(from.y(), to.y()) > area.top() && std::min(from.y(), to.y()) < area.bottom();
 }
 
 } // namespace
@@ -40,17 +48,29 @@ QRect QVStrokePath::addLineTo(QPointF point)
     m_points.append(drawable(point));
     if (m_points.size() < 2)
         return {};
-    return boxOf(QRectF(m_points.at(m_points.size() - 2), m_points.constLast()).normalized());
+    const QRectF line(m_points.at(m_points.size() - 2), m_points.constLast());
+    return withMargin(line.normalized()).toAlignedRect();
 }
 
 QRect QVStrokePath::removeAllPoints()
 {
-    const QRect touched = m_points.size() > 1 ? boxOf(m_points.boundingRect()) : QRect();
+    const QRect touched = m_points.size() > 1 ? withMargin(m_points.boundingRect()).toAlignedRect() : QRect();
     m_points.clear();
     return touched;
 }
 
-QPen QVStrokePath::pen(const QColor &color)
+void QVStrokePath::paint(QPainter &painter, const QRect &area, const QColor &color) const
 {
-    return {color, lineWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin};
+    painter.setRenderHint(QPainter::Antialiasing);
+    // With round caps and joins, parts that are painted one by one look like one line.
+    painter.setPen(QPen(color, lineWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    const QRectF around = withMargin(area);
+    for (qsizetype first = 0; first + 1 < m_points.size();) {
+        qsizetype last = first;
+        while (last + 1 < m_points.size() && touches(m_points[last], m_points[last + 1], around))
+            ++last;
+        if (last > first)
+            painter.drawPolyline(&m_points[first], int(last - first) + 1);
+        first = last + 1;
+    }
 }

@@ -2,9 +2,11 @@
 
 #include "platform/QuarvoCoreExport.h"
 
-#include <QPen>
 #include <QPolygonF>
 #include <QRect>
+
+class QColor;
+class QPainter;
 
 /// The line that the user draws, as it is shown, and the pixels that each change of it touches.
 class QUARVO_CORE_EXPORT QVStrokePath
@@ -16,10 +18,8 @@ public:
     [[nodiscard]] QRect addLineTo(QPointF point);
     [[nodiscard]] QRect removeAllPoints();
 
-    [[nodiscard]] const QPolygonF &points() const { return m_points; }
-
-    /// With round caps and joins, lines that are drawn one by one look like one line.
-    [[nodiscard]] static QPen pen(const QColor &color);
+    /// Paints what lies in \a area. The cost does not grow with the length of the stroke elsewhere.
+    void paint(QPainter &painter, const QRect &area, const QColor &color) const;
 
 private:
     QPolygonF m_points;

@@ -32,9 +32,7 @@ void QVQuickStroke::repaint(const QRect &touched)
 
 void QVQuickStroke::paint(QPainter *painter)
 {
-    // Qt clips this to what is repainted.
-    painter->setRenderHint(QPainter::Antialiasing);
-    painter->setPen(QVStrokePath::pen(m_color));
-    if (m_path.points().size() > 1)
-        painter->drawPolyline(m_path.points());
+    // Qt clips this to what is repainted, unless that is everything.
+    const QRectF area = painter->hasClipping() ? painter->clipBoundingRect() : boundingRect();
+    m_path.paint(*painter, area.toAlignedRect(), m_color);
 }

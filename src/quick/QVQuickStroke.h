@@ -18,7 +18,6 @@ public:
     void addLineTo(QPointF point);
     void removeAllPoints();
     /// How many points there are, for tests.
-    [[nodiscard]] Q_INVOKABLE int pointCount() const { return static_cast<int>(m_path.points().size()); }
 
     void paint(QPainter *painter) override;
 
