@@ -66,7 +66,7 @@ bool QVRenderDrawView::canDirectlyShow() const
     return m_flow->canDirectlyShow();
 }
 
-std::optional<bool> QVRenderDrawView::canInput()
+bool QVRenderDrawView::canInput()
 {
     return hasPicture();
 }
@@ -179,11 +179,10 @@ void QVRenderDrawView::adButtonWasAdded(QVAdButton &button)
     m_events->addControl(&button);
 }
 
-bool QVRenderDrawView::charVerifyInputViewDidClickedDoneButtonWithCharString(QVCharVerifyInputView * /*view*/,
+void QVRenderDrawView::charVerifyInputViewDidClickedDoneButtonWithCharString(QVCharVerifyInputView * /*view*/,
                                                                              const QString &charString)
 {
     m_flow->charVerifyInputViewDidClickedDoneButtonWithCharString(charString);
-    return true;
 }
 
 void QVRenderDrawView::setDrawingEnabled(bool enabled)

@@ -9,7 +9,6 @@
 #include <QWidget>
 
 #include <memory>
-#include <optional>
 
 class QVConfigResponseModel;
 class QVGetRefreshResponseModel;
@@ -37,7 +36,7 @@ public:
     /// Whether there is an answer with a picture, so that a hidden view may be shown again as it is.
     [[nodiscard]] Q_INVOKABLE bool canDirectlyShow() const;
     /// Whether there is a picture, so that its characters can be typed.
-    std::optional<bool> canInput() override;
+    [[nodiscard]] bool canInput() override;
 
     void requestQuarvoConfigAction();
     void reset();
@@ -79,7 +78,7 @@ private:
     void adButtonDidClickedAction(const QVAdButton &button);
     void adButtonWasAdded(QVAdButton &button) override;
 
-    bool charVerifyInputViewDidClickedDoneButtonWithCharString(QVCharVerifyInputView *view,
+    void charVerifyInputViewDidClickedDoneButtonWithCharString(QVCharVerifyInputView *view,
                                                                const QString &charString) override;
 
     [[nodiscard]] bool hasSuperview() const override;

@@ -91,7 +91,7 @@ bool QVCharVerifyInputView::textFieldShouldBeginEditing() const
     if (m_doneButton->buttonStauts() == QVCharVerifyInputViewDoneButton::loadingStauts)
         return false;
     QVCharVerifyInputViewDelegate *delegate = m_delegate.get();
-    return !delegate || delegate->canInput().value_or(true);
+    return !delegate || delegate->canInput();
 }
 
 bool QVCharVerifyInputView::textFieldShouldReturn()
@@ -114,8 +114,8 @@ void QVCharVerifyInputView::doneButtonDidClickedAction()
     if (!delegate)
         return;
     const QPointer<QVCharVerifyInputView> self(this);
-    const bool isTaken = delegate->charVerifyInputViewDidClickedDoneButtonWithCharString(this, charString);
-    if (self && isTaken)
+    delegate->charVerifyInputViewDidClickedDoneButtonWithCharString(this, charString);
+    if (self)
         m_inputTF->clear();
 }
 

@@ -4,25 +4,15 @@
 
 #include <QString>
 
-#include <optional>
-
 class QVCharVerifyInputView;
 
-/// Receives the typed answer. Both operations are optional: the default results mean that they are not
-/// implemented.
+/// Receives the typed answer.
 class QVCharVerifyInputViewDelegate : public QVDelegate
 {
 public:
-    /// The user has finished with \a charString, which is never empty. Return false if it was not taken: then
-    /// the text stays in the field.
-    virtual bool charVerifyInputViewDidClickedDoneButtonWithCharString(QVCharVerifyInputView *inputView,
-                                                                       const QString &charString)
-    {
-        Q_UNUSED(inputView)
-        Q_UNUSED(charString)
-        return false;
-    }
-
-    /// Whether the user may start typing now. An empty result means yes.
-    virtual std::optional<bool> canInput() { return std::nullopt; }
+    /// The user has finished with \a charString, which is never empty. The field is cleared afterwards.
+    virtual void charVerifyInputViewDidClickedDoneButtonWithCharString(QVCharVerifyInputView *inputView,
+                                                                       const QString &charString) = 0;
+    /// Whether the user may start typing now.
+    [[nodiscard]] virtual bool canInput() = 0;
 };

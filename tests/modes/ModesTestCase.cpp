@@ -316,7 +316,7 @@ void ModesTestCase::clickPart(const char *name) const
 
 bool ModesTestCase::waitForPicture() const
 {
-    return waitFor([] { return drawView() && drawView()->canInput().value_or(false); });
+    return waitFor([] { return drawView() && drawView()->canInput(); });
 }
 
 void ModesTestCase::strokeAndVerify() const

@@ -1,5 +1,6 @@
 #include "modes/ModesTestCase.h"
 
+#include <QAbstractButton>
 #include <QAccessible>
 
 using namespace std::chrono_literals;
@@ -52,6 +53,8 @@ private Q_SLOTS:
                 continue;
             QAccessibleInterface *seen = QAccessible::queryAccessibleInterface(widget);
             QVERIFY(!seen->text(QAccessible::Name).isEmpty() && seen->state().focusable);
+            if (mode != click && qobject_cast<QAbstractButton *>(widget))
+                QCOMPARE(widget->cursor().shape(), Qt::PointingHandCursor);
         }
     }
 
