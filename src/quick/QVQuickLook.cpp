@@ -65,15 +65,25 @@ QString QVQuickLook::oneLine(const QString &text)
     return qv_oneLine(text).trimmed();
 }
 
-void QVQuickLook::announce(QQuickItem *item, const QString &text)
+QAccessible::Role QVQuickLook::messageRole()
 {
-    if (!item || !item->isVisible() || text.isEmpty())
+#if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
+    return QAccessible::AlertMessage;
+#else
+    // Screen readers of the Linux desktop read a notification that appears, but no alert event.
+    return QAccessible::Notification;
+#endif
+}
+
+void QVQuickLook::announce(QQuickItem *item)
+{
+    QAccessibleInterface *const message = item ? QAccessible::queryAccessibleInterface(item) : nullptr;
+    if (!message || !item->isVisible())
         return;
 #if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
-    QAccessibleAnnouncementEvent event(item, text);
+    QAccessibleAnnouncementEvent event(item, message->text(QAccessible::Name));
 #else
-    // Reads the item's name.
-    QAccessibleEvent event(item, QAccessible::Alert);
+    QAccessibleEvent event(item, QAccessible::ObjectShow);
 #endif
     QAccessible::updateAccessibility(&event);
 }

@@ -4,6 +4,7 @@
 #include "settings/QVColors.h"
 #include "settings/QVSystemFont.h"
 
+#include <QAccessible>
 #include <QObject>
 #include <QQuickItem>
 #include <QtQml/qqmlregistration.h>
@@ -58,6 +59,7 @@ class QVQuickLook : public QObject
     /// How much larger than usual the platform shows text, from 1 to 2.
     Q_PROPERTY(double textScale READ textScale NOTIFY changed)
     Q_PROPERTY(bool isMotionReduced READ isMotionReduced NOTIFY changed)
+    Q_PROPERTY(QAccessible::Role messageRole READ messageRole CONSTANT)
     /// Another one with each language, for text().
     Q_PROPERTY(int language READ language NOTIFY changed)
 
@@ -89,6 +91,7 @@ public:
     [[nodiscard]] static QEasingCurve usualEasing() { return QVEasing::usual(); }
     [[nodiscard]] static double textScale() { return qv_textScale(); }
     [[nodiscard]] static bool isMotionReduced();
+    [[nodiscard]] static QAccessible::Role messageRole();
     [[nodiscard]] int language() const { return m_language; }
 
     /// The text of one of QVKey's keys. A binding names \a language so that it follows it.
@@ -97,8 +100,8 @@ public:
     [[nodiscard]] Q_INVOKABLE static QFont font(int pixelSize, double textScale);
     /// \a text without line breaks or control characters, as one of a stranger's making is shown.
     [[nodiscard]] Q_INVOKABLE static QString oneLine(const QString &text);
-    /// Has screen readers say \a text, which appears on \a item.
-    Q_INVOKABLE static void announce(QQuickItem *item, const QString &text);
+    /// Has screen readers say the accessible name of \a item, whose role is messageRole.
+    Q_INVOKABLE static void announce(QQuickItem *item);
 
 Q_SIGNALS:
     void changed();

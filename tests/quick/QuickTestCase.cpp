@@ -125,7 +125,7 @@ QString QuickTestCase::barText() const
 {
     for (const char *name : {"promptBar", "errorBar", "successBar"}) {
         if (QQuickItem *const bar = item(q(name)))
-            return QAccessible::queryAccessibleInterface(bar)->text(QAccessible::Name);
+            return QAccessible::queryAccessibleInterface(find(bar, q("message")))->text(QAccessible::Name);
     }
     return {};
 }

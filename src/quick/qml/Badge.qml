@@ -9,7 +9,7 @@ Item {
     readonly property real openLength: root.width / 2 + label.implicitWidth + 10
 
     Accessible.name: QuarvoLook.text(root.passed ? "clickPass" : "inVerify", QuarvoLook.language)
-    Accessible.role: Accessible.AlertMessage
+    Accessible.role: QuarvoLook.messageRole
     anchors.centerIn: parent
     height: 80
     objectName: "badge"
@@ -17,9 +17,9 @@ Item {
     // Over whatever the host has, and under its popups.
     z: 1000000
 
+    Accessible.onNameChanged: QuarvoLook.announce(root)
     onPassedChanged: {
         arc.rotation = 90;
-        QuarvoLook.announce(root, Accessible.name);
         if (!QuarvoLook.isMotionReduced)
             pass.start();
     }

@@ -17,9 +17,8 @@ T.AbstractButton {
     // How much of it has slid in.
     property real part: root.bar.isShown ? 1 : 0
 
-    Accessible.ignored: !root.bar.isShown
+    Accessible.ignored: !root.takesInput
     Accessible.name: root.text
-    Accessible.role: root.takesInput ? Accessible.Button : Accessible.AlertMessage
     enabled: root.takesInput
     focusPolicy: root.takesInput ? Qt.TabFocus : Qt.NoFocus
     // One line of text is seen above the strip.
@@ -53,10 +52,14 @@ T.AbstractButton {
         QuarvoText {
             id: label
 
+            Accessible.ignored: !root.bar.isShown
+            Accessible.name: root.text
+            Accessible.role: QuarvoLook.messageRole
             color: root.textColor
             hasShadow: root.textColor === Qt.color("white")
             height: parent.height - root.covered
             mostLines: 2
+            objectName: "message"
             picture: root.picture
             pixelSize: 14
             text: root.bar.text
@@ -83,7 +86,7 @@ T.AbstractButton {
         target: root.bar
 
         function onSlidIn() {
-            QuarvoLook.announce(root, root.text);
+            QuarvoLook.announce(label);
         }
     }
     HoverHandler {

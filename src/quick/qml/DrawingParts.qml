@@ -21,7 +21,11 @@ QuarvoSurface {
     LayoutMirroring.childrenInherit: true
     LayoutMirroring.enabled: false
     onIsDrawingEnabledChanged: picture.takeTabs()
-    onPictureExpired: QuarvoLook.announce(picture, QuarvoLook.text("accessibleExpired", QuarvoLook.language))
+    onPictureExpired: {
+        expiry.isNews = true;
+        QuarvoLook.announce(expiry);
+    }
+    onReady: expiry.isNews = false
 
     QuarvoText {
         Accessible.name: root.caption
@@ -218,6 +222,16 @@ QuarvoSurface {
 
             onClicked: root.alternativeRequested()
         }
+    }
+    Item {
+        id: expiry
+
+        property bool isNews
+
+        Accessible.ignored: !expiry.isNews
+        Accessible.name: QuarvoLook.text("accessibleExpired", QuarvoLook.language)
+        Accessible.role: QuarvoLook.messageRole
+        anchors.fill: parent
     }
     QuarvoStroke {
         id: stroke

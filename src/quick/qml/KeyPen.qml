@@ -13,7 +13,7 @@ Item {
 
     function say() {
         if (root.isSteered)
-            QuarvoLook.announce(mark, mark.Accessible.name);
+            QuarvoLook.announce(mark);
     }
 
     Item {
@@ -21,7 +21,7 @@ Item {
 
         Accessible.ignored: !root.isSteered
         Accessible.name: QuarvoLook.text(root.surface.isPenDown ? "accessiblePenDown" : "accessiblePenUp", QuarvoLook.language)
-        Accessible.role: Accessible.AlertMessage
+        Accessible.role: QuarvoLook.messageRole
         height: 21
         objectName: "keyPen"
         visible: root.isSteered

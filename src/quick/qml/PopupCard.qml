@@ -14,6 +14,8 @@ T.Popup {
     readonly property rect screen: geometry.screen
 
     function display(): void {
+        // The content is the dialog, and has its name.
+        root.contentItem.parent.Accessible.ignored = true;
         open();
         root.contentItem.forceActiveFocus(Qt.PopupFocusReason);
         if (!QuarvoLook.isMotionReduced) {

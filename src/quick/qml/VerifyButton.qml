@@ -148,8 +148,16 @@ T.AbstractButton {
         onPopupOpened: root.popupOpened()
         onStatusChanged: {
             if (isNews)
-                QuarvoLook.announce(root, text);
+                QuarvoLook.announce(news);
         }
+    }
+    Item {
+        id: news
+
+        Accessible.ignored: !verification.isNews
+        Accessible.name: root.text
+        Accessible.role: QuarvoLook.messageRole
+        anchors.fill: parent
     }
     HoverHandler {
         cursorShape: verification.takesInput ? Qt.PointingHandCursor : Qt.ArrowCursor
