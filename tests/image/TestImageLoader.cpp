@@ -120,7 +120,7 @@ private Q_SLOTS:
         usual("transparent.gif", Qt::transparent);
         usual("plain.webp", green);
         usual("glass.webp", glass);
-        usual("lossless.webp", QColor(8, 51, 24));
+        rowOf("lossless.webp", QSize(385, 257), QColor(8, 51, 24));
         usual("palette.webp", glass);
         usual("2-frames.webp", green);
         rowOf("limit.png.z", limit, QColor(Qt::transparent));

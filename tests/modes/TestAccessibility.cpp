@@ -48,6 +48,9 @@ private Q_SLOTS:
         QStringList all;
         walk(QAccessible::queryAccessibleInterface(&host()), all);
         QTEST(all.join(q(", ")), "found");
+        if (const auto *imageView = host().findChild<QWidget *>(q("imageView")))
+            QCOMPARE(imageView->cursor().shape() == Qt::BitmapCursor,
+                     steps.contains(q("picture")) && !steps.contains(q("characters")));
         for (QWidget *widget : host().findChildren<QWidget *>()) {
             if (!widget->isVisible() || !(widget->focusPolicy() & Qt::TabFocus))
                 continue;
