@@ -126,6 +126,8 @@ bool QVRenderDrawView::event(QEvent *event)
 
 void QVRenderDrawView::resizeEvent(QResizeEvent * /*event*/)
 {
+    // What was drawn would lie elsewhere on the picture.
+    m_flow->panGestureRecognizer().cancel();
     layoutSubviews();
     updateContentWidth();
 }

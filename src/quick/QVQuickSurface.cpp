@@ -79,6 +79,9 @@ void QVQuickSurface::itemChange(ItemChange change, const ItemChangeData &data)
 void QVQuickSurface::geometryChange(const QRectF &now, const QRectF &before)
 {
     QVQuickPad::geometryChange(now, before);
+    // What was drawn would lie elsewhere on the picture.
+    if (now.size() != before.size())
+        cancel();
     Q_EMIT placed();
     refreshPen();
 }

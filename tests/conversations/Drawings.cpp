@@ -43,7 +43,9 @@ void addStrokes()
         "look -> picture 1 refreshButton, wait 2000, look -> picture 1 refreshButton, lift, "
         "look -> 'Draw along the curve' picture 1 refreshButton");
     row("short", "embedded, dash, look -> 'Draw along the curve' picture 1 refreshButton, draw -> verify");
-    row("across two sizes", "embedded, press, move, resize, lift, draw -> verify");
+    row("across two sizes",
+        "embedded, press, move, resize, look -> 'Draw along the curve' picture 1 refreshButton, lift, "
+        "draw -> verify");
     row("begun before the picture is replaced",
         "answer verify 0104, hold refresh 3000, embedded, wait 178500, press, move -> refresh, "
         "look -> loading refreshButton disabled, lift -> verify wrong, press, jump, wait 3000 -> ready, "
