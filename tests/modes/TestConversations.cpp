@@ -142,7 +142,9 @@ private Q_SLOTS:
         row("asks for patience", "invisible",
             "start, dialog 200x100, picture, place, dialog close, wait 1, place, stroke, wait 1600",
             "popup, alone, here, (main-token), passed main-token");
-        row("starts in a dialog", "invisible", "dialog 600x600, start, picture, place", "popup, elsewhere");
+        row("starts in a dialog, which closes", "invisible",
+            "dialog 600x600, start, picture, place, dialog close, place, stroke, wait 1600",
+            "popup, elsewhere, here, (main-token), passed main-token");
         row("opens a dialog over a popup of its own", "invisible",
             "window 300x200, start, picture, dialog 150x100, wait 10, stroke, wait 1600",
             "popup, (main-token), passed main-token");
