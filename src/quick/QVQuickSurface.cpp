@@ -88,7 +88,7 @@ void QVQuickSurface::geometryChange(const QRectF &now, const QRectF &before)
 
 void QVQuickSurface::setVid(const QString &vid)
 {
-    m_identity.ownVid = vid;
+    m_identity.ownVid = qv_ownText(vid);
     if (m_flow)
         m_flow->setIdentity(m_identity);
     Q_EMIT identityChanged();
@@ -96,7 +96,7 @@ void QVQuickSurface::setVid(const QString &vid)
 
 void QVQuickSurface::setScene(const QString &scene)
 {
-    m_identity.ownScene = scene;
+    m_identity.ownScene = qv_ownText(scene);
     if (m_flow)
         m_flow->setIdentity(m_identity);
     Q_EMIT identityChanged();

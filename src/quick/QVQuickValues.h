@@ -7,6 +7,12 @@
 
 #include <QtQml/qqmlregistration.h>
 
+/// A text of QVIdentity as QML sets it: an empty one stands for that of the process.
+[[nodiscard]] inline QString qv_ownText(const QString &text)
+{
+    return text.isEmpty() ? QString() : text;
+}
+
 /// An error as QML has it: `error.code === VerifyError.TimedOut`, `error.domain` is the text for the user.
 class QVQuickError
 {

@@ -4,12 +4,12 @@
 
 void QVQuickVerification::setVid(const QString &vid)
 {
-    setIdentity({vid.isEmpty() ? QString() : vid, scene()});
+    setIdentity({qv_ownText(vid), scene()});
 }
 
 void QVQuickVerification::setScene(const QString &scene)
 {
-    setIdentity({vid(), scene.isEmpty() ? QString() : scene});
+    setIdentity({vid(), qv_ownText(scene)});
 }
 
 void QVQuickVerification::setIdentity(const QVIdentity &identity)

@@ -79,6 +79,7 @@ Window {
                 DrawingPanel {
                     height: 300
                     objectName: "panel"
+                    vid: "".trim()
                     width: 414
                     x: 20
                     y: 60
