@@ -13,7 +13,6 @@ class QVQuickClick : public QVQuickVerification, private QVQuickTeller<QVClickSu
     Q_PROPERTY(QVQuickStatus::Status status READ status NOTIFY statusChanged)
     Q_PROPERTY(QString text READ text NOTIFY shown)
     Q_PROPERTY(bool takesInput READ takesInput NOTIFY shown)
-    Q_PROPERTY(bool isUnderWay READ isUnderWay NOTIFY shown)
     Q_PROPERTY(bool isNews READ isNews NOTIFY shown)
 
 public:
@@ -23,7 +22,6 @@ public:
     [[nodiscard]] QVQuickStatus::Status status() const;
     [[nodiscard]] QString text() const;
     [[nodiscard]] bool takesInput() const { return m_flow.takesInput(); }
-    [[nodiscard]] bool isUnderWay() const { return m_flow.isUnderWay(); }
     [[nodiscard]] bool isNews() const { return m_flow.isNews(); }
 
     Q_INVOKABLE void press();

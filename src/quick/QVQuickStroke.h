@@ -17,8 +17,6 @@ public:
     void moveTo(QPointF point);
     void addLineTo(QPointF point);
     void removeAllPoints();
-    /// How many points there are, for tests.
-
     void paint(QPainter *painter) override;
 
 private:

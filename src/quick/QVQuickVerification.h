@@ -5,14 +5,12 @@
 #include "quick/QVQuickValues.h"
 
 #include <QObject>
-#include <QQmlParserStatus>
 
 /// What the click button and invisible mode have in common in QML.
-class QVQuickVerification : public QObject, public QQmlParserStatus
+class QVQuickVerification : public QObject
 {
     Q_OBJECT
     QML_ANONYMOUS
-    Q_INTERFACES(QQmlParserStatus)
     /// The verification id; empty stands for that of `Quarvo`.
     Q_PROPERTY(QString vid READ vid WRITE setVid NOTIFY identityChanged)
     /// The scene; empty stands for that of `Quarvo`.
@@ -30,9 +28,6 @@ public:
     void setScene(const QString &scene);
     [[nodiscard]] bool isAlternativeOffered() const { return m_offersAlternative; }
     void setOffersAlternative(bool offers);
-
-    void classBegin() override {}
-    void componentComplete() override {}
 
 Q_SIGNALS:
     void identityChanged();
