@@ -1,18 +1,14 @@
 import QtQuick
-import QtQuick.Templates as T
 import Quarvo
 
 // The advertisement that came with a picture.
-T.AbstractButton {
+ControlButton {
     id: root
 
     property string word
 
     Accessible.name: QuarvoLook.text("accessibleAdvertisement", QuarvoLook.language) + " " + root.text
-    Accessible.role: Accessible.Button
-    focusPolicy: Qt.TabFocus
     height: label.implicitHeight + 5
-    hoverEnabled: true
     leftPadding: 5
     rightPadding: 5
     text: QuarvoLook.oneLine(root.word)
@@ -33,16 +29,5 @@ T.AbstractButton {
         pixelSize: 12
         text: root.word
         widest: 115
-    }
-
-    Keys.onEnterPressed: root.clicked()
-    Keys.onReturnPressed: root.clicked()
-
-    HoverHandler {
-        cursorShape: Qt.PointingHandCursor
-    }
-    FocusRing {
-        control: root
-        isByKeyboard: root.visualFocus
     }
 }

@@ -1,9 +1,8 @@
 import QtQuick
-import QtQuick.Templates as T
 import Quarvo
 
 // A bar that slides up over the picture's lower edge. One that accepts touches is a button.
-T.AbstractButton {
+ControlButton {
     id: root
 
     required property QuarvoBar bar
@@ -19,11 +18,11 @@ T.AbstractButton {
 
     Accessible.ignored: !root.takesInput
     Accessible.name: root.text
+    cursorShape: root.takesInput ? Qt.PointingHandCursor : Qt.ArrowCursor
     enabled: root.takesInput
     focusPolicy: root.takesInput ? Qt.TabFocus : Qt.NoFocus
     // One line of text is seen above the strip.
     height: Math.max(root.usualHeight + label.extraHeight, root.covered + Math.floor(root.usualHeight * 2 / 3))
-    hoverEnabled: true
     text: QuarvoLook.oneLine(root.bar.text)
     visible: root.bar.isShown || root.part > 0
     width: parent.width
@@ -79,21 +78,11 @@ T.AbstractButton {
         }
     }
 
-    Keys.onEnterPressed: root.clicked()
-    Keys.onReturnPressed: root.clicked()
-
     Connections {
         target: root.bar
 
         function onSlidIn() {
             QuarvoLook.announce(label);
         }
-    }
-    HoverHandler {
-        cursorShape: root.takesInput ? Qt.PointingHandCursor : Qt.ArrowCursor
-    }
-    FocusRing {
-        control: root
-        isByKeyboard: root.visualFocus
     }
 }

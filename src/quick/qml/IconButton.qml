@@ -1,9 +1,8 @@
 import QtQuick
-import QtQuick.Templates as T
 import Quarvo
 
 // A picture to be clicked.
-T.AbstractButton {
+ControlButton {
     id: root
 
     property string picture
@@ -11,9 +10,7 @@ T.AbstractButton {
     property real inset: 5
 
     Accessible.name: QuarvoLook.text(root.textKey, QuarvoLook.language)
-    Accessible.role: Accessible.Button
-    focusPolicy: Qt.TabFocus
-    hoverEnabled: true
+    hasRing: !root.background
     opacity: root.down ? 0.8 : 1
     padding: root.inset
 
@@ -21,12 +18,6 @@ T.AbstractButton {
         name: root.picture
     }
 
-    Keys.onEnterPressed: root.clicked()
-    Keys.onReturnPressed: root.clicked()
-
-    HoverHandler {
-        cursorShape: Qt.PointingHandCursor
-    }
     Rectangle {
         anchors.fill: parent
         anchors.margins: root.inset
@@ -35,9 +26,5 @@ T.AbstractButton {
         visible: root.hovered && !root.background
         // Over the picture.
         z: 1
-    }
-    FocusRing {
-        control: root
-        isByKeyboard: root.visualFocus && !root.background
     }
 }

@@ -1,9 +1,8 @@
 import QtQuick
-import QtQuick.Templates as T
 import Quarvo
 
 // A text to be clicked, on the strip below the picture.
-T.AbstractButton {
+ControlButton {
     id: root
 
     property string textKey
@@ -11,9 +10,7 @@ T.AbstractButton {
     property bool isBusy
 
     Accessible.name: root.text
-    Accessible.role: Accessible.Button
-    focusPolicy: Qt.TabFocus
-    hoverEnabled: true
+    cursorShape: root.isBusy ? Qt.ArrowCursor : Qt.PointingHandCursor
     text: QuarvoLook.text(root.textKey, QuarvoLook.language)
 
     background: Rectangle {
@@ -26,12 +23,6 @@ T.AbstractButton {
         text: root.text
     }
 
-    Keys.onEnterPressed: root.clicked()
-    Keys.onReturnPressed: root.clicked()
-
-    HoverHandler {
-        cursorShape: root.isBusy ? Qt.ArrowCursor : Qt.PointingHandCursor
-    }
     QuarvoMark {
         anchors.centerIn: parent
         color: "#969696"
@@ -49,9 +40,5 @@ T.AbstractButton {
             running: root.isBusy && root.visible && !QuarvoLook.isMotionReduced
             to: 360
         }
-    }
-    FocusRing {
-        control: root
-        isByKeyboard: root.visualFocus
     }
 }
