@@ -40,6 +40,7 @@ QVBoundedDownload::QVBoundedDownload(QVNetworkSession &own, QNetworkAccessManage
     : QObject(&own)
     , m_own(own)
     , m_host(host)
+    , m_isHosts(host != nullptr)
     , m_limits(limits)
     , m_completion(std::move(completion))
 {
@@ -71,6 +72,9 @@ void QVBoundedDownload::cancel()
 
 void QVBoundedDownload::ask()
 {
+    // A host's manager is destroyed: its proxy must not be bypassed.
+    if (m_isHosts && !m_host)
+        return failLater(QVError::OtherFailure);
     // Without a need for it, the first one of a process would make Qt load its TLS plugin here.
     if (m_request.url().scheme() == QLatin1String("https"))
         m_request.setSslConfiguration(qv_verifyingTls());

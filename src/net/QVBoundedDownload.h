@@ -61,6 +61,7 @@ private:
 
     QVNetworkSession &m_own;
     QPointer<QNetworkAccessManager> m_host;
+    const bool m_isHosts;
     QNetworkRequest m_request;
     Limits m_limits;
     Completion m_completion;

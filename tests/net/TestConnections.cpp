@@ -5,6 +5,7 @@
 #include "support/QVTestCase.h"
 
 #include <QElapsedTimer>
+#include <QNetworkAccessManager>
 #include <QNetworkProxy>
 #include <QSemaphore>
 #include <QTcpServer>
@@ -110,6 +111,8 @@ private Q_SLOTS:
         QElapsedTimer time;
         time.start();
         QCOMPARE(codeOf(m_server->address()), 0);
+        // A host's own manager is gone, with its proxy.
+        QCOMPARE(codeOf(m_server->address(), 100, std::make_unique<QNetworkAccessManager>()), -1);
         QVERIFY(waitFor([this] { return m_server->closedCount() == 1; }));
         QVERIFY(time.elapsed() < 2000);
     }
@@ -175,18 +178,23 @@ protected:
     }
 
 private:
-    void download(const QString &address, qint64 limit, QVBoundedDownload::Completion completion) const
+    /// \a hosts, if it is given, is destroyed before the request is sent.
+    void download(const QString &address, qint64 limit, QVBoundedDownload::Completion completion,
+                  std::unique_ptr<QNetworkAccessManager> hosts = {}) const
     {
-        (new QVBoundedDownload(*m_session, nullptr, {5s, limit}, std::move(completion)))
-            ->send(QNetworkRequest(QUrl(address)));
+        auto *const one = new QVBoundedDownload(*m_session, hosts.get(), {5s, limit}, std::move(completion));
+        hosts.reset();
+        one->send(QNetworkRequest(QUrl(address)));
     }
 
     /// The code that a download ends with; -2 if it does not end.
-    [[nodiscard]] qint64 codeOf(const QString &address, qint64 limit = 100) const
+    [[nodiscard]] qint64 codeOf(const QString &address, qint64 limit = 100,
+                                std::unique_ptr<QNetworkAccessManager> hosts = {}) const
     {
         std::optional<qint64> code;
-        download(address, limit,
-                 [&code](const auto &result) { code = result.error ? result.error->code() : 0; });
+        download(
+            address, limit, [&code](const auto &result) { code = result.error ? result.error->code() : 0; },
+            std::move(hosts));
         (void)waitFor([&code] { return code.has_value(); });
         return code.value_or(-2);
     }
