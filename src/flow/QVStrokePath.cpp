@@ -4,10 +4,13 @@
 
 #include <algorithm>
 #include <cmath>
+#include <span>
 
 namespace {
 
 constexpr double lineWidth = 5.0;
+// The cost of a path that crosses itself grows faster than its length.
+constexpr qsizetype linesOfPart = 16;
 // Outside any screen, but small enough to be converted to whole pixels.
 constexpr double farthestPosition = 32000.0;
 
@@ -62,15 +65,17 @@ QRect QVStrokePath::removeAllPoints()
 void QVStrokePath::paint(QPainter &painter, const QRect &area, const QColor &color) const
 {
     painter.setRenderHint(QPainter::Antialiasing);
-    // With round caps and joins, parts that are painted one by one look like one line.
+    // With round caps and joins, parts that are painted one by one look like one line. They are the same
+    // parts whatever the area is, so that the edges where a stroke crosses itself look the same, too.
     painter.setPen(QPen(color, lineWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     const QRectF around = withMargin(area);
-    for (qsizetype first = 0; first + 1 < m_points.size();) {
-        qsizetype last = first;
-        while (last + 1 < m_points.size() && touches(m_points[last], m_points[last + 1], around))
-            ++last;
-        if (last > first)
-            painter.drawPolyline(&m_points[first], int(last - first) + 1);
-        first = last + 1;
+    for (qsizetype first = 0; first + 1 < m_points.size(); first += linesOfPart) {
+        const auto part =
+            std::span(m_points).subspan(first, std::min(linesOfPart + 1, m_points.size() - first));
+        bool isNear = false;
+        for (std::size_t i = 1; i < part.size() && !isNear; ++i)
+            isNear = touches(part[i - 1], part[i], around);
+        if (isNear)
+            painter.drawPolyline(part.data(), int(part.size()));
     }
 }

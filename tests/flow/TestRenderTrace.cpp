@@ -1,8 +1,13 @@
 #include "flow/QVRenderTrace.h"
+#include "flow/QVStrokePath.h"
 #include "flow/QVTraceCorners.h"
 #include "flow/QVTraceEncoding.h"
 #include "support/QVTestCase.h"
 
+#include <QImage>
+#include <QPainter>
+
+#include <cmath>
 #include <limits>
 #include <stdexcept>
 
@@ -26,6 +31,25 @@ class TestRenderTrace : public QVTestCase
     Q_OBJECT
 
 private Q_SLOTS:
+    void aStrokeThatCrossesItselfIsPaintedInAnyAreas()
+    {
+        QVStrokePath stroke;
+        for (int i = 0; i < 90; ++i)
+            (void)stroke.addLineTo({100 + 80 * std::cos(i * 1.3), 60 + 40 * std::sin(i * 1.7)});
+        QImage whole(200, 120, QImage::Format_RGB32);
+        whole.fill(Qt::white);
+        QImage parts = whole;
+        const auto paint = [&stroke](QImage &image, const QRect &area) {
+            QPainter painter(&image);
+            painter.setClipRect(area);
+            stroke.paint(painter, area, Qt::blue);
+        };
+        paint(whole, whole.rect());
+        for (int x = 0; x < whole.width(); x += 20)
+            paint(parts, {x, 0, 20, whole.height()});
+        QCOMPARE(parts, whole);
+    }
+
     void keepsPoints_data()
     {
         // Positions in the view and seconds; positions in picture units and milliseconds.
