@@ -100,14 +100,6 @@ bool LookComparison::matches(const QString &name, const QImage &seen)
     return isAlike;
 }
 
-QStringList LookComparison::pictureNames()
-{
-    QStringList names = QDir(QStringLiteral(QUARVO_LOOKS_PICTURES)).entryList({QStringLiteral("*.png")});
-    for (QString &name : names)
-        name.chop(4);
-    return names;
-}
-
 QImage LookComparison::photograph()
 {
     QImage image(400, 230, QImage::Format_RGB32);

@@ -9,8 +9,6 @@ namespace LookComparison {
 /// environment, both and their difference are written beside the build. With QUARVO_UPDATE_LOOKS the picture
 /// is written anew.
 [[nodiscard]] bool matches(const QString &name, const QImage &seen);
-/// The names of all pictures in the tree.
-[[nodiscard]] QStringList pictureNames();
 /// A captcha's picture.
 [[nodiscard]] QImage photograph();
 

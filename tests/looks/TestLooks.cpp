@@ -56,17 +56,6 @@ private Q_SLOTS:
         looksAsBefore();
     }
 
-    void everyPictureBelongsToALook()
-    {
-        QStringList pictures = LookComparison::pictureNames();
-        QStringList names;
-        for (const Look &look : looks)
-            names.append(q(look.name));
-        names.sort();
-        pictures.sort();
-        QCOMPARE(pictures, names);
-    }
-
 private:
     void prepare() override
     {

@@ -146,9 +146,6 @@ private Q_SLOTS:
             "dialog 600x600, start, picture, place, dialog close, place, stroke, wait 1600",
             "popup, elsewhere, here, (main-token), passed main-token");
         row("opens a dialog over a popup of its own", "invisible",
-            "window 300x200, start, picture, dialog 150x100, wait 10, stroke, wait 1600",
-            "popup, (main-token), passed main-token");
-        row("opens a large dialog over a popup of its own", "invisible",
             "window 300x200, start, picture, dialog 600x600, wait 10, stroke, wait 1600",
             "popup, (main-token), passed main-token");
         row("no window", "invisible", "window destroy, badge, start, wait 0, badges, picture, place",
