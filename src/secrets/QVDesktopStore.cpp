@@ -3,7 +3,10 @@
 #include "platform/QVScheduler.h"
 #include "secrets/QVSessionBus.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
+#include <cstdlib>
 #include <optional>
 #include <system_error>
 #include <utility>
@@ -35,8 +38,19 @@ QVSecureStore &QVDesktopStore::shared()
 {
     if (replacement)
         return *replacement;
-    static QVDesktopStore store;
-    return store;
+    // The holder is never destroyed: a host's static application object may be destroyed after our statics.
+    static auto *const store = new std::unique_ptr<QVDesktopStore>;
+    if (!*store) {
+        *store = std::make_unique<QVDesktopStore>();
+        // Its answers are posted as events, which a later application object would not deliver. The thread
+        // must also end if the host calls exit() and keeps its application object.
+        constexpr auto end = [] {
+            store->reset();
+        };
+        qAddPostRoutine(end);
+        std::atexit(end);
+    }
+    return **store;
 }
 
 void QVDesktopStore::setShared(QVSecureStore *store)
@@ -160,9 +174,8 @@ void QVDesktopStore::finish(int turn, QVSecureStatus status)
     m_pause = 0min;
     const Done done = std::move(m_posted.front());
     m_posted.pop_front();
-    m_deadline.stop();
-    if (!m_posted.empty())
-        m_deadline.start(m_limit, [this] { takeTooLong(); });
+    if (m_posted.empty())
+        m_deadline.stop();
     done(status);
 }
 

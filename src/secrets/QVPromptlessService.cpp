@@ -54,7 +54,7 @@ void initializeClass(gpointer type, gpointer)
 GType qv_promptlessServiceType()
 {
     // A unique name: a process may contain this code twice, in a library and linked into a plugin.
-    static const std::string name =
+    const std::string name =
         "QVPromptlessService-" + std::to_string(reinterpret_cast<std::uintptr_t>(&initializeClass));
     static const GType type =
         g_type_register_static_simple(SECRET_TYPE_SERVICE, name.c_str(), sizeof(SecretServiceClass),

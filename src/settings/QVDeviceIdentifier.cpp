@@ -10,6 +10,8 @@
 
 #include <algorithm>
 #include <memory>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -62,14 +64,24 @@ QString QVDeviceIdentifier::getDeviceId()
 
 void QVDeviceIdentifier::requestDeviceId(const std::function<void(const QString &)> &completion)
 {
+    using Waiting = std::vector<std::function<void(const QString &)>>;
+    // Requests that come while the store is being asked share its answer. It is forgotten with the store.
+    static std::weak_ptr<Waiting> underWay;
+    if (const auto waiting = underWay.lock())
+        return waiting->push_back(completion);
+    const auto waiting = std::make_shared<Waiting>(1, completion);
+    underWay = waiting;
     const auto identifier = std::make_shared<QString>();
     QVDesktopStore::shared().post(
         [identifier, query = storedIdentifier()](QVSecureStore &store) {
             return fetchOrStore(store, query, *identifier);
         },
-        [identifier, completion](QVSecureStatus status) {
+        [identifier, waiting](QVSecureStatus status) {
+            underWay.reset();
             // A store that failed or was given up may still be writing to the text.
-            completion(status == QVSecureStatus::Success ? *identifier : vendorIdentifier());
+            const QString answer = status == QVSecureStatus::Success ? *identifier : vendorIdentifier();
+            for (const auto &completed : std::exchange(*waiting, {}))
+                completed(answer);
         });
 }
 
@@ -85,7 +97,7 @@ QString QVDeviceIdentifier::bundleIdentifier()
 QString QVDeviceIdentifier::vendorIdentifier()
 {
     // Read once: the machine's id is read from a file, and the random one that replaces a missing id must not
-    // change.
-    static const QString identifier = makeDeviceUuid().toString(QUuid::Id128);
-    return identifier;
+    // change. Never destroyed: the store's thread may use it while the process ends.
+    static const auto *const identifier = new QString(makeDeviceUuid().toString(QUuid::Id128));
+    return *identifier;
 }

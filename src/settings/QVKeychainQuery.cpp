@@ -10,8 +10,9 @@ namespace {
 
 QString &accessibility()
 {
-    static QString type;
-    return type;
+    // Never destroyed: the store's thread may use it while the process ends.
+    static auto *const type = new QString;
+    return *type;
 }
 
 bool report(QVSecureStatus status, QVError *error)
