@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <span>
 
 namespace {
 
@@ -70,12 +69,11 @@ void QVStrokePath::paint(QPainter &painter, const QRect &area, const QColor &col
     painter.setPen(QPen(color, lineWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     const QRectF around = withMargin(area);
     for (qsizetype first = 0; first + 1 < m_points.size(); first += linesOfPart) {
-        const auto part =
-            std::span(m_points).subspan(first, std::min(linesOfPart + 1, m_points.size() - first));
-        bool isNear = false;
-        for (std::size_t i = 1; i < part.size() && !isNear; ++i)
-            isNear = touches(part[i - 1], part[i], around);
-        if (isNear)
-            painter.drawPolyline(part.data(), int(part.size()));
+        const qsizetype last = std::min(first + linesOfPart, m_points.size() - 1);
+        qsizetype line = first;
+        while (line < last && !touches(m_points[line], m_points[line + 1], around))
+            ++line;
+        if (line < last)
+            painter.drawPolyline(&m_points[first], int(last - first) + 1);
     }
 }
