@@ -9,7 +9,7 @@ namespace {
 
 constexpr double lineWidth = 5.0;
 // The cost of a path that crosses itself grows faster than its length.
-constexpr qsizetype linesOfPart = 16;
+constexpr qsizetype linesOfPart = 8;
 // Outside any screen, but small enough to be converted to whole pixels.
 constexpr double farthestPosition = 32000.0;
 
