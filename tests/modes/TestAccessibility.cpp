@@ -1,6 +1,5 @@
 #include "modes/ModesTestCase.h"
 
-#include <QAbstractButton>
 #include <QAccessible>
 
 using namespace std::chrono_literals;

@@ -145,9 +145,11 @@ private Q_SLOTS:
         row("starts in a dialog, which closes", "invisible",
             "dialog 600x600, start, picture, place, dialog close, place, stroke, wait 1600",
             "popup, elsewhere, here, (main-token), passed main-token");
-        row("opens a dialog over a popup of its own", "invisible",
-            "window 300x200, start, picture, dialog 600x600, wait 10, stroke, wait 1600",
-            "popup, (main-token), passed main-token");
+        for (const char *size : {"150x100", "600x600"})
+            row(qPrintable(q("opens a dialog over a popup of its own, ") + q(size)), "invisible",
+                qPrintable(
+                    q("window 300x200, start, picture, dialog %1, wait 10, stroke, wait 1600").arg(q(size))),
+                "popup, (main-token), passed main-token");
         row("no window", "invisible", "window destroy, badge, start, wait 0, badges, picture, place",
             "popup, badges 0, alone");
         row("no window", "embed", "window destroy, start, picture, stroke, wait 1600",
