@@ -1,6 +1,7 @@
 #include "quick/QVQuickInvisible.h"
 
 #include "platform/QVScheduler.h"
+#include "quick/QVQuickValues.h"
 #include "quick/QVQuickWindows.h"
 
 #include <QQmlComponent>
@@ -55,7 +56,7 @@ QQuickItem *QVQuickInvisible::badge(QObject *host)
     if (m_badge && m_badge->window() == window)
         return m_badge;
     removeBadge();
-    QQmlComponent component(engine, QUrl(QStringLiteral("qrc:/qt-project.org/imports/Quarvo/qml/Badge.qml")));
+    QQmlComponent component(engine, qv_moduleFile(QStringLiteral("Badge.qml")));
     m_badge = qobject_cast<QQuickItem *>(component.createWithInitialProperties(
         {{QStringLiteral("parent"), QVariant::fromValue(window->contentItem())}}));
     // Deleted by removeBadge(), or with the window.

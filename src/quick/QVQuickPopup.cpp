@@ -1,6 +1,7 @@
 #include "quick/QVQuickPopup.h"
 
 #include "quick/QVQuickSurface.h"
+#include "quick/QVQuickValues.h"
 #include "service/QVClickResponseModel.h"
 #include "service/QVConfigResponseModel.h"
 
@@ -35,8 +36,7 @@ QVQuickPopup::~QVQuickPopup() = default;
 
 bool QVQuickPopup::create(QQmlEngine &engine)
 {
-    QQmlComponent component(&engine,
-                            QUrl(QStringLiteral("qrc:/qt-project.org/imports/Quarvo/qml/PopupCard.qml")));
+    QQmlComponent component(&engine, qv_moduleFile(QStringLiteral("PopupCard.qml")));
     m_object = component.create();
     m_surface = m_object ? m_object->property("surface").value<QVQuickSurface *>() : nullptr;
     if (!m_surface) {

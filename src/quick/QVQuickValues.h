@@ -5,7 +5,14 @@
 #include "platform/QVError.h"
 #include "settings/QVServiceAddresses.h"
 
+#include <QUrl>
 #include <QtQml/qqmlregistration.h>
+
+/// The address of one of the module's own files.
+[[nodiscard]] inline QUrl qv_moduleFile(const QString &name)
+{
+    return QUrl(QStringLiteral("qrc:/qt-project.org/imports/Quarvo/qml/") + name);
+}
 
 /// A text of QVIdentity as QML sets it: an empty one stands for that of the process.
 [[nodiscard]] inline QString qv_ownText(const QString &text)

@@ -1,6 +1,7 @@
 #include "looks/LookComparison.h"
 #include "looks/Looks.h"
 #include "quick/QVQuickSurface.h"
+#include "quick/QVQuickValues.h"
 #include "quick/QuickTestCase.h"
 #include "settings/QVLocalization.h"
 #include "settings/QVSDKManager.h"
@@ -96,8 +97,7 @@ private:
     /// Makes one of the module's own parts.
     void make(const char *type, const QRect &frame, QVariantMap properties)
     {
-        QQmlComponent component(qmlEngine(&window()),
-                                QUrl(q("qrc:/qt-project.org/imports/Quarvo/qml/") + q(type)));
+        QQmlComponent component(qmlEngine(&window()), qv_moduleFile(q(type)));
         properties[q("parent")] = QVariant::fromValue(window().contentItem());
         m_made.reset(qobject_cast<QQuickItem *>(component.createWithInitialProperties(properties)));
         m_made->setPosition(frame.topLeft());
