@@ -5,7 +5,6 @@
 #include "platform/QVError.h"
 #include "views/QVCharVerifyInputViewDelegate.h"
 
-#include <QPointer>
 #include <QWidget>
 
 #include <memory>

@@ -18,7 +18,7 @@ public:
     [[nodiscard]] QRect addLineTo(QPointF point);
     [[nodiscard]] QRect removeAllPoints();
 
-    /// Paints what lies in \a area. The cost does not grow with the length of the stroke elsewhere.
+    /// Paints what lies in \a area. Lines that are elsewhere are skipped.
     void paint(QPainter &painter, const QRect &area, const QColor &color) const;
 
 private:

@@ -72,7 +72,7 @@ void QVBoundedDownload::cancel()
 
 void QVBoundedDownload::ask()
 {
-    // A host's manager is destroyed: its proxy must not be bypassed.
+    // If the host's manager was destroyed, its proxy must not be bypassed.
     if (m_isHosts && !m_host)
         return failLater(QVError::OtherFailure);
     // Without a need for it, the first one of a process would make Qt load its TLS plugin here.

@@ -62,7 +62,7 @@ private:
     const std::chrono::milliseconds m_limit;
     std::chrono::nanoseconds m_leftAloneUntil{0};
     std::chrono::minutes m_pause{0};
-    /// Of the posted work that has no answer yet, in its order.
+    /// What to call when posted work is done, in the order of posting.
     std::deque<Done> m_posted;
     QVTimer m_deadline;
     QVTaskQueue m_answers;

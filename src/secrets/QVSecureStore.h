@@ -31,8 +31,8 @@ public:
     [[nodiscard]] virtual QVSecureStatus update(const QVSecureQuery &query, const QByteArray &data,
                                                 const QString &accessibility) = 0;
     [[nodiscard]] virtual QVSecureStatus deleteMatching(const QVSecureQuery &query) = 0;
-    /// Does \a work, which may be several calls, without keeping the caller waiting if the store can. \a done
-    /// is called once, on the caller's thread, later or before this call returns.
+    /// Does \a work, which may be several calls. A store may do it on another thread, without a wait. Then it
+    /// calls \a done on the caller's thread, later or before this call returns.
     virtual void post(const Work &work, const Done &done) { done(work(*this)); }
     /// Announces a lookup, so that the store can prepare for it.
     virtual void prepare() {}

@@ -65,7 +65,8 @@ QString QVDeviceIdentifier::getDeviceId()
 void QVDeviceIdentifier::requestDeviceId(const std::function<void(const QString &)> &completion)
 {
     using Waiting = std::vector<std::function<void(const QString &)>>;
-    // Requests that come while the store is being asked share its answer. It is forgotten with the store.
+    // Requests that come while the store is being asked share its answer. The store owns the list, so that it
+    // is forgotten if the store is destroyed before it answers.
     static std::weak_ptr<Waiting> underWay;
     if (const auto waiting = underWay.lock())
         return waiting->push_back(completion);
