@@ -4,7 +4,6 @@
 #include "net/QVNetworkError.h"
 #include "net/QVNetworkSession.h"
 #include "net/QVSessionExchange.h"
-#include "net/QVVerifyingTls.h"
 
 namespace {
 
@@ -75,9 +74,6 @@ void QVBoundedDownload::ask()
     // If the host's manager was destroyed, its proxy must not be bypassed.
     if (m_isHosts && !m_host)
         return failLater(QVError::OtherFailure);
-    // Without a need for it, the first one of a process would make Qt load its TLS plugin here.
-    if (m_request.url().scheme() == QLatin1String("https"))
-        m_request.setSslConfiguration(qv_verifyingTls());
     if (m_host)
         m_exchange = new QVManagerExchange(*m_host, m_request, m_limits.bytes, this);
     else

@@ -78,7 +78,7 @@ void QVConnector::tryNext()
 
 void QVConnector::attempt(const QString &host)
 {
-    QTcpSocket *const socket = m_route.isEncrypted ? new QSslSocket : new QTcpSocket;
+    QTcpSocket *const socket = m_route.tls ? new QSslSocket : new QTcpSocket;
     m_attempts.emplace_back(socket);
     socket->setProxy(m_route.tunnel);
     connect(socket, &QTcpSocket::connected, this, [this, socket] { succeed(socket); });

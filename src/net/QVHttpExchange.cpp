@@ -63,7 +63,7 @@ void QVHttpExchange::start()
             [this](QAbstractSocket::SocketError error) { finishWith(errorOf(error)); });
     connect(m_connector.get(), &QVConnector::connected, this, [this] {
         adopt(m_connector->takeSocket());
-        m_route.isEncrypted ? encrypt() : send();
+        m_route.tls ? encrypt() : send();
     });
     m_connector->start();
 }
@@ -81,7 +81,7 @@ void QVHttpExchange::encrypt()
 {
     auto *const socket = static_cast<QSslSocket *>(m_socket.get());
     connect(socket, &QSslSocket::encrypted, this, &QVHttpExchange::send);
-    socket->setSslConfiguration(m_route.tls);
+    socket->setSslConfiguration(*m_route.tls);
     socket->setPeerVerifyName(m_route.host);
     socket->startClientEncryption();
 }

@@ -1,5 +1,7 @@
 #include "net/QVManagerExchange.h"
 
+#include "net/QVVerifyingTls.h"
+
 #include <QNetworkAccessManager>
 
 namespace {
@@ -28,6 +30,9 @@ QVManagerExchange::QVManagerExchange(QNetworkAccessManager &manager, const QNetw
     m_request.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
     m_request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
     m_request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
+    // The first TLS configuration of a process makes Qt load its TLS plugin, which http does not need.
+    if (request.url().scheme() == QLatin1String("https"))
+        m_request.setSslConfiguration(qv_verifyingTls());
 }
 
 QVManagerExchange::~QVManagerExchange()

@@ -4,6 +4,7 @@
 
 #include <QCoreApplication>
 #include <QSslConfiguration>
+#include <QUrl>
 
 #include <memory>
 
@@ -32,11 +33,14 @@ QVNetworkSession &QVNetworkSession::shared()
 QVNetworkSession::QVNetworkSession()
     : m_thread(QStringLiteral("quarvo network"))
 {
-    m_thread.post([this] {
-        m_pool = std::make_unique<QVConnectionPool>();
-        // Loads Qt's TLS plugin, which takes 10 ms, before the user-interface thread asks for it.
-        (void)QSslConfiguration::defaultConfiguration();
-    });
+    m_thread.post([this] { m_pool = std::make_unique<QVConnectionPool>(); });
+}
+
+void QVNetworkSession::prepareFor(const QUrl &address)
+{
+    // Loads Qt's TLS plugin, which takes 10 ms.
+    if (address.scheme() == QLatin1String("https"))
+        m_thread.post([] { (void)QSslConfiguration::defaultConfiguration(); });
 }
 
 QVNetworkSession::~QVNetworkSession()

@@ -4,6 +4,7 @@
 
 #include <memory>
 
+class QUrl;
 class QVConnectionPool;
 
 /// The component's own access to the network: a thread with the connections and everything that reads from
@@ -18,6 +19,9 @@ public:
     ~QVNetworkSession() override;
 
     [[nodiscard]] static QVNetworkSession &shared();
+
+    /// Loads what a request to \a address needs, so that the first one need not wait for it.
+    void prepareFor(const QUrl &address);
 
     [[nodiscard]] QVWorkerThread &thread() { return m_thread; }
     /// Used on the network thread only.

@@ -1,5 +1,7 @@
 #include "net/QVRoute.h"
 
+#include "net/QVVerifyingTls.h"
+
 #include <QLocale>
 
 namespace {
@@ -57,15 +59,15 @@ QVRoute qv_routeOf(const QNetworkRequest &request)
 {
     const QUrl address = request.url();
     QVRoute route;
-    route.isEncrypted = address.scheme() == QLatin1String("https");
-    if (route.isEncrypted)
-        route.tls = request.sslConfiguration();
-    const QNetworkProxy proxy = proxyFor(address, route.isEncrypted);
-    route.isToProxy = !route.isEncrypted && takesWholeAddresses(proxy);
+    const bool isEncrypted = address.scheme() == QLatin1String("https");
+    if (isEncrypted)
+        route.tls = qv_verifyingTls();
+    const QNetworkProxy proxy = proxyFor(address, isEncrypted);
+    route.isToProxy = !isEncrypted && takesWholeAddresses(proxy);
     route.tunnel = route.isToProxy ? QNetworkProxy(QNetworkProxy::NoProxy) : proxy;
     route.host = route.isToProxy ? proxy.hostName() : address.host(QUrl::FullyEncoded);
     route.port =
-        route.isToProxy ? proxy.port() : quint16(address.port(route.isEncrypted ? httpsPort : httpPort));
+        route.isToProxy ? proxy.port() : quint16(address.port(isEncrypted ? httpsPort : httpPort));
     if (route.isToProxy)
         route.proxyAuthorization = basicAuthorization(proxy.user(), proxy.password());
     return route;

@@ -4,6 +4,8 @@
 #include <QNetworkRequest>
 #include <QSslConfiguration>
 
+#include <optional>
+
 /// How a request reaches its server: the address, the proxy and its credentials, and the TLS configuration.
 /// Requests with equal routes can share a connection.
 struct QVRoute
@@ -16,8 +18,8 @@ struct QVRoute
     /// The credentials for a proxy that takes whole addresses.
     QByteArray proxyAuthorization;
     bool isToProxy = false;
-    bool isEncrypted = false;
-    QSslConfiguration tls;
+    /// Absent for http. Even an empty one would make Qt load its TLS plugin.
+    std::optional<QSslConfiguration> tls;
 
     bool operator==(const QVRoute &) const = default;
 };

@@ -210,7 +210,8 @@ QVAPIRequestManager::requestOutageVerifyWithChallenge(const QString &challenge, 
 void QVAPIRequestManager::prepare()
 {
     QVConfigurationManager::prepareDeviceId();
-    (void)QVNetworkSession::shared();
+    const QVServiceAddresses addresses = QVConfigurationManager::sharedManager().serviceAddresses();
+    QVNetworkSession::shared().prepareFor(QUrl(addresses.apiHost()));
 }
 
 QVAPIRequestManager::Task
