@@ -66,8 +66,7 @@ QVRoute qv_routeOf(const QNetworkRequest &request)
     route.isToProxy = !isEncrypted && takesWholeAddresses(proxy);
     route.tunnel = route.isToProxy ? QNetworkProxy(QNetworkProxy::NoProxy) : proxy;
     route.host = route.isToProxy ? proxy.hostName() : address.host(QUrl::FullyEncoded);
-    route.port =
-        route.isToProxy ? proxy.port() : quint16(address.port(isEncrypted ? httpsPort : httpPort));
+    route.port = route.isToProxy ? proxy.port() : quint16(address.port(isEncrypted ? httpsPort : httpPort));
     if (route.isToProxy)
         route.proxyAuthorization = basicAuthorization(proxy.user(), proxy.password());
     return route;

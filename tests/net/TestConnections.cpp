@@ -144,6 +144,8 @@ private Q_SLOTS:
         if (line.startsWith("GET"))
             QCOMPARE(request.header("Proxy-Authorization"), "Basic " + QByteArray("us:er").toBase64());
         QCOMPARE(request.header("Authorization").isEmpty(), !address.contains(u'@'));
+        // What TLS needs is loaded for https only. That row is the last one.
+        QCOMPARE(::dlopen("libssl.so.3", RTLD_LAZY | RTLD_NOLOAD) != nullptr, address.startsWith(q("https")));
     }
 
     void floods()

@@ -44,7 +44,7 @@ QVScriptedServer::QVScriptedServer()
 QVScriptedServer::~QVScriptedServer()
 {
     // Their end is no news to a server that is going itself.
-    for (QSslSocket *socket : findChildren<QSslSocket *>())
+    for (QTcpSocket *socket : findChildren<QTcpSocket *>())
         socket->disconnect(this);
 }
 
@@ -57,20 +57,21 @@ QString QVScriptedServer::address() const
 void QVScriptedServer::incomingConnection(qintptr descriptor)
 {
     ++m_connectionCount;
-    auto *socket = new QSslSocket(this);
+    auto *const secure = m_tls ? new QSslSocket(this) : nullptr;
+    auto *const socket = secure ? secure : new QTcpSocket(this);
     socket->setSocketDescriptor(descriptor);
-    connect(socket, &QSslSocket::readyRead, this, [this, socket] { read(socket); });
-    connect(socket, &QSslSocket::disconnected, this, [this, socket] {
+    connect(socket, &QTcpSocket::readyRead, this, [this, socket] { read(socket); });
+    connect(socket, &QTcpSocket::disconnected, this, [this, socket] {
         ++m_closedCount;
         socket->deleteLater();
     });
-    if (!m_tls)
+    if (!secure)
         return;
-    socket->setSslConfiguration(*m_tls);
-    socket->startServerEncryption();
+    secure->setSslConfiguration(*m_tls);
+    secure->startServerEncryption();
 }
 
-void QVScriptedServer::read(QSslSocket *socket)
+void QVScriptedServer::read(QTcpSocket *socket)
 {
     const QByteArray end = QByteArrayLiteral("\r\n\r\n");
     while (true) {
@@ -88,7 +89,7 @@ void QVScriptedServer::read(QSslSocket *socket)
     }
 }
 
-void QVScriptedServer::run(const QPointer<QSslSocket> &socket, QList<QVScript::Step> steps)
+void QVScriptedServer::run(const QPointer<QTcpSocket> &socket, QList<QVScript::Step> steps)
 {
     m_held.removeAll(socket);
     while (socket && !steps.isEmpty()) {

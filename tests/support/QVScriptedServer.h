@@ -4,8 +4,8 @@
 
 #include <QPointer>
 #include <QSslConfiguration>
-#include <QSslSocket>
 #include <QTcpServer>
+#include <QTcpSocket>
 #include <QUrl>
 
 #include <functional>
@@ -60,15 +60,15 @@ protected:
     void incomingConnection(qintptr descriptor) override;
 
 private:
-    void read(QSslSocket *socket);
-    void run(const QPointer<QSslSocket> &socket, QList<QVScript::Step> steps);
+    void read(QTcpSocket *socket);
+    void run(const QPointer<QTcpSocket> &socket, QList<QVScript::Step> steps);
     [[nodiscard]] QVScript scriptFor(const QVReceivedRequest &request);
 
     std::optional<QSslConfiguration> m_tls;
     QList<QVScript> m_scripts;
     Responder m_responder;
     QList<QVReceivedRequest> m_requests;
-    QList<QPointer<QSslSocket>> m_held;
+    QList<QPointer<QTcpSocket>> m_held;
     int m_connectionCount = 0;
     int m_closedCount = 0;
 };
