@@ -1,4 +1,4 @@
-#include "BenchClock.h"
+#include "hosts/BenchClock.h"
 #include "hosts/HostWindow.h"
 
 #include <QApplication>

@@ -1,7 +1,7 @@
 #include "hosts/HostWindow.h"
 
-#include "BenchClock.h"
 #include "QuietPlatform.h"
+#include "hosts/BenchClock.h"
 
 #include <QApplication>
 #include <QJsonDocument>

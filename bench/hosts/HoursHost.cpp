@@ -1,7 +1,7 @@
 // Leaves a panel alone for hours, on a clock that runs sixty times as fast, and measures its memory and its
 // requests.
 
-#include "BenchClock.h"
+#include "hosts/BenchClock.h"
 #include "hosts/ConfiguredHost.h"
 #include "hosts/HostWindow.h"
 #include "modes/Quarvo.h"

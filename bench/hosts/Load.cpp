@@ -1,4 +1,4 @@
-#include "BenchClock.h"
+#include "hosts/BenchClock.h"
 
 #include <cstdio>
 #include <cstdlib>

@@ -1,5 +1,5 @@
-#include "BenchClock.h"
 #include "demo/SolutionClient.h"
+#include "hosts/BenchClock.h"
 #include "hosts/ConfiguredHost.h"
 #include "hosts/HostWindow.h"
 #include "hosts/StallProbe.h"

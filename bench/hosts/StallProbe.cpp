@@ -1,6 +1,6 @@
 #include "hosts/StallProbe.h"
 
-#include "BenchClock.h"
+#include "hosts/BenchClock.h"
 
 #include <QtGlobal>
 
