@@ -78,12 +78,9 @@ void ExampleDriver::start()
         QApplication::exit(exitFailed);
         return;
     }
-    const QVSandboxAddresses local = m_sandbox.addresses();
-    QVServiceAddresses addresses;
-    addresses.setApiHost(local.apiHost);
-    addresses.setDownloadHost(local.downloadHost);
-    QVSDKManager::setServiceAddresses(addresses);
-    m_solution = std::make_unique<SolutionClient>(QVector<QUrl>{QUrl(local.apiHost)});
+    const QString local = m_sandbox.addresses().apiHost;
+    QVSDKManager::setServiceAddresses(QVServiceAddresses::at(local));
+    m_solution = std::make_unique<SolutionClient>(QVector<QUrl>{QUrl(local)});
     connect(m_solution.get(), &SolutionClient::curve, this, &ExampleDriver::solve);
     QTimer::singleShot(unfolding, this, &ExampleDriver::press);
 }

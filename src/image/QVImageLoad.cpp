@@ -72,10 +72,7 @@ void QVImageLoad::download()
     // A host's network manager has its own cache, or none on purpose.
     m_isForDisk = !host;
     m_download = new QVBoundedDownload(QVNetworkSession::shared(), host, limits,
-                                       [this](const QVBoundedDownload::Result &result) {
-                                           m_download.clear();
-                                           handleDownload(result);
-                                       });
+                                       [this](const auto &result) { handleDownload(result); });
     m_download->send(QNetworkRequest(QUrl(m_address)));
 }
 

@@ -105,8 +105,7 @@ private:
             return false;
         if (marker < Application)
             return true;
-        const bool isKnown = (marker == Application && content.startsWith("JFIF")) ||
-                             (marker == Application + 1 && content.startsWith("Exif")) ||
+        const bool isKnown = (marker == Application + 1 && content.startsWith("Exif")) ||
                              (marker == Application + 14 && content.startsWith("Adobe"));
         const quint32 flag = 1U << (marker - Application);
         return isKnown && !(std::exchange(m_applications, m_applications | flag) & flag);

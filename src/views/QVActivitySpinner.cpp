@@ -45,7 +45,6 @@ QVActivitySpinner::QVActivitySpinner(QWidget *parent)
 
 void QVActivitySpinner::startAnimating()
 {
-    m_isAnimating = true;
     m_ring->removeAllAnimations();
     m_ring->addAnimation(turning());
     show();
@@ -53,7 +52,6 @@ void QVActivitySpinner::startAnimating()
 
 void QVActivitySpinner::stopAnimating()
 {
-    m_isAnimating = false;
     m_ring->removeAllAnimations();
     hide();
 }

@@ -16,7 +16,6 @@ public:
 
     void startAnimating();
     void stopAnimating();
-    [[nodiscard]] bool isAnimating() const { return m_isAnimating; }
     [[nodiscard]] QSize sizeHint() const override { return {defaultSide, defaultSide}; }
 
 protected:
@@ -25,5 +24,4 @@ protected:
 private:
     QVLayerHost m_layers;
     std::shared_ptr<QVLayer> m_ring;
-    bool m_isAnimating = false;
 };

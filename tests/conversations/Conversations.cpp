@@ -96,7 +96,8 @@ void addCloses()
     for (const char *way : {"escape", "allow-outside, click 5 5"})
         row(way, "click, invisible", QByteArray("start, picture, ") + way, "[2], popup, [0], closed User");
     row("outside", "click, invisible", "start, picture, click 5 5, popups", "[2], popup, popups 1");
-    row("inside", "click, invisible", "start, picture, allow-outside, click 350 130, popups",
+    row("inside", "click, invisible",
+        "start, picture, allow-outside, click 350 130, click 350 130 5 5, click 5 5 350 130, popups",
         "[2], popup, popups 1");
     row("pass after the close", "click, invisible",
         "start, picture, hold verify 200, stroke, close, wait 2000, popups, asked, start, wait 100, "

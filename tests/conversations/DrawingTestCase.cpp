@@ -224,8 +224,11 @@ void DrawingTestCase::defineClicks()
         }
     });
     addStep("click", [this](const QString &at) {
-        const QPoint place(at.section(u' ', 0, 0).toInt(), at.section(u' ', 1).toInt());
-        QTest::mouseClick(drawingWindow(), Qt::LeftButton, {}, place);
+        const QStringList places = at.split(u' ');
+        const QPoint place(places[0].toInt(), places[1].toInt());
+        QTest::mousePress(drawingWindow(), Qt::LeftButton, {}, place);
+        const QPoint end = places.size() > 2 ? QPoint(places[2].toInt(), places[3].toInt()) : place;
+        QTest::mouseRelease(drawingWindow(), Qt::LeftButton, {}, end);
     });
     addStep("tap", [this](const QString &part) { drawWithMouse(tapAt(frameOf(part).center())); });
     addStep("finger-tap", [this](const QString &part) { drawWithFinger(tapAt(frameOf(part).center())); });

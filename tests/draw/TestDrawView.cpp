@@ -164,11 +164,7 @@ private Q_SLOTS:
         QVERIFY2(sandbox.listen(), qPrintable(sandbox.errorString()));
         sandbox.setOutageActive(isOutage);
         const QVSandboxAddresses where = sandbox.addresses();
-        QVServiceAddresses addresses;
-        addresses.setApiHost(where.apiHost);
-        addresses.setDownloadHost(where.downloadHost);
-        addresses.setImageHost(where.imageHost);
-        QVSDKManager::setServiceAddresses(addresses);
+        QVSDKManager::setServiceAddresses(QVServiceAddresses::at(where.apiHost));
         QVSDKManager::setOutageServer(where.outageServer);
         show(mode, size);
         if (isOutage) {

@@ -146,7 +146,7 @@ private:
     void showPanel()
     {
         go(q("guide"));
-        service().extend(q("get"), {{q("adlinkword"), q("An offer")}, {q("adlink"), q("https://x.example")}});
+        service().extend(q("get"), {{q("adlinkword"), q("An\u2029offer")}, {q("adlink"), q("https://x.example")}});
         place(q("panel"), {{}, window().size()});
         QVERIFY(waitForPicture());
         rest(300);

@@ -71,10 +71,13 @@ private Q_SLOTS:
         QCOMPARE(popup()->isWindow(), isAlone);
         QCOMPARE(drawView()->geometry(), screen);
         QCOMPARE(part("contentView")->width(), screen.width());
-        if (isAlone)
+        if (isAlone) {
             QVERIFY(popup()->screen()->geometry().contains(popup()->frameGeometry()));
-        else
+            this->host().setGeometry(200, 300, 400, 200);
+            QCOMPARE(popup()->geometry().center(), this->host().geometry().center());
+        } else {
             QCOMPARE(popup()->geometry(), this->host().rect());
+        }
         const auto *const image = part("imageView");
         const QRect frame(image->mapTo(popup(), QPoint()), image->size());
         const QRect close = popup()->findChild<QVCloseButton *>()->geometry();

@@ -45,9 +45,7 @@ DrawService::DrawService()
 
 QVServiceAddresses DrawService::addresses() const
 {
-    QVServiceAddresses result;
-    result.setApiHost(m_server.address());
-    result.setDownloadHost(m_server.address());
+    auto result = QVServiceAddresses::at(m_server.address());
     result.setImageHost(m_server.address() + q("/outage-pictures"));
     return result;
 }
