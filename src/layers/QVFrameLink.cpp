@@ -3,14 +3,12 @@
 #include <QEvent>
 #include <QWidget>
 
-QVFrameLink::QVFrameLink(QVTickerClient &client, QWidget *widget)
+QVFrameLink::QVFrameLink(QVTickerClient &client, QWidget &widget)
     : m_client(client)
-    , m_widget(widget)
+    , m_widget(&widget)
+    , m_visible(widget.isVisible() && !widget.window()->isMinimized())
 {
-    if (!widget)
-        return;
-    m_visible = widget->isVisible() && !widget->window()->isMinimized();
-    widget->installEventFilter(this);
+    widget.installEventFilter(this);
     watchWindow();
 }
 

@@ -17,8 +17,7 @@ class QVFrameLink final : public QObject
 public:
     using Time = QVTickerClient::Time;
 
-    /// Without a \a widget the client always counts as visible.
-    QVFrameLink(QVTickerClient &client, QWidget *widget);
+    QVFrameLink(QVTickerClient &client, QWidget &widget);
     ~QVFrameLink() override;
 
     /// Starts the ticks. \a end is the time of the next end of an animation; empty if there is none.
@@ -39,5 +38,5 @@ private:
     QVTimer m_endTimer;
     std::optional<Time> m_end;
     bool m_running = false;
-    bool m_visible = true;
+    bool m_visible;
 };

@@ -33,7 +33,7 @@ struct Outlook
 
 QVLayerHost::QVLayerHost(QWidget &widget)
     : m_widget(widget)
-    , m_link(*this, &widget)
+    , m_link(*this, widget)
 {
     m_root->setContext(this);
 }

@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <utility>
 
-QVValueAnimation::QVValueAnimation(QWidget *widget)
+QVValueAnimation::QVValueAnimation(QWidget &widget)
     : m_link(*this, widget)
 {
 }

@@ -16,7 +16,7 @@ public:
     using Completion = std::function<void()>;
 
     /// While \a widget is hidden there are no steps, but the animation still ends in time.
-    explicit QVValueAnimation(QWidget *widget = nullptr);
+    explicit QVValueAnimation(QWidget &widget);
 
     void setTimingCurve(const QEasingCurve &curve) { m_curve = curve; }
     /// Calls \a step at once with \a from, then once per frame, and at the end with \a to. Then it calls

@@ -51,7 +51,7 @@ QLatin1String reasonOf(QVLayoutProblem::Kind kind)
 QVLayout::QVLayout(QWidget *container)
     : m_container(container)
     , m_containerId(watch(container))
-    , m_motion(container)
+    , m_motion(*container)
 {
 }
 

@@ -136,7 +136,7 @@ void QVViewController::showRenderViewAnimation()
     m_unfold = new QVUnfoldEffect(m_renderView);
     m_renderView->setGraphicsEffect(m_unfold);
     if (!m_unfoldAnimation)
-        m_unfoldAnimation = std::make_unique<QVValueAnimation>(m_renderView);
+        m_unfoldAnimation = std::make_unique<QVValueAnimation>(*m_renderView);
     // The usual curve; with a more dynamic one the picture seems to wobble.
     m_unfoldAnimation->setTimingCurve(QVEasing::usual());
     m_unfoldAnimation->start(

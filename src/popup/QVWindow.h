@@ -92,7 +92,7 @@ private:
     QPointer<QWidget> m_container;
     std::unique_ptr<QVHostWatch> m_hostWatch;
     std::unique_ptr<QVHostWatch> m_containerWatch;
-    QVValueAnimation m_dimming{this};
+    QVValueAnimation m_dimming{*this};
     double m_dimmedPart = 1;
     QVPopupPresentation m_presentation;
     QVPopupGeometry m_geometry;
