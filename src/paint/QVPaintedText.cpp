@@ -90,6 +90,9 @@ QSize QVPaintedText::sizeFor(int width) const
 
 int QVPaintedText::extraHeightFor(int width) const
 {
+    // Without a text no font is loaded for it.
+    if (m_line.isEmpty())
+        return 0;
     const Lines lines = fitted({width, anyHeight});
     return qCeil(extraHeight(lines.texts, QFontMetricsF(lines.font)));
 }
