@@ -32,22 +32,22 @@ void QVRenderDrawLayout::setIsCharVerify(bool isCharVerify, double contentWidth)
 
 void QVRenderDrawLayout::setContentWidth(double contentWidth)
 {
-    m_layout.update(m_parts.contentView,
-                    [this, contentWidth](QVConstraintMaker &make) { buildWidth(make, contentWidth); });
+    m_layout.make(m_parts.contentView,
+                  [this, contentWidth](QVConstraintMaker &make) { buildWidth(make, contentWidth); });
 }
 
 void QVRenderDrawLayout::setAlternativeHeight(int height, double contentWidth)
 {
     m_belowContent = height;
     m_layout.remake(m_parts.contentView, contentBuild(contentWidth));
-    m_layout.update(m_parts.alternativeButton,
-                    [height](QVConstraintMaker &make) { make.height().equalTo(height); });
+    m_layout.make(m_parts.alternativeButton,
+                  [height](QVConstraintMaker &make) { make.height().equalTo(height); });
     m_layout.layoutNow();
 }
 
 void QVRenderDrawLayout::setHelpShown(bool shown)
 {
-    m_layout.update(m_parts.helpButton, [shown](QVConstraintMaker &make) {
+    m_layout.make(m_parts.helpButton, [shown](QVConstraintMaker &make) {
         make.width().equalTo(shown ? QVDrawGeometry::controlSide : 0);
     });
     m_layout.layoutNow();

@@ -6,14 +6,11 @@
 
 #include <QCoreApplication>
 #include <QEvent>
-#include <QLoggingCategory>
 #include <QWidget>
 
 #include <algorithm>
 #include <cmath>
 #include <utility>
-
-Q_LOGGING_CATEGORY(quarvoLayout, "quarvo.layout")
 
 namespace {
 
@@ -33,19 +30,6 @@ QRect rounded(const QRectF &frame)
             QSize(roundedEdge(frame.right()) - topLeft.x(), roundedEdge(frame.bottom()) - topLeft.y())};
 }
 
-QLatin1String reasonOf(QVLayoutProblem::Kind kind)
-{
-    switch (kind) {
-    case QVLayoutProblem::Kind::Cycle:
-        return QLatin1String("closes a circle of constraints");
-    case QVLayoutProblem::Kind::UnknownItem:
-        return QLatin1String("names something outside the container");
-    case QVLayoutProblem::Kind::NotFinite:
-        return QLatin1String("is no finite number");
-    }
-    return {};
-}
-
 } // namespace
 
 QVLayout::QVLayout(QWidget *container)
@@ -59,7 +43,17 @@ QVLayout::~QVLayout() = default;
 
 void QVLayout::make(QWidget *widget, const Build &build)
 {
-    this->build(widget, build, &QVLayout::append);
+    QVConstraintMaker maker(widget);
+    build(maker);
+    const ItemId item = watch(widget);
+    for (const QVConstraintDraft &draft : maker.drafts()) {
+        const ItemId target = draft.hasTarget ? watch(draft.target) : 0;
+        const QVLayoutConstraint made{
+            item, draft.attribute, target, draft.targetAttribute, draft.multiplier, draft.offset};
+        std::erase_if(m_constraints, [&](const QVLayoutConstraint &each) { return each.hasFormOf(made); });
+        m_constraints.push_back(made);
+    }
+    requestLayout();
 }
 
 void QVLayout::remake(QWidget *widget, const Build &build)
@@ -67,39 +61,6 @@ void QVLayout::remake(QWidget *widget, const Build &build)
     const ItemId item = m_items.find(widget);
     std::erase_if(m_constraints, [item](const QVLayoutConstraint &each) { return each.item == item; });
     make(widget, build);
-}
-
-void QVLayout::update(QWidget *widget, const Build &build)
-{
-    this->build(widget, build, &QVLayout::replace);
-}
-
-void QVLayout::build(QWidget *widget, const Build &build, Merge merge)
-{
-    QVConstraintMaker maker(widget);
-    build(maker);
-    const ItemId item = watch(widget);
-    for (const QVConstraintDraft &draft : maker.drafts()) {
-        const ItemId target = draft.hasTarget ? watch(draft.target) : 0;
-        (this->*merge)(
-            {item, draft.attribute, target, draft.targetAttribute, draft.multiplier, draft.offset});
-    }
-    requestLayout();
-}
-
-void QVLayout::append(const QVLayoutConstraint &constraint)
-{
-    // NaN is not equal to itself, so such a constraint is found by its form.
-    std::erase_if(m_constraints, [&](const QVLayoutConstraint &each) {
-        return each == constraint || (!each.isFinite() && each.hasFormOf(constraint));
-    });
-    m_constraints.push_back(constraint);
-}
-
-void QVLayout::replace(const QVLayoutConstraint &constraint)
-{
-    std::erase_if(m_constraints, [&](const QVLayoutConstraint &each) { return each.hasFormOf(constraint); });
-    m_constraints.push_back(constraint);
 }
 
 void QVLayout::requestLayout()
@@ -147,36 +108,20 @@ void QVLayout::solve()
     forgetDeadWidgets();
     QVLayoutSolver solver(m_containerId, QSizeF(m_container->size()));
     m_items.describeTo(solver, m_container);
-    QVLayoutSolution solution = solver.solve(m_constraints);
-    place(solution);
-    report(solution.problems);
+    place(solver.solve(m_constraints));
 }
 
-void QVLayout::place(const QVLayoutSolution &solution)
+void QVLayout::place(const std::map<ItemId, QRectF> &frames)
 {
     m_places.clear();
     for (const QVLayoutConstraint &constraint : m_constraints) {
-        const auto frame = solution.frames.find(constraint.item);
-        if (frame == solution.frames.end() || constraint.item == m_containerId)
+        const auto frame = frames.find(constraint.item);
+        if (frame == frames.end() || constraint.item == m_containerId)
             continue;
         const ItemId parent = m_items.find(m_items.widget(constraint.item)->parentWidget());
-        const QPoint origin = rounded(solution.frames.at(parent)).topLeft();
+        const QPoint origin = rounded(frames.at(parent)).topLeft();
         m_places[constraint.item] = rounded(frame->second).translated(-origin);
     }
-}
-
-void QVLayout::report(const std::vector<QVLayoutProblem> &problems)
-{
-    QStringList messages;
-    const auto name = [this](ItemId id) {
-        return m_items.nameOf(id);
-    };
-    for (const QVLayoutProblem &problem : problems) {
-        messages.append(problem.constraint.description(name) + u' ' + reasonOf(problem.kind));
-        if (!m_reported.contains(messages.last()))
-            qCWarning(quarvoLayout, "%s", qUtf8Printable(messages.last()));
-    }
-    m_reported = std::move(messages);
 }
 
 void QVLayout::apply()

@@ -23,8 +23,7 @@ class QWidget;
 /// in a constraint is moved or resized. Edges are rounded in the container's coordinates, so that neighbours
 /// have no gap.
 ///
-/// Widgets are held weakly: a constraint is removed when its widget or target is destroyed. A constraint that
-/// cannot be used is ignored, and reported once in the log quarvo.layout.
+/// Widgets are held weakly: a constraint is removed when its widget or target is destroyed.
 class QVLayout final : public QObject
 {
     Q_OBJECT
@@ -36,12 +35,10 @@ public:
     explicit QVLayout(QWidget *container);
     ~QVLayout() override;
 
-    /// Adds constraints. An equal one that exists already is moved to the end instead.
+    /// Adds constraints. They replace those that differ from them only in their constants.
     void make(QWidget *widget, const Build &build);
     /// Replaces all constraints of the widget.
     void remake(QWidget *widget, const Build &build);
-    /// Replaces constraints that differ only in their constants, and adds the others.
-    void update(QWidget *widget, const Build &build);
 
     void layoutNow();
     /// Moves widgets whose place has changed smoothly from where they are now, slow at both ends.
@@ -55,17 +52,12 @@ public:
 private:
     using ItemId = QVLayoutConstraint::ItemId;
     using Frames = QVLayoutTransition::Frames;
-    using Merge = void (QVLayout::*)(const QVLayoutConstraint &);
 
-    void build(QWidget *widget, const Build &build, Merge merge);
-    void append(const QVLayoutConstraint &constraint);
-    void replace(const QVLayoutConstraint &constraint);
     void requestLayout();
     ItemId watch(QWidget *widget);
     void forgetDeadWidgets();
     void solve();
-    void place(const QVLayoutSolution &solution);
-    void report(const std::vector<QVLayoutProblem> &problems);
+    void place(const std::map<ItemId, QRectF> &frames);
     void apply();
     [[nodiscard]] Frames seenFrames() const;
     void startMotion();
@@ -76,7 +68,6 @@ private:
     QVLayoutItems m_items;
     ItemId m_containerId;
     std::vector<QVLayoutConstraint> m_constraints;
-    QStringList m_reported;
     /// The final places of the constrained widgets, in their parents' coordinates.
     Frames m_places;
     QVLayoutTransition m_transition;

@@ -1,8 +1,6 @@
 #pragma once
 
-#include <QString>
-
-#include <functional>
+#include <QtGlobal>
 
 /// The attribute of a rectangle that a constraint sets or reads.
 enum class QVLayoutAttribute { Left, Right, CenterX, Width, Top, Bottom, CenterY, Height };
@@ -10,7 +8,6 @@ enum class QVLayoutAttribute { Left, Right, CenterX, Width, Top, Bottom, CenterY
 [[nodiscard]] bool qv_isHorizontal(QVLayoutAttribute attribute);
 /// Whether it is a width or a height, not a position.
 [[nodiscard]] bool qv_isLength(QVLayoutAttribute attribute);
-[[nodiscard]] QString qv_attributeName(QVLayoutAttribute attribute);
 
 /// One equation: attribute of an item = attribute of a target * multiplier + offset, or a number.
 ///
@@ -28,10 +25,8 @@ struct QVLayoutConstraint
     double multiplier = 1;
     double offset = 0;
 
-    [[nodiscard]] bool isFinite() const;
     /// Whether the two differ at most in their constants.
     [[nodiscard]] bool hasFormOf(const QVLayoutConstraint &other) const;
-    [[nodiscard]] QString description(const std::function<QString(ItemId)> &nameOf) const;
 
     friend bool operator==(const QVLayoutConstraint &, const QVLayoutConstraint &) = default;
 };

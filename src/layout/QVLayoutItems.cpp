@@ -27,15 +27,6 @@ QWidget *QVLayoutItems::widget(ItemId id) const
     return found == m_widgets.end() ? nullptr : found->second.data();
 }
 
-QString QVLayoutItems::nameOf(ItemId id) const
-{
-    const QWidget *known = widget(id);
-    if (!known)
-        return QStringLiteral("nothing");
-    const QString type = QString::fromLatin1(known->metaObject()->className());
-    return known->objectName().isEmpty() ? type : type + u'(' + known->objectName() + u')';
-}
-
 bool QVLayoutItems::forgetDead()
 {
     return std::erase_if(m_widgets, [](const auto &entry) { return entry.second.isNull(); }) > 0;

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <optional>
 #include <set>
 
@@ -26,7 +25,7 @@ double lengthOf(const QSizeF &size, bool horizontal)
 
 } // namespace
 
-/// One attempt to solve. It stops at the first constraint that cannot be used.
+/// One attempt to solve.
 class QVLayoutPass
 {
 public:
@@ -38,7 +37,8 @@ public:
     {
     }
 
-    [[nodiscard]] const std::optional<QVLayoutProblem> &problem() const { return m_problem; }
+    /// A constraint that closes a cycle. The values are of no use then.
+    [[nodiscard]] const std::optional<Constraint> &cycle() const { return m_cycle; }
 
     QRectF frame(ItemId item)
     {
@@ -130,11 +130,13 @@ private:
     double constraintValue(const Constraint &constraint)
     {
         const Key key(constraint.item, constraint.attribute);
-        if (!m_open.insert(key).second)
-            return fail(QVLayoutProblem::Kind::Cycle, constraint);
+        if (!m_open.insert(key).second) {
+            m_cycle = constraint;
+            return 0;
+        }
         const double result = relativeValue(constraint) + base(constraint.item, constraint.attribute);
         m_open.erase(key);
-        return std::isfinite(result) ? result : fail(QVLayoutProblem::Kind::NotFinite, constraint);
+        return result;
     }
 
     double relativeValue(const Constraint &constraint)
@@ -158,18 +160,11 @@ private:
         return parent == 0 ? 0 : value(parent, horizontal ? Attribute::Left : Attribute::Top);
     }
 
-    double fail(QVLayoutProblem::Kind kind, const Constraint &constraint)
-    {
-        if (!m_problem)
-            m_problem = QVLayoutProblem{kind, constraint};
-        return 0;
-    }
-
     const QVLayoutSolver &m_solver;
     const std::vector<Constraint> &m_constraints;
     std::map<Key, double> m_values;
     std::set<Key> m_open;
-    std::optional<QVLayoutProblem> m_problem;
+    std::optional<Constraint> m_cycle;
 };
 
 QVLayoutSolver::QVLayoutSolver(ItemId container, QSizeF size)
@@ -184,32 +179,20 @@ void QVLayoutSolver::addItem(ItemId item, ItemId parent, const QRectF &frame, QS
         m_items.emplace(item, Item{parent, frame, intrinsicSize});
 }
 
-QVLayoutSolution QVLayoutSolver::solve(std::vector<Constraint> constraints) const
+std::map<QVLayoutSolver::ItemId, QRectF> QVLayoutSolver::solve(std::vector<Constraint> constraints) const
 {
-    QVLayoutSolution solution;
-    removeUnusable(constraints, solution);
+    std::erase_if(constraints, [&](const Constraint &each) {
+        return !contains(each.item) || each.item == m_container ||
+               (each.target != 0 && !contains(each.target));
+    });
     // Each round except the last one removes a constraint, so the loop ends.
     for (;;) {
         QVLayoutPass pass(*this, constraints);
-        solution.frames.clear();
+        std::map<ItemId, QRectF> frames;
         for (const auto &[id, item] : m_items)
-            solution.frames.emplace(id, pass.frame(id));
-        if (!pass.problem())
-            return solution;
-        solution.problems.push_back(*pass.problem());
-        std::erase(constraints, pass.problem()->constraint);
+            frames.emplace(id, pass.frame(id));
+        if (!pass.cycle())
+            return frames;
+        std::erase(constraints, *pass.cycle());
     }
-}
-
-void QVLayoutSolver::removeUnusable(std::vector<Constraint> &constraints, QVLayoutSolution &solution) const
-{
-    std::erase_if(constraints, [&](const Constraint &each) {
-        const bool isKnown =
-            contains(each.item) && each.item != m_container && (each.target == 0 || contains(each.target));
-        if (isKnown && each.isFinite())
-            return false;
-        solution.problems.push_back(
-            {isKnown ? QVLayoutProblem::Kind::NotFinite : QVLayoutProblem::Kind::UnknownItem, each});
-        return true;
-    });
 }

@@ -7,29 +7,6 @@
 #include <map>
 #include <vector>
 
-/// A constraint that could not be used, and the reason. The others are solved without it.
-struct QVLayoutProblem
-{
-    enum class Kind {
-        /// The constraint closes a cycle of constraints.
-        Cycle,
-        /// Its item or target is not known to the solver, or its item is the container.
-        UnknownItem,
-        /// It contains, or leads to, a number that is not finite.
-        NotFinite,
-    };
-
-    Kind kind = Kind::Cycle;
-    QVLayoutConstraint constraint;
-};
-
-/// The resulting frames, in the container's coordinates and not rounded.
-struct QVLayoutSolution
-{
-    std::map<QVLayoutConstraint::ItemId, QRectF> frames;
-    std::vector<QVLayoutProblem> problems;
-};
-
 /// Computes rectangles from constraints. It knows no widgets: items are numbers in a tree below a container.
 ///
 /// On each axis two constraints define an item: the two that were added last. Of several for the same
@@ -48,8 +25,9 @@ public:
     void addItem(ItemId item, ItemId parent, const QRectF &frame, QSizeF intrinsicSize = QSizeF(-1, -1));
     [[nodiscard]] bool contains(ItemId item) const { return m_items.contains(item); }
 
-    /// Solves \a constraints, given in the order in which they were added.
-    [[nodiscard]] QVLayoutSolution solve(std::vector<QVLayoutConstraint> constraints) const;
+    /// The frames that \a constraints give, in the container's coordinates and not rounded. The constraints
+    /// are in the order in which they were added. Ignored are those of unknown items, and one of each cycle.
+    [[nodiscard]] std::map<ItemId, QRectF> solve(std::vector<QVLayoutConstraint> constraints) const;
 
 private:
     friend class QVLayoutPass;
@@ -60,8 +38,6 @@ private:
         QRectF frame;
         QSizeF intrinsicSize;
     };
-
-    void removeUnusable(std::vector<QVLayoutConstraint> &constraints, QVLayoutSolution &solution) const;
 
     std::map<ItemId, Item> m_items;
     ItemId m_container;

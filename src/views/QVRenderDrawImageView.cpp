@@ -167,7 +167,7 @@ void QVRenderDrawImageView::placeBar(QVRenderDrawOverlayView *bar)
     // One line of text must be visible above the strip.
     const int leastSeen = QVRenderDrawOverlayView::defaultHeight() * 2 / 3;
     const int height = std::max(bar->heightFor(width()), m_coveredHeight + leastSeen);
-    m_layout.update(bar, [this, bar, height](QVConstraintMaker &make) {
+    m_layout.make(bar, [this, bar, height](QVConstraintMaker &make) {
         make.top().equalTo(this, QVLayoutAttribute::Bottom).offset(bar->isOnScreen() ? -height : 0);
         make.height().equalTo(height);
     });

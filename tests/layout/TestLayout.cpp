@@ -44,7 +44,7 @@ private Q_SLOTS:
     void moves()
     {
         const auto hangAt = [&](double offset) {
-            m_layout->update(m_box, [&](QVConstraintMaker &make) {
+            m_layout->make(m_box, [&](QVConstraintMaker &make) {
                 make.top().equalTo(m_container.get(), QVLayoutAttribute::Bottom).offset(offset);
             });
         };
