@@ -1,5 +1,6 @@
 #include "draw/QVKeyPen.h"
 
+#include "flow/QVDrawGeometry.h"
 #include "settings/QVColors.h"
 #include "settings/QVLanguageNotice.h"
 #include "settings/QVLocalization.h"
@@ -7,6 +8,7 @@
 #include "views/QVAccessibleRole.h"
 #include "views/QVFocusRing.h"
 #include "views/QVLabel.h"
+#include "views/QVRenderDrawOverlayView.h"
 
 #include <QKeyEvent>
 #include <QPainter>
@@ -99,10 +101,10 @@ void QVKeyPen::showHint()
 void QVKeyPen::placeHint()
 {
     const QRect picture(m_picture->mapTo(parentWidget(), QPoint(0, 0)), m_picture->size());
-    QRect box(QPoint(), m_hint->sizeFor(picture.width() - 2 * hintPadding.width()));
-    // Below the pen and above the bars.
-    constexpr double part = 0.7;
-    box.moveCenter({picture.center().x(), picture.top() + qRound(part * picture.height())});
+    constexpr int margin = QVDrawGeometry::penHintMargin;
+    QRect box(QPoint(), m_hint->sizeFor(picture.width() - 2 * margin));
+    box.moveCenter(picture.center());
+    box.moveBottom(picture.bottom() - QVRenderDrawOverlayView::defaultHeight() - margin);
     m_hint->setGeometry(box);
 }
 

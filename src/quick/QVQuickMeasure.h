@@ -20,6 +20,7 @@ enum Measure {
     CloseButtonRoom = QVDrawGeometry::closeButtonRoom,
     ControlSide = QVDrawGeometry::controlSide,
     WidestBadge = QVDrawGeometry::widestBadge,
+    PenHintMargin = QVDrawGeometry::penHintMargin,
     AlternativeHeight = QVDrawGeometry::alternativeHeight,
     ChangeDuration = int(QVDrawGeometry::changeDuration.count()),
     SpinDuration = int(QVDrawGeometry::spinDuration.count()),

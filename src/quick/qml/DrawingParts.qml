@@ -97,6 +97,8 @@ QuarvoSurface {
                 visible: root.isLoading
             }
             Bar {
+                id: promptBar
+
                 bar: root.prompt
                 covered: ground.covered
                 ground: QuarvoLook.promptBar
@@ -242,6 +244,7 @@ QuarvoSurface {
     }
     KeyPen {
         anchors.fill: parent
+        barHeight: promptBar.usualHeight
         picture: picture
         pictureArea: Qt.rect(content.x, content.y, ground.width, ground.height)
         surface: root

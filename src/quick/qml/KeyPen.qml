@@ -5,6 +5,7 @@ import Quarvo
 Item {
     id: root
 
+    required property int barHeight
     required property QuarvoSurface surface
     required property Item picture
     required property rect pictureArea
@@ -16,6 +17,25 @@ Item {
             QuarvoLook.announce(mark);
     }
 
+    Rectangle {
+        color: QuarvoLook.badge
+        height: hint.height + 12
+        objectName: "penHint"
+        visible: root.isSteered && !root.surface.isPenUsed
+        width: hint.width + 20
+        x: root.pictureArea.x + Math.round((root.pictureArea.width - width) / 2)
+        y: root.pictureArea.y + root.pictureArea.height - root.barHeight - QuarvoMeasure.PenHintMargin - height
+
+        QuarvoText {
+            id: hint
+
+            anchors.centerIn: parent
+            mostLines: 4
+            pixelSize: 13
+            text: QuarvoLook.text("accessiblePen", QuarvoLook.language)
+            widest: root.pictureArea.width - 2 * QuarvoMeasure.PenHintMargin - 20
+        }
+    }
     Item {
         id: mark
 
@@ -40,26 +60,6 @@ Item {
             anchors.fill: parent
             fill: root.surface.isPenDown ? QuarvoLook.accent : "transparent"
             radius: 6.5
-        }
-    }
-    Rectangle {
-        color: QuarvoLook.badge
-        height: hint.height + 12
-        objectName: "penHint"
-        visible: root.isSteered && !root.surface.isPenUsed
-        width: hint.width + 20
-        x: root.pictureArea.x + Math.round((root.pictureArea.width - width) / 2)
-        // Below the pen, and above a bar.
-        y: root.pictureArea.y + Math.round(0.7 * root.pictureArea.height - height / 2)
-
-        QuarvoText {
-            id: hint
-
-            anchors.centerIn: parent
-            mostLines: 4
-            pixelSize: 13
-            text: QuarvoLook.text("accessiblePen", QuarvoLook.language)
-            widest: root.pictureArea.width - 60
         }
     }
     Connections {
