@@ -4,7 +4,6 @@
 
 #include <QProcess>
 #include <QTemporaryDir>
-#include <QTemporaryFile>
 
 /// The demo as its users run it, in another process and in real time, and what it reads.
 class TestDemo : public QVTestCase
@@ -32,17 +31,6 @@ private Q_SLOTS:
         QVERIFY2(QRegularExpression(q("^ready\\n(.*\\n)*token \\S+\\n")).match(outcome.output).hasMatch(),
                  qPrintable(outcome.output));
         QVERIFY(QImage(folder.filePath(q("1-ready.png"))).width() >= 320);
-    }
-
-    void triesAgainOnceTheErrorBarRests()
-    {
-        QTemporaryFile file;
-        QVERIFY(file.open());
-        file.write("wait error\nretry\nwait error\nend\n");
-        file.close();
-        const Outcome outcome =
-            run({q("--vid"), q("test-denied"), q("--timeout"), q("5"), q("--drive"), file.fileName()});
-        QVERIFY2(outcome.exitCode == 0, outcome.errors);
     }
 
     void badInputEndsWithOneLine()

@@ -1,5 +1,6 @@
 #include "draw/QVRenderDrawView.h"
 #include "modes/ModesTestCase.h"
+#include "modes/QVEmbedPanel.h"
 #include "popup/QVWindow.h"
 #include "settings/QVConfigurationManager.h"
 #include "settings/QVSDKManager.h"
@@ -80,6 +81,10 @@ private Q_SLOTS:
         QCOMPARE(query(config, "id") + query(click, "id") + query(verify, "id"), q("ownownown"));
         invisibleManager().setScene(q("unseen"));
         QCOMPARE(invisibleManager().vid() + invisibleManager().scene(), q("ownunseen"));
+        QVEmbedPanel ready;
+        ready.setVid(q("own"));
+        ready.setScene(q("page"));
+        QCOMPARE(ready.manager()->vid() + ready.manager()->scene(), q("ownpage"));
         embedManager().setVid(q("panel"));
         embedManager().setScene(q("page"));
         setMode(q("embed"));

@@ -45,14 +45,6 @@ private Q_SLOTS:
         QVERIFY(process.readAllStandardError().isEmpty());
     }
 
-    void helpNamesTheIds()
-    {
-        QProcess process;
-        process.start(program, {q("--help")});
-        QVERIFY(waitFor([&process] { return process.state() == QProcess::NotRunning; }));
-        QVERIFY(process.readAllStandardOutput().contains("test-character, test-denied"));
-    }
-
     void refusesBadCommandLines()
     {
         for (const char *arguments : {"--fast", "--port=-1", "--tls a.crt", "--tls none.crt none.key"}) {
