@@ -155,14 +155,12 @@ private Q_SLOTS:
         row("no window", "embed", "window destroy, start, picture, stroke, wait 1600",
             "ready, (main-token), passed main-token");
         row("no widget", "invisible", "window foreign, start, picture, place", "popup, alone");
-        row("no widget, closes while asked", "invisible",
-            "window foreign, hold config 50, start, window close, wait 100", "closed WindowGone");
-        row("no widget, closes under the popup", "invisible",
-            "window foreign, start, picture, window close, wait 1", "popup, closed WindowGone");
-        row("no widget, destroyed while asked", "invisible",
-            "window foreign, hold config 50, start, window destroy, wait 100", "closed WindowGone");
-        row("no widget, destroyed under the popup", "invisible",
-            "window foreign, start, picture, window destroy, wait 1", "popup, closed WindowGone");
+        for (const QByteArray end : {"window close, wait 100", "window destroy, wait 100"}) {
+            row("no widget, while asked, " + end, "invisible",
+                "window foreign, hold config 50, start, " + end, "closed WindowGone");
+            row("no widget, under the popup, " + end, "invisible", "window foreign, start, picture, " + end,
+                "popup, closed WindowGone");
+        }
     }
     void clumsyHosts() { converse(); }
 

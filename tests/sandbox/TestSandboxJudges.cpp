@@ -59,8 +59,8 @@ private Q_SLOTS:
 
     void comparesTimes()
     {
-        // The digits of a number have the weights 8000, 20 and 1; k is 0 and z is 19. Multiples of 400 are not
-        // sent: 380 ms, then 60 ms, which can only be 460 ms.
+        // The digits of a number have the weights 8000, 20 and 1; k is 0 and z is 19. Multiples of 400 are
+        // not sent: 380 ms, then 60 ms, which can only be 460 ms.
         const auto trace = SandboxTrace::decode(q("k").repeated(60) + q("kkkkzk") + q("ksk").repeated(8));
         for (const char *drawtime : {"460", "860", "7660"})
             QVERIFY2(trace->agreesWithDrawtime(q(drawtime)), drawtime);
