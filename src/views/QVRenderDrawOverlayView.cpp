@@ -80,14 +80,14 @@ QRect QVRenderDrawOverlayView::retryFrame() const
 void QVRenderDrawOverlayView::setCoveredHeight(int height)
 {
     m_layout.make(m_overlayLabel,
-                    [this, height](QVConstraintMaker &make) { make.bottom().equalTo(this).offset(-height); });
+                  [this, height](QVConstraintMaker &make) { make.bottom().equalTo(this).offset(-height); });
 }
 
 void QVRenderDrawOverlayView::setAcceptsTouches(bool accepts)
 {
     m_acceptsTouches = accepts;
     m_layout.make(m_overlayLabel,
-                    [this](QVConstraintMaker &make) { make.right().equalTo(this).offset(-rightInset()); });
+                  [this](QVConstraintMaker &make) { make.right().equalTo(this).offset(-rightInset()); });
     updateInput();
 }
 

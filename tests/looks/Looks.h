@@ -58,6 +58,7 @@ inline constexpr Look looks[] = {
     {"popup-contrast", {320, 480}, "contrast, button, tap, rest 2000"},
     {"popup-phone", {320, 480}, "language zh-Hant, button, tap, rest 2000"},
     {"popup-phone-outage", {320, 480}, "outage, button, tap, rest 2000"},
+    {"popup-begun", {640, 480}, "button, tap, rest 0"},
     {"popup-unfolding", {640, 480}, "button, tap, rest 125"},
     {"popup-stroke", {320, 480}, "button, tap, rest 1000, draw"},
     {"popup-stroke-2x", {320, 480}, "button, ratio 2, tap, rest 1000, draw"},

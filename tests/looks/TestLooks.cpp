@@ -236,7 +236,8 @@ private:
     void showPanel()
     {
         service().extend(config, {{q("guide"), true}});
-        service().extend(q("get"), {{q("adlinkword"), q("An\noffer")}, {q("adlink"), q("https://x.example")}});
+        service().extend(q("get"),
+                         {{q("adlinkword"), q("An\noffer")}, {q("adlink"), q("https://x.example")}});
         m_panel = std::make_unique<QVEmbedManager>();
         if (m_offersAlternative)
             connect(m_panel.get(), &QVEmbedManager::alternativeRequested, this, [] {});

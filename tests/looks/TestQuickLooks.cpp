@@ -41,8 +41,8 @@ private Q_SLOTS:
     {
         const auto row = addColumns<QSize, QString>({"size", "steps"});
         static const QRegularExpression otherwise(q("ratio|dots|busy|turning|opening"));
-        static const QSet<QString> others{q("panel-hovered"), q("popup-unfolding"), q("strip-edited"),
-                                          q("strip-done-focused")};
+        static const QSet<QString> others{q("panel-hovered"), q("popup-begun"), q("popup-unfolding"),
+                                          q("strip-edited"), q("strip-done-focused")};
         for (const Look &look : looks) {
             if (!q(look.steps).contains(otherwise) && !others.contains(q(look.name)))
                 row(look.name, look.size, q(look.steps));
@@ -146,7 +146,8 @@ private:
     void showPanel()
     {
         go(q("guide"));
-        service().extend(q("get"), {{q("adlinkword"), q("An\u2029offer")}, {q("adlink"), q("https://x.example")}});
+        service().extend(q("get"),
+                         {{q("adlinkword"), q("An\u2029offer")}, {q("adlink"), q("https://x.example")}});
         place(q("panel"), {{}, window().size()});
         QVERIFY(waitForPicture());
         rest(300);

@@ -60,6 +60,10 @@ private Q_SLOTS:
         settings().setProperty("accent", accent);
         QCOMPARE(item(q("stroke"))->property("color").value<QColor>(), accent);
         settings().setProperty("accent", QColor());
+        for (const int presentation : {1, 0}) {
+            settings().setProperty("popupPresentation", presentation);
+            QCOMPARE(settings().property("popupPresentation").toInt(), presentation);
+        }
     }
 
     void anotherWayIsOffered()
