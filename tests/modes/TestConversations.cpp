@@ -4,6 +4,8 @@
 #include "support/QVPointerInput.h"
 #include "views/QVSpokenMessage.h"
 
+#include <QShortcut>
+
 using namespace std::chrono_literals;
 using Conversations::addTable;
 using Conversations::row;
@@ -67,8 +69,8 @@ private Q_SLOTS:
             "embedded, keys Right*15, mark -> 19 11.5 Pen up, keys Shift+Up*15, mark -> 19 7.75 Pen up, "
             "keys Ctrl+Right, mark -> 19 7.75 Pen up, keys Left*60 Up*60, mark -> 0 0 Pen up, aslant, "
             "mark -> 2 2 Pen up");
-        row("by keys, disabled",
-            "embedded, keys Space Right*15, enabled no, enabled, keys Right, mark -> 20 11.5 Pen up");
+        row("by keys, disabled", "embedded, shortcut, keys Space Right*15, enabled no, enabled, keys Right, "
+                                 "mark -> 20 11.5 Pen up");
         row("no pen without a picture",
             "hold switch 100, start -> switch, tab, wait 100 -> config get ready, tab -> pen, "
             "reset -> switch, tab -> picture, wait 100 -> config get ready, tab -> pen");
@@ -224,6 +226,7 @@ private:
             if (image().hasFocus())
                 addReport(frameOf(q("keyPen")).isEmpty() ? picture : q("pen"));
         });
+        addStep("shortcut", [this](auto) { new QShortcut(Qt::Key_Space, &host(), [] { QFAIL("taken"); }); });
         addStep("escape-key", [this](auto) {
             QKeyEvent event(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
             QCoreApplication::sendEvent(&image(), &event);

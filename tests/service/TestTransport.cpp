@@ -98,7 +98,7 @@ private Q_SLOTS:
             row(qPrintable(q("status %1").arg(status)),
                 QVScript::answer(goodBody, status,
                                  "WWW-Authenticate: Basic realm=\"x\"\r\nCache-Control: max-age=999\r\n"
-                                 "Proxy-Authenticate: Basic realm=\"x\"\r\nSet-Cookie: id=7\r\n"),
+                                 "Proxy-Authenticate: Basic realm=\"x\"\r\nSet-Cookie: id=8\r\n"),
                 qint64(0), QString(), false);
         const QByteArray longest = QByteArray(goodBody).leftJustified(answerLimit, ' ');
         good("longest", longest);
@@ -141,6 +141,7 @@ private Q_SLOTS:
             QVERIFY(manager || server().requests().size() == (isCircle ? 6 : 1));
         }
         QCOMPARE(cache->cacheSize(), 0);
+        QCOMPARE(hosts.cookieJar()->cookiesForUrl(QUrl(server().address())).value(0).value(), "7");
     }
 
     void usesAConnectionAgain()
