@@ -47,5 +47,6 @@ void QVLayoutItems::describeBranch(QVLayoutSolver &solver, QWidget *container, Q
         return;
     QWidget *parent = widget->parentWidget();
     describeBranch(solver, container, parent);
-    solver.addItem(id, find(parent), QRectF(widget->geometry()), QSizeF(widget->sizeHint()));
+    solver.addItem(id, find(parent), QRectF(widget->geometry()),
+                   [widget] { return QSizeF(widget->sizeHint()); });
 }

@@ -121,10 +121,13 @@ private:
         const bool horizontal = qv_isHorizontal(attribute);
         if (!qv_isLength(attribute))
             return origin(known.parent, horizontal) + (horizontal ? known.frame.x() : known.frame.y());
-        const double intrinsic = lengthOf(known.intrinsicSize, horizontal);
+        const double length = lengthOf(known.frame.size(), horizontal);
         const bool isConstrained =
             std::ranges::any_of(m_constraints, [&](const Constraint &each) { return each.item == item; });
-        return isConstrained && intrinsic >= 0 ? intrinsic : lengthOf(known.frame.size(), horizontal);
+        if (!isConstrained || !known.intrinsicSize)
+            return length;
+        const double intrinsic = lengthOf(known.intrinsicSize(), horizontal);
+        return intrinsic >= 0 ? intrinsic : length;
     }
 
     double constraintValue(const Constraint &constraint)
@@ -170,13 +173,14 @@ private:
 QVLayoutSolver::QVLayoutSolver(ItemId container, QSizeF size)
     : m_container(container)
 {
-    m_items.emplace(container, Item{0, QRectF(QPointF(), size), QSizeF(-1, -1)});
+    m_items.emplace(container, Item{0, QRectF(QPointF(), size), {}});
 }
 
-void QVLayoutSolver::addItem(ItemId item, ItemId parent, const QRectF &frame, QSizeF intrinsicSize)
+void QVLayoutSolver::addItem(ItemId item, ItemId parent, const QRectF &frame,
+                             std::function<QSizeF()> intrinsicSize)
 {
     if (item != 0 && contains(parent))
-        m_items.emplace(item, Item{parent, frame, intrinsicSize});
+        m_items.emplace(item, Item{parent, frame, std::move(intrinsicSize)});
 }
 
 std::map<QVLayoutSolver::ItemId, QRectF> QVLayoutSolver::solve(std::vector<Constraint> constraints) const

@@ -4,6 +4,7 @@
 
 #include <QRectF>
 
+#include <functional>
 #include <map>
 #include <vector>
 
@@ -21,8 +22,9 @@ public:
     QVLayoutSolver(ItemId container, QSizeF size);
 
     /// Adds an item below \a parent, which must have been added before. \a frame is in the parent's
-    /// coordinates. If a side of \a intrinsicSize is negative, that of \a frame is used.
-    void addItem(ItemId item, ItemId parent, const QRectF &frame, QSizeF intrinsicSize = QSizeF(-1, -1));
+    /// coordinates. \a intrinsicSize is called only if constraints leave a length open, since measuring a
+    /// text takes long. If a side of it is negative, that of \a frame is used.
+    void addItem(ItemId item, ItemId parent, const QRectF &frame, std::function<QSizeF()> intrinsicSize);
     [[nodiscard]] bool contains(ItemId item) const { return m_items.contains(item); }
 
     /// The frames that \a constraints give, in the container's coordinates and not rounded. The constraints
@@ -36,7 +38,7 @@ private:
     {
         ItemId parent = 0;
         QRectF frame;
-        QSizeF intrinsicSize;
+        std::function<QSizeF()> intrinsicSize;
     };
 
     std::map<ItemId, Item> m_items;
