@@ -8,31 +8,40 @@ SECTIONS = ("start", "panel", "click", "stroke", "stalls", "frames", "idle", "me
 HALF_A_FRAME = 8  # ms
 
 
-class Desktop(contextlib.ExitStack):
-    """The sandbox, a private session bus with a key chain, and a screen, until the end of the block."""
+class Desktop:
+    """The sandbox, a private session bus with a key chain, and a screen, until `until` ends."""
 
-    def __enter__(self):
-        home = self.enter_context(tempfile.TemporaryDirectory())
+    def __init__(self, until):
+        self.until = until
+        home = until.enter_context(tempfile.TemporaryDirectory())
         folders = ("HOME", "XDG_RUNTIME_DIR", "XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME")
         self.plain = os.environ | dict.fromkeys(folders, home) | {"QT_QPA_PLATFORM": "offscreen"}
         self.plain.pop("DBUS_SESSION_BUS_ADDRESS", None)
-        self.addresses = self.start(self.plain, BUILD / "sandbox/quarvo-sandbox").stdout.readline().strip()
-        bus = self.start(self.plain, "dbus-daemon", "--session", "--nofork", "--print-address", f"--address=unix:dir={home}")
-        self.keys = self.plain | {"DBUS_SESSION_BUS_ADDRESS": bus.stdout.readline().strip()}
+        self.addresses = self.first_line_of(BUILD / "sandbox/quarvo-sandbox")
+        bus = self.first_line_of("dbus-daemon", "--session", "--nofork", "--print-address",
+                                 f"--address=unix:dir={home}")
+        self.keys = self.plain | {"DBUS_SESSION_BUS_ADDRESS": bus}
         # It prints the number of its display once it is ready.
-        xvfb = self.start(self.plain, "Xvfb", "-displayfd", "1", "-screen", "0", "1280x1024x24")
-        self.screen = self.keys | {"QT_QPA_PLATFORM": "xcb", "DISPLAY": ":" + xvfb.stdout.readline().strip()}
+        display = self.first_line_of("Xvfb", "-displayfd", "1", "-screen", "0", "1280x1024x24")
+        self.screen = self.keys | {"QT_QPA_PLATFORM": "xcb", "DISPLAY": f":{display}"}
         self.keyring = self.start(self.keys, "gnome-keyring-daemon", "--foreground", "--components=secrets", "--unlock")
         self.keyring.stdin.write("bench")
         self.keyring.stdin.close()
         self.wait_for("org.freedesktop.secrets")
-        return self
 
     def start(self, environment, *command):
-        process = subprocess.Popen(command, env=environment, stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
-        self.callback(process.wait)
-        self.callback(process.terminate)
+        try:
+            process = subprocess.Popen(command, env=environment, text=True,
+                                       stdin=subprocess.PIPE, stdout=subprocess.PIPE)
+        except OSError as error:
+            sys.exit(f"bench: cannot start {command[0]}: {error.strerror}")
+        self.until.callback(process.wait)
+        self.until.callback(process.terminate)
         return process
+
+    def first_line_of(self, *command):
+        line = self.start(self.plain, *command).stdout.readline().strip()
+        return line or sys.exit(f"bench: {command[0]} did not start")
 
     def wait_for(self, service):
         asks = ["dbus-send", "--session", "--print-reply", "--dest=org.freedesktop.DBus", "/",
@@ -54,10 +63,12 @@ class Desktop(contextlib.ExitStack):
 
 def run(environment, program, *arguments):
     """The figures that a program prints as one line of JSON."""
-    done = subprocess.run([BUILD / "bench" / f"quarvo-bench-{program}", *arguments], env=environment, stdout=subprocess.PIPE, timeout=180)
-    if done.returncode or not done.stdout:
-        sys.exit(f"bench: {program} {arguments[0]} did not run")
-    return json.loads(done.stdout)
+    path = BUILD / "bench" / f"quarvo-bench-{program}"
+    try:
+        done = subprocess.run([path, *arguments], env=environment, stdout=subprocess.PIPE, timeout=180, check=True)
+        return json.loads(done.stdout)
+    except (OSError, subprocess.SubprocessError, ValueError) as error:
+        sys.exit(f"bench: {path} {arguments[0]} did not run: {error}")
 
 
 def medians(runs):
@@ -92,10 +103,12 @@ class Bench:
     def panel(self):
         for name, environment in (("without", self.desktop.plain), ("with", self.desktop.keys)):
             ours, bare = self.both(environment, "panel", "panel", 21)
-            tell(f"panel: from main to its picture, {name} key chain", "ms", ours["painted"], bare["painted"], bare["painted"] * 1.25)
+            tell(f"panel: from main to its picture, {name} key chain", "ms", ours["painted"], bare["painted"],
+                 bare["painted"] * 1.25)
 
     def click(self):
-        for mode, what in (("click", "click: from release to the passed look"), ("invisible", "invisible: from start to token")):
+        modes = {"click": "click: from release to the passed look", "invisible": "invisible: from start to token"}
+        for mode, what in modes.items():
             ours, bare = self.both(self.desktop.keys, mode, "click", 15)
             for figure, which in (("first", "first of a process"), ("again", "any later one")):
                 tell(f"{what}, {which}", "ms", ours[figure], bare[figure], bare[figure] + 3)
@@ -104,16 +117,19 @@ class Bench:
         for ratio in (1, 2, 3):
             ours, bare = self.both(self.desktop.plain | {"QT_SCALE_FACTOR": str(ratio)}, "stroke", "stroke", 3)
             for figure in ("move10", "move500"):
-                tell(f"stroke: {figure} with its repaint, at {ratio}x", "us", ours[figure], bare[figure], 2 * bare[figure])
+                tell(f"stroke: {figure} with its repaint, at {ratio}x", "us", ours[figure], bare[figure],
+                     2 * bare[figure])
 
     def stalls(self):
-        slow_files = {"LD_PRELOAD": str(BUILD / "bench/libbench_slow_files.so")}
+        keys = self.desktop.keys
+        sharp = keys | {"QT_SCALE_FACTOR": "3"}
+        slow = keys | {"LD_PRELOAD": str(BUILD / "bench/libbench_slow_files.so")}
         self.stalls_of("solve-popup", "click, popup, draw, pass (X11)", self.desktop.screen, HALF_A_FRAME)
-        self.stalls_of("solve-popup", "click, popup, draw, pass (offscreen)", self.desktop.keys, HALF_A_FRAME)
-        self.stalls_of("solve-panel", "panel, draw, pass at 3x", self.desktop.keys | {"QT_SCALE_FACTOR": "3"}, HALF_A_FRAME / 2)
-        self.stalls_of("solve-panel", "panel, home folder of 10 ms a file call", self.desktop.keys | slow_files, HALF_A_FRAME)
+        self.stalls_of("solve-popup", "click, popup, draw, pass (offscreen)", keys, HALF_A_FRAME)
+        self.stalls_of("solve-panel", "panel, draw, pass at 3x", sharp, HALF_A_FRAME / 2)
+        self.stalls_of("solve-panel", "panel, home folder of 10 ms a file call", slow, HALF_A_FRAME)
         with self.desktop.hanging_keyring():
-            self.stalls_of("solve-panel", "panel, key chain that hangs", self.desktop.keys, HALF_A_FRAME)
+            self.stalls_of("solve-panel", "panel, key chain that hangs", keys, HALF_A_FRAME)
 
     def stalls_of(self, mode, what, environment, at_most):
         told = self.ours(environment, mode, 5)
@@ -122,11 +138,11 @@ class Bench:
 
     def frames(self):
         # Keeps one core busy.
-        load = subprocess.Popen([sys.executable, "-c", "while True: pass"])
+        load = self.desktop.start(self.desktop.plain, sys.executable, "-c", "while True: pass")
         for what in ("panel", "button", "badge"):
             told = self.ours(self.desktop.plain, f"frames-{what}", 3)
             tell(f"frames that are late, one core busy: waiting {what}", "%", told["late"], at_most=5)
-        load.kill()
+        load.terminate()
         load.wait()
 
     def idle(self):
@@ -138,7 +154,8 @@ class Bench:
     def memory(self):
         for mode, allowance in (("panel", 6), ("click", 3)):
             ours, bare = self.both(self.desktop.keys, mode, "button", 5)
-            tell(f"memory: a host with a {mode}, beside one with a push button", "MiB", ours["pss"], bare["pss"], bare["pss"] + allowance)
+            tell(f"memory: a host with a {mode}, beside one with a push button", "MiB", ours["pss"], bare["pss"],
+                 bare["pss"] + allowance)
         minutes = "10" if self.is_short else "90"
         for how in ("visible", "hidden"):
             told = run(self.desktop.plain, "hours", how, self.desktop.addresses, minutes)
@@ -150,7 +167,8 @@ class Bench:
                                ("src/libQuarvoCore.so", "src/libQuarvo.so", "bench/libbench_empty.so"))
         tell("size: both libraries, stripped, artwork included", "KiB", core + widgets, bare, 800)
         tell("size: of it the core", "KiB", core)
-        tell("size: module for the key chain, loaded at first use", "KiB", sum(map(stripped_kib, (BUILD / "src/quarvo").iterdir())))
+        module = sum(map(stripped_kib, (BUILD / "src/quarvo").iterdir()))
+        tell("size: module for the key chain, loaded at first use", "KiB", module)
 
 
 def stripped_kib(library):
@@ -176,9 +194,11 @@ def main():
     parser.add_argument("--short", action="store_true", help="only prove that everything runs")
     parser.add_argument("--only", choices=SECTIONS, help="measure only this")
     chosen = parser.parse_args()
-    # A killed benchmark ends its daemons, too.
-    signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))
-    with Desktop() as desktop:
+    # An interrupted benchmark ends its daemons, too.
+    for interruption in (signal.SIGINT, signal.SIGTERM):
+        signal.signal(interruption, lambda *_: sys.exit(1))
+    with contextlib.ExitStack() as until:
+        desktop = Desktop(until)
         note = " A short run: proves only that it runs." if chosen.short else ""
         print(f"{os.cpu_count()} cores; load average {os.getloadavg()[0]:.1f} at the start.{note}\n")
         print("| what | ours | bare toolkit | to reach | met |\n| --- | --- | --- | --- | --- |")

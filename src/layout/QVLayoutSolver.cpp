@@ -4,6 +4,7 @@
 #include <array>
 #include <optional>
 #include <set>
+#include <utility>
 
 using Attribute = QVLayoutAttribute;
 using Constraint = QVLayoutConstraint;
