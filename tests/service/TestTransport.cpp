@@ -98,7 +98,7 @@ private Q_SLOTS:
             row(qPrintable(q("status %1").arg(status)),
                 QVScript::answer(goodBody, status,
                                  "WWW-Authenticate: Basic realm=\"x\"\r\nCache-Control: max-age=999\r\n"
-                                 "Proxy-Authenticate: Basic realm=\"x\"\r\nSet-Cookie: id=8\r\n"),
+                                 "Proxy-Authenticate: Basic realm=\"x\"\r\nSet-Cookie: id=8; Path=/\r\n"),
                 qint64(0), QString(), false);
         const QByteArray longest = QByteArray(goodBody).leftJustified(answerLimit, ' ');
         good("longest", longest);
