@@ -31,8 +31,12 @@ QVManagerExchange::QVManagerExchange(QNetworkAccessManager &manager, const QNetw
     m_request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
     m_request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
     // The first TLS configuration of a process makes Qt load its TLS plugin, which http does not need.
-    if (request.url().scheme() == QLatin1String("https"))
-        m_request.setSslConfiguration(qv_verifyingTls());
+    if (request.url().scheme() != QLatin1String("https"))
+        return;
+    m_request.setSslConfiguration(qv_verifyingTls());
+    // Qt keeps connections by this name, too. Without it, Qt would use one that the host has made without
+    // verification.
+    m_request.setPeerVerifyName(request.url().host());
 }
 
 QVManagerExchange::~QVManagerExchange()
