@@ -8,6 +8,7 @@
 #include "views/QVAccessibleRole.h"
 #include "views/QVFocusRing.h"
 #include "views/QVLabel.h"
+#include "views/QVRenderDrawImageView.h"
 #include "views/QVRenderDrawOverlayView.h"
 
 #include <QKeyEvent>
@@ -23,7 +24,7 @@ constexpr QSize hintPadding(20, 12);
 
 } // namespace
 
-QVKeyPen::QVKeyPen(QWidget *view, QWidget *picture, QVPanGestureRecognizer &recognizer)
+QVKeyPen::QVKeyPen(QWidget *view, QVRenderDrawImageView *picture, QVPanGestureRecognizer &recognizer)
     : QWidget(view)
     , m_picture(picture)
     , m_steering(recognizer)
@@ -104,8 +105,9 @@ void QVKeyPen::placeHint()
     constexpr int margin = QVDrawGeometry::penHintMargin;
     QRect box(QPoint(), m_hint->sizeFor(picture.width() - 2 * margin));
     box.moveCenter(picture.center());
-    box.moveBottom(picture.bottom() - QVRenderDrawOverlayView::defaultHeight() - margin);
-    m_hint->setGeometry(box);
+    box.moveBottom(picture.bottom() - m_picture->promptOverlayView()->heightFor(picture.width()) - margin);
+    // A text that is too high for the picture becomes smaller.
+    m_hint->setGeometry(box.intersected(picture));
 }
 
 bool QVKeyPen::eventFilter(QObject * /*watched*/, QEvent *event)
@@ -131,6 +133,8 @@ bool QVKeyPen::eventFilter(QObject * /*watched*/, QEvent *event)
         return false;
     case QEvent::Resize:
     case QEvent::Move:
+        if (m_hint->isVisible())
+            placeHint();
         refresh();
         return false;
     default:

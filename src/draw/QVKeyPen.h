@@ -5,6 +5,7 @@
 #include <QWidget>
 
 class QVLabel;
+class QVRenderDrawImageView;
 
 /// The mark at the position of the pen, which the keyboard moves while the picture has the focus.
 class QVKeyPen final : public QWidget
@@ -13,7 +14,7 @@ class QVKeyPen final : public QWidget
 
 public:
     /// \a picture is inside \a view, and \a recognizer receives the strokes. All three must outlive this.
-    QVKeyPen(QWidget *view, QWidget *picture, QVPanGestureRecognizer &recognizer);
+    QVKeyPen(QWidget *view, QVRenderDrawImageView *picture, QVPanGestureRecognizer &recognizer);
 
     /// Sets whether there is a picture to draw on.
     void setReady(bool ready);
@@ -32,7 +33,7 @@ private:
     void placeHint();
     bool pressKey(const QKeyEvent &event);
 
-    QWidget *m_picture;
+    QVRenderDrawImageView *m_picture;
     QVPenSteering m_steering;
     /// Shows the keys until one of them is used.
     QVLabel *m_hint;

@@ -228,3 +228,10 @@ void QVRenderDrawImageView::resizeEvent(QResizeEvent *event)
     for (auto *bar : {m_promptOverlayView, m_errorOverlayView, m_successOverlayView})
         placeBar(bar);
 }
+
+void QVRenderDrawImageView::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        translate();
+}

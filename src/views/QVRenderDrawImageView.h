@@ -55,6 +55,7 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
+    void changeEvent(QEvent *event) override;
 
 private:
     QVRenderDrawOverlayView *addBar(const QString &name, const QColor &background, QVColors::Source text);

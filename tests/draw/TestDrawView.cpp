@@ -90,6 +90,23 @@ private Q_SLOTS:
         QVERIFY(part("adButton")->accessibleName().size() < 500);
     }
 
+    void theHintForKeysFollowsThePictureAndTheFont()
+    {
+        show(q("embed"));
+        host().setAttribute(Qt::WA_KeyboardFocusChange);
+        part("imageView")->setFocus(Qt::TabFocusReason);
+        const QFont usual = QApplication::font();
+        for (const int times : {1, 2}) {
+            QFont font = usual;
+            font.setPointSizeF(usual.pointSizeF() * times);
+            QApplication::setFont(font);
+            resize(QSize(240, 200) * times);
+            const int bar = part("promptOverlayView")->height();
+            QVERIFY(frameOf(picture).adjusted(0, 0, 0, -bar).contains(frameOf(q("penHint"))));
+        }
+        QApplication::setFont(usual);
+    }
+
     void looksTheSameFromRightToLeft()
     {
         offer(q("get"), q("Word (of Ad)!"), q("https://ad.example"));

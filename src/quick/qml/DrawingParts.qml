@@ -244,7 +244,7 @@ QuarvoSurface {
     }
     KeyPen {
         anchors.fill: parent
-        barHeight: promptBar.usualHeight
+        barHeight: promptBar.height
         picture: picture
         pictureArea: Qt.rect(content.x, content.y, ground.width, ground.height)
         surface: root

@@ -19,7 +19,8 @@ Item {
 
     Rectangle {
         color: QuarvoLook.badge
-        height: hint.height + 12
+        // A text that is too high for the picture becomes smaller.
+        height: Math.min(hint.implicitHeight + 12, root.pictureArea.height - root.barHeight - QuarvoMeasure.PenHintMargin)
         objectName: "penHint"
         visible: root.isSteered && !root.surface.isPenUsed
         width: hint.width + 20
@@ -30,6 +31,7 @@ Item {
             id: hint
 
             anchors.centerIn: parent
+            height: parent.height - 12
             mostLines: 4
             pixelSize: 13
             text: QuarvoLook.text("accessiblePen", QuarvoLook.language)
