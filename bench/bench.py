@@ -207,7 +207,7 @@ def main():
     parser.add_argument("--only", choices=SECTIONS, help="measure only this")
     chosen = parser.parse_args()
     # An interrupted benchmark ends its daemons, too.
-    for interruption in (signal.SIGINT, signal.SIGTERM):
+    for interruption in (signal.SIGHUP, signal.SIGINT, signal.SIGTERM):
         signal.signal(interruption, lambda *_: sys.exit(1))
     with contextlib.ExitStack() as until:
         desktop = Desktop(until)
