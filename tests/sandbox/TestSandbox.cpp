@@ -40,9 +40,7 @@ private Q_SLOTS:
         row("outage",
             "outage -> 0103, picture -> 800x460, few cells -> 0104, cells -> 0103, token -> outage, "
             "cells -> 1002, sing -> 400");
-        row("outage switch", "switch -> off, turn, switch -> on");
         row("test-pass", "config test-pass -> 0103, click -> 0103, token -> click");
-        row("test-draw", "config test-draw -> 0103, click -> 0104, draw -> 0103");
         row("test-wrong", "config test-wrong -> 0103, get -> 0103, draw -> 0104");
         row("test-guide", "config test-guide -> 0103 guide");
         row("test-ad", "config test-ad -> 0103, get -> 0103 adlink, click -> 0104 adlink");
@@ -136,8 +134,6 @@ private:
     {
         if (verb == q("wait"))
             m_now += milliseconds(more.toInt());
-        else if (verb == q("turn"))
-            m_sandbox->setOutageActive(true);
         else if (verb == q("be"))
             m_id = more;
         else
@@ -159,7 +155,6 @@ private:
         const QString stroke = main(q("verify")) + q("&v=") + trace.getRenderSource_v() + q("&drawtime=");
         const QString outage = q("/outage?action=verify&challenge=%1&v=").arg(m_challenge);
         const QMap<QString, QString> paths{
-            {q("switch"), q("/config")},
             {q("config"), q("/app/config/v1?type=popup&scene=1&deviceid=d&id=") + more},
             {q("draw"), stroke + trace.getRender_drawtime()},
             {q("straight"), stroke + trace.getRender_drawtime()},
@@ -192,8 +187,6 @@ private:
             m_picture = m_sandbox->addresses().cdn + u'/' + answer[q("img")].toString();
         if (answer.contains(q("imgid")))
             m_picture = m_sandbox->addresses().imageHost + u'/' + answer[q("imgid")].toString() + q(".jpg");
-        if (answer.contains(q("active")))
-            return answer[q("active")].toBool() ? q("on") : q("off");
         const QString code = answer[q("code")].toString(QString::number(reply.status));
         return code + (answer[q("guide")].toBool() ? q(" guide") : QString()) +
                (answer.contains(q("adlink")) ? q(" adlink") : QString());

@@ -38,6 +38,12 @@ public:
     {
         answers.append(charString);
     }
+    // As a dialog's default button, which Return would press.
+    void keyPressEvent(QKeyEvent *event) override
+    {
+        if (event->key() == Qt::Key_Return)
+            answers.append(q("pressed"));
+    }
 
     QVRenderDrawImageView *const picture = new QVRenderDrawImageView(this);
     QVCharVerifyInputView *const strip = new QVCharVerifyInputView(this);
