@@ -133,6 +133,7 @@ bool QVKeyPen::eventFilter(QObject * /*watched*/, QEvent *event)
         return false;
     case QEvent::Resize:
     case QEvent::Move:
+    case QEvent::FontChange:
         if (m_hint->isVisible())
             placeHint();
         refresh();
