@@ -127,7 +127,10 @@ private:
             std::ranges::any_of(m_constraints, [&](const Constraint &each) { return each.item == item; });
         if (!isConstrained || !known.intrinsicSize)
             return length;
-        const double intrinsic = lengthOf(known.intrinsicSize(), horizontal);
+        const auto [measured, isNew] = m_measured.try_emplace(item);
+        if (isNew)
+            measured->second = known.intrinsicSize();
+        const double intrinsic = lengthOf(measured->second, horizontal);
         return intrinsic >= 0 ? intrinsic : length;
     }
 
@@ -167,6 +170,7 @@ private:
     const QVLayoutSolver &m_solver;
     const std::vector<Constraint> &m_constraints;
     std::map<Key, double> m_values;
+    std::map<ItemId, QSizeF> m_measured;
     std::set<Key> m_open;
     std::optional<Constraint> m_cycle;
 };
