@@ -91,14 +91,15 @@ class Bench:
         pairs = [(run(environment, "host", our_mode, self.desktop.addresses),
                   run(environment, "bare", bare_mode, self.desktop.addresses))
                  for _ in range(self.rounds(count + 1))]
-        ours, bare = zip(*pairs[min(1, len(pairs) - 1):])
+        ours, bare = zip(*(pairs[1:] or pairs))
         return medians(ours), medians(bare)
 
     def start(self):
         runs = [{library: run(self.desktop.plain, f"load-{library}", str(time.monotonic() * 1000))["load"]
                  for library in ("Quarvo", "bench_empty")} for _ in range(self.rounds(41))]
-        bare = medians(runs)["bench_empty"]
-        tell("start: a program linked with the library, up to main", "ms", medians(runs)["Quarvo"], bare, bare + 3)
+        told = medians(runs)
+        tell("start: a program linked with the library, up to main", "ms", told["Quarvo"], told["bench_empty"],
+             told["bench_empty"] + 3)
 
     def panel(self):
         for name, environment in (("without", self.desktop.plain), ("with", self.desktop.keys)):

@@ -23,7 +23,7 @@ inline constexpr int closeButtonRoom = 40;
 inline constexpr int controlSide = 30;
 /// On the narrowest picture, 200 points, it leaves these buttons their places.
 inline constexpr int widestBadge = 135;
-/// Around what the keyboard's pen tells, which lies above the bars.
+/// Between the hint for the keyboard and the edges of the picture, or a bar below the hint.
 inline constexpr int penHintMargin = 6;
 /// The button for another way, below the content.
 inline constexpr int alternativeHeight = 30;

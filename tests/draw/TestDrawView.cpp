@@ -96,6 +96,7 @@ private Q_SLOTS:
         host().setAttribute(Qt::WA_KeyboardFocusChange);
         part("imageView")->setFocus(Qt::TabFocusReason);
         const QFont usual = QApplication::font();
+        const auto restore = qScopeGuard([usual] { QApplication::setFont(usual); });
         for (const int times : {1, 2}) {
             QFont font = usual;
             font.setPointSizeF(usual.pointSizeF() * times);
@@ -104,7 +105,6 @@ private Q_SLOTS:
             const int bar = part("promptOverlayView")->height();
             QVERIFY(frameOf(picture).adjusted(0, 0, 0, -bar).contains(frameOf(q("penHint"))));
         }
-        QApplication::setFont(usual);
     }
 
     void looksTheSameFromRightToLeft()

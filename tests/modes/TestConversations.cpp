@@ -157,11 +157,11 @@ private Q_SLOTS:
         row("no window", "embed", "window destroy, start, picture, stroke, wait 1600",
             "ready, (main-token), passed main-token");
         row("no widget", "invisible", "window foreign, start, picture, place", "popup, alone");
-        for (const QByteArray end : {"window close, wait 100", "window destroy, wait 100"}) {
+        for (const QByteArray end : {"window close, wait ", "window destroy, wait "}) {
             row("no widget, while asked, " + end, "invisible",
-                "window foreign, hold config 50, start, " + end, "closed WindowGone");
-            row("no widget, under the popup, " + end, "invisible", "window foreign, start, picture, " + end,
-                "popup, closed WindowGone");
+                "window foreign, hold config 50, start, " + end + "100", "closed WindowGone");
+            row("no widget, under the popup, " + end, "invisible",
+                "window foreign, start, picture, " + end + '1', "popup, closed WindowGone");
         }
     }
     void clumsyHosts() { converse(); }
