@@ -17,7 +17,7 @@ class Desktop:
         folders = ("HOME", "XDG_RUNTIME_DIR", "XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME")
         self.plain = os.environ | dict.fromkeys(folders, home) | {"QT_QPA_PLATFORM": "offscreen"}
         self.plain.pop("DBUS_SESSION_BUS_ADDRESS", None)
-        self.addresses = self.first_line_of(BUILD / "sandbox/quarvo-sandbox")
+        self.service = json.loads(self.first_line_of(BUILD / "sandbox/quarvo-sandbox"))["apiHost"]
         bus = self.first_line_of("dbus-daemon", "--session", "--nofork", "--print-address",
                                  f"--address=unix:dir={home}")
         self.keys = self.plain | {"DBUS_SESSION_BUS_ADDRESS": bus}
@@ -61,14 +61,29 @@ class Desktop:
             self.keyring.send_signal(signal.SIGCONT)
 
 
+@contextlib.contextmanager
+def started(environment, program, *arguments):
+    """A program that prints figures as lines of JSON, and waits to be ended."""
+    command = [BUILD / f"bench/quarvo-bench-{program}", *arguments]
+    with subprocess.Popen(command, env=environment, text=True, stdout=subprocess.PIPE) as process:
+        try:
+            yield process
+        finally:
+            process.terminate()
+
+
+def figures(process):
+    line = process.stdout.readline()
+    if not line:
+        sys.exit(f"bench: {' '.join(map(str, process.args))} did not run")
+    # The median of a figure that has several values is taken here.
+    return {name: statistics.median(value) if isinstance(value, list) else value
+            for name, value in json.loads(line).items()} | {"pss": pss_mib(process.pid)}
+
+
 def run(environment, program, *arguments):
-    """The figures that a program prints as one line of JSON."""
-    path = BUILD / "bench" / f"quarvo-bench-{program}"
-    try:
-        done = subprocess.run([path, *arguments], env=environment, stdout=subprocess.PIPE, timeout=180, check=True)
-        return json.loads(done.stdout)
-    except (OSError, subprocess.SubprocessError, ValueError) as error:
-        sys.exit(f"bench: {path} {arguments[0]} did not run: {error}")
+    with started(environment, program, *arguments) as process:
+        return figures(process)
 
 
 def medians(runs):
@@ -84,12 +99,12 @@ class Bench:
         return 1 if self.is_short else count
 
     def ours(self, environment, mode, count):
-        return medians([run(environment, "host", mode, self.desktop.addresses) for _ in range(self.rounds(count))])
+        return medians([run(environment, "host", mode, self.desktop.service) for _ in range(self.rounds(count))])
 
     def both(self, environment, our_mode, bare_mode, count):
         """Runs our host and the bare one in turns, so that other load affects both. The first round only warms up."""
-        pairs = [(run(environment, "host", our_mode, self.desktop.addresses),
-                  run(environment, "bare", bare_mode, self.desktop.addresses))
+        pairs = [(run(environment, "host", our_mode, self.desktop.service),
+                  run(environment, "bare", bare_mode, self.desktop.service))
                  for _ in range(self.rounds(count + 1))]
         ours, bare = zip(*(pairs[1:] or pairs))
         return medians(ours), medians(bare)
@@ -148,16 +163,14 @@ class Bench:
 
     def idle(self):
         for what in ("panel", "button", "popup"):
-            host = self.desktop.start(self.desktop.plain, BUILD / "bench/quarvo-bench-host", f"idle-{what}",
-                                      self.desktop.addresses)
-            host.stdout.readline()
-            # The connections for the next request are closed within this time.
-            time.sleep(8)
-            before = context_switches(host.pid)
-            time.sleep(10)
-            # One switch is allowed, since a timer interrupt of the system may wake a waiting process.
-            tell(f"idle {what}: context switches in 10 s", "times", context_switches(host.pid) - before, 0, 1)
-            host.terminate()
+            with started(self.desktop.plain, "host", f"idle-{what}", self.desktop.service) as host:
+                figures(host)
+                # The connections for the next request are closed within this time.
+                time.sleep(8)
+                before = context_switches(host.pid)
+                time.sleep(10)
+                # One switch is allowed, since a timer interrupt of the system may wake a waiting process.
+                tell(f"idle {what}: context switches in 10 s", "times", context_switches(host.pid) - before, 0, 1)
 
     def memory(self):
         for mode, allowance in (("panel", 6), ("click", 3)):
@@ -166,9 +179,10 @@ class Bench:
                  bare["pss"] + allowance)
         minutes = "10" if self.is_short else "90"
         for how in ("visible", "hidden"):
-            told = run(self.desktop.plain, "hours", how, self.desktop.addresses, minutes)
-            tell(f"{minutes} minutes of a {how} panel: growth", "MiB", told["growth"], at_most=2)
-            tell(f"{minutes} minutes of a {how} panel: pictures asked for", "times", told["pictures"])
+            with started(self.desktop.plain, "hours", how, self.desktop.service, minutes) as host:
+                before, after = figures(host), figures(host)
+            tell(f"{minutes} minutes of a {how} panel: growth", "MiB", after["pss"] - before["pss"], at_most=2)
+            tell(f"{minutes} minutes of a {how} panel: pictures asked for", "times", after["pictures"])
 
     def size(self):
         core, widgets, bare = (stripped_kib(BUILD / path) for path in
@@ -177,6 +191,12 @@ class Bench:
         tell("size: of it the core", "KiB", core)
         module = sum(map(stripped_kib, (BUILD / "src/quarvo").iterdir()))
         tell("size: module for the key chain, loaded at first use", "KiB", module)
+
+
+def pss_mib(pid):
+    """The memory of a process. Pages that it shares with others count in part."""
+    lines = Path(f"/proc/{pid}/smaps_rollup").read_text().splitlines()
+    return sum(int(line.split()[1]) for line in lines if line.startswith("Pss:")) / 1024
 
 
 def context_switches(pid):

@@ -69,7 +69,7 @@ public:
     using Answered = std::function<void(const QByteArray &)>;
 
     explicit Requests(const QString &vid)
-        : m_addresses(hostAddresses())
+        : m_service(serviceAddress())
         , m_vid(vid)
     {
     }
@@ -96,9 +96,9 @@ public:
     void askThree(const QString &type, const QString &last,
                   const std::function<void(const QJsonObject &config, const QJsonObject &answer)> &answered)
     {
-        getJson(address("downloadHost") + QStringLiteral("/config"), [=, this](const QJsonObject &) {
+        getJson(m_service + QStringLiteral("/config"), [=, this](const QJsonObject &) {
             const QString query = QStringLiteral("/app/config/v1?id=%1&scene=bench&type=%2&deviceid=bare");
-            getJson(address("apiHost") + query.arg(m_vid, type), [=, this](const QJsonObject &config) {
+            getJson(m_service + query.arg(m_vid, type), [=, this](const QJsonObject &config) {
                 const QString lastQuery =
                     QStringLiteral("?id=%1&challenge=%2&deviceid=bare")
                         .arg(m_vid, config.value(QStringLiteral("challenge")).toString());
@@ -109,12 +109,7 @@ public:
     }
 
 private:
-    [[nodiscard]] QString address(const char *name) const
-    {
-        return m_addresses.value(QLatin1String(name)).toString();
-    }
-
-    QJsonObject m_addresses;
+    QString m_service;
     QString m_vid;
     std::unique_ptr<QNetworkAccessManager> m_network;
 };
@@ -123,7 +118,7 @@ int runButton()
 {
     HostWindow window;
     window.show();
-    finishHostLater({});
+    tellLater({});
     return QApplication::exec();
 }
 
@@ -141,7 +136,7 @@ int runPanel(double start)
         if (image.isNull())
             return QCoreApplication::exit(1);
         picture.setPicture(image);
-        window.afterPaint([start] { finishHostLater({{QStringLiteral("painted"), benchNow() - start}}); });
+        window.afterPaint([start] { tellLater({{QStringLiteral("painted"), benchNow() - start}}); });
     };
     QTimer::singleShot(startDelay, &window, [&] {
         requests.askThree(
@@ -173,8 +168,7 @@ int runClick()
     };
     QTimer::singleShot(pause, &window, [&] {
         ask(QStringLiteral("first"), [&] {
-            QTimer::singleShot(pause, &window,
-                               [&] { ask(QStringLiteral("again"), [&] { finishHost(result); }); });
+            QTimer::singleShot(pause, &window, [&] { ask(QStringLiteral("again"), [&] { tell(result); }); });
         });
     });
     return QApplication::exec();
@@ -187,7 +181,7 @@ int runStroke()
     window.place(&widget, HostWindow::panelSize);
     window.show();
     constexpr int settle = 300;
-    QTimer::singleShot(settle, &window, [&] { finishHost(strokeCosts(widget)); });
+    QTimer::singleShot(settle, &window, [&] { tell(strokeCosts(widget)); });
     return QApplication::exec();
 }
 

@@ -1,9 +1,10 @@
 #pragma once
 
-#include <vector>
+#include <chrono>
 
 /// Milliseconds on a clock that is the same in all processes.
-[[nodiscard]] double benchNow();
-/// The memory of this process in MiB. Pages that it shares with others count in part.
-[[nodiscard]] double benchMemory();
-[[nodiscard]] double benchMedian(std::vector<double> values);
+[[nodiscard]] inline double benchNow()
+{
+    const auto now = std::chrono::steady_clock::now().time_since_epoch();
+    return std::chrono::duration<double, std::milli>(now).count();
+}

@@ -1,6 +1,11 @@
 #pragma once
 
-#include <QString>
+#include "hosts/HostWindow.h"
 
-/// Sets the addresses of the component to those of the sandbox in the program's arguments.
-void configureHost(const QString &vid);
+#include <Quarvo/Quarvo.h>
+
+inline void configureHost(const QString &vid)
+{
+    QVSDKManager::setServiceAddresses(QVServiceAddresses::at(serviceAddress()));
+    QVSDKManager::setQuarvoSDKVid(vid, QStringLiteral("bench"));
+}

@@ -38,16 +38,17 @@ private:
 
 /// Sends a mouse event at \a position of \a widget, like one of the window system.
 void sendMouse(QWidget &widget, QEvent::Type type, QPointF position);
-/// The cost of the mouse moves near the 10th and the 500th point of a line over \a widget, in microseconds,
+/// The costs of the mouse moves near the 10th and the 500th point of a line over \a widget, in microseconds,
 /// including their repaints.
 [[nodiscard]] QJsonObject strokeCosts(QWidget &widget);
 
-/// Creates the application object, without messages of the platform, and runs \a host.
+/// Creates the application object, without messages of the platform, and runs \a host. It ends if the program
+/// is still running minutes later.
 [[nodiscard]] int runApplication(int argc, char *argv[], const std::function<int(const QString &mode)> &host);
 
-/// Adds the memory in use to \a result, prints that as one line, and ends the program.
-void finishHost(QJsonObject result);
+/// Prints \a figures as one line. The program then waits for its end.
+void tell(const QJsonObject &figures);
 /// Does the same after a pause, in which the program comes to rest.
-void finishHostLater(const QJsonObject &result);
-/// The addresses of the sandbox, from the program's second argument.
-[[nodiscard]] QJsonObject hostAddresses();
+void tellLater(const QJsonObject &figures);
+/// The address of the sandbox, from the program's second argument.
+[[nodiscard]] QString serviceAddress();

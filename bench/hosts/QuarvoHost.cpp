@@ -56,7 +56,7 @@ int runPanel(double start)
     configureHost(QStringLiteral("test-draw"));
     endOnFailure(manager);
     QObject::connect(&manager, &QVEmbedManager::ready, &window, [&] {
-        window.afterPaint([start] { finishHostLater({{QStringLiteral("painted"), benchNow() - start}}); });
+        window.afterPaint([start] { tellLater({{QStringLiteral("painted"), benchNow() - start}}); });
     });
     window.place(manager.embedView(), HostWindow::panelSize);
     window.show();
@@ -91,7 +91,7 @@ int runClick()
         });
     QObject::connect(&manager, &QVClickManager::passed, &window, [&] {
         if (result.size() == 2)
-            return finishHost(result);
+            return tell(result);
         manager.reset();
         QTimer::singleShot(settleMilliseconds, &window, press);
     });
@@ -118,7 +118,7 @@ int runInvisible()
         result.insert(result.isEmpty() ? QStringLiteral("first") : QStringLiteral("again"),
                       benchNow() - start);
         if (result.size() == 2)
-            return finishHost(result);
+            return tell(result);
         QTimer::singleShot(settleMilliseconds, &window, begin);
     });
     window.show();
@@ -169,28 +169,24 @@ int solve(HostWindow &window, Manager &manager, Opened opened, const std::functi
     constexpr int unfolded = 1500;
     configureHost(QStringLiteral("test-draw"));
     endOnFailure(manager);
-    SolutionClient solution({QUrl(hostAddresses().value(QStringLiteral("apiHost")).toString())});
-    StallProbe probe;
+    SolutionClient solution({QUrl(serviceAddress())});
     std::unique_ptr<Player> player;
     QObject::connect(&manager, opened, &window, [&] {
         // Then the picture is on screen, and nothing moves.
         QTimer::singleShot(unfolded, &window, [&] {
-            probe.pause();
+            pauseStalls();
             solution.ask();
         });
     });
     QObject::connect(&solution, &SolutionClient::failed, &window, giveUp);
     QObject::connect(&solution, &SolutionClient::curve, &window, [&](const QVector<QPointF> &curve) {
         player = std::make_unique<Player>(curve);
-        QTimer::singleShot(0, &window, [&] { probe.resume(); });
+        QTimer::singleShot(0, &window, watchStalls);
     });
-    QObject::connect(&manager, &Manager::passed, &window, [&] {
-        finishHost({{QStringLiteral("longest"), probe.longest()}, {QStringLiteral("many"), probe.many()}});
-    });
+    QObject::connect(&manager, &Manager::passed, &window, [] { tell(seenStalls()); });
     window.show();
-    probe.pause();
     QTimer::singleShot(settleMilliseconds, &window, [&] {
-        probe.resume();
+        watchStalls();
         begin();
     });
     return QApplication::exec();
@@ -224,7 +220,7 @@ int runStroke()
     endOnFailure(manager);
     QObject::connect(&manager, &QVEmbedManager::ready, &window, [&] {
         QTimer::singleShot(settleMilliseconds, &window,
-                           [&] { finishHost(strokeCosts(*findPart("QVRenderDrawImageView"))); });
+                           [&] { tell(strokeCosts(*findPart("QVRenderDrawImageView"))); });
     });
     window.place(manager.embedView(), HostWindow::panelSize);
     window.show();
@@ -264,16 +260,9 @@ int runFrames(const QString &what)
     });
     QTimer::singleShot(2 * settleMilliseconds, &window, [&] { window.paints().clear(); });
     QTimer::singleShot(2 * settleMilliseconds + duration, &window, [&] {
-        finishHost({{QStringLiteral("late"), lateShare(window.paints())}});
+        tell({{QStringLiteral("late"), lateShare(window.paints())}});
     });
     return QApplication::exec();
-}
-
-/// From now on the process has nothing to do.
-void tellIdle()
-{
-    std::puts("{}");
-    std::fflush(stdout);
 }
 
 int runIdle(const QString &what)
@@ -285,11 +274,11 @@ int runIdle(const QString &what)
     configureHost(QStringLiteral("test-draw"));
     endOnFailure(panel);
     endOnFailure(manager);
-    QObject::connect(&panel, &QVEmbedManager::ready, &window, tellIdle);
+    QObject::connect(&panel, &QVEmbedManager::ready, &window, [] { tell({}); });
     QObject::connect(&manager, &QVClickManager::popupOpened, &window, [] {
         QTimer::singleShot(2 * settleMilliseconds, qApp, [] { click(*findPart("QVCloseButton")); });
     });
-    QObject::connect(&manager, &QVClickManager::closed, &window, tellIdle);
+    QObject::connect(&manager, &QVClickManager::closed, &window, [] { tell({}); });
     if (what == QLatin1String("panel"))
         window.place(panel.embedView(), HostWindow::panelSize);
     else
@@ -298,7 +287,7 @@ int runIdle(const QString &what)
     if (what == QLatin1String("popup"))
         QTimer::singleShot(settleMilliseconds, &window, [&] { click(*manager.clickButton()); });
     else if (what == QLatin1String("button"))
-        tellIdle();
+        tell({});
     return QApplication::exec();
 }
 

@@ -1,10 +1,8 @@
 // To be preloaded: each call for a file in the home folder takes 10 ms, as on a slow network.
 
-#include <cstdarg>
 #include <cstdlib>
 #include <cstring>
 #include <dlfcn.h>
-#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -18,68 +16,51 @@ void delay(const char *path)
         ::usleep(perCall);
 }
 
-template<class Function>
-Function usual(const char *name)
+template<class... Rest>
+int slowly(const char *name, const char *path, Rest... rest)
 {
-    return reinterpret_cast<Function>(::dlsym(RTLD_NEXT, name));
-}
-
-mode_t modeOf(int flags, va_list arguments)
-{
-    return (flags & (O_CREAT | O_TMPFILE)) != 0 ? va_arg(arguments, mode_t) : 0;
+    delay(path);
+    return reinterpret_cast<int (*)(const char *, Rest...)>(::dlsym(RTLD_NEXT, name))(path, rest...);
 }
 
 } // namespace
 
 extern "C" {
 
-int open(const char *path, int flags, ...)
+// Of open() the system declares no third parameter, but passes it in the same way.
+int open(const char *path, int flags, mode_t mode)
 {
-    va_list arguments;
-    va_start(arguments, flags);
-    const mode_t mode = modeOf(flags, arguments);
-    va_end(arguments);
-    delay(path);
-    return usual<int (*)(const char *, int, ...)>("open")(path, flags, mode);
+    return slowly("open", path, flags, mode);
 }
 
-int open64(const char *path, int flags, ...)
+int open64(const char *path, int flags, mode_t mode)
 {
-    va_list arguments;
-    va_start(arguments, flags);
-    const mode_t mode = modeOf(flags, arguments);
-    va_end(arguments);
-    delay(path);
-    return usual<int (*)(const char *, int, ...)>("open64")(path, flags, mode);
+    return slowly("open64", path, flags, mode);
 }
 
 int mkdir(const char *path, mode_t mode)
 {
-    delay(path);
-    return usual<decltype(&mkdir)>("mkdir")(path, mode);
+    return slowly("mkdir", path, mode);
 }
 
 int unlink(const char *path)
 {
-    delay(path);
-    return usual<decltype(&unlink)>("unlink")(path);
+    return slowly("unlink", path);
 }
 
 int rename(const char *from, const char *to)
 {
-    delay(from);
-    return usual<decltype(&rename)>("rename")(from, to);
+    return slowly("rename", from, to);
 }
 
 int stat(const char *path, struct stat *found)
 {
-    delay(path);
-    return usual<decltype(&stat)>("stat")(path, found);
+    return slowly("stat", path, found);
 }
 
 int statx(int folder, const char *path, int flags, unsigned mask, struct statx *found)
 {
     delay(path);
-    return usual<decltype(&statx)>("statx")(folder, path, flags, mask, found);
+    return reinterpret_cast<decltype(&statx)>(::dlsym(RTLD_NEXT, "statx"))(folder, path, flags, mask, found);
 }
 }

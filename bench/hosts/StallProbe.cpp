@@ -2,8 +2,6 @@
 
 #include "hosts/BenchClock.h"
 
-#include <QtGlobal>
-
 #include <algorithm>
 #include <dlfcn.h>
 #include <poll.h>
@@ -13,28 +11,21 @@ namespace {
 constexpr double longMilliseconds = 4;
 
 // The event loop does not tell when it wakes up. So the program replaces poll() of the system by its own.
-bool isWatching = false;
-thread_local bool isMainThread = false;
+thread_local bool isWatching = false;
 double awakeSince = 0;
 double longestStall = 0;
 int longStalls = 0;
 
-void fallAsleep()
-{
-    if (!isWatching || awakeSince <= 0)
-        return;
-    const double stall = benchNow() - awakeSince;
-    longestStall = std::max(longestStall, stall);
-    longStalls += stall > longMilliseconds ? 1 : 0;
-    awakeSince = 0;
-}
-
 template<class Poll>
 int watched(bool mayWait, Poll poll)
 {
-    if (!isMainThread || !mayWait)
+    if (!isWatching || !mayWait)
         return poll();
-    fallAsleep();
+    if (awakeSince > 0) {
+        const double stall = benchNow() - awakeSince;
+        longestStall = std::max(longestStall, stall);
+        longStalls += stall > longMilliseconds ? 1 : 0;
+    }
     const int ready = poll();
     awakeSince = benchNow();
     return ready;
@@ -62,36 +53,18 @@ extern "C" Q_DECL_EXPORT int ppoll(pollfd *descriptors, nfds_t count, const time
     return watched(mayWait, [&] { return real(descriptors, count, timeout, signals); });
 }
 
-StallProbe::StallProbe()
-{
-    isMainThread = true;
-    longestStall = 0;
-    longStalls = 0;
-    resume();
-}
-
-StallProbe::~StallProbe()
-{
-    pause();
-}
-
-void StallProbe::pause()
-{
-    isWatching = false;
-}
-
-void StallProbe::resume()
+void watchStalls()
 {
     awakeSince = 0;
     isWatching = true;
 }
 
-double StallProbe::longest() const
+void pauseStalls()
 {
-    return longestStall;
+    isWatching = false;
 }
 
-int StallProbe::many() const
+QJsonObject seenStalls()
 {
-    return longStalls;
+    return {{QStringLiteral("longest"), longestStall}, {QStringLiteral("many"), longStalls}};
 }

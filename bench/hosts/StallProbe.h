@@ -1,20 +1,10 @@
 #pragma once
 
-/// Measures how long the main thread is busy between two waits for events. Only one probe may exist at a
-/// time.
-class StallProbe
-{
-public:
-    StallProbe();
-    ~StallProbe();
-    StallProbe(const StallProbe &) = delete;
-    StallProbe &operator=(const StallProbe &) = delete;
+#include <QJsonObject>
 
-    /// The time from here to the next wait, and while the probe is paused, does not count.
-    void pause();
-    void resume();
-    /// The longest busy time, in milliseconds.
-    [[nodiscard]] double longest() const;
-    /// The number of busy times of more than 4 ms.
-    [[nodiscard]] int many() const;
-};
+/// Measures how long the main thread is busy between two waits for events, until it is paused. The time up to
+/// the first wait does not count. To be called on the main thread.
+void watchStalls();
+void pauseStalls();
+/// The longest of these times in milliseconds, and how many were longer than 4 ms.
+[[nodiscard]] QJsonObject seenStalls();
