@@ -2,6 +2,8 @@
 #include "quick/QuickTestCase.h"
 #include "settings/QVSDKManager.h"
 
+#include <QSignalSpy>
+
 using namespace std::chrono_literals;
 
 /// The panel: what it shows, and what the user does with it by mouse, finger and keys.
@@ -60,9 +62,28 @@ private Q_SLOTS:
         settings().setProperty("accent", accent);
         QCOMPARE(item(q("stroke"))->property("color").value<QColor>(), accent);
         settings().setProperty("accent", QColor());
-        for (const int presentation : {1, 0}) {
-            settings().setProperty("popupPresentation", presentation);
-            QCOMPARE(settings().property("popupPresentation").toInt(), presentation);
+    }
+
+    void eachSettingIsKept()
+    {
+        const QVariantMap values{
+            {q("vid"), q("an id")},        {q("scene"), q("a scene")},
+            {q("language"), q("zh-Hant")}, {q("outageServer"), q("https://outage.example")},
+            {q("outageOpen"), true},       {q("attemptTimeout"), 60'000},
+            {q("tokenLifetime"), 7'000},   {q("popupPresentation"), q("WholeWindow")},
+            {q("appearance"), q("Dark")},  {q("popupClosesOnOutsideClick"), true},
+            {q("contrast"), q("High")},    {q("reducedMotion"), false},
+        };
+        QVariantMap before;
+        for (const QString &name : values.keys())
+            before.insert(name, settings().property(name.toLatin1()));
+        for (const QVariantMap &given : {values, before}) {
+            const QSignalSpy changes(&settings(), SIGNAL(changed()));
+            for (const QString &name : given.keys())
+                settings().setProperty(name.toLatin1(), given.value(name));
+            QCOMPARE(changes.size(), given.size());
+            for (const QString &name : given.keys())
+                QCOMPARE(settings().property(name.toLatin1()).toString(), given.value(name).toString());
         }
     }
 
