@@ -9,8 +9,6 @@
 #include <QQuickItem>
 #include <QQuickWindow>
 
-#include <utility>
-
 QVQuickInvisible::QVQuickInvisible(QObject *parent)
     : QVQuickVerification(parent)
     , QVQuickTeller(static_cast<QVQuickVerification &>(*this))
@@ -22,12 +20,6 @@ QVQuickInvisible::~QVQuickInvisible()
 {
     m_flow.abandon();
     QVQuickInvisible::removeBadge();
-}
-
-void QVQuickInvisible::setAnimation(bool animation)
-{
-    if (std::exchange(m_animation, animation) != animation)
-        Q_EMIT animationChanged();
 }
 
 void QVQuickInvisible::start()
@@ -82,8 +74,7 @@ bool QVQuickInvisible::passBadge(QObject *host, const std::function<void()> &com
 
 void QVQuickInvisible::removeBadge()
 {
-    if (QQuickItem *const item = std::exchange(m_badge, nullptr)) {
-        item->setVisible(false);
-        item->deleteLater();
-    }
+    if (m_badge)
+        m_badge->deleteLater();
+    m_badge.clear();
 }

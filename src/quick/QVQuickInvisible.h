@@ -19,14 +19,11 @@ class QVQuickInvisible : public QVQuickVerification, private QVQuickTeller<QVInv
     Q_OBJECT
     QML_NAMED_ELEMENT(InvisibleVerification)
     /// Whether there is a badge; true at first.
-    Q_PROPERTY(bool animation READ animation WRITE setAnimation NOTIFY animationChanged)
+    Q_PROPERTY(bool animation MEMBER m_animation NOTIFY animationChanged)
 
 public:
     explicit QVQuickInvisible(QObject *parent = nullptr);
     ~QVQuickInvisible() override;
-
-    [[nodiscard]] bool animation() const { return m_animation; }
-    void setAnimation(bool animation);
 
     /// Starts a verification, or shows again what the user closed.
     Q_INVOKABLE void start();

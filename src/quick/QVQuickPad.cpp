@@ -212,9 +212,7 @@ void QVQuickPad::followTouch(const QTouchEvent &event)
 
 void QVQuickPad::itemChange(ItemChange change, const ItemChangeData &data)
 {
-    const bool goes = change == ItemSceneChange || (change == ItemVisibleHasChanged && !data.boolValue) ||
-                      (change == ItemEnabledHasChanged && !data.boolValue);
-    if (goes)
+    if (change == ItemSceneChange || change == ItemVisibleHasChanged || change == ItemEnabledHasChanged)
         cancel();
     if (change == ItemSceneChange)
         readWindow(nullptr);

@@ -1,6 +1,11 @@
 #include "quick/QVQuickVerification.h"
 
-#include <utility>
+QVQuickVerification::QVQuickVerification(QObject *parent)
+    : QObject(parent)
+{
+    connect(this, &QVQuickVerification::offersAlternativeChanged, this,
+            [this] { modeFlow().alternativeHasChanged(); });
+}
 
 void QVQuickVerification::setVid(const QString &vid)
 {
@@ -17,12 +22,4 @@ void QVQuickVerification::setIdentity(const QVIdentity &identity)
     m_identity = identity;
     modeFlow().setIdentity(identity);
     Q_EMIT identityChanged();
-}
-
-void QVQuickVerification::setOffersAlternative(bool offers)
-{
-    if (std::exchange(m_offersAlternative, offers) == offers)
-        return;
-    modeFlow().alternativeHasChanged();
-    Q_EMIT offersAlternativeChanged();
 }

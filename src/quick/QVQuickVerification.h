@@ -16,18 +16,16 @@ class QVQuickVerification : public QObject
     /// The scene; empty stands for that of `Quarvo`.
     Q_PROPERTY(QString scene READ scene WRITE setScene NOTIFY identityChanged)
     /// Whether popups offer another way below the picture, which alternativeRequested() tells.
-    Q_PROPERTY(bool offersAlternative READ isAlternativeOffered WRITE setOffersAlternative NOTIFY
-                   offersAlternativeChanged)
+    Q_PROPERTY(bool offersAlternative MEMBER m_offersAlternative NOTIFY offersAlternativeChanged)
 
 public:
-    using QObject::QObject;
+    explicit QVQuickVerification(QObject *parent);
 
     [[nodiscard]] QString vid() const { return m_identity.ownVid; }
     void setVid(const QString &vid);
     [[nodiscard]] QString scene() const { return m_identity.ownScene; }
     void setScene(const QString &scene);
     [[nodiscard]] bool isAlternativeOffered() const { return m_offersAlternative; }
-    void setOffersAlternative(bool offers);
 
 Q_SIGNALS:
     void identityChanged();
