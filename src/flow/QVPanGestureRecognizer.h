@@ -14,7 +14,7 @@
 class QUARVO_CORE_EXPORT QVPanGestureRecognizer
 {
 public:
-    enum class State { Possible = 0, Began = 1, Changed = 2, Ended = 3, Cancelled = 4, Failed = 5 };
+    enum class State { Possible, Began, Changed, Ended, Cancelled, Failed };
     enum class Pointer { None, Mouse, Touch, Pen, Keys };
     using Action = std::function<void(State state, QPointF location)>;
     using ShouldBegin = std::function<bool(QPointF location)>;

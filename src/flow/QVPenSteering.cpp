@@ -13,18 +13,10 @@ constexpr double fineStepsAcross = 160;
 
 QPointF direction(int key)
 {
-    switch (key) {
-    case Qt::Key_Left:
-        return {-1, 0};
-    case Qt::Key_Right:
-        return {1, 0};
-    case Qt::Key_Up:
-        return {0, -1};
-    case Qt::Key_Down:
-        return {0, 1};
-    default:
-        return {};
-    }
+    const auto is = [key](Qt::Key arrow) {
+        return double(key == arrow);
+    };
+    return {is(Qt::Key_Right) - is(Qt::Key_Left), is(Qt::Key_Down) - is(Qt::Key_Up)};
 }
 
 bool isArrow(int key)

@@ -20,8 +20,8 @@ constexpr double millisecondsPerSecond = 1000.0;
 
 QPointF clampedPoint(QPointF point)
 {
-    // With this form of the comparison NaN becomes 0, too.
-    return {point.x() > 0 ? point.x() : 0.0, point.y() > 0 ? point.y() : 0.0};
+    // In this order NaN becomes 0, too.
+    return {std::max(0.0, point.x()), std::max(0.0, point.y())};
 }
 
 bool isFarEnough(QPointF from, QPointF to)
