@@ -121,26 +121,27 @@ bool QVKeyPen::eventFilter(QObject * /*watched*/, QEvent *event)
         return pressKey(*static_cast<QKeyEvent *>(event));
     case QEvent::KeyRelease:
         m_steering.release(*static_cast<QKeyEvent *>(event));
-        return false;
+        break;
     case QEvent::FocusOut:
         m_hint->hide();
         m_steering.leave();
         refresh();
-        return false;
+        break;
     case QEvent::FocusIn:
         showHint();
         refresh();
-        return false;
+        break;
     case QEvent::Resize:
     case QEvent::Move:
     case QEvent::FontChange:
         if (m_hint->isVisible())
             placeHint();
         refresh();
-        return false;
+        break;
     default:
-        return false;
+        break;
     }
+    return false;
 }
 
 bool QVKeyPen::pressKey(const QKeyEvent &event)
