@@ -37,7 +37,11 @@ private Q_SLOTS:
         QFETCH(QSize, size);
         QFETCH(QString, steps);
         prepareHost(size, Qt::white);
-        go(steps);
+        for (const QString &step : words(steps)) {
+            QCoreApplication::processEvents();
+            go(step);
+        }
+        QVERIFY(farthest(onScreen(host()), pixelsOf(host())) == 0);
         const QImage seen = pixelsOf(host(), m_ratio);
         if (m_pressedAt)
             QVPointerInput::release(host(), *m_pressedAt);
@@ -189,6 +193,7 @@ private:
         addStep("hover", [this](const QString &name) {
             auto *const widget = name.isEmpty() ? &found<Button>() : host().findChild<QWidget *>(name);
             widget->setAttribute(Qt::WA_UnderMouse);
+            widget->update();
         });
         addStep("status", [this](const QString &text) {
             const int status = text.toInt();

@@ -3,6 +3,7 @@
 #include "draw/QVRenderDrawView.h"
 #include "popup/QVCloseButton.h"
 #include "popup/QVWindow.h"
+#include "support/QVPixels.h"
 #include "support/QVPointerInput.h"
 #include "support/QVWait.h"
 #include "views/QVInvisibleAnimationView.h"
@@ -289,7 +290,7 @@ bool ModesTestCase::isLoading() const
 
 QImage ModesTestCase::screenshot() const
 {
-    return drawView()->window()->grab().toImage();
+    return onScreen(*drawView()->window());
 }
 
 void ModesTestCase::offerAlternative()

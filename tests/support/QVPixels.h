@@ -1,7 +1,9 @@
 #pragma once
 
+#include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
+#include <QScreen>
 #include <QWidget>
 
 #include <algorithm>
@@ -15,6 +17,15 @@ inline QImage pixelsOf(QWidget &widget, qreal ratio = 1)
     image.fill(Qt::transparent);
     widget.render(&image);
     return image;
+}
+
+/// What is on the screen: also that which was not repainted though it has changed. Other platforms do not tell.
+inline QImage onScreen(QWidget &window)
+{
+    QCoreApplication::processEvents();
+    return QGuiApplication::platformName() == QLatin1String("offscreen")
+               ? window.screen()->grabWindow(window.winId()).toImage()
+               : pixelsOf(window);
 }
 
 /// How far the pixels of two pictures are apart in any channel.
