@@ -88,6 +88,8 @@ void addPointers()
         row(by, q("embedded, press, jump, look -> picture 1 refreshButton, %1, "
                   "look -> 'Draw along the curve' picture %2 refreshButton, lift")
                     .arg(q(by), q(*by == 'r' ? "2" : "1")));
+    row("a pen without a button, disabled",
+        "embedded, tap picture, move, enabled no, enabled, move, tap picture, move, tap picture -> verify");
     row("by keys", "embedded, keys Space Right*15 Space -> verify, wait 1000 -> passed main-token");
     row("too short by keys", "embedded, keys Space Right*4 Space");
     row("escaped by keys", "embedded, keys Escape Space Right*15 Escape Space");
@@ -117,6 +119,11 @@ void addPictures()
         "tap refreshButton -> refresh, wait 100, "
         "look -> 'Draw along the curve' loading refreshButton disabled, wait 100 -> ready, "
         "look -> 'Draw along the curve' picture 2 refreshButton");
+    row("the next configuration of a popup",
+        q("opened, answer click 1002, answer verify 1002, draw -> verify in popup 1002, guide, wait 500, "
+          "tap errorBar -> switch config click in popup 1002, look -> 'Expired. Try again.' caption "
+          "helpButton"),
+        q("click"));
     row("replaced in time", "embedded, wait 178999, wait 1 -> refresh ready");
     row("replaced when it is seen",
         "embedded, window hide, wait 170000, window show, window hide, wait 600000, "
@@ -156,7 +163,8 @@ void addKinds()
         "look -> 'Type the characters you see' picture 1 refreshButton characterField, draw, "
         "type Ab 9 -> verify, "
         "look -> 'Type the characters you see' picture 1 refreshButton disabled characterField, "
-        "wait 100 -> wrong, look -> 'Not quite right. Try again.' picture 1 refreshButton characterField, "
+        "tap doneButton, wait 100 -> wrong, look -> 'Not quite right. Try again.' picture 1 refreshButton "
+        "characterField, "
         "tell verify v -> Ab 9, tell verify drawtime -> 0");
     row("from characters to an outage",
         "characters, embedded, outage, reset -> switch outage get outage ready, "

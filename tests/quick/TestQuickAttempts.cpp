@@ -31,6 +31,18 @@ private Q_SLOTS:
     void expires_data() { Conversations::addLives(); }
     void expires() { converse(); }
 
+    void eachHasItsOwnId()
+    {
+        for (const QString &name : words("button, invisible, panel")) {
+            part(name)->setProperty("vid", name);
+            part(name)->setProperty("scene", q("own"));
+            start(name);
+            pass(300ms);
+            QCOMPARE(service().query(config)[q("id")] + service().query(config)[q("scene")], name + q("own"));
+            reset(name);
+        }
+    }
+
     void hostMayDoAnythingInAnySignal_data()
     {
         const auto row = addColumns<QString, QString, QString>({"mode", "signal", "does"});
