@@ -134,6 +134,13 @@ private Q_SLOTS:
         QVERIFY(corner() != before);
     }
 
+    void aControlIsNotHeldDownByADrawingFinger()
+    {
+        show(q("embed"));
+        drawWithFinger(waveFrom(q("refreshButton")));
+        QVERIFY(!qobject_cast<QAbstractButton *>(part("refreshButton"))->isDown());
+    }
+
     void showsTheStrokeAtLittleCost()
     {
         show(click);

@@ -55,12 +55,22 @@ private Q_SLOTS:
                 continue;
             QAccessibleInterface *seen = QAccessible::queryAccessibleInterface(widget);
             QVERIFY(!seen->text(QAccessible::Name).isEmpty() && seen->state().focusable);
+            if (qobject_cast<QAbstractButton *>(widget))
+                QVERIFY(seen->actionInterface()->actionNames().contains(pressed));
             if (mode != click && qobject_cast<QAbstractButton *>(widget))
                 QCOMPARE(widget->cursor().shape(), Qt::PointingHandCursor);
         }
     }
 
+    void isPressed()
+    {
+        QAccessible::queryAccessibleInterface(clickManager().button())->actionInterface()->doAction(pressed);
+        QVERIFY(waitForPicture());
+    }
+
 private:
+    static inline const QString pressed = QAccessibleActionInterface::pressAction();
+
     /// Everything below \a parent that a screen reader would stop at, by kind and name.
     static void walk(QAccessibleInterface *parent, QStringList &all)
     {

@@ -154,6 +154,8 @@ private Q_SLOTS:
                 "popup, (main-token), passed main-token");
         row("no window", "invisible", "window destroy, badge, start, wait 0, badges, picture, place",
             "popup, badges 0, alone");
+        row("no window, destroys all widgets", "invisible", "window destroy, start, picture, delete, wait 1",
+            "popup, closed WindowGone");
         row("no window", "embed", "window destroy, start, picture, stroke, wait 1600",
             "ready, (main-token), passed main-token");
         row("no widget", "invisible", "window foreign, start, picture, place", "popup, alone");
@@ -206,6 +208,7 @@ private:
         });
         defineDrawing();
         defineKeys();
+        addStep("delete", [](auto) { delete popup(); });
         addStep("space", [](auto) { QTest::keyClick(part("alternativeButton"), Qt::Key_Space); });
     }
 

@@ -13,6 +13,8 @@ void QVTestProgram::prepare()
         qputenv("QT_QPA_PLATFORM", "offscreen");
     // No test writes to the keyring of whoever runs it.
     qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");
+    // A wrong call of GLib ends the test.
+    qputenv("G_DEBUG", "fatal-criticals");
     QCoreApplication::setOrganizationDomain(q("tests.quarvo.example"));
     QCoreApplication::setApplicationName(q("quarvo-tests"));
 }
