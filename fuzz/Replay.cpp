@@ -31,19 +31,11 @@ QByteArray changed(QByteArray input, const QList<QByteArray> &seeds, QRandomGene
     };
     for (int change = random.bounded(1, 6); change > 0; --change) {
         const qsizetype at = position();
-        switch (random.bounded(4)) {
-        case 0:
-            input.insert(at, char(random.bounded(256)));
-            break;
-        case 1:
-            input.remove(at, random.bounded(1, 9));
-            break;
-        case 2:
-            input.replace(at, 1, QByteArray(1, char(random.bounded(256))));
-            break;
-        default:
+        // Some bytes are replaced by another, or all that follow by those of another seed.
+        if (random.bounded(4) > 0)
+            input.replace(at, random.bounded(5), QByteArray(1, char(random.bounded(256))));
+        else
             input = input.left(at) + seeds.at(random.bounded(int(seeds.size()))).mid(at);
-        }
     }
     return input.left(longestInput);
 }

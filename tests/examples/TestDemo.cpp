@@ -1,4 +1,3 @@
-#include "demo/DemoOptions.h"
 #include "demo/DriveScript.h"
 #include "support/QVTestCase.h"
 
@@ -35,8 +34,9 @@ private Q_SLOTS:
 
     void badInputEndsWithOneLine()
     {
-        for (const char *arguments : {"--drive nowhere.drive", "--drive " QUARVO_DRIVE_FILES
-                                                               "/login.drive --screenshots /proc/quarvo"}) {
+        for (const char *arguments :
+             {"--size 10x10", "--cdn file:///etc", "--drive nowhere.drive",
+              "--drive " QUARVO_DRIVE_FILES "/login.drive --screenshots /proc/quarvo"}) {
             const Outcome outcome = run(q(arguments).split(u' '));
             QCOMPARE(outcome.exitCode, 2);
             QCOMPARE(outcome.output, QString());
@@ -56,17 +56,6 @@ private Q_SLOTS:
               "keys Right Sideways", "resize 10x10", "keys Right*9999", "shot ../../etc/passwd", "\xff\xfe"})
             QVERIFY2(refuses(line), line);
         QVERIFY(refuses("stroke" + QByteArray(" 1,1").repeated(501)));
-    }
-
-    void refusesArgumentsInOneLine()
-    {
-        for (const char *arguments : {"--fast", "--mode popup", "--size 10x10", "--cdn file:///etc",
-                                      "--look red", "--form-width 9", "--timeout 0"}) {
-            QString problem;
-            QVERIFY2(!DemoOptions::parse(QStringList{q("demo")} + q(arguments).split(u' '), problem),
-                     arguments);
-            QVERIFY(!problem.isEmpty() && !problem.contains(u'\n'));
-        }
     }
 
 private:

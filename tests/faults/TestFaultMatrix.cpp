@@ -1,8 +1,8 @@
 #include "draw/QVRenderDrawView.h"
 #include "image/QVTestPictures.h"
 #include "modes/ModesTestCase.h"
+#include "settings/QVSDKManager.h"
 #include "support/QVMemory.h"
-#include "support/QVStillStyle.h"
 #include "support/QVTestTls.h"
 #include "views/QVLabel.h"
 #include "views/QVRenderDrawOverlayView.h"
@@ -94,7 +94,7 @@ private Q_SLOTS:
         m_failsBeforeItsPanel = mode != q("embed") && words("switch, config, click").contains(operation);
         service().answer(outageSwitch, {{q("active"), operation.startsWith(q("outage"))}});
         // Nothing moves, so that virtual seconds of waiting cost no painting.
-        const QVStillStyle still;
+        QVSDKManager::setReducedMotion(true);
         const auto all = faults();
         for (qsizetype index = 0; index < all.size(); ++index) {
             if ((index + turn) % turns != 0)
@@ -183,6 +183,7 @@ private:
         ModesTestCase::finish();
         m_servers.reset();
         QSslConfiguration::setDefaultConfiguration(m_usualTls);
+        QVSDKManager::setReducedMotion(false);
     }
 
     [[nodiscard]] qsizetype failures()

@@ -1,14 +1,12 @@
 #include "layers/QVLayerHost.h"
 #include "layers/QVTicker.h"
 #include "settings/QVSDKManager.h"
-#include "support/QVStillStyle.h"
 #include "support/QVTestCase.h"
 
+#include <QApplication>
 #include <QPaintEvent>
 #include <QPainter>
-#include <QWidget>
-
-#include <optional>
+#include <QProxyStyle>
 
 using namespace std::chrono_literals;
 using Property = QVLayerProperty;
@@ -52,6 +50,17 @@ public:
     QVLayerHost host{*this};
     std::shared_ptr<QVLayer> dot = std::make_shared<QVLayer>();
     std::vector<QRect> painted;
+};
+
+/// Of a user who wants no motion.
+struct StillStyle : QProxyStyle
+{
+    int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+                  QStyleHintReturn *result) const override
+    {
+        return hint == SH_Widget_Animation_Duration ? 0
+                                                    : QProxyStyle::styleHint(hint, option, widget, result);
+    }
 };
 
 struct Client : QVTickerClient
@@ -139,10 +148,8 @@ private Q_SLOTS:
     void reducedMotionKeepsEndlessLayersStillAndEndsTheOthers()
     {
         for (const bool isHostsWish : {false, true}) {
-            std::optional<QVStillStyle> still;
+            QApplication::setStyle(isHostsWish ? new QProxyStyle : new StillStyle);
             QVSDKManager::setReducedMotion(isHostsWish);
-            if (!isHostsWish)
-                still.emplace();
             Canvas canvas;
             show(canvas);
             canvas.turnForever();
@@ -177,6 +184,7 @@ private Q_SLOTS:
 private:
     void finish() override
     {
+        QApplication::setStyle(new QProxyStyle);
         QVSDKManager::setReducedMotion(false);
         QVTicker::shared().setRefreshRate(0);
     }
