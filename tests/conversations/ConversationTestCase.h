@@ -41,7 +41,8 @@ protected:
     /// The text on the button.
     [[nodiscard]] virtual QString statusText() = 0;
     [[nodiscard]] virtual qsizetype popupCount() const = 0;
-    [[nodiscard]] virtual qsizetype badgeCount() const = 0;
+    /// What a screen reader reads of each badge.
+    [[nodiscard]] virtual QStringList badges() const = 0;
     [[nodiscard]] virtual bool waitForPicture() const = 0;
     /// Draws a stroke that is long enough to be sent.
     virtual void stroke() const = 0;

@@ -57,9 +57,9 @@ void addAnswers()
         "ready, asked switch config get, (main-token), passed main-token");
     row("passed", "click", "pass, start, wait 0, |, wait 499, |, wait 1, text",
         "[2], [4], |, |, (click-token), passed click-token, [Verified]");
-    row("passed", "invisible", "pass, start, wait 0, badges", "(click-token), passed click-token, badges 0");
+    row("passed", "invisible", "pass, start, wait 0, badges", "(click-token), passed click-token, badges");
     row("passed, badge", "invisible", "badge, pass, start, wait 0, badges, wait 999, badges, wait 1, badges",
-        "badges 1, badges 1, (click-token), passed click-token, badges 0");
+        "badges Verified, badges Verified, (click-token), passed click-token, badges");
     row("refused click", "click, invisible", "answer click 1002, start, wait 100, text, asked",
         "[2], [5], failed 1002, [Expired. Try again.], asked switch config click");
     row("refused configuration", "click, invisible", "answer config 0101, start, wait 100, text, asked",
@@ -106,7 +106,7 @@ void addCloses()
         "switch config click");
     row("second start while asking", "invisible",
         "badge, hold config 10, start, start, wait 0, badges, wait 1100, popups",
-        "badges 1, popup, closed Replaced, popup, popups 1");
+        "badges Verifying…, popup, closed Replaced, popup, popups 1");
     row("kept without a timer but the countdown", "invisible",
         "start, picture, close, wait 2000, timers, forget, wait 177000, asked, start, wait 100, asked",
         "popup, closed User, timers 1, asked, popup, asked refresh");
@@ -138,7 +138,7 @@ void addEnds(std::initializer_list<End> ends)
         for (const End &end : ends)
             row(name + ", " + end.step, "click, invisible",
                 reach + ", forget, " + end.step + ", |, wait 1200, asked, popups, badges",
-                before + end.said + ", asked, popups 0, badges 0");
+                before + end.said + ", asked, popups 0, badges");
     };
     for (const char *held : {"switch", "config", "click"})
         phase(held, QByteArray("badge, hold ") + held + " 100, start, wait 0", "[2]");

@@ -244,12 +244,15 @@ qsizetype ModesTestCase::popupCount() const
                                  [](QWidget *widget) { return qobject_cast<QVWindow *>(widget); });
 }
 
-qsizetype ModesTestCase::badgeCount() const
+QStringList ModesTestCase::badges() const
 {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    return std::ranges::count_if(QApplication::allWidgets(), [](QWidget *widget) {
-        return qobject_cast<QVInvisibleAnimationView *>(widget);
-    });
+    QStringList texts;
+    for (const QWidget *widget : QApplication::allWidgets()) {
+        if (qobject_cast<const QVInvisibleAnimationView *>(widget))
+            texts.append(widget->accessibleName());
+    }
+    return texts;
 }
 
 QVRenderDrawView *ModesTestCase::drawView()

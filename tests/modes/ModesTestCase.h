@@ -65,7 +65,7 @@ protected:
     [[nodiscard]] static QVWindow *popup();
     /// The number of popups, with hidden ones.
     [[nodiscard]] qsizetype popupCount() const override;
-    [[nodiscard]] qsizetype badgeCount() const override;
+    [[nodiscard]] QStringList badges() const override;
     /// The drawing view of the popup. If there is no popup, that of the panel.
     [[nodiscard]] static QVRenderDrawView *drawView();
     /// A child of the drawing view by its object name. Null if there is no drawing view.

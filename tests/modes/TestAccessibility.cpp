@@ -27,8 +27,6 @@ private Q_SLOTS:
         row("popup", "invisible", "start, picture",
             "modal dialog 'Human verification', graphic 'Picture to draw on', text 'Draw along the curve', "
             "button 'New picture', button 'Close', text 'Verification by Quarvo'");
-        row("badge", "invisible", "badge, pass, hold click 100, start, wait 0", "text 'Verifying…'");
-        row("badge passed", "invisible", "badge, pass, start, wait 300", "text 'Verified'");
         row("button", "click", "", "button 'Click to verify'");
         row("button verifying", "click", "hold click 100, start, wait 0",
             "busy button 'Verifying…', text 'Verifying…'");

@@ -121,6 +121,13 @@ QRect QuickTestCase::frameOf(const QString &name) const
     return found ? found->mapRectToScene(found->boundingRect()).toAlignedRect() : QRect();
 }
 
+QStringList QuickTestCase::badges() const
+{
+    QQuickItem *const badge = item(q("badge"));
+    return badge ? QStringList(QAccessible::queryAccessibleInterface(badge)->text(QAccessible::Name))
+                 : QStringList();
+}
+
 QString QuickTestCase::barText() const
 {
     for (const char *name : {"promptBar", "errorBar", "successBar"}) {

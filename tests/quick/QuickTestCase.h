@@ -34,7 +34,7 @@ protected:
     void showBadge() override { part(q("invisible"))->setProperty("animation", true); }
     [[nodiscard]] QString statusText() override { return part(q("button"))->property("text").toString(); }
     [[nodiscard]] qsizetype popupCount() const override { return isOpen() ? 1 : 0; }
-    [[nodiscard]] qsizetype badgeCount() const override { return item(q("badge")) ? 1 : 0; }
+    [[nodiscard]] QStringList badges() const override;
     void pressPicture() const override;
     void clickPart(const char *name) const override { clickOn(q(name)); }
     void pressClose() const override { clickOn(q("closeButton")); }

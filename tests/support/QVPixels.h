@@ -19,7 +19,8 @@ inline QImage pixelsOf(QWidget &widget, qreal ratio = 1)
     return image;
 }
 
-/// What is on the screen: also that which was not repainted though it has changed. Other platforms do not tell.
+/// What is on the screen: also that which was not repainted though it has changed. Other platforms do not
+/// tell.
 inline QImage onScreen(QWidget &window)
 {
     QCoreApplication::processEvents();
