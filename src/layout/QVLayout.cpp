@@ -77,7 +77,6 @@ QVLayout::ItemId QVLayout::watch(QWidget *widget)
     if (!isNew)
         return id;
     widget->installEventFilter(this);
-    connect(widget, &QObject::destroyed, this, &QVLayout::requestLayout);
     // The widgets between this one and the container are watched, too, since this one moves with them.
     if (m_container && widget != m_container && m_container->isAncestorOf(widget))
         watch(widget->parentWidget());

@@ -26,7 +26,6 @@ QVConnectionPool::QVConnectionPool()
 
 QVSocket QVConnectionPool::take(const QVRoute &route)
 {
-    dropExpired();
     const auto isOfRoute = [&route](const Idle &idle) {
         return idle.route == route;
     };

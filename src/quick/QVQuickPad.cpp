@@ -221,13 +221,8 @@ void QVQuickPad::itemChange(ItemChange change, const ItemChangeData &data)
 
 void QVQuickPad::setKeyTarget(QQuickItem *target)
 {
-    if (m_keyTarget == target)
-        return;
-    if (m_keyTarget)
-        m_keyTarget->removeEventFilter(this);
     m_keyTarget = target;
-    if (m_keyTarget)
-        m_keyTarget->installEventFilter(this);
+    target->installEventFilter(this);
     Q_EMIT keyTargetChanged();
 }
 

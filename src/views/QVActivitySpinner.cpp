@@ -40,7 +40,6 @@ QVActivitySpinner::QVActivitySpinner(QWidget *parent)
     m_ring->setLineWidth(spinnerWidth);
     m_ring->setLineCap(Qt::RoundCap);
     m_layers.root().addSublayer(m_ring);
-    hide();
 }
 
 void QVActivitySpinner::startAnimating()

@@ -44,6 +44,7 @@ inline constexpr Look looks[] = {
     {"button-waiting", {300, 64}, "button, status 3, rest 1500"},
     {"button-tick-drawn", {300, 64}, "button, status 4, rest 250"},
     {"button-passed", {300, 64}, "button, status 4, rest 700"},
+    {"button-cross-drawn", {300, 64}, "button, status 5, rest 250"},
     {"button-failed", {300, 64}, "button, status 5, rest 600"},
     {"button-focused", {300, 64}, "button, focus"},
     {"button-focused-3x", {300, 64}, "button, focus, ratio 3"},

@@ -16,8 +16,9 @@ private Q_SLOTS:
         const auto row = [](const char *name, const char *mode, const char *steps, const char *found) {
             QTest::newRow(name) << q(mode) << q(steps) << q(found);
         };
-        row("panel", "embed", "guide, start, picture",
-            "graphic 'Picture to draw on', text 'Draw along the curve', button 'Help', button 'New picture'");
+        row("panel", "embed", "guide, advertise, start, picture",
+            "graphic 'Picture to draw on', button 'Advertisement Buy', text 'Draw along the curve', button "
+            "'Help', button 'New picture'");
         row("characters", "embed", "characters, start, picture",
             "graphic 'Characters in the picture', text 'Type the characters you see', field 'Characters in "
             "the picture', button 'Done', button 'New picture'");
