@@ -201,13 +201,9 @@ void QVRenderDrawParts::slideOut(Bar bar)
     m_imageView->slideOut(bar);
 }
 
-void QVRenderDrawParts::setIsCharVerify(bool isCharVerify)
-{
-    m_imageView->setIsCharVerify(isCharVerify);
-}
-
 void QVRenderDrawParts::updateContentWidthHeightQVVerifyPercentage(bool isCharVerify)
 {
+    m_imageView->setIsCharVerify(isCharVerify);
     m_charInputView->setVisible(isCharVerify);
     m_layout->setIsCharVerify(isCharVerify, contentViewWidth());
 }

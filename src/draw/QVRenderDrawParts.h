@@ -31,7 +31,6 @@ public:
     [[nodiscard]] bool hasPicture() const override;
     void slideIn(Bar bar, const QVText &text, bool acceptsTouches) override;
     void slideOut(Bar bar) override;
-    void setIsCharVerify(bool isCharVerify) override;
     void updateContentWidthHeightQVVerifyPercentage(bool isCharVerify) override;
     void setCaption(const QVText &caption) override;
     void setHelpButtonShown(bool shown) override;

@@ -306,7 +306,6 @@ void QVRenderDrawFlow::enterOutage()
     if (isCharVerify()) {
         // The outage service has only drawings, whatever the kind of the previous attempt was.
         m_quarvoConfig.reset();
-        surface().setIsCharVerify(false);
         surface().updateContentWidthHeightQVVerifyPercentage(false);
     }
     surface().setHelpButtonShown(true);
@@ -319,12 +318,11 @@ void QVRenderDrawFlow::handleConfigResponseFromQuarvoServer(const QVClickSequenc
 {
     m_quarvoConfig = config;
     const bool isCharacters = config->type() == QLatin1String("character");
-    surface().setIsCharVerify(isCharacters);
+    surface().updateContentWidthHeightQVVerifyPercentage(isCharacters);
     const QVText caption = isCharacters ? QVKey::characterCaptcha : QVKey::drawCaptcha;
     surface().setCaption(isEmbedded() ? QVText() : caption);
     surface().setHelpButtonShown(config->guide());
     surface().setRefreshButtonShown(true);
-    surface().updateContentWidthHeightQVVerifyPercentage(isCharacters);
     if (isEmbedded())
         requestGetFromQuarvoServer();
 }

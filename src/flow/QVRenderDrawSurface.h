@@ -36,7 +36,6 @@ public:
     [[nodiscard]] virtual bool hasPicture() const = 0;
 
     /// Selects the look of a character captcha or of a drawing captcha.
-    virtual void setIsCharVerify(bool isCharVerify) = 0;
     virtual void updateContentWidthHeightQVVerifyPercentage(bool isCharVerify) = 0;
     /// Shows a caption. A null text hides it.
     virtual void setCaption(const QVText &caption) = 0;

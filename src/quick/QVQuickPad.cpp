@@ -42,7 +42,7 @@ void QVQuickPad::cancel()
 
 bool QVQuickPad::takesPresses() const
 {
-    return m_recognizer && m_recognizer->isEnabled() && isEnabled();
+    return m_recognizer && m_recognizer->isEnabled();
 }
 
 void QVQuickPad::mousePressEvent(QMouseEvent *event)
@@ -260,20 +260,20 @@ bool QVQuickPad::handleKey(QEvent &event)
             return false;
         m_isPenUsed = true;
         refreshPen();
-        event.accept();
         return true;
     case QEvent::KeyRelease:
         m_steering->release(static_cast<QKeyEvent &>(event));
-        return false;
+        break;
     case QEvent::FocusOut:
         m_steering->leave();
         refreshPen();
-        return false;
+        break;
     case QEvent::FocusIn:
         m_isPenUsed = false;
         refreshPen();
-        return false;
+        break;
     default:
-        return false;
+        break;
     }
+    return false;
 }

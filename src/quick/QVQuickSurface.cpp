@@ -183,7 +183,6 @@ void QVQuickSurface::clearPicture()
     if (!isSeenToGo)
         return setPicture({});
     m_clearing.start(clearDelay, [this] { show({}); });
-    Q_EMIT shown();
 }
 
 void QVQuickSurface::showFailedPicture()
@@ -191,16 +190,10 @@ void QVQuickSurface::showFailedPicture()
     setPicture({qv_imageFromBundleWithName(QStringLiteral("qv_request_faild.jpg")).toImage(), {}});
 }
 
-void QVQuickSurface::setIsCharVerify(bool isCharVerify)
+void QVQuickSurface::updateContentWidthHeightQVVerifyPercentage(bool isCharVerify)
 {
     change(m_isCharVerify, isCharVerify);
     Q_EMIT placed();
-}
-
-void QVQuickSurface::updateContentWidthHeightQVVerifyPercentage(bool isCharVerify)
-{
-    // The parts in QML follow the same property.
-    setIsCharVerify(isCharVerify);
 }
 
 void QVQuickSurface::setCaption(const QVText &caption)

@@ -139,7 +139,6 @@ private:
     [[nodiscard]] QSize pictureSize() const override { return {}; }
     void clearPicture() override;
     void showFailedPicture() override;
-    void setIsCharVerify(bool isCharVerify) override;
     void updateContentWidthHeightQVVerifyPercentage(bool isCharVerify) override;
     void setCaption(const QVText &caption) override;
     void setHelpButtonShown(bool isShown) override;

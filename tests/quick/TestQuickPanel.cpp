@@ -62,6 +62,28 @@ private Q_SLOTS:
         settings().setProperty("accent", accent);
         QCOMPARE(item(q("stroke"))->property("color").value<QColor>(), accent);
         settings().setProperty("accent", QColor());
+        const double height = item(q("promptBar"))->height();
+        const QFont usual = QGuiApplication::font();
+        QFont large = usual;
+        large.setPointSizeF(3 * usual.pointSizeF());
+        QGuiApplication::setFont(large);
+        QVERIFY(waitFor([&] { return item(q("promptBar"))->height() > height; }));
+        QGuiApplication::setFont(usual);
+        QVERIFY(waitFor([&] { return item(q("promptBar"))->height() == height; }));
+        QCOMPARE(item(picture)->cursor().shape(), Qt::BitmapCursor);
+    }
+
+    void anotherWindowEndsTheLine()
+    {
+        setMode(q("embed"));
+        go(q("start, picture, press, jump"));
+        for (QWindow other; QWindow * active : {&other, static_cast<QWindow *>(&window())}) {
+            active->show();
+            active->requestActivate();
+            QVERIFY(QTest::qWaitForWindowActive(active));
+        }
+        go(q("lift, wait 100"));
+        QCOMPARE(service().count(verify), 0);
     }
 
     void eachSettingIsKept()
