@@ -90,7 +90,10 @@ void addPointers()
                     .arg(q(by), q(*by == 'r' ? "2" : "1")));
     row("a pen without a button, disabled",
         "embedded, tap picture, move, enabled no, enabled, move, tap picture, move, tap picture -> verify");
-    row("by keys", "embedded, keys Space Right*15 Space -> verify, wait 1000 -> passed main-token");
+    row("by keys", "embedded, keys Left Right*2 Down*3 Up Shift+Down Space Left Up Right*9 Space -> verify, "
+                   "tell verify v -> "
+                   "krpkrkkrkkrpkrzksokvkkvokvzkjokjzk5pkvhkvhkvpkvpkvpkvpkvpkvpkvpkvpkvpkvpkkkkkkkqokrzkvokj"
+                   "zk6ok7zkpokdkk8ok9z, wait 1000 -> passed main-token");
     row("too short by keys", "embedded, keys Space Right*4 Space");
     row("escaped by keys", "embedded, keys Escape Space Right*15 Escape Space");
     row("by keys, the focus goes", "embedded, keys Space Right*15, blur, keys Space");
