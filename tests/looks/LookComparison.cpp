@@ -41,28 +41,25 @@ bool isFoundIn(const QImage &other, int x, int y, QRgb pixel)
     return true;
 }
 
-/// The pixels that are not found in the other picture, in tiles that have too many of them.
-QList<QPoint> differences(const QImage &expected, const QImage &seen)
+/// Whether no tile has too many pixels that are not found in the other picture.
+bool isAlike(const QImage &expected, const QImage &seen)
 {
-    std::map<std::pair<int, int>, QList<QPoint>> tiles;
+    std::map<std::pair<int, int>, int> differing;
     for (int y = 0; y < seen.height(); ++y) {
         for (int x = 0; x < seen.width(); ++x) {
             const QRgb one = seen.pixel(x, y);
             const QRgb other = expected.pixel(x, y);
-            if (one != other && (!isFoundIn(expected, x, y, one) || !isFoundIn(seen, x, y, other)))
-                tiles[{x / tileSide, y / tileSide}].append({x, y});
+            const bool differs =
+                one != other && (!isFoundIn(expected, x, y, one) || !isFoundIn(seen, x, y, other));
+            if (differs && ++differing[{x / tileSide, y / tileSide}] > differingPixelsPerTile)
+                return false;
         }
     }
-    QList<QPoint> result;
-    for (const auto &[tile, points] : tiles) {
-        if (points.size() > differingPixelsPerTile)
-            result += points;
-    }
-    return result;
+    return true;
 }
 
-void writeDifference(const QString &name, const QImage &expected, const QImage &seen,
-                     const QList<QPoint> &points)
+/// The expected picture, the one that was seen, and how far they are apart.
+void writeDifference(const QString &name, const QImage &expected, const QImage &seen)
 {
     QDir().mkpath(QStringLiteral(QUARVO_LOOKS_DIFFERENCES));
     const int width = std::max(expected.width(), seen.width());
@@ -71,12 +68,9 @@ void writeDifference(const QString &name, const QImage &expected, const QImage &
     QPainter painter(&sheet);
     painter.drawImage(0, 0, expected);
     painter.drawImage(width, 0, seen);
-    painter.setOpacity(0.3);
+    painter.drawImage(2 * width, 0, expected);
+    painter.setCompositionMode(QPainter::CompositionMode_Difference);
     painter.drawImage(2 * width, 0, seen);
-    painter.setOpacity(1);
-    painter.setPen(Qt::red);
-    for (const QPoint &point : points)
-        painter.drawPoint(point + QPoint(2 * width, 0));
     painter.end();
     const QString path = QStringLiteral(QUARVO_LOOKS_DIFFERENCES "/%1.png").arg(name);
     sheet.save(path);
@@ -92,12 +86,10 @@ bool LookComparison::matches(const QString &name, const QImage &seen)
     if (qEnvironmentVariableIsSet("QUARVO_UPDATE_LOOKS"))
         return actual.save(pictureOf(name), "PNG", 0);
     const QImage expected = QImage(pictureOf(name)).convertToFormat(QImage::Format_RGB32);
-    const bool hasSize = expected.size() == actual.size();
-    const QList<QPoint> points = hasSize ? differences(expected, actual) : QList<QPoint>();
-    const bool isAlike = hasSize && points.isEmpty();
-    if (!isAlike || qEnvironmentVariableIsSet("QUARVO_SHOW_LOOKS"))
-        writeDifference(name, expected, actual, points);
-    return isAlike;
+    const bool isRight = expected.size() == actual.size() && isAlike(expected, actual);
+    if (!isRight || qEnvironmentVariableIsSet("QUARVO_SHOW_LOOKS"))
+        writeDifference(name, expected, actual);
+    return isRight;
 }
 
 QImage LookComparison::photograph()

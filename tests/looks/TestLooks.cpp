@@ -60,12 +60,6 @@ private Q_SLOTS:
         looksAsBefore();
     }
 
-    void everyPictureBelongsToALook()
-    {
-        const QDir pictures(q(QUARVO_LOOKS_PICTURES));
-        QCOMPARE(pictures.entryList(QDir::Files).size(), qsizetype(std::size(looks)));
-    }
-
 private:
     void prepare() override
     {

@@ -56,17 +56,6 @@ private Q_SLOTS:
         for (const char *digits : {"430f", "403c", "4a3f", "403F", "403", "403ff", "zzzz", ""})
             QVERIFY2(!judge.accepts(q(digits)), digits);
     }
-
-    void comparesTimes()
-    {
-        // The digits of a number have the weights 8000, 20 and 1; k is 0 and z is 19. Multiples of 400 are
-        // not sent: 380 ms, then 60 ms, which can only be 460 ms.
-        const auto trace = SandboxTrace::decode(q("k").repeated(60) + q("kkkkzk") + q("ksk").repeated(8));
-        for (const char *drawtime : {"460", "860", "7660"})
-            QVERIFY2(trace->agreesWithDrawtime(q(drawtime)), drawtime);
-        for (const char *drawtime : {"60", "461", "8060", "-340", "460ms", "99999999999999999999999", ""})
-            QVERIFY2(!trace->agreesWithDrawtime(q(drawtime)), drawtime);
-    }
 };
 
 QV_TEST(TestSandboxJudges)
