@@ -136,9 +136,10 @@ private Q_SLOTS:
 
     void aControlIsNotHeldDownByADrawingFinger()
     {
+        go(q("guide"));
         show(q("embed"));
-        drawWithFinger(waveFrom(q("refreshButton")));
-        QVERIFY(!qobject_cast<QAbstractButton *>(part("refreshButton"))->isDown());
+        drawWithFinger(waveFrom(q("helpButton")));
+        QVERIFY(!qobject_cast<QAbstractButton *>(part("helpButton"))->isDown());
     }
 
     void showsTheStrokeAtLittleCost()
