@@ -8,14 +8,6 @@
 
 namespace {
 
-/// How far a stroke reaches beyond its path. Square caps and mitred corners reach further than half the width
-/// of the pen; the pen cuts corners at twice its width.
-qreal strokeMargin(const QVLayer &layer)
-{
-    return layer.lineJoin() == Qt::RoundJoin && layer.lineCap() != Qt::SquareCap ? layer.lineWidth() / 2
-                                                                                 : layer.lineWidth() * 2;
-}
-
 QRectF ownRect(const QVLayer &layer)
 {
     QRectF rect;
@@ -24,7 +16,7 @@ QRectF ownRect(const QVLayer &layer)
     if (layer.fillColor().isValid())
         rect |= layer.presented().path.controlPointRect();
     if (layer.strokeColor().isValid() && !layer.strokePath().isEmpty()) {
-        const qreal margin = strokeMargin(layer);
+        const qreal margin = layer.lineWidth() / 2;
         rect |= layer.strokePath().controlPointRect().adjusted(-margin, -margin, margin, margin);
     }
     return rect;

@@ -65,10 +65,9 @@ public:
     void setStrokeColor(const QColor &color) { assign(m_strokeColor, color); }
     [[nodiscard]] qreal lineWidth() const { return m_lineWidth; }
     void setLineWidth(qreal width) { assign(m_lineWidth, width); }
-    [[nodiscard]] Qt::PenCapStyle lineCap() const { return m_lineCap; }
-    void setLineCap(Qt::PenCapStyle cap) { assign(m_lineCap, cap); }
-    [[nodiscard]] Qt::PenJoinStyle lineJoin() const { return m_lineJoin; }
-    void setLineJoin(Qt::PenJoinStyle join) { assign(m_lineJoin, join); }
+    /// Whether the ends of a stroke are round. Its corners always are.
+    [[nodiscard]] bool hasRoundCaps() const { return m_hasRoundCaps; }
+    void setRoundCaps(bool round) { assign(m_hasRoundCaps, round); }
     [[nodiscard]] qreal cornerRadius() const { return m_cornerRadius; }
     void setCornerRadius(qreal radius) { assign(m_cornerRadius, radius); }
     /// A picture scaled to fit into the bounds, centred.
@@ -132,8 +131,7 @@ private:
     QColor m_fillColor;
     QColor m_strokeColor;
     qreal m_lineWidth = 1;
-    Qt::PenCapStyle m_lineCap = Qt::FlatCap;
-    Qt::PenJoinStyle m_lineJoin = Qt::MiterJoin;
+    bool m_hasRoundCaps = false;
     qreal m_cornerRadius = 0;
     QPixmap m_contents;
     QPainterPath m_mask;

@@ -54,7 +54,8 @@ void QVLayerPainter::paintOwn(const QVLayer &layer)
     if (layer.fillColor().isValid())
         m_painter.fillPath(layer.presented().path, layer.fillColor());
     if (layer.strokeColor().isValid() && !layer.strokePath().isEmpty()) {
-        m_painter.strokePath(layer.strokePath(), QPen(layer.strokeColor(), layer.lineWidth(), Qt::SolidLine,
-                                                      layer.lineCap(), layer.lineJoin()));
+        const auto cap = layer.hasRoundCaps() ? Qt::RoundCap : Qt::FlatCap;
+        m_painter.strokePath(layer.strokePath(),
+                             QPen(layer.strokeColor(), layer.lineWidth(), Qt::SolidLine, cap, Qt::RoundJoin));
     }
 }

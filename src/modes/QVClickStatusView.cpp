@@ -170,8 +170,7 @@ void QVClickStatusView::showEnd(const QPainterPath &mark)
     statusLoadingLayer().setPath(statusCirclePath());
     QVLayer &layer = statusAnimationLayer();
     layer.setLineWidth(ringLineWidth);
-    layer.setLineJoin(Qt::RoundJoin);
-    layer.setLineCap(Qt::RoundCap);
+    layer.setRoundCaps(true);
     layer.setPath(mark);
     layer.setRotation(-pi / 4);
 }

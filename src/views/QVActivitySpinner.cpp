@@ -38,7 +38,7 @@ QVActivitySpinner::QVActivitySpinner(QWidget *parent)
     m_ring->setStrokeColor(grey);
     m_ring->setStrokeEnd(visiblePart);
     m_ring->setLineWidth(spinnerWidth);
-    m_ring->setLineCap(Qt::RoundCap);
+    m_ring->setRoundCaps(true);
     m_layers.root().addSublayer(m_ring);
 }
 
