@@ -3,9 +3,13 @@
 #include "draw/QVAdButton.h"
 #include "draw/QVAlternativeButton.h"
 #include "draw/QVContentView.h"
+#include "draw/QVKeyPen.h"
+#include "draw/QVPanEventFilter.h"
 #include "draw/QVRenderDrawLayout.h"
+#include "draw/QVRenderStrokeView.h"
 #include "flow/QVDrawGeometry.h"
 #include "image/QVPicture.h"
+#include "platform/QVPage.h"
 #include "service/QVGetRefreshResponseModel.h"
 #include "settings/QVBundleImage.h"
 #include "settings/QVColors.h"
@@ -22,6 +26,7 @@
 
 #include <algorithm>
 #include <numbers>
+#include <utility>
 
 namespace {
 
@@ -66,16 +71,44 @@ void QVRenderDrawParts::initRenders(QVVerifyStyle style)
     m_layout->initRenders(contentViewWidth());
 }
 
+void QVRenderDrawParts::initGesture(QVPanGestureRecognizer &recognizer)
+{
+    m_renderLayer = new QVRenderStrokeView(m_view);
+    m_events = std::make_unique<QVPanEventFilter>(m_view, recognizer);
+    m_events->addControl(m_helpButton);
+    m_events->addControl(m_refreshButton);
+    m_events->addControl(m_alternativeButton);
+    placeStroke();
+    m_keyPen = std::make_unique<QVKeyPen>(m_view, m_imageView, recognizer);
+}
+
 double QVRenderDrawParts::contentViewWidth() const
 {
     return std::min<double>(m_view->width(), QVDrawGeometry::widestContent);
 }
 
-void QVRenderDrawParts::updateContentWidth()
+void QVRenderDrawParts::layoutSubviews()
 {
+    placeStroke();
     m_captchaLabel->setMaximumWidth(
         std::max(0, int(contentViewWidth()) - 2 * QVDrawGeometry::closeButtonRoom));
     m_layout->setContentWidth(contentViewWidth());
+}
+
+void QVRenderDrawParts::placeStroke()
+{
+    m_renderLayer->setGeometry(m_view->rect());
+    m_renderLayer->raise();
+}
+
+bool QVRenderDrawParts::isNowShownAlone()
+{
+    return !std::exchange(m_isShownAlone, true);
+}
+
+bool QVRenderDrawParts::hasSuperview() const
+{
+    return m_view->parentWidget() || m_isShownAlone;
 }
 
 void QVRenderDrawParts::initContent()
@@ -149,7 +182,9 @@ QVAdButton &QVRenderDrawParts::adButton()
         m_adButton->setObjectName(QStringLiteral("adButton"));
         m_adButton->show();
         QWidget::setTabOrder(m_helpButton, m_adButton.get());
-        adButtonWasAdded(*m_adButton);
+        QObject::connect(m_adButton.get(), &QAbstractButton::clicked, m_view,
+                         [this] { qv_openPage(m_adButton->link()); });
+        m_events->addControl(m_adButton.get());
     }
     return *m_adButton;
 }
@@ -274,4 +309,29 @@ void QVRenderDrawParts::spinRefreshButton()
     QVAnimation spin = QVAnimation::basic(QVLayerProperty::Rotation, 0.0, std::numbers::pi);
     spin.setDuration(std::chrono::duration<double>(QVDrawGeometry::spinDuration).count());
     m_refreshButton->layer().addAnimation(spin);
+}
+
+void QVRenderDrawParts::setDrawingEnabled(bool enabled)
+{
+    m_keyPen->setReady(enabled);
+    if (enabled)
+        m_imageView->setCursor(qv_penCursor());
+    else
+        m_imageView->unsetCursor();
+}
+
+void QVRenderDrawParts::beginStroke(QPointF location)
+{
+    m_renderLayer->moveTo(location);
+}
+
+void QVRenderDrawParts::extendStroke(QPointF location)
+{
+    m_renderLayer->addLineTo(location);
+}
+
+void QVRenderDrawParts::resetUIs()
+{
+    m_renderLayer->removeAllPoints();
+    m_keyPen->refresh();
 }

@@ -1,21 +1,11 @@
 #include "draw/QVRenderDrawView.h"
 
-#include "draw/QVAdButton.h"
 #include "draw/QVAlternativeButton.h"
-#include "draw/QVKeyPen.h"
-#include "draw/QVPanEventFilter.h"
-#include "draw/QVRenderStrokeView.h"
 #include "flow/QVRenderDrawFlow.h"
 #include "platform/QVMainThread.h"
-#include "platform/QVPage.h"
-#include "settings/QVBundleImage.h"
 #include "views/QVCharVerifyInputView.h"
 #include "views/QVCustomActionButton.h"
 #include "views/QVRenderDrawImageView.h"
-#include "views/QVRenderDrawOverlayView.h"
-
-#include <algorithm>
-#include <utility>
 
 namespace {
 
@@ -28,18 +18,17 @@ constexpr QSize leastEmbedSize(200, 135);
 
 QVRenderDrawView::QVRenderDrawView(QVVerifyStyle style, QWidget *parent)
     : QWidget(parent)
-    , QVRenderDrawParts(this)
 {
     qv_assertMainThread();
-    QVRenderDrawSurface *surface = this;
-    m_flow = std::make_shared<QVRenderDrawFlow>(style, surface);
-    initRenders(style);
+    QVRenderDrawObserver *observer = this;
+    m_flow = std::make_shared<QVRenderDrawFlow>(style, &m_parts, observer);
+    m_parts.initRenders(style);
     // A layout does not enlarge it: a curve many times as long cannot be drawn in one go.
     QSizePolicy policy(QSizePolicy::Maximum, QSizePolicy::Preferred);
     policy.setHeightForWidth(true);
     setSizePolicy(policy);
     connectParts();
-    initGesture();
+    m_parts.initGesture(m_flow->panGestureRecognizer());
     if (parent)
         m_flow->didMoveToSuperview();
 }
@@ -68,7 +57,7 @@ bool QVRenderDrawView::canDirectlyShow() const
 
 bool QVRenderDrawView::canInput()
 {
-    return hasPicture();
+    return m_parts.hasPicture();
 }
 
 void QVRenderDrawView::requestQuarvoConfigAction()
@@ -95,19 +84,19 @@ QSize QVRenderDrawView::sizeHint() const
 
 QSize QVRenderDrawView::minimumSizeHint() const
 {
-    return {leastEmbedSize.width(), leastEmbedSize.height() + alternativeHeight()};
+    return {leastEmbedSize.width(), leastEmbedSize.height() + m_parts.alternativeHeight()};
 }
 
 int QVRenderDrawView::heightForWidth(int width) const
 {
-    return width * embedSize.height() / embedSize.width() + alternativeHeight();
+    return width * embedSize.height() / embedSize.width() + m_parts.alternativeHeight();
 }
 
 void QVRenderDrawView::setOffersAlternative(bool offers)
 {
-    if (alternativeButton().isHidden() != offers)
+    if (m_parts.alternativeButton().isHidden() != offers)
         return;
-    setAlternativeShown(offers);
+    m_parts.setAlternativeShown(offers);
     updateGeometry();
 }
 
@@ -119,7 +108,7 @@ bool QVRenderDrawView::event(QEvent *event)
     else if (event->type() == QEvent::Show) // Also of a minimised window that is restored.
         m_flow->surfaceHasAppeared();
     // A panel that is a window, or in a graphics scene, has no parent to start in.
-    if (event->type() == QEvent::Show && isWindow() && !std::exchange(m_isShownAlone, true))
+    if (event->type() == QEvent::Show && isWindow() && m_parts.isNowShownAlone())
         m_flow->didMoveToSuperview();
     return handled;
 }
@@ -128,88 +117,31 @@ void QVRenderDrawView::resizeEvent(QResizeEvent * /*event*/)
 {
     // What was drawn would lie elsewhere on the picture.
     m_flow->panGestureRecognizer().cancel();
-    layoutSubviews();
-    updateContentWidth();
+    m_parts.layoutSubviews();
 }
 
 void QVRenderDrawView::connectParts()
 {
-    imageView().setDelegate(m_flow.get());
-    charInputView().setDelegate(this);
-    connect(&helpButton(), &QAbstractButton::clicked, this, [this] { m_flow->helpButtonDidClickedAction(); });
-    connect(&refreshButton(), &QAbstractButton::clicked, this,
+    m_parts.imageView().setDelegate(m_flow.get());
+    m_parts.charInputView().setDelegate(this);
+    connect(&m_parts.helpButton(), &QAbstractButton::clicked, this,
+            [this] { m_flow->helpButtonDidClickedAction(); });
+    connect(&m_parts.refreshButton(), &QAbstractButton::clicked, this,
             &QVRenderDrawView::refreshButtonDidClickedAction);
-    connect(&alternativeButton(), &QAbstractButton::clicked, this, &QVRenderDrawView::alternativeRequested);
-}
-
-void QVRenderDrawView::initGesture()
-{
-    m_renderLayer = new QVRenderStrokeView(this);
-    m_events = std::make_unique<QVPanEventFilter>(this, m_flow->panGestureRecognizer());
-    m_events->addControl(&helpButton());
-    m_events->addControl(&refreshButton());
-    m_events->addControl(&alternativeButton());
-    layoutSubviews();
-    m_keyPen = std::make_unique<QVKeyPen>(this, &imageView(), m_flow->panGestureRecognizer());
-}
-
-void QVRenderDrawView::layoutSubviews()
-{
-    m_renderLayer->setGeometry(rect());
-    m_renderLayer->raise();
-}
-
-bool QVRenderDrawView::hasSuperview() const
-{
-    return parentWidget() || m_isShownAlone;
+    connect(&m_parts.alternativeButton(), &QAbstractButton::clicked, this,
+            &QVRenderDrawView::alternativeRequested);
 }
 
 void QVRenderDrawView::refreshButtonDidClickedAction()
 {
-    spinRefreshButton();
+    m_parts.spinRefreshButton();
     m_flow->refreshButtonDidClickedAction();
-}
-
-void QVRenderDrawView::adButtonDidClickedAction(const QVAdButton &button)
-{
-    qv_openPage(button.link());
-}
-
-void QVRenderDrawView::adButtonWasAdded(QVAdButton &button)
-{
-    connect(&button, &QAbstractButton::clicked, this, [this, &button] { adButtonDidClickedAction(button); });
-    m_events->addControl(&button);
 }
 
 void QVRenderDrawView::charVerifyInputViewDidClickedDoneButtonWithCharString(QVCharVerifyInputView * /*view*/,
                                                                              const QString &charString)
 {
     m_flow->charVerifyInputViewDidClickedDoneButtonWithCharString(charString);
-}
-
-void QVRenderDrawView::setDrawingEnabled(bool enabled)
-{
-    m_keyPen->setReady(enabled);
-    if (enabled)
-        imageView().setCursor(qv_penCursor());
-    else
-        imageView().unsetCursor();
-}
-
-void QVRenderDrawView::beginStroke(QPointF location)
-{
-    m_renderLayer->moveTo(location);
-}
-
-void QVRenderDrawView::extendStroke(QPointF location)
-{
-    m_renderLayer->addLineTo(location);
-}
-
-void QVRenderDrawView::resetUIs()
-{
-    m_renderLayer->removeAllPoints();
-    m_keyPen->refresh();
 }
 
 void QVRenderDrawView::outageHasStarted()

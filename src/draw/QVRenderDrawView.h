@@ -1,6 +1,7 @@
 #pragma once
 
 #include "draw/QVRenderDrawParts.h"
+#include "flow/QVRenderDrawObserver.h"
 #include "flow/QVRenderDrawViewDelegate.h"
 #include "platform/QVError.h"
 #include "views/QVCharVerifyInputViewDelegate.h"
@@ -11,16 +12,13 @@
 
 class QVConfigResponseModel;
 class QVGetRefreshResponseModel;
-class QVKeyPen;
-class QVPanEventFilter;
 struct QVIdentity;
 class QVRenderDrawFlow;
-class QVRenderStrokeView;
 
-/// The drawing captcha as a widget: its parts, the stroke on top of them, and the input of the user.
-/// QVRenderDrawFlow decides what happens.
+/// The drawing captcha as a widget. QVRenderDrawFlow decides what happens, its parts show it, and this view
+/// tells its owner.
 class QVRenderDrawView final : public QWidget,
-                               private QVRenderDrawParts,
+                               private QVRenderDrawObserver,
                                private QVCharVerifyInputViewDelegate
 {
     Q_OBJECT
@@ -70,21 +68,11 @@ protected:
 
 private:
     void connectParts();
-    void initGesture();
-    void layoutSubviews();
-
     void refreshButtonDidClickedAction();
-    void adButtonDidClickedAction(const QVAdButton &button);
-    void adButtonWasAdded(QVAdButton &button) override;
 
     void charVerifyInputViewDidClickedDoneButtonWithCharString(QVCharVerifyInputView *view,
                                                                const QString &charString) override;
 
-    [[nodiscard]] bool hasSuperview() const override;
-    void setDrawingEnabled(bool enabled) override;
-    void beginStroke(QPointF location) override;
-    void extendStroke(QPointF location) override;
-    void resetUIs() override;
     void outageHasStarted() override;
     void pictureIsReady() override;
     void answerWasWrong() override;
@@ -92,9 +80,6 @@ private:
     void tokenHasExpired() override;
 
     std::shared_ptr<QVRenderDrawFlow> m_flow;
-    bool m_isShownAlone = false;
-    QVRenderStrokeView *m_renderLayer = nullptr;
-    // Not children of the view: they must not report anything to the flow while the view is destroyed.
-    std::unique_ptr<QVPanEventFilter> m_events;
-    std::unique_ptr<QVKeyPen> m_keyPen;
+    // Destroyed before the flow, to whose recogniser it reports.
+    QVRenderDrawParts m_parts{this};
 };

@@ -38,9 +38,11 @@ qint64 oneMore(qint64 count)
 
 } // namespace
 
-QVRenderDrawFlow::QVRenderDrawFlow(QVVerifyStyle style, QVRenderDrawSurface *surface)
+QVRenderDrawFlow::QVRenderDrawFlow(QVVerifyStyle style, QVRenderDrawSurface *surface,
+                                   QVRenderDrawObserver *observer)
     : m_verifyStyle(style)
     , m_surface(surface)
+    , m_observer(observer)
     , m_bars(std::make_shared<QVRenderDrawBars>(surface, this))
     , m_gesture(
           surface, [this] { m_bars->hiddernAll(); },
@@ -224,7 +226,7 @@ void QVRenderDrawFlow::handleOutcome(const QVClickSequence::Outcome &outcome)
         handleGetRefreshResponseFromQuarvoServer(draw->click, false);
     } else {
         enterOutage();
-        surface().outageHasStarted();
+        observer().outageHasStarted();
     }
 }
 
@@ -462,7 +464,7 @@ void QVRenderDrawFlow::handlePicture(const QVPicture &picture, const std::option
     surface().setPicture(picture);
     setDrawingEnabled(!isCharVerify());
     showPromptIfEmbedded();
-    surface().pictureIsReady();
+    observer().pictureIsReady();
 }
 
 void QVRenderDrawFlow::handleRequestVerifySuccess(const QVVerifyResponseModel &verify)
@@ -495,7 +497,7 @@ void QVRenderDrawFlow::tokenHasExpired()
         return;
     m_bars->hiddernAll();
     m_bars->showError(QVKey::expired, true);
-    surface().tokenHasExpired();
+    observer().tokenHasExpired();
 }
 
 void QVRenderDrawFlow::handleWrongAnswer(const QVError &error)
@@ -506,7 +508,7 @@ void QVRenderDrawFlow::handleWrongAnswer(const QVError &error)
     // Equal, not at least: the service may send a picture with a higher count.
     if (count == triesPerPicture)
         refreshButtonDidClickedAction();
-    surface().answerWasWrong();
+    observer().answerWasWrong();
 }
 
 qint64 QVRenderDrawFlow::countWrongAnswer()
@@ -540,7 +542,7 @@ void QVRenderDrawFlow::handleRequestError(const QVError &error, const QVText &me
     }
     m_bars->showError(message, canClickRefresh);
     if (canClickRefresh)
-        surface().attemptHasFailed(QVError(message.text(), error.code(), error.userInfo()));
+        observer().attemptHasFailed(QVError(message.text(), error.code(), error.userInfo()));
 }
 
 void QVRenderDrawFlow::clearGetRefreshModel()

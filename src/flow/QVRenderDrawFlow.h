@@ -4,6 +4,7 @@
 #include "flow/QVClickSequence.h"
 #include "flow/QVRenderDrawBars.h"
 #include "flow/QVRenderDrawGesture.h"
+#include "flow/QVRenderDrawObserver.h"
 #include "flow/QVRenderDrawSurface.h"
 #include "flow/QVRenderDrawViewDelegate.h"
 #include "flow/QVTokenLife.h"
@@ -33,7 +34,8 @@ class QUARVO_CORE_EXPORT QVRenderDrawFlow final : public QVRenderDrawImageViewDe
                                                   public std::enable_shared_from_this<QVRenderDrawFlow>
 {
 public:
-    QVRenderDrawFlow(QVVerifyStyle style, QVRenderDrawSurface *surface);
+    /// \a surface and \a observer are destroyed together.
+    QVRenderDrawFlow(QVVerifyStyle style, QVRenderDrawSurface *surface, QVRenderDrawObserver *observer);
     ~QVRenderDrawFlow() override;
     Q_DISABLE_COPY(QVRenderDrawFlow)
 
@@ -125,6 +127,7 @@ private:
     [[nodiscard]] Picture heldPicture() const;
 
     [[nodiscard]] QVRenderDrawSurface &surface() const { return *m_surface.get(); }
+    [[nodiscard]] QVRenderDrawObserver &observer() const { return *m_observer.get(); }
     [[nodiscard]] bool isEmbedded() const { return m_verifyStyle == QVVerifyStyleEmbed; }
     [[nodiscard]] bool isCharVerify() const;
     [[nodiscard]] QString apiServer() const;
@@ -132,6 +135,7 @@ private:
 
     const QVVerifyStyle m_verifyStyle;
     const QVWeakDelegate<QVRenderDrawSurface> m_surface;
+    const QVWeakDelegate<QVRenderDrawObserver> m_observer;
     QVWeakDelegate<QVRenderDrawViewDelegate> m_delegate;
     const std::shared_ptr<QVRenderDrawBars> m_bars;
     QVRenderDrawGesture m_gesture;

@@ -65,12 +65,4 @@ public:
 
     /// The picture has expired, and a new one is being requested.
     virtual void pictureHasExpired() = 0;
-
-    // Each of these notifies the host, which may destroy the surface or start again. So the flow calls them
-    // last.
-    virtual void outageHasStarted() = 0;
-    virtual void pictureIsReady() = 0;
-    virtual void answerWasWrong() = 0;
-    virtual void attemptHasFailed(const QVError &error) = 0;
-    virtual void tokenHasExpired() = 0;
 };

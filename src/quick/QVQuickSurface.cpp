@@ -25,8 +25,9 @@ void QVQuickSurface::begin(QVVerifyStyle style, const QVIdentity &identity,
                            QVRenderDrawViewDelegate *delegate)
 {
     QVRenderDrawSurface *const surface = this;
+    QVRenderDrawObserver *const observer = this;
     m_identity = identity;
-    m_flow = std::make_shared<QVRenderDrawFlow>(style, surface);
+    m_flow = std::make_shared<QVRenderDrawFlow>(style, surface, observer);
     m_flow->setDelegate(delegate);
     m_flow->setIdentity(m_identity);
     tell(m_flow->panGestureRecognizer());

@@ -15,7 +15,10 @@
 
 /// The drawing captcha as an item: what the flow wants shown, as properties for the parts in QML, and what
 /// the user does, for the flow.
-class QVQuickSurface : public QVQuickPad, private QVRenderDrawSurface, private QVRenderDrawViewDelegate
+class QVQuickSurface : public QVQuickPad,
+                       private QVRenderDrawSurface,
+                       private QVRenderDrawObserver,
+                       private QVRenderDrawViewDelegate
 {
     Q_OBJECT
     QML_NAMED_ELEMENT(QuarvoSurface)
