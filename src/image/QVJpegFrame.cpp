@@ -98,11 +98,9 @@ private:
     }
 
     /// Of the application segments, only the first with the colour coding and the first with the orientation
-    /// are needed.
+    /// are needed. A comment is not.
     bool isNeeded(quint8 marker, QByteArrayView content)
     {
-        if (marker == Comment)
-            return false;
         if (marker < Application)
             return true;
         const bool isKnown = (marker == Application + 1 && content.startsWith("Exif")) ||
