@@ -313,6 +313,10 @@ bool QVWindow::event(QEvent *event)
         if (m_isWanted && testAttribute(Qt::WA_ForceDisabled))
             QMetaObject::invokeMethod(this, &QVWindow::enableParts, Qt::QueuedConnection);
         break;
+    case QEvent::FontChange:
+        // Texts have another size.
+        Q_EMIT popupScreenChanged();
+        break;
     default:
         break;
     }

@@ -129,6 +129,19 @@ private Q_SLOTS:
         QCOMPARE(popup()->popupScreen(), QRect(0, 0, 400, 500));
     }
 
+    void theSupportLineFollowsTheFont()
+    {
+        open();
+        const auto *const line = popup()->findChild<QWidget *>(q("supportLabel"));
+        const int height = line->height();
+        QFont large = QApplication::font();
+        const auto restore = qScopeGuard([usual = large] { QApplication::setFont(usual); });
+        large.setPointSizeF(3 * large.pointSizeF());
+        QApplication::setFont(large);
+        QCoreApplication::processEvents();
+        QVERIFY(line->height() > height && popup()->popupScreen().contains(line->geometry()));
+    }
+
     void badgeSitsInTheMiddleOfTheActiveWindow()
     {
         delay(outageSwitch, 10s);
