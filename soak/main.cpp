@@ -12,7 +12,6 @@
 
 namespace {
 
-constexpr int exitBadInput = 2;
 constexpr int parts = 10;
 
 /// How the user goes about it.
@@ -177,7 +176,7 @@ int main(int argc, char *argv[])
     const int count = QApplication::arguments().value(1).toInt();
     if (count < parts) {
         std::fprintf(stderr, "usage: quarvo-soak COUNT (at least %d)\n", parts);
-        return exitBadInput;
+        return 2;
     }
     Soak soak(count);
     return QTest::qExec(&soak, {QApplication::arguments().constFirst()});

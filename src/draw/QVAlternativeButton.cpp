@@ -13,7 +13,6 @@ QVAlternativeButton::QVAlternativeButton(QWidget *parent)
     : QVTouchButton(parent)
 {
     qv_setAccessibleRole(this, QAccessible::Button);
-    setAttribute(Qt::WA_OpaquePaintEvent);
     setCursor(Qt::PointingHandCursor);
     qv_followLanguage(this, [this] {
         m_text.setText(qv_localizedStringForKey(QVKey::alternative));

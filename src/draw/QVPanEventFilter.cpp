@@ -11,12 +11,11 @@
 
 namespace {
 
-/// Sends a mouse event to \a control at a position outside it.
-void sendMouse(QWidget *control, QEvent::Type type, Qt::MouseButtons buttons)
+void releaseOutside(QWidget *control)
 {
     const QPointF outside(-1, -1);
-    const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
-    QMouseEvent event(type, outside, control->mapToGlobal(outside), button, buttons, Qt::NoModifier);
+    QMouseEvent event(QEvent::MouseButtonRelease, outside, control->mapToGlobal(outside), Qt::LeftButton,
+                      Qt::NoButton, Qt::NoModifier);
     QCoreApplication::sendEvent(control, &event);
 }
 
@@ -219,8 +218,7 @@ void QVPanEventFilter::takeFromControl(Pointer pointer)
         QTouchEvent cancelled(QEvent::TouchCancel, m_touchDevice);
         QCoreApplication::sendEvent(control, &cancelled);
     } else {
-        sendMouse(control, QEvent::MouseMove, Qt::LeftButton);
-        sendMouse(control, QEvent::MouseButtonRelease, Qt::NoButton);
+        releaseOutside(control);
     }
     m_isTakingFromControl = false;
 }

@@ -57,11 +57,10 @@ std::array<int, largestScale> scalesByPreference(qreal devicePixelRatio)
 QPixmap readPicture(const QString &folder, const QString &name, qreal devicePixelRatio)
 {
     for (const int scale : scalesByPreference(devicePixelRatio)) {
-        QPixmap picture = QPixmap::fromImage(readBounded(scaledPath(folder, name, scale)));
-        if (picture.isNull())
-            continue;
-        picture.setDevicePixelRatio(scale);
-        return picture;
+        // The reader takes the ratio from the name of the file.
+        const QPixmap picture = QPixmap::fromImage(readBounded(scaledPath(folder, name, scale)));
+        if (!picture.isNull())
+            return picture;
     }
     return {};
 }

@@ -127,6 +127,8 @@ void addPictures()
           "tap errorBar -> switch config click in popup 1002, look -> 'Expired. Try again.' caption "
           "helpButton"),
         q("click"));
+    row("no stroke while a picture loads",
+        "embedded, hold picture 9000, tap refreshButton -> refresh, draw, wait 9000 -> ready");
     row("replaced in time", "embedded, wait 178999, wait 1 -> refresh ready");
     row("replaced when it is seen",
         "embedded, window hide, wait 170000, window show, window hide, wait 600000, "
