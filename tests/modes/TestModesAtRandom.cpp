@@ -9,7 +9,6 @@
 
 #include <QApplication>
 #include <QDialog>
-#include <QGraphicsView>
 #include <QRandomGenerator>
 #include <QScopedValueRollback>
 
@@ -51,7 +50,7 @@ private Q_SLOTS:
         QFETCH(quint32, seed);
         m_random.seed(seed);
         m_reenters = true;
-        m_kind = int(seed % 6);
+        m_kind = int(seed % 5);
         const auto focus = connect(qApp, &QApplication::focusChanged, this, [this] {
             const QScopedValueRollback inEvent(m_isInEvent, true);
             const QScopedValueRollback inFocus(m_isInFocusChange, true);
@@ -106,20 +105,11 @@ private:
             m_top = new QWidget;
         } else if (m_kind == 1) {
             m_top = new QWidget(main, Qt::Tool);
-        } else if (m_kind == 5) {
-            auto *const view = new QGraphicsView;
-            view->setScene(new QGraphicsScene(view));
-            m_form = new QWidget;
-            m_form->resize(300, 300);
-            view->scene()->addWidget(m_form);
-            m_top = view;
         } else {
             auto *const dialog = new QDialog(m_kind == 4 ? createDialog(main) : main);
             dialog->setModal(m_kind != 2);
             m_top = dialog;
         }
-        if (m_kind != 5)
-            m_form = m_top;
         m_top->resize(500, 420);
         m_top->show();
     }
@@ -134,7 +124,7 @@ private:
 
     void place(QVClickButton &button)
     {
-        button.setParent(m_form);
+        button.setParent(m_top);
         button.setGeometry(0, 0, 200, 44);
         button.show();
         connect(&button, &QVClickButton::pressed, this, [this] { reenter(); });
@@ -150,7 +140,7 @@ private:
                 });
         if (m_kind == 0 && !m_embed) {
             m_embed = std::make_unique<QVEmbedManager>();
-            m_embed->embedView()->setParent(m_form);
+            m_embed->embedView()->setParent(m_top);
             m_embed->embedView()->setGeometry(0, 50, 300, 202);
             m_embed->embedView()->show();
         }
@@ -291,7 +281,7 @@ private:
     {
         const QPointer<QVClickButton> button = m_click->button();
         const QScopedValueRollback inEvent(m_isInEvent, true);
-        if (m_kind == 5 || !button->isVisible())
+        if (!button->isVisible())
             button->click();
         else if (roll(4) == 0)
             QTest::keyClick(button->window()->windowHandle(), roll(2) ? Qt::Key_Space : Qt::Key_Return);
@@ -376,7 +366,7 @@ private:
     }
 
     QRandomGenerator m_random;
-    /// Window, tool window, dialog, modal dialog, modal dialog over another one, graphics view.
+    /// Window, tool window, dialog, modal dialog, modal dialog over another one.
     int m_kind = 0;
     bool m_reenters = false;
     int m_depth = 0;
@@ -384,7 +374,6 @@ private:
     bool m_isInEvent = false;
     bool m_isInFocusChange = false;
     QPointer<QWidget> m_top;
-    QPointer<QWidget> m_form;
     QPointer<QDialog> m_wait;
     std::unique_ptr<Tally> m_clicked;
     std::unique_ptr<Tally> m_unseen;
