@@ -107,6 +107,7 @@ private Q_SLOTS:
         go(q("start, picture"));
         QTEST(popup()->isWindow(), "isWindow");
         QTEST(popup()->popupScreen(), "screen");
+        QCOMPARE(popup()->isFullScreen(), presentation == QVPopupPresentation::WholeScreen);
         if (presentation == QVPopupPresentation::WholeScreen)
             QCOMPARE(popup()->geometry(), QGuiApplication::primaryScreen()->geometry());
         else if (isForeign)
