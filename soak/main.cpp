@@ -75,8 +75,10 @@ public:
         const auto middle = m_samples.begin() + std::ptrdiff_t(m_samples.size() / 2);
         for (std::size_t i = 0; i < whatMayGrow.size(); ++i) {
             const auto most = [i](auto first, auto last) {
-                return std::ranges::max(std::ranges::subrange(first, last), {},
-                                        [i](auto &s) { return s[i]; })[i];
+                const auto isLess = [i](const Sample &a, const Sample &b) {
+                    return a[i] < b[i];
+                };
+                return (*std::max_element(first, last, isLess))[i];
             };
             const qint64 allowed = i == 0 ? (*middle)[i] + growthAllowedKib : most(m_samples.begin(), middle);
             if (most(middle, m_samples.end()) > allowed)
