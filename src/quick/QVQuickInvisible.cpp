@@ -74,7 +74,9 @@ bool QVQuickInvisible::passBadge(QObject *host, const std::function<void()> &com
 
 void QVQuickInvisible::removeBadge()
 {
-    if (m_badge)
+    if (m_badge) {
+        m_badge->setVisible(false);
         m_badge->deleteLater();
+    }
     m_badge.clear();
 }

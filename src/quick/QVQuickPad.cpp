@@ -126,8 +126,8 @@ bool QVQuickPad::filterMouse(const QMouseEvent &event)
 
 bool QVQuickPad::filterTouch(const QTouchEvent &event)
 {
-    if (event.type() == QEvent::TouchBegin && takesPresses() && m_recognizer->pointer() == Pointer::None)
-        pressTouch(event);
+    if (event.type() == QEvent::TouchBegin)
+        beginTouch(event);
     else if (m_hasTakenTouch && event.type() == QEvent::TouchUpdate)
         grabTouchPoints({m_touchId});
     return m_hasTakenTouch;
@@ -136,8 +136,8 @@ bool QVQuickPad::filterTouch(const QTouchEvent &event)
 void QVQuickPad::touchEvent(QTouchEvent *event)
 {
     const bool isPress = event->touchPointStates().testFlag(QEventPoint::Pressed);
-    if (isPress && takesPresses() && m_recognizer->pointer() == Pointer::None)
-        pressTouch(*event);
+    if (isPress)
+        beginTouch(*event);
     const bool isFollowed = m_recognizer && m_recognizer->pointer() == Pointer::Touch;
     // Other fingers are ignored while one draws; what is left of a stroke that has ended is, too.
     event->setAccepted(isFollowed || m_hasTakenTouch || !isPress);
@@ -147,6 +147,15 @@ void QVQuickPad::touchUngrabEvent()
 {
     if (m_recognizer && m_recognizer->pointer() == Pointer::Touch)
         cancel();
+}
+
+void QVQuickPad::beginTouch(const QTouchEvent &event)
+{
+    if (!m_recognizer || m_recognizer->pointer() != Pointer::None)
+        return;
+    m_hasTakenTouch = false;
+    if (takesPresses())
+        pressTouch(event);
 }
 
 void QVQuickPad::pressTouch(const QTouchEvent &event)
@@ -221,8 +230,11 @@ void QVQuickPad::itemChange(ItemChange change, const ItemChangeData &data)
 
 void QVQuickPad::setKeyTarget(QQuickItem *target)
 {
+    if (m_keyTarget)
+        m_keyTarget->removeEventFilter(this);
     m_keyTarget = target;
-    target->installEventFilter(this);
+    if (target)
+        target->installEventFilter(this);
     Q_EMIT keyTargetChanged();
 }
 

@@ -65,6 +65,7 @@ private:
     [[nodiscard]] bool takesPresses() const;
     [[nodiscard]] bool filterMouse(const QMouseEvent &event);
     [[nodiscard]] bool filterTouch(const QTouchEvent &event);
+    void beginTouch(const QTouchEvent &event);
     void pressTouch(const QTouchEvent &event);
     void followTouch(const QTouchEvent &event);
     void readWindow(QQuickWindow *window);

@@ -60,6 +60,8 @@ void addAnswers()
     row("passed", "invisible", "pass, start, wait 0, badges", "(click-token), passed click-token, badges");
     row("passed, badge", "invisible", "badge, pass, start, wait 0, badges, wait 999, badges, wait 1, badges",
         "badges Verified, badges Verified, (click-token), passed click-token, badges");
+    row("badge of an attempt that is reset", "invisible",
+        "badge, hold switch 9000, start, wait 0, reset, badges", "closed HostReset, badges");
     row("refused click", "click, invisible", "answer click 1002, start, wait 100, text, asked",
         "[2], [5], failed 1002, [Expired. Try again.], asked switch config click");
     row("refused configuration", "click, invisible", "answer config 0101, start, wait 100, text, asked",

@@ -107,6 +107,8 @@ void addFailures()
         "answer verify 1002, advertise, embedded, "
         "look -> 'Draw along the curve' picture 1 adButton refreshButton, draw -> verify failed 1002, "
         "look -> 'Expired. Try again.', wait 200000, idle -> yes");
+    row("retried by finger", "answer verify 1002, embedded, finger-draw -> verify failed 1002, wait 500, "
+                             "finger-tap errorBar -> switch config get ready");
     row("starts anew where a picture does not load",
         "guide, broken, start -> switch config get failed 10000, "
         "look -> 'Picture not loaded. Try again.' helpButton, wait 5000, draw, "
