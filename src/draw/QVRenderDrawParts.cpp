@@ -56,7 +56,11 @@ QVRenderDrawParts::QVRenderDrawParts(QWidget *view)
 {
 }
 
-QVRenderDrawParts::~QVRenderDrawParts() = default;
+QVRenderDrawParts::~QVRenderDrawParts()
+{
+    // The focus may leave it, and a host then may lay out the view anew, which needs all parts.
+    m_adButton.reset();
+}
 
 void QVRenderDrawParts::initRenders(QVVerifyStyle style)
 {

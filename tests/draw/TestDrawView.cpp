@@ -9,6 +9,7 @@
 #include "views/QVRenderDrawOverlayView.h"
 
 #include <QPaintEvent>
+#include <QVBoxLayout>
 
 using namespace std::chrono_literals;
 
@@ -105,6 +106,19 @@ private Q_SLOTS:
             const int bar = part("promptOverlayView")->height();
             QVERIFY(frameOf(picture).adjusted(0, 0, 0, -bar).contains(frameOf(q("penHint"))));
         }
+    }
+
+    void aHostLaysOutAsTheAdvertisementGoes()
+    {
+        offer(q("get"), q("Word"), q("https://ad.example"));
+        show(q("embed"));
+        QWidget line(&host());
+        QVBoxLayout layout(&host());
+        layout.addWidget(embedManager().embedView());
+        layout.addWidget(&line);
+        part("adButton")->setFocus(Qt::TabFocusReason);
+        connect(qApp, &QApplication::focusChanged, &line, [&line] { line.show(); });
+        destroy();
     }
 
     void looksTheSameFromRightToLeft()
