@@ -30,11 +30,8 @@ class Desktop:
         self.wait_for("org.freedesktop.secrets")
 
     def start(self, environment, *command):
-        try:
-            process = subprocess.Popen(command, env=environment, text=True,
-                                       stdin=subprocess.PIPE, stdout=subprocess.PIPE)
-        except OSError as error:
-            sys.exit(f"bench: cannot start {command[0]}: {error.strerror}")
+        process = subprocess.Popen(command, env=environment, text=True,
+                                   stdin=subprocess.PIPE, stdout=subprocess.PIPE)
         self.until.callback(process.wait)
         self.until.callback(process.terminate)
         return process
@@ -73,12 +70,16 @@ def started(environment, program, *arguments):
 
 
 def figures(process):
-    line = process.stdout.readline()
-    if not line:
-        sys.exit(f"bench: {' '.join(map(str, process.args))} did not run")
+    try:
+        told = json.loads(process.stdout.readline()) | {"pss": pss_mib(process.pid)}
+    except (ValueError, OSError):
+        has_ended(process)
     # The median of a figure that has several values is taken here.
-    return {name: statistics.median(value) if isinstance(value, list) else value
-            for name, value in json.loads(line).items()} | {"pss": pss_mib(process.pid)}
+    return {name: statistics.median(value) if isinstance(value, list) else value for name, value in told.items()}
+
+
+def has_ended(process):
+    sys.exit(f"bench: {' '.join(map(str, process.args))} did not run")
 
 
 def run(environment, program, *arguments):
@@ -169,8 +170,11 @@ class Bench:
                 time.sleep(8)
                 before = context_switches(host.pid)
                 time.sleep(10)
-                # One switch is allowed, since a timer interrupt of the system may wake a waiting process.
-                tell(f"idle {what}: context switches in 10 s", "times", context_switches(host.pid) - before, 0, 1)
+                switches = context_switches(host.pid) - before
+                if host.poll() is not None:
+                    has_ended(host)
+            # One switch is allowed, since a timer interrupt of the system may wake a waiting process.
+            tell(f"idle {what}: context switches in 10 s", "times", switches, 0, 1)
 
     def memory(self):
         for mode, allowance in (("panel", 6), ("click", 3)):
@@ -239,4 +243,7 @@ def main():
             getattr(Bench(desktop, chosen.short), section)()
 
 
-main()
+try:
+    main()
+except FileNotFoundError as missing:
+    sys.exit(f"bench: cannot find {missing.filename}")
