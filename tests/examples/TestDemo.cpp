@@ -32,18 +32,6 @@ private Q_SLOTS:
         QVERIFY(QImage(folder.filePath(q("1-ready.png"))).width() >= 320);
     }
 
-    void badInputEndsWithOneLine()
-    {
-        for (const char *arguments :
-             {"--size 10x10", "--cdn file:///etc", "--drive nowhere.drive",
-              "--drive " QUARVO_DRIVE_FILES "/login.drive --screenshots /proc/quarvo"}) {
-            const Outcome outcome = run(q(arguments).split(u' '));
-            QCOMPARE(outcome.exitCode, 2);
-            QCOMPARE(outcome.output, QString());
-            QCOMPARE(outcome.errors.count('\n'), 1);
-        }
-    }
-
     void refusesMalformedDriveFiles()
     {
         const auto refuses = [](const QByteArray &line) {
