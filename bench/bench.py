@@ -71,7 +71,7 @@ def started(environment, program, *arguments):
 
 def figures(process):
     try:
-        told = json.loads(process.stdout.readline()) | {"pss": pss_mib(process.pid)}
+        told = json.loads(process.stdout.readline()) | memory(process.pid)
     except (ValueError, OSError):
         has_ended(process)
     # The median of a figure that has several values is taken here.
@@ -179,13 +179,14 @@ class Bench:
     def memory(self):
         for mode, allowance in (("panel", 6), ("click", 3)):
             ours, bare = self.both(self.desktop.keys, mode, "button", 5)
-            tell(f"memory: a host with a {mode}, beside one with a push button", "MiB", ours["pss"], bare["pss"],
-                 bare["pss"] + allowance)
+            tell(f"memory: a host with a {mode}, beside one with a push button", "MiB", ours["Pss"], bare["Pss"],
+                 bare["Pss"] + allowance)
         minutes = "10" if self.is_short else "90"
         for how in ("visible", "hidden"):
             with started(self.desktop.plain, "hours", how, self.desktop.service, minutes) as host:
                 before, after = figures(host), figures(host)
-            tell(f"{minutes} minutes of a {how} panel: growth", "MiB", after["pss"] - before["pss"], at_most=2)
+            growth = after["Anonymous"] - before["Anonymous"]
+            tell(f"{minutes} minutes of a {how} panel: growth", "MiB", growth, at_most=2)
             tell(f"{minutes} minutes of a {how} panel: pictures asked for", "times", after["pictures"])
 
     def size(self):
@@ -197,10 +198,10 @@ class Bench:
         tell("size: module for the key chain, loaded at first use", "KiB", module)
 
 
-def pss_mib(pid):
-    """The memory of a process. Pages that it shares with others count in part."""
-    lines = Path(f"/proc/{pid}/smaps_rollup").read_text().splitlines()
-    return sum(int(line.split()[1]) for line in lines if line.startswith("Pss:")) / 1024
+def memory(pid):
+    """In MiB. Pages that a process shares with others count in part as Pss, and not as Anonymous."""
+    lines = Path(f"/proc/{pid}/smaps_rollup").read_text().splitlines()[1:]
+    return {name.rstrip(":"): int(kib) / 1024 for name, kib, _ in map(str.split, lines)}
 
 
 def context_switches(pid):
