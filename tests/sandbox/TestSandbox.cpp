@@ -46,14 +46,6 @@ private Q_SLOTS:
         row("test-ad", "config test-ad -> 0103, get -> 0103 adlink, click -> 0104 adlink");
         row("test-badjson", "config test-badjson -> page");
         row("test-broken-picture", "config test-broken-picture -> 0103, get -> 0103, picture -> none");
-        const QVCases<QString, QString> refusals{{q("test-denied"), q("0101")},
-                                                 {q("test-fast"), q("0105")},
-                                                 {q("test-many"), q("0106")},
-                                                 {q("test-touch"), q("0315")},
-                                                 {q("test-expired"), q("1002")}};
-        for (const auto &[id, code] : refusals)
-            row(qPrintable(id),
-                q("config %1 -> %2, get -> %2, refresh -> %2, click -> %2, verify -> %2").arg(id, code));
     }
 
     void conversations()
