@@ -73,12 +73,12 @@ def figures(process):
     try:
         told = json.loads(process.stdout.readline()) | memory(process.pid)
     except (ValueError, OSError):
-        has_ended(process)
+        give_up_on(process)
     # The median of a figure that has several values is taken here.
     return {name: statistics.median(value) if isinstance(value, list) else value for name, value in told.items()}
 
 
-def has_ended(process):
+def give_up_on(process):
     sys.exit(f"bench: {' '.join(map(str, process.args))} did not run")
 
 
@@ -172,7 +172,7 @@ class Bench:
                 time.sleep(10)
                 switches = context_switches(host.pid) - before
                 if host.poll() is not None:
-                    has_ended(host)
+                    give_up_on(host)
             # One switch is allowed, since a timer interrupt of the system may wake a waiting process.
             tell(f"idle {what}: context switches in 10 s", "times", switches, 0, 1)
 
@@ -246,5 +246,5 @@ def main():
 
 try:
     main()
-except FileNotFoundError as missing:
-    sys.exit(f"bench: cannot find {missing.filename}")
+except OSError as error:
+    sys.exit(f"bench: cannot start {error.filename}: {error.strerror}")

@@ -42,8 +42,8 @@ void sendMouse(QWidget &widget, QEvent::Type type, QPointF position);
 /// including their repaints.
 [[nodiscard]] QJsonObject strokeCosts(QWidget &widget);
 
-/// Creates the application object, without messages of the platform, and runs \a host. It ends if the program
-/// is still running minutes later.
+/// Creates the application object, without messages of the platform, and runs \a host, for three minutes at
+/// most.
 [[nodiscard]] int runApplication(int argc, char *argv[], const std::function<int(const QString &mode)> &host);
 
 /// Prints \a figures as one line. The program then waits for its end.

@@ -105,7 +105,7 @@ void QVRenderDrawParts::placeStroke()
     m_renderLayer->raise();
 }
 
-bool QVRenderDrawParts::isNowShownAlone()
+bool QVRenderDrawParts::noteShownAlone()
 {
     return !std::exchange(m_isShownAlone, true);
 }

@@ -35,8 +35,8 @@ public:
     void initGesture(QVPanGestureRecognizer &recognizer);
     /// Call when the view has another size.
     void layoutSubviews();
-    /// Call when the view is shown as a window of its own. Returns whether that is the first time.
-    [[nodiscard]] bool isNowShownAlone();
+    /// Notes that the view is shown as a window of its own. Returns whether that is the first time.
+    [[nodiscard]] bool noteShownAlone();
 
     [[nodiscard]] QVRenderDrawImageView &imageView() const { return *m_imageView; }
     [[nodiscard]] QVCharVerifyInputView &charInputView() const { return *m_charInputView; }

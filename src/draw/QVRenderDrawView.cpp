@@ -108,7 +108,7 @@ bool QVRenderDrawView::event(QEvent *event)
     else if (event->type() == QEvent::Show) // Also of a minimised window that is restored.
         m_flow->surfaceHasAppeared();
     // A panel that is a window, or in a graphics scene, has no parent to start in.
-    if (event->type() == QEvent::Show && isWindow() && m_parts.isNowShownAlone())
+    if (event->type() == QEvent::Show && isWindow() && m_parts.noteShownAlone())
         m_flow->didMoveToSuperview();
     return handled;
 }

@@ -119,8 +119,11 @@ bool QVLayer::update()
     QVLayerProperties next = m_animations.presented(m_model, m_time);
     if (next == m_presented)
         return false;
+    const bool strokeChanged = next.path != m_presented.path || next.strokeStart != m_presented.strokeStart ||
+                               next.strokeEnd != m_presented.strokeEnd;
     m_presented = std::move(next);
-    m_strokePath = qv_trimmedPath(m_presented.path, m_presented.strokeStart, m_presented.strokeEnd);
+    if (strokeChanged)
+        m_strokePath = qv_trimmedPath(m_presented.path, m_presented.strokeStart, m_presented.strokeEnd);
     return true;
 }
 

@@ -26,6 +26,7 @@ QVConnectionPool::QVConnectionPool()
 
 QVSocket QVConnectionPool::take(const QVRoute &route)
 {
+    dropExpired();
     const auto isOfRoute = [&route](const Idle &idle) {
         return idle.route == route;
     };

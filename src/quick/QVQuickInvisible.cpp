@@ -75,6 +75,7 @@ bool QVQuickInvisible::passBadge(QObject *host, const std::function<void()> &com
 void QVQuickInvisible::removeBadge()
 {
     if (m_badge) {
+        // It is deleted only when a nested event loop of the host has ended.
         m_badge->setVisible(false);
         m_badge->deleteLater();
     }

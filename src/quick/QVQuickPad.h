@@ -16,7 +16,7 @@ class QVQuickPad : public QQuickItem
 {
     Q_OBJECT
     QML_ANONYMOUS
-    /// The item that the keyboard's pen moves over while it has the focus, from the beginning on.
+    /// The item that the keyboard's pen moves over while it has the focus.
     Q_PROPERTY(QQuickItem *keyTarget READ keyTarget WRITE setKeyTarget NOTIFY keyTargetChanged)
     /// Where that pen is.
     Q_PROPERTY(QPointF pen READ pen NOTIFY penChanged)

@@ -117,6 +117,7 @@ private Q_SLOTS:
         layout.addWidget(embedManager().embedView());
         layout.addWidget(&line);
         part("adButton")->setFocus(Qt::TabFocusReason);
+        // The layout is activated while the view is being destroyed.
         connect(qApp, &QApplication::focusChanged, &line, [&line] { line.show(); });
         destroy();
     }

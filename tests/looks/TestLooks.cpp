@@ -41,6 +41,7 @@ private Q_SLOTS:
             QCoreApplication::processEvents();
             go(step);
         }
+        // Each change was repainted.
         QVERIFY(farthest(onScreen(host()), pixelsOf(host())) == 0);
         const QImage seen = pixelsOf(host(), m_ratio);
         if (m_pressedAt)

@@ -154,7 +154,7 @@ private Q_SLOTS:
                 "popup, (main-token), passed main-token");
         row("no window", "invisible", "window destroy, badge, start, wait 0, badges, picture, place",
             "popup, badges, alone");
-        row("no window, destroys all widgets", "invisible", "window destroy, start, picture, delete, wait 1",
+        row("no window, destroys the popup", "invisible", "window destroy, start, picture, delete, wait 1",
             "popup, closed WindowGone");
         row("no window", "embed", "window destroy, start, picture, stroke, wait 1600",
             "ready, (main-token), passed main-token");

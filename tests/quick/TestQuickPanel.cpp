@@ -64,6 +64,7 @@ private Q_SLOTS:
         settings().setProperty("accent", QColor());
         const double height = item(q("promptBar"))->height();
         const QFont usual = QGuiApplication::font();
+        const auto restore = qScopeGuard([usual] { QGuiApplication::setFont(usual); });
         QFont large = usual;
         large.setPointSizeF(3 * usual.pointSizeF());
         QGuiApplication::setFont(large);
@@ -77,7 +78,8 @@ private Q_SLOTS:
     {
         setMode(q("embed"));
         go(q("start, picture, press, jump"));
-        for (QWindow other; QWindow * active : {&other, static_cast<QWindow *>(&window())}) {
+        QWindow other;
+        for (QWindow *const active : {&other, static_cast<QWindow *>(&window())}) {
             active->show();
             active->requestActivate();
             QVERIFY(QTest::qWaitForWindowActive(active));

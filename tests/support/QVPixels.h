@@ -19,8 +19,8 @@ inline QImage pixelsOf(QWidget &widget, qreal ratio = 1)
     return image;
 }
 
-/// What is on the screen: also that which was not repainted though it has changed. Other platforms do not
-/// tell.
+/// What the screen shows, which is stale if a widget has not repainted a change. Only the offscreen platform
+/// tells; elsewhere the window is rendered anew.
 inline QImage onScreen(QWidget &window)
 {
     QCoreApplication::processEvents();
