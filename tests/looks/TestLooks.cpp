@@ -55,6 +55,7 @@ private Q_SLOTS:
     /// A host styles its own widgets by class or all at once; the component's look is its own.
     void looksAsBeforeInAStyledHost()
     {
+        qunsetenv("QUARVO_UPDATE_LOOKS");
         m_hostsRules = q("* { background: red; color: green; border: 3px solid blue; font: italic 30px; }"
                          "QLineEdit { padding: 8px; }");
         QApplication::setPalette(QPalette(Qt::darkGreen, Qt::black));
@@ -65,6 +66,7 @@ private:
     void prepare() override
     {
         ModesTestCase::prepare();
+        QCursor::setPos(host().screen()->geometry().bottomRight());
         m_ratio = 1;
         m_pressedAt.reset();
         m_offersAlternative = false;
@@ -113,6 +115,8 @@ private:
         addStep("tab", [this](auto) { QTest::keyClick(&host(), Qt::Key_Tab); });
         addStep("press", [this](const QString &place) {
             m_pressedAt = QPoint(place.section(u' ', 0, 0).toInt(), place.section(u' ', 1).toInt());
+            QCursor::setPos(host().mapToGlobal(*m_pressedAt));
+            QCoreApplication::processEvents();
             QVPointerInput::press(host(), *m_pressedAt);
         });
     }
@@ -220,7 +224,7 @@ private:
         addStep("focus-close", [this](auto) { focusByKey(found<QVCloseButton>()); });
         addStep("panel", [this](auto) { showPanel(); });
         addStep("push",
-                [this](const QString &name) { host().findChild<QAbstractButton *>(name)->setDown(true); });
+                [this](const QString &name) { host().findChild<QVTouchButton *>(name)->setHighlighted(true); });
         addStep("pen", [this](auto) {
             QTest::keyClick(host().focusWidget(), Qt::Key_Space);
             for (int i = 0; i < 8; ++i)

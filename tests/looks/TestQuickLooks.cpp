@@ -55,7 +55,13 @@ private Q_SLOTS:
         QFETCH(QString, steps);
         window().resize(size);
         go(steps);
-        QVERIFY(LookComparison::matches(q(QTest::currentDataTag()), window().grabWindow()));
+        // Qt Quick smooths circles otherwise.
+        QRegion circles;
+        if (steps.contains(q("button")))
+            circles += QRect(10, 10, 44, 44);
+        if (steps.contains(q("focus-close")))
+            circles += QRect(288, 0, 32, 32);
+        QVERIFY(LookComparison::matches(q(QTest::currentDataTag()), window().grabWindow(), circles));
     }
 
 private:
@@ -122,6 +128,13 @@ private:
         QTest::mousePress(&window(), Qt::LeftButton, {}, at);
     }
 
+    /// What lay under the pointer does so no more.
+    void leave()
+    {
+        for (const int x : {1, 2})
+            QTest::mouseMove(&window(), QPoint(x, window().height() - 1));
+    }
+
     void bring(int status)
     {
         answerForStatus(status);
@@ -129,6 +142,7 @@ private:
         QVERIFY(waitFor([&] { return part(q("button"))->property("status") == status; }));
         if (status == 3)
             clickOn(q("closeButton"));
+        leave();
         // Counts the time from here.
         QQuickItem &ring = *item(q("statusRing"));
         ring.setProperty("status", 0);
@@ -191,6 +205,7 @@ private:
         addStep("disable", [this](auto) { part(q("button"))->setProperty("enabled", false); });
         addStep("hover", [this](auto) { QTest::mouseMove(&window(), QPoint(250, 30)); });
         addStep("press", [this](const QString &at) {
+            leave();
             press({at.section(u' ', 0, 0).toInt(), at.section(u' ', 1).toInt()});
         });
         addStep("status", [this](const QString &status) { bring(status.toInt()); });
@@ -198,9 +213,7 @@ private:
             start(q("button"));
             QVERIFY(waitForPicture());
             turnRing();
-            // What lay under the pointer at first does so no more.
-            for (const int x : {1, 2})
-                QTest::mouseMove(&window(), QPoint(x, window().height() - 1));
+            leave();
         });
         addStep("draw", [this](auto) {
             const QPoint middle(window().width() / 2, window().height() / 2);

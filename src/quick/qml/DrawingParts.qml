@@ -10,7 +10,6 @@ QuarvoSurface {
     // How wide the content is, in which the picture lies.
     property real contentWidth
     readonly property real alternativeHeight: root.offersAlternative ? QuarvoMeasure.AlternativeHeight : 0
-    readonly property real contentHeight: Math.round(root.contentWidth * root.contentAspect)
 
     belowContent: root.alternativeHeight
     keyTarget: picture
@@ -43,13 +42,16 @@ QuarvoSurface {
     Item {
         id: content
 
-        anchors.horizontalCenter: parent.horizontalCenter
-        anchors.verticalCenter: parent.verticalCenter
-        anchors.verticalCenterOffset: -Math.round(root.contentLift)
-        height: root.contentHeight
-        width: root.contentWidth
+        // Each edge is rounded by itself, as those of a widget are.
+        property real exactHeight: root.contentWidth * root.contentAspect
+        readonly property real exactTop: (parent.height - exactHeight) / 2 - root.contentLift
 
-        Behavior on height {
+        anchors.horizontalCenter: parent.horizontalCenter
+        height: Math.round(exactTop + exactHeight) - y
+        width: root.contentWidth
+        y: Math.round(exactTop)
+
+        Behavior on exactHeight {
             enabled: !QuarvoLook.isMotionReduced && root.hasPicture
 
             NumberAnimation {
@@ -70,7 +72,7 @@ QuarvoSurface {
 
             clip: true
             color: QuarvoLook.picture
-            height: Math.round(width * root.pictureAspect)
+            height: Math.round(content.exactTop + width * root.pictureAspect) - content.y
             width: parent.width
 
             QuarvoPicture {
