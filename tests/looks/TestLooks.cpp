@@ -52,9 +52,11 @@ private Q_SLOTS:
 
     void looksAsBeforeInAStyledHost_data() { looksAsBefore_data(); }
 
-    /// A host styles its own widgets by class or all at once; the component's look is its own.
+    /// A host styles its own widgets by class or all at once, and may be written from right to left; the
+    /// component's look is its own.
     void looksAsBeforeInAStyledHost()
     {
+        QGuiApplication::setLayoutDirection(Qt::RightToLeft);
         qunsetenv("QUARVO_UPDATE_LOOKS");
         m_hostsRules = q("* { background: red; color: green; border: 3px solid blue; font: italic 30px; }"
                          "QLineEdit { padding: 8px; }");
@@ -78,6 +80,7 @@ private:
 
     void finish() override
     {
+        QGuiApplication::setLayoutDirection(Qt::LeftToRight);
         qApp->setStyleSheet(QString());
         m_hostsRules.clear();
         QApplication::setPalette(QPalette());
@@ -223,6 +226,15 @@ private:
         });
         addStep("focus-close", [this](auto) { focusByKey(found<QVCloseButton>()); });
         addStep("panel", [this](auto) { showPanel(); });
+        addStep("size", [this](const QString &size) {
+            host().resize(size.section(u' ', 0, 0).toInt(), size.section(u' ', 1).toInt());
+            m_panel->embedView()->setGeometry(host().rect());
+            advance(0ms);
+        });
+        addStep("disable-parts", [this](auto) {
+            for (QWidget *const part : host().findChildren<QAbstractButton *>())
+                part->setEnabled(false);
+        });
         addStep("push",
                 [this](const QString &name) { host().findChild<QVTouchButton *>(name)->setHighlighted(true); });
         addStep("pen", [this](auto) {

@@ -40,7 +40,7 @@ private Q_SLOTS:
     void looksLikeTheWidgets_data()
     {
         const auto row = addColumns<QSize, QString>({"size", "steps"});
-        static const QRegularExpression otherwise(q("ratio|dots|busy|turning|opening"));
+        static const QRegularExpression otherwise(q("ratio|dots|busy|turning|opening|disable-parts"));
         static const QSet<QString> others{q("panel-hovered"), q("popup-begun"), q("popup-unfolding"),
                                           q("strip-edited"), q("strip-done-focused")};
         for (const Look &look : looks) {
@@ -176,6 +176,10 @@ private:
         addStep("dark", [](auto) { QVSDKManager::setAppearance(QVAppearance::Dark); });
         addStep("alternative", [this](auto) { m_offersAlternative = true; });
         addStep("panel", [this](auto) { showPanel(); });
+        addStep("size", [this](const QString &size) {
+            window().resize(size.section(u' ', 0, 0).toInt(), size.section(u' ', 1).toInt());
+            place(q("panel"), {{}, window().size()});
+        });
         addStep("view", [this](auto) {
             make("DrawingParts.qml", {{}, window().size()}, {{q("contentWidth"), window().width()}});
             m_made->property("picture").value<QVQuickPicture *>()->setImage(LookComparison::photograph());

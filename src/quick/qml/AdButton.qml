@@ -20,7 +20,7 @@ ControlButton {
 
         Rectangle {
             anchors.fill: parent
-            color: root.hovered ? QuarvoLook.hoverTint : "transparent"
+            color: root.showsHover ? QuarvoLook.hoverTint : "transparent"
         }
     }
     contentItem: QuarvoText {

@@ -44,7 +44,7 @@ ControlButton {
 
         Rectangle {
             anchors.fill: parent
-            color: root.hovered && root.takesInput ? QuarvoLook.hoverTint : "transparent"
+            color: root.showsHover && root.takesInput ? QuarvoLook.hoverTint : "transparent"
         }
     }
     contentItem: Item {
@@ -71,6 +71,7 @@ ControlButton {
 
             height: QuarvoMeasure.RetrySide
             name: "qv_draw_retry"
+            opacity: root.background.opacity
             visible: root.bar.acceptsTouches
             width: QuarvoMeasure.RetrySide
             x: root.width - width - QuarvoMeasure.BarInset

@@ -8,6 +8,7 @@ T.AbstractButton {
     property bool hasRing: true
     property alias cursorShape: pointer.cursorShape
     property bool wasReachedByKeys
+    readonly property bool showsHover: root.hovered && root.enabled && !root.down
 
     focusPolicy: Qt.TabFocus
     hoverEnabled: true

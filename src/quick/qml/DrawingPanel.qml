@@ -42,10 +42,10 @@ T.Control {
     contentItem: DrawingParts {
         id: parts
 
-        contentWidth: Math.max(0, Math.round(embeddedWidth))
+        contentWidth: Math.max(0, embeddedWidth)
         isEmbedded: true
         // In a panel that is flatter than its content the whole width would make the curve too small to be right.
-        traceArea: contentWidth < width ? Qt.rect((width - contentWidth) / 2, 0, contentWidth, height) : Qt.rect(0, 0, width, height)
+        traceArea: contentWidth < width ? contentArea : Qt.rect(0, 0, width, height)
 
         onAlternativeRequested: root.alternativeRequested()
         onExpired: root.expired()

@@ -9,6 +9,7 @@ QuarvoSurface {
     property bool offersAlternative
     // How wide the content is, in which the picture lies.
     property real contentWidth
+    readonly property rect contentArea: Qt.rect(content.x, content.y, content.width, content.height)
     readonly property real alternativeHeight: root.offersAlternative ? QuarvoMeasure.AlternativeHeight : 0
 
     belowContent: root.alternativeHeight
@@ -42,16 +43,18 @@ QuarvoSurface {
     Item {
         id: content
 
+        property real aspect: root.contentAspect
         // Each edge is rounded by itself, as those of a widget are.
-        property real exactHeight: root.contentWidth * root.contentAspect
+        readonly property real exactHeight: root.contentWidth * aspect
+        readonly property real exactLeft: (parent.width - root.contentWidth) / 2
         readonly property real exactTop: (parent.height - exactHeight) / 2 - root.contentLift
 
-        anchors.horizontalCenter: parent.horizontalCenter
         height: Math.round(exactTop + exactHeight) - y
-        width: root.contentWidth
+        width: Math.round(exactLeft + root.contentWidth) - x
+        x: Math.round(exactLeft)
         y: Math.round(exactTop)
 
-        Behavior on exactHeight {
+        Behavior on aspect {
             enabled: !QuarvoLook.isMotionReduced && root.hasPicture
 
             NumberAnimation {
@@ -72,7 +75,7 @@ QuarvoSurface {
 
             clip: true
             color: QuarvoLook.picture
-            height: Math.round(content.exactTop + width * root.pictureAspect) - content.y
+            height: Math.round(content.exactTop + root.contentWidth * root.pictureAspect) - content.y
             width: parent.width
 
             QuarvoPicture {

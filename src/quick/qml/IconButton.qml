@@ -23,7 +23,7 @@ ControlButton {
         anchors.margins: root.inset
         color: QuarvoLook.discHoverTint
         radius: width / 2
-        visible: root.hovered && !root.background
+        visible: root.showsHover && !root.background
         // Over the picture.
         z: 1
     }

@@ -119,7 +119,7 @@ T.Popup {
             y: root.screen.y
 
             background: Rectangle {
-                color: closeButton.hovered ? "#3c3c44" : "black"
+                color: closeButton.showsHover ? "#3c3c44" : "black"
                 radius: 16
 
                 Rectangle {

@@ -14,7 +14,7 @@ ControlButton {
     text: QuarvoLook.text(root.textKey, QuarvoLook.language)
 
     background: Rectangle {
-        color: root.hovered && !root.isBusy ? QuarvoLook.stripHover : "transparent"
+        color: root.showsHover && !root.isBusy ? QuarvoLook.stripHover : "transparent"
     }
     contentItem: QuarvoText {
         color: QuarvoLook.doneTitle
