@@ -60,8 +60,10 @@ bool needsFocus(QEvent::Type type)
 
 QVCharVerifyTextField::QVCharVerifyTextField(QWidget *parent)
     : QLineEdit(parent)
-    , m_placeholder({.pixelSize = 14, .alignment = QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft)})
+    , m_placeholder({.pixelSize = 14, .alignment = Qt::AlignLeft})
 {
+    // As the rest of the strip, also in a host that is written from right to left.
+    setLayoutDirection(Qt::LeftToRight);
     setFrame(false);
     applyColors();
     // Not Qt::ClickFocus: a refused click must not take the focus away from another widget.

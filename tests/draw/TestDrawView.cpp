@@ -39,49 +39,6 @@ class TestDrawView : public ModesTestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void placesItsParts_data()
-    {
-        const auto row =
-            addColumns<QString, QSize, QString, QRect, QRect>({"mode", "size", "kind", "content", "image"});
-        const QString draw = q("draw");
-        const QString characters = q("character");
-        row("phone", click, QSize(320, 480), draw, QRect(0, 148, 320, 184), QRect(0, 148, 320, 184));
-        row("phone, characters", click, QSize(320, 480), characters, QRect(0, 132, 320, 216),
-            QRect(0, 132, 320, 184));
-        const QString embed = q("embed");
-        row("characters", embed, QSize(400, 270), characters, QRect(0, 0, 400, 270), QRect(0, 0, 400, 230));
-        row("flat", embed, QSize(878, 287), draw, QRect(189, 0, 500, 287), QRect(189, 0, 500, 287));
-        row("flat, characters", embed, QSize(878, 135), characters, QRect(339, 0, 200, 135),
-            QRect(339, 0, 200, 115));
-        row("large", embed, QSize(1280, 800), draw, QRect(0, 32, 1280, 736), QRect(0, 32, 1280, 736));
-    }
-
-    void placesItsParts()
-    {
-        QFETCH(QString, mode);
-        QFETCH(QSize, size);
-        QFETCH(QString, kind);
-        QFETCH(QRect, image);
-        service().extend(config, {{q("guide"), true}, {q("type"), kind}});
-        // Started at another size, then resized.
-        show(mode, QSize(450, 450));
-        resize(size);
-        advance(0ms);
-        QTEST(frameOf(q("contentView")), "content");
-        QCOMPARE(frameOf(picture), image);
-        QCOMPARE(frameOf(q("helpButton")), QRect(image.right() - 29, image.top(), 30, 30));
-        QCOMPARE(frameOf(q("refreshButton")), QRect(image.right() - 59, image.top(), 30, 30));
-        if (kind == q("character")) {
-            QFETCH(QRect, content);
-            QCOMPARE(frameOf(q("charInputView")),
-                     QRect(content.left(), content.bottom() - 39, content.width(), 40));
-        }
-        if (const QRect caption = frameOf(q("caption")); !caption.isEmpty()) {
-            QCOMPARE(caption.bottom() + 1, image.top() - 10);
-            QVERIFY(std::abs(caption.center().x() - size.width() / 2) <= 1);
-        }
-    }
-
     void hasRoomForALongAdvertisement()
     {
         offer(q("get"), QString(900000, u'W'), q("https://ad.example/x"));
@@ -120,18 +77,6 @@ private Q_SLOTS:
         // The layout is activated while the view is being destroyed.
         connect(qApp, &QApplication::focusChanged, &line, [&line] { line.show(); });
         destroy();
-    }
-
-    void looksTheSameFromRightToLeft()
-    {
-        offer(q("get"), q("Word (of Ad)!"), q("https://ad.example"));
-        show(q("embed"));
-        const QImage before = pixelsOf(*part("contentView"));
-        QGuiApplication::setLayoutDirection(Qt::RightToLeft);
-        const QImage after = pixelsOf(*part("contentView"));
-        QGuiApplication::setLayoutDirection(Qt::LeftToRight);
-        // Antialiasing may differ slightly.
-        QVERIFY(farthest(after, before) <= 2);
     }
 
     void clearsThePictureWhenTheNextOneIsSlow()
