@@ -119,17 +119,6 @@ qreal lengthOf(const QPainterPath &path)
     return sum;
 }
 
-bool haveSameElements(const QPainterPath &one, const QPainterPath &other)
-{
-    if (one.elementCount() != other.elementCount())
-        return false;
-    for (int i = 0; i < one.elementCount(); ++i) {
-        if (one.elementAt(i).type != other.elementAt(i).type)
-            return false;
-    }
-    return true;
-}
-
 } // namespace
 
 QPainterPath qv_arcPath(QPointF centre, qreal radius, qreal startAngle, qreal endAngle)
@@ -164,9 +153,8 @@ QPainterPath qv_trimmedPath(const QPainterPath &path, qreal start, qreal end)
 
 QPainterPath qv_blendedPath(const QPainterPath &from, const QPainterPath &to, qreal progress)
 {
-    constexpr qreal halfWay = 0.5;
-    if (!haveSameElements(from, to))
-        return progress < halfWay ? from : to;
+    if (from.elementCount() != to.elementCount())
+        return to;
     QPainterPath result = from;
     for (int i = 0; i < result.elementCount(); ++i) {
         const QPointF point = mixed(from.elementAt(i), to.elementAt(i), progress);

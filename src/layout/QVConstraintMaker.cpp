@@ -23,7 +23,7 @@ QVConstraintAmount QVConstraintSubject::equalTo(QWidget *target) const
 {
     const std::size_t first = m_maker.m_drafts.size();
     for (const Attribute attribute : m_attributes)
-        m_maker.m_drafts.push_back({attribute, true, target, attribute});
+        m_maker.m_drafts.push_back({attribute, target, attribute});
     return {m_maker, first};
 }
 
@@ -31,7 +31,7 @@ QVConstraintAmount QVConstraintSubject::equalTo(QWidget *target, Attribute attri
 {
     const std::size_t first = m_maker.m_drafts.size();
     for (const Attribute own : m_attributes)
-        m_maker.m_drafts.push_back({own, true, target, attribute});
+        m_maker.m_drafts.push_back({own, target, attribute});
     return {m_maker, first};
 }
 
@@ -49,7 +49,7 @@ void QVConstraintSubject::equalTo(QSizeF size) const
 {
     for (const Attribute attribute : m_attributes) {
         const double value = qv_isHorizontal(attribute) ? size.width() : size.height();
-        m_maker.m_drafts.push_back({attribute, false, nullptr, attribute, 1, value});
+        m_maker.m_drafts.push_back({attribute, nullptr, attribute, 1, value});
     }
 }
 

@@ -14,7 +14,6 @@ struct QVConstraintDraft
 {
     QVLayoutAttribute attribute = QVLayoutAttribute::Left;
     /// Without a target the value is the offset.
-    bool hasTarget = false;
     QWidget *target = nullptr;
     QVLayoutAttribute targetAttribute = QVLayoutAttribute::Left;
     double multiplier = 1;

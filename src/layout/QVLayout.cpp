@@ -47,7 +47,7 @@ void QVLayout::make(QWidget *widget, const Build &build)
     build(maker);
     const ItemId item = watch(widget);
     for (const QVConstraintDraft &draft : maker.drafts()) {
-        const ItemId target = draft.hasTarget ? watch(draft.target) : 0;
+        const ItemId target = draft.target ? watch(draft.target) : 0;
         const QVLayoutConstraint made{
             item, draft.attribute, target, draft.targetAttribute, draft.multiplier, draft.offset};
         std::erase_if(m_constraints, [&](const QVLayoutConstraint &each) { return each.hasFormOf(made); });

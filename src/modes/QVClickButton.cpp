@@ -242,7 +242,7 @@ void QVClickButton::keyReleaseEvent(QKeyEvent *event)
         return;
     }
     event->accept();
-    if (d->press.isTracking() && !event->isAutoRepeat())
+    if (!event->isAutoRepeat())
         d->press.end(QRectF(rect()).center());
 }
 

@@ -61,8 +61,7 @@ void QVManagerExchange::start()
 
 void QVManagerExchange::read()
 {
-    const qint64 room = m_bodyLimit - m_result.body.size();
-    m_result.body += m_reply->read(room + 1);
+    m_result.body += m_reply->read(m_bodyLimit + 1);
     if (m_result.body.size() > m_bodyLimit)
         finishWith(QNetworkReply::ProtocolFailure);
 }

@@ -16,6 +16,18 @@ QPointingDevice *touchScreen()
     return device;
 }
 
+/// Strokes and the dots of a picture that is being loaded are of this colour. So is the focus ring, at the edge.
+bool hasAccent(const QImage &screen, const QRect &area)
+{
+    for (int y = area.top(); y < area.bottom(); ++y) {
+        for (int x = area.left(); x < area.right(); ++x) {
+            if (screen.pixelColor(x, y) == QColor(65, 141, 251))
+                return true;
+        }
+    }
+    return false;
+}
+
 /// A tap that moves a little, as a finger does.
 std::vector<QPoint> tapAt(QPoint place)
 {
@@ -264,12 +276,13 @@ void DrawingTestCase::look()
     QStringList seen;
     if (!barText().isEmpty())
         seen.append(q("'%1'").arg(barText()));
-    if (isLoading())
-        seen.append(q("loading"));
-    const QColor colour = screenshot().pixelColor(frameOf(picture).center() + QPoint(0, 30));
+    const QImage screen = screenshot();
+    const QColor colour = screen.pixelColor(frameOf(picture).center() + QPoint(0, 30));
     // That of the service's pictures.
     if (std::abs(colour.saturation() - 120) < 9)
         seen.append(q("picture %1").arg(qRound(colour.hue() / 40.0)));
+    if (hasAccent(screen, frameOf(picture).adjusted(4, 4, -4, -60)))
+        seen.append(isLoading() ? q("loading") : q("stroke"));
     for (const char *name :
          {"caption", "adButton", "outageBadge", "helpButton", "refreshButton", "characterField"}) {
         if (!frameOf(q(name)).isEmpty())

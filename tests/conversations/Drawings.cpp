@@ -40,7 +40,7 @@ void addStrokes()
     row("a verdict cannot be tapped", "answer verify 0104, embedded, draw -> verify wrong, tap errorBar");
     row("no prompt during a stroke",
         "answer verify 0104, embedded, draw -> verify wrong, press, jump, "
-        "look -> picture 1 refreshButton, wait 2000, look -> picture 1 refreshButton, lift, "
+        "look -> picture 1 stroke refreshButton, wait 2000, look -> picture 1 stroke refreshButton, lift, "
         "look -> 'Draw along the curve' picture 1 refreshButton");
     row("short", "embedded, dash, look -> 'Draw along the curve' picture 1 refreshButton, draw -> verify");
     row("across two sizes",
@@ -77,7 +77,8 @@ void addPointers()
     row("disabled", "embedded, enabled no, draw, finger-draw, enabled");
     row("taps on controls",
         "embedded, tap refreshButton -> refresh ready, finger-tap refreshButton -> refresh ready, "
-        "hold refresh 100, tap refreshButton -> refresh, finger-tap refreshButton, wait 100 -> ready");
+        "hold refresh 100, tap refreshButton -> refresh, finger-tap refreshButton, wait 100 -> ready, "
+        "finger-draw -> verify");
     row("a tap on a control ends the line",
         "embedded, tap picture, move, tap refreshButton -> refresh ready");
     row("other mouse buttons",
@@ -85,7 +86,7 @@ void addPointers()
         "lift -> verify");
     for (const char *by :
          {"press", "window hide, window show", "enabled no, enabled", "reset -> switch config get ready"})
-        row(by, q("embedded, press, jump, look -> picture 1 refreshButton, %1, "
+        row(by, q("embedded, press, jump, look -> picture 1 stroke refreshButton, %1, "
                   "look -> 'Draw along the curve' picture %2 refreshButton, lift")
                     .arg(q(by), q(*by == 'r' ? "2" : "1")));
     row("a pen without a button, disabled",

@@ -38,6 +38,7 @@ inline constexpr Look looks[] = {
     {"badge-halo", {240, 120}, "ground #5a646e, opening, rest 850, ratio 3"},
     {"button-normal", {300, 64}, "button"},
     {"button-normal-2x", {300, 64}, "button, ratio 2"},
+    {"button-narrow", {300, 64}, "button, wide 158"},
     {"button-touching", {300, 64}, "button, press 110 30, rest 250"},
     {"button-pressed", {300, 64}, "button, press 110 30, rest 150"},
     {"button-verifying", {300, 64}, "button, status 2, rest 125"},

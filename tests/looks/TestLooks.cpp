@@ -188,6 +188,9 @@ private:
             if (m_offersAlternative)
                 connect(&button, &Button::alternativeRequested, &button, [] {});
         });
+        addStep("wide", [this](const QString &width) {
+            found<Button>().resize(width.toInt(), found<Button>().height());
+        });
         addStep("rounded",
                 [this](const QString &radius) { found<Button>().setCornerRadius(radius.toInt()); });
         addStep("focus", [this](auto) { focusByKey(found<Button>()); });

@@ -204,6 +204,9 @@ private:
     void defineInput()
     {
         addStep("button", [this](auto) { place(q("button"), {10, 10, 280, 44}); });
+        addStep("wide", [this](const QString &width) {
+            part(q("button"))->setProperty("width", width.toInt());
+        });
         addStep("focus", [this](auto) { focus("button"); });
         addStep("focus-close", [this](auto) { focus("closeButton"); });
         addStep("disable", [this](auto) { part(q("button"))->setProperty("enabled", false); });

@@ -57,7 +57,7 @@ private Q_SLOTS:
         };
         row("pen", "embedded, pen -> verify, look -> 'Verified' picture 1");
         for (const char *by : {"release", "touch", "dialog"})
-            row(by, qPrintable(q("embedded, press, jump, look -> picture 1 refreshButton, lose %1, "
+            row(by, qPrintable(q("embedded, press, jump, look -> picture 1 stroke refreshButton, lose %1, "
                                  "look -> 'Draw along the curve' picture 1 refreshButton, lift")
                                    .arg(q(by))));
         row("replaced in time", "embedded, wait 179000 -> refresh ready, "

@@ -152,6 +152,10 @@ private Q_SLOTS:
         host().resize(500, 400);
         QCOMPARE(badge->frame().center(), QPoint(249, 199));
         QVERIFY(host().childAt(250, 200) != badge);
+        QWidget palette(nullptr, Qt::Tool);
+        showActive(palette);
+        go(q("start, wait 0"));
+        QVERIFY(!palette.findChild<QVInvisibleAnimationView *>());
         go(q("destroy, window destroy other, window foreign, badge, start, wait 0"));
         const QWidgetList all = QApplication::topLevelWidgets();
         const auto found = std::ranges::find_if(all, [](const QWidget *widget) {
