@@ -8,8 +8,10 @@
 #include "support/QVScriptedServer.h"
 #include "support/QVTestCase.h"
 
+#include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QImageReader>
 #include <QScopeGuard>
 #include <QSemaphore>
 #include <QThreadPool>
@@ -168,6 +170,19 @@ private Q_SLOTS:
         // Lossy formats change colours slightly.
         for (const auto part : {&QColor::red, &QColor::green, &QColor::blue, &QColor::alpha})
             QVERIFY2(qAbs((seen.*part)() - (colour.*part)()) < 6, qPrintable(seen.name(QColor::HexArgb)));
+    }
+
+    /// The first frame of a file is what a reader of whole files makes of it.
+    void allKinds()
+    {
+        const QDir folder(q(QUARVO_TEST_PICTURES "kinds"));
+        for (const QString &name : folder.entryList(QDir::Files)) {
+            QImageReader reader(folder.filePath(name));
+            reader.setAutoTransform(true);
+            const QImage whole = reader.read().convertToFormat(QImage::Format_ARGB32_Premultiplied);
+            const QImage image = qv_decodedImage(fileNamed(q("kinds/") + name));
+            QVERIFY2(image.convertToFormat(whole.format()) == whole && !whole.isNull(), qPrintable(name));
+        }
     }
 
     void waitsForNobodysThreads()
