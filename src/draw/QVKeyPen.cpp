@@ -35,7 +35,6 @@ QVKeyPen::QVKeyPen(QWidget *view, QVRenderDrawImageView *picture, QVPanGestureRe
     setObjectName(QStringLiteral("keyPen"));
     m_hint->setObjectName(QStringLiteral("penHint"));
     m_hint->setGround(QVColors::badge, hintPadding);
-    m_hint->hide();
     resize(markSide, markSide);
     hide();
     picture->installEventFilter(this);
@@ -48,8 +47,7 @@ void QVKeyPen::translate()
     if (!old.isEmpty() && m_picture->accessibleDescription() == old)
         m_picture->setAccessibleDescription(m_help);
     m_hint->setText(m_help);
-    if (m_hint->isVisible())
-        placeHint();
+    refreshHint();
     nameState();
 }
 
@@ -81,6 +79,7 @@ void QVKeyPen::refresh()
     const QPointF centre = m_steering.location();
     move(qFloor(centre.x()) - markSide / 2, qFloor(centre.y()) - markSide / 2);
     setVisible(m_steering.isReady() && m_picture->hasFocus());
+    refreshHint();
     raise();
     update();
 }
@@ -90,17 +89,12 @@ void QVKeyPen::nameState()
     setAccessibleName(qv_localizedStringForKey(m_isDown ? QVKey::accessiblePenDown : QVKey::accessiblePenUp));
 }
 
-void QVKeyPen::showHint()
+void QVKeyPen::refreshHint()
 {
-    if (!m_steering.isReady() || !qv_showsFocusRing(*m_picture))
+    m_hint->setVisible(m_steering.isReady() && qv_showsFocusRing(*m_picture) && !m_steering.isUsed());
+    if (m_hint->isHidden())
         return;
-    placeHint();
-    m_hint->show();
     m_hint->raise();
-}
-
-void QVKeyPen::placeHint()
-{
     const QRect picture(m_picture->mapTo(parentWidget(), QPoint(0, 0)), m_picture->size());
     constexpr int margin = QVDrawGeometry::penHintMargin;
     QRect box(QPoint(), m_hint->sizeFor(picture.width() - 2 * margin));
@@ -112,46 +106,21 @@ void QVKeyPen::placeHint()
 
 bool QVKeyPen::eventFilter(QObject * /*watched*/, QEvent *event)
 {
+    followPicture();
+    const bool isTaken = m_steering.takeEvent(*event);
     switch (event->type()) {
-    case QEvent::ShortcutOverride:
-        if (m_steering.isPenKey(*static_cast<QKeyEvent *>(event)))
-            event->accept();
-        return event->isAccepted();
     case QEvent::KeyPress:
-        return pressKey(*static_cast<QKeyEvent *>(event));
-    case QEvent::KeyRelease:
-        m_steering.release(*static_cast<QKeyEvent *>(event));
-        break;
     case QEvent::FocusOut:
-        m_hint->hide();
-        m_steering.leave();
-        refresh();
-        break;
     case QEvent::FocusIn:
-        showHint();
-        refresh();
-        break;
     case QEvent::Resize:
     case QEvent::Move:
     case QEvent::FontChange:
-        if (m_hint->isVisible())
-            placeHint();
         refresh();
         break;
     default:
         break;
     }
-    return false;
-}
-
-bool QVKeyPen::pressKey(const QKeyEvent &event)
-{
-    followPicture();
-    if (!m_steering.press(event))
-        return false;
-    m_hint->hide();
-    refresh();
-    return true;
+    return isTaken;
 }
 
 void QVKeyPen::paintEvent(QPaintEvent * /*event*/)

@@ -29,9 +29,7 @@ private:
     void followPicture();
     void nameState();
     void translate();
-    void showHint();
-    void placeHint();
-    bool pressKey(const QKeyEvent &event);
+    void refreshHint();
 
     QVRenderDrawImageView *m_picture;
     QVPenSteering m_steering;

@@ -58,10 +58,35 @@ bool QVPenSteering::isPenKey(const QKeyEvent &event) const
     return isArrow(event.key()) || event.key() == Qt::Key_Space;
 }
 
+bool QVPenSteering::takeEvent(QEvent &event)
+{
+    switch (event.type()) {
+    case QEvent::ShortcutOverride:
+        if (!isPenKey(static_cast<QKeyEvent &>(event)))
+            return false;
+        event.accept();
+        return true;
+    case QEvent::KeyPress:
+        return press(static_cast<QKeyEvent &>(event));
+    case QEvent::KeyRelease:
+        release(static_cast<QKeyEvent &>(event));
+        return false;
+    case QEvent::FocusOut:
+        leave();
+        return false;
+    case QEvent::FocusIn:
+        m_isUsed = false;
+        return false;
+    default:
+        return false;
+    }
+}
+
 bool QVPenSteering::press(const QKeyEvent &event)
 {
     if (!isPenKey(event))
         return false;
+    m_isUsed = true;
     if (isArrow(event.key())) {
         m_heldArrows.insert(event.key());
         movePen(event.modifiers() & Qt::ShiftModifier);

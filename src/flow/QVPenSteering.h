@@ -5,6 +5,7 @@
 #include <QRectF>
 #include <QSet>
 
+class QEvent;
 class QKeyEvent;
 
 /// Drawing with the keyboard: the arrow keys move a pen over the picture, Space lowers and lifts it, and
@@ -25,14 +26,17 @@ public:
     /// Whether the pen is down.
     [[nodiscard]] bool isSteering() const;
 
-    [[nodiscard]] bool isPenKey(const QKeyEvent &event) const;
-    /// Returns false if the key is not one of the pen's.
-    bool press(const QKeyEvent &event);
-    void release(const QKeyEvent &event);
-    /// Call when the keyboard focus is lost.
-    void leave();
+    /// Whether a key of the pen was pressed since the focus came, so that the keys need not be explained.
+    [[nodiscard]] bool isUsed() const { return m_isUsed; }
+
+    /// Takes an event of what has the keyboard focus. Returns true if nobody else is to have it.
+    bool takeEvent(QEvent &event);
 
 private:
+    [[nodiscard]] bool isPenKey(const QKeyEvent &event) const;
+    bool press(const QKeyEvent &event);
+    void release(const QKeyEvent &event);
+    void leave();
     void movePen(bool finely);
     void lowerOrLift();
 
@@ -42,4 +46,5 @@ private:
     QPointF m_place{0.1, 0.5};
     QSet<int> m_heldArrows;
     bool m_isReady = false;
+    bool m_isUsed = false;
 };

@@ -261,31 +261,9 @@ bool QVQuickPad::handleKey(QEvent &event)
 {
     if (!m_steering)
         return false;
-    switch (event.type()) {
-    case QEvent::ShortcutOverride:
-        if (m_steering->isPenKey(static_cast<QKeyEvent &>(event)))
-            event.accept();
-        return event.isAccepted();
-    case QEvent::KeyPress:
-        followKeyTarget();
-        if (!m_steering->press(static_cast<QKeyEvent &>(event)))
-            return false;
-        m_isPenUsed = true;
-        refreshPen();
-        return true;
-    case QEvent::KeyRelease:
-        m_steering->release(static_cast<QKeyEvent &>(event));
-        break;
-    case QEvent::FocusOut:
-        m_steering->leave();
-        refreshPen();
-        break;
-    case QEvent::FocusIn:
-        m_isPenUsed = false;
-        refreshPen();
-        break;
-    default:
-        break;
-    }
-    return false;
+    followKeyTarget();
+    const bool isTaken = m_steering->takeEvent(event);
+    if (isTaken || event.type() == QEvent::FocusIn || event.type() == QEvent::FocusOut)
+        Q_EMIT penChanged();
+    return isTaken;
 }

@@ -32,7 +32,7 @@ public:
     void setKeyTarget(QQuickItem *target);
     [[nodiscard]] QPointF pen() const { return m_steering ? m_steering->location() : QPointF(); }
     [[nodiscard]] bool isPenDown() const { return m_steering && m_steering->isSteering(); }
-    [[nodiscard]] bool isPenUsed() const { return m_isPenUsed; }
+    [[nodiscard]] bool isPenUsed() const { return m_steering && m_steering->isUsed(); }
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
@@ -76,7 +76,6 @@ private:
     std::unique_ptr<QVPickedUpPen> m_pickedUpPen;
     std::unique_ptr<QVPenSteering> m_steering;
     QPointer<QQuickItem> m_keyTarget;
-    bool m_isPenUsed = false;
     /// The window whose events are read.
     QPointer<QQuickWindow> m_readWindow;
     const QPointingDevice *m_touchDevice = nullptr;

@@ -261,6 +261,7 @@ void DrawingTestCase::defineKeys()
         }
     });
     addStep("escape", [this](auto) { QTest::keyClick(drawingWindow(), Qt::Key_Escape); });
+    addStep("focus", [this](auto) { focusPicture(true); });
     addStep("blur", [this](auto) { focusPicture(false); });
     addStep("type", [this](const QString &text) {
         drawWithMouse(tapAt(frameOf(q("characterField")).center()));
@@ -284,7 +285,7 @@ void DrawingTestCase::look()
     if (hasAccent(screen, frameOf(picture).adjusted(4, 4, -4, -60)))
         seen.append(isLoading() ? q("loading") : q("stroke"));
     for (const char *name :
-         {"caption", "adButton", "outageBadge", "helpButton", "refreshButton", "characterField"}) {
+         {"caption", "adButton", "outageBadge", "helpButton", "refreshButton", "characterField", "penHint"}) {
         if (!frameOf(q(name)).isEmpty())
             seen.append(q(name));
         if (seen.endsWith(q("refreshButton")) && !isRefreshEnabled())

@@ -97,7 +97,10 @@ void addPointers()
                    "zk6ok7zkpokdkk8ok9z, wait 1000 -> passed main-token");
     row("too short by keys", "embedded, keys Space Right*4 Space");
     row("escaped by keys", "embedded, keys Escape Space Right*15 Escape Space");
-    row("by keys, the focus goes", "embedded, keys Space Right*15, blur, keys Space");
+    row("by keys, the focus goes",
+        "embedded, focus, look -> 'Draw along the curve' picture 1 refreshButton penHint, "
+        "keys Space Right*15, look -> picture 1 stroke refreshButton, blur, "
+        "look -> 'Draw along the curve' picture 1 refreshButton, keys Space");
 }
 
 void addFailures()

@@ -303,6 +303,7 @@ void ModesTestCase::offerAlternative()
 
 void ModesTestCase::focusPicture(bool has)
 {
+    part("imageView")->window()->setAttribute(Qt::WA_KeyboardFocusChange, has);
     has ? part("imageView")->setFocus(Qt::TabFocusReason) : part("imageView")->clearFocus();
 }
 

@@ -26,16 +26,6 @@ private Q_SLOTS:
         QVERIFY(service().query(verify).value(q("v")).size() / 9 >= 30);
     }
 
-    void theKeyboardsPenIsExplainedUntilItIsUsed()
-    {
-        setMode(q("embed"));
-        go(q("start, picture"));
-        focusPicture(true);
-        QVERIFY(item(q("penHint")));
-        go(q("keys Space"));
-        QVERIFY(!item(q("penHint")));
-    }
-
     void charactersAreTyped()
     {
         service().extend(config, {{q("type"), q("character")}});
