@@ -87,6 +87,7 @@ private:
         QVSDKManager::setContrast(QVContrast::System);
         QVSDKManager::setAppearance(QVAppearance::Light);
         QVSDKManager::setAccentColor({});
+        QVSDKManager::setPopupPresentation(QVPopupPresentation::Automatic);
         m_panel.reset();
         ModesTestCase::finish();
     }
@@ -231,9 +232,11 @@ private:
         addStep("panel", [this](auto) { showPanel(); });
         addStep("size", [this](const QString &size) {
             host().resize(size.section(u' ', 0, 0).toInt(), size.section(u' ', 1).toInt());
-            m_panel->embedView()->setGeometry(host().rect());
+            if (m_panel)
+                m_panel->embedView()->setGeometry(host().rect());
             advance(0ms);
         });
+        addStep("whole", [](auto) { QVSDKManager::setPopupPresentation(QVPopupPresentation::WholeWindow); });
         addStep("disable-parts", [this](auto) {
             for (QWidget *const part : host().findChildren<QAbstractButton *>())
                 part->setEnabled(false);

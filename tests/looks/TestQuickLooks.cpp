@@ -54,6 +54,7 @@ private Q_SLOTS:
         QFETCH(QSize, size);
         QFETCH(QString, steps);
         window().resize(size);
+        leave();
         go(steps);
         // Qt Quick smooths circles otherwise.
         QRegion circles;
@@ -87,6 +88,7 @@ private:
         QVSDKManager::setContrast(QVContrast::System);
         QVSDKManager::setAppearance(QVAppearance::Light);
         QVSDKManager::setAccentColor({});
+        QVSDKManager::setPopupPresentation(QVPopupPresentation::Automatic);
         QuickTestCase::finish();
     }
 
@@ -178,8 +180,11 @@ private:
         addStep("panel", [this](auto) { showPanel(); });
         addStep("size", [this](const QString &size) {
             window().resize(size.section(u' ', 0, 0).toInt(), size.section(u' ', 1).toInt());
-            place(q("panel"), {{}, window().size()});
+            if (item(q("panel")))
+                place(q("panel"), {{}, window().size()});
+            rest(10);
         });
+        addStep("whole", [](auto) { QVSDKManager::setPopupPresentation(QVPopupPresentation::WholeWindow); });
         addStep("view", [this](auto) {
             make("DrawingParts.qml", {{}, window().size()}, {{q("contentWidth"), window().width()}});
             m_made->property("picture").value<QVQuickPicture *>()->setImage(LookComparison::photograph());
@@ -212,7 +217,6 @@ private:
         addStep("disable", [this](auto) { part(q("button"))->setProperty("enabled", false); });
         addStep("hover", [this](auto) { QTest::mouseMove(&window(), QPoint(250, 30)); });
         addStep("press", [this](const QString &at) {
-            leave();
             press({at.section(u' ', 0, 0).toInt(), at.section(u' ', 1).toInt()});
         });
         addStep("status", [this](const QString &status) { bring(status.toInt()); });

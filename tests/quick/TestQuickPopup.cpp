@@ -11,29 +11,6 @@ class TestQuickPopup : public QuickTestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void liesInTheWindow_data()
-    {
-        const auto row = addColumns<QSize, int, QRect>({"window", "presentation", "screen"});
-        row("card", QSize(700, 600), 0, QRect(143, 110, 414, 379));
-        row("whole", QSize(400, 600), 0, QRect(0, 0, 400, 600));
-        row("wide and whole", QSize(700, 600), 1, QRect(0, 0, 700, 600));
-    }
-
-    void liesInTheWindow()
-    {
-        QFETCH(QSize, window);
-        QFETCH(int, presentation);
-        settings().setProperty("popupPresentation", presentation);
-        this->window().resize(window);
-        open(q("button"));
-        QTEST(screen(), "screen");
-        QCOMPARE(QGuiApplication::topLevelWindows().size(), 1);
-        // Turned round.
-        this->window().resize(window.transposed());
-        QVERIFY(waitFor([&] { return QRect({}, window.transposed()).contains(screen()); }));
-        settings().setProperty("popupPresentation", 0);
-    }
-
     void theFocusGoesBack()
     {
         item(q("before"))->forceActiveFocus();
@@ -103,18 +80,6 @@ private:
         start(mode);
         QVERIFY(waitForPicture());
         QVERIFY(isOpen());
-    }
-
-    /// From the corner of the close button to that of the support label.
-    [[nodiscard]] QRect screen() const
-    {
-        const QQuickItem &button = *item(q("closeButton"));
-        const QQuickItem &label = *item(q("supportLabel"));
-        const QPointF topRight = button.mapToScene({button.width(), 0});
-        const QPointF bottom = label.mapToScene({0, label.height() + 5});
-        const QQuickItem &parts = *item(q("picture"))->parentItem()->parentItem()->parentItem();
-        return QRectF(topRight.x() - parts.width(), topRight.y(), parts.width(), bottom.y() - topRight.y())
-            .toRect();
     }
 };
 
