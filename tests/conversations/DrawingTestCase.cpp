@@ -2,6 +2,7 @@
 
 #include "settings/QVSDKManager.h"
 
+#include <QAccessible>
 #include <QDesktopServices>
 
 #include <cmath>
@@ -244,6 +245,12 @@ void DrawingTestCase::defineClicks()
     });
     addStep("tap", [this](const QString &part) { drawWithMouse(tapAt(frameOf(part).center())); });
     addStep("finger-tap", [this](const QString &part) { drawWithFinger(tapAt(frameOf(part).center())); });
+    addStep("lose-touch", [this](auto) {
+        QTest::touchEvent(drawingWindow(), touchScreen()).press(0, waveFrom({})[0]);
+        QTest::touchEvent(drawingWindow(), touchScreen()).move(0, waveFrom({})[9]);
+        QTouchEvent cancel(QEvent::TouchCancel, touchScreen());
+        QCoreApplication::sendEvent(drawingWindow(), &cancel);
+    });
     addStep("enabled", [this](const QString &no) { setPanelEnabled(no.isEmpty()); });
     addStep("resize", [this](auto) { resizePanel(QSize(413, 300)); });
     addStep("offer", [this](auto) { offerAlternative(); });
@@ -263,6 +270,37 @@ void DrawingTestCase::defineKeys()
     addStep("escape", [this](auto) { QTest::keyClick(drawingWindow(), Qt::Key_Escape); });
     addStep("focus", [this](auto) { focusPicture(true); });
     addStep("blur", [this](auto) { focusPicture(false); });
+    addStep("tab", [this](auto) {
+        const auto hasFocus = [this] {
+            return QGuiApplication::focusObject() == objectOf(picture);
+        };
+        for (int i = 0; i < 5 && !hasFocus(); ++i)
+            QTest::keyClick(drawingWindow(), Qt::Key_Tab);
+        if (hasFocus())
+            addReport(frameOf(q("keyPen")).isEmpty() ? picture : q("pen"));
+    });
+    addStep("escape-key", [this](auto) {
+        QKeyEvent event(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+        QCoreApplication::sendEvent(objectOf(picture), &event);
+        addReport(event.isAccepted() ? q("taken") : q("left"));
+    });
+    addStep("aslant", [this](auto) {
+        for (const Qt::Key key : {Qt::Key_Right, Qt::Key_Down}) {
+            QTest::keyPress(drawingWindow(), key);
+            advance(30ms);
+        }
+        QTest::keyRelease(drawingWindow(), Qt::Key_Right);
+        QTest::keyClick(drawingWindow(), Qt::Key_Down);
+    });
+    // Where the pen is, in steps from the picture's corner, and its state.
+    addStep("mark", [this](auto) {
+        const QPoint place = frameOf(q("keyPen")).center() - frameOf(picture).topLeft();
+        const auto steps = [this](int pixels) {
+            return qRound(pixels * 160.0 / frameOf(picture).width()) / 4.0;
+        };
+        const auto *const mark = QAccessible::queryAccessibleInterface(objectOf(q("keyPen")));
+        addReport(q("%1 %2 %3").arg(steps(place.x())).arg(steps(place.y())).arg(mark->text(QAccessible::Name)));
+    });
     addStep("type", [this](const QString &text) {
         drawWithMouse(tapAt(frameOf(q("characterField")).center()));
         for (const QChar letter : text)
@@ -288,7 +326,7 @@ void DrawingTestCase::look()
          {"caption", "adButton", "outageBadge", "helpButton", "refreshButton", "characterField", "penHint"}) {
         if (!frameOf(q(name)).isEmpty())
             seen.append(q(name));
-        if (seen.endsWith(q("refreshButton")) && !isRefreshEnabled())
+        if (seen.endsWith(q("refreshButton")) && !objectOf(q("refreshButton"))->property("enabled").toBool())
             seen.append(q("disabled"));
     }
     addReport(seen.join(u' '));

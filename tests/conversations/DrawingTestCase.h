@@ -26,7 +26,7 @@ protected:
     [[nodiscard]] virtual QWindow *drawingWindow() const = 0;
     /// Where a part is in the window. Empty where it cannot be seen.
     [[nodiscard]] virtual QRect frameOf(const QString &part) const = 0;
-    [[nodiscard]] virtual bool isRefreshEnabled() const = 0;
+    [[nodiscard]] virtual QObject *objectOf(const QString &part) const = 0;
     /// The text of the bar that is shown.
     [[nodiscard]] virtual QString barText() const = 0;
     [[nodiscard]] virtual bool isLoading() const = 0;

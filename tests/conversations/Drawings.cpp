@@ -89,6 +89,8 @@ void addPointers()
         row(by, q("embedded, press, jump, look -> picture 1 stroke refreshButton, %1, "
                   "look -> 'Draw along the curve' picture %2 refreshButton, lift")
                     .arg(q(by), q(*by == 'r' ? "2" : "1")));
+    row("a touch that is taken away",
+        "embedded, lose-touch, look -> 'Draw along the curve' picture 1 refreshButton, finger-draw -> verify");
     row("a pen without a button, disabled",
         "embedded, tap picture, move, enabled no, enabled, move, tap picture, move, tap picture -> verify");
     row("by keys", "embedded, keys Left Right*2 Down*3 Up Shift+Down Space Left Up Right*9 Space -> verify, "
@@ -97,6 +99,17 @@ void addPointers()
                    "zk6ok7zkpokdkk8ok9z, wait 1000 -> passed main-token");
     row("too short by keys", "embedded, keys Space Right*4 Space");
     row("escaped by keys", "embedded, keys Escape Space Right*15 Escape Space");
+    row("escape",
+        "embedded, tab -> pen, escape-key -> left, keys Space Right*15, escape-key -> taken, keys Space");
+    // The picture is 40 steps wide.
+    row("steps by keys",
+        "embedded, keys Right*15, mark -> 19 11.5 Pen up, keys Shift+Up*15, mark -> 19 7.75 Pen up, "
+        "keys Ctrl+Right, mark -> 19 7.75 Pen up, keys Left*60 Up*60, mark -> 0 0 Pen up, aslant, "
+        "mark -> 2 2 Pen up, resize, mark -> 2 2 Pen up, keys Space, mark -> 2 2 Pen down");
+    row("no pen without a picture",
+        "hold switch 100, start -> switch, tab, wait 100 -> config get ready, tab -> pen, "
+        "reset -> switch, tab -> picture, wait 100 -> config get ready, tab -> pen");
+    row("passed, destroyed", "embedded, draw -> verify, destroy, wait 1000");
     row("by keys, the focus goes",
         "embedded, focus, look -> 'Draw along the curve' picture 1 refreshButton penHint, "
         "keys Space Right*15, look -> picture 1 stroke refreshButton, blur, "

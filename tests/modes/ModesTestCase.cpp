@@ -271,9 +271,14 @@ QWindow *ModesTestCase::drawingWindow() const
     return drawView() ? drawView()->window()->windowHandle() : nullptr;
 }
 
+QObject *ModesTestCase::objectOf(const QString &name) const
+{
+    return part(partNames.value(name, name).toLatin1().constData());
+}
+
 QRect ModesTestCase::frameOf(const QString &name) const
 {
-    const QWidget *const part = this->part(partNames.value(name, name).toLatin1().constData());
+    const auto *const part = qobject_cast<QWidget *>(objectOf(name));
     return part && part->isVisible() ? QRect(part->mapTo(part->window(), QPoint()), part->size()) : QRect();
 }
 

@@ -79,7 +79,7 @@ protected:
     void changeWindow(const QString &what) override;
     [[nodiscard]] QWindow *drawingWindow() const override;
     [[nodiscard]] QRect frameOf(const QString &name) const override;
-    [[nodiscard]] bool isRefreshEnabled() const override { return part("refreshButton")->isEnabled(); }
+    [[nodiscard]] QObject *objectOf(const QString &name) const override;
     [[nodiscard]] QString barText() const override;
     [[nodiscard]] bool isLoading() const override;
     [[nodiscard]] QImage screenshot() const override;

@@ -56,25 +56,14 @@ private Q_SLOTS:
             QTest::newRow(name) << q("embed") << q(steps);
         };
         row("pen", "embedded, pen -> verify, look -> 'Verified' picture 1");
-        for (const char *by : {"release", "touch", "dialog"})
+        for (const char *by : {"release", "dialog"})
             row(by, qPrintable(q("embedded, press, jump, look -> picture 1 stroke refreshButton, lose %1, "
                                  "look -> 'Draw along the curve' picture 1 refreshButton, lift")
                                    .arg(q(by))));
         row("replaced in time", "embedded, wait 179000 -> refresh ready, "
                                 "spoken -> Time for this picture is up. A new one is on its way.");
-        row("escape",
-            "embedded, tab -> pen, escape-key -> left, keys Space Right*15, escape-key -> taken, keys Space");
-        // The picture is 40 steps wide.
-        row("steps by keys",
-            "embedded, keys Right*15, mark -> 19 11.5 Pen up, keys Shift+Up*15, mark -> 19 7.75 Pen up, "
-            "keys Ctrl+Right, mark -> 19 7.75 Pen up, keys Left*60 Up*60, mark -> 0 0 Pen up, aslant, "
-            "mark -> 2 2 Pen up");
         row("by keys, disabled", "embedded, shortcut, keys Space Right*15, enabled no, enabled, keys Right, "
                                  "mark -> 20 11.5 Pen up");
-        row("no pen without a picture",
-            "hold switch 100, start -> switch, tab, wait 100 -> config get ready, tab -> pen, "
-            "reset -> switch, tab -> picture, wait 100 -> config get ready, tab -> pen");
-        row("passed, destroyed", "embedded, draw -> verify, destroy, wait 1000");
     }
     void drawingsOnWidgets() { follow(); }
 
@@ -223,37 +212,7 @@ private:
 
     void defineKeys()
     {
-        addStep("tab", [this](auto) {
-            for (int i = 0; i < 5 && !image().hasFocus(); ++i)
-                QTest::keyClick(drawingWindow(), Qt::Key_Tab);
-            if (image().hasFocus())
-                addReport(frameOf(q("keyPen")).isEmpty() ? picture : q("pen"));
-        });
         addStep("shortcut", [this](auto) { new QShortcut(Qt::Key_Space, &host(), [] { QFAIL("taken"); }); });
-        addStep("escape-key", [this](auto) {
-            QKeyEvent event(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
-            QCoreApplication::sendEvent(&image(), &event);
-            addReport(event.isAccepted() ? q("taken") : q("left"));
-        });
-        addStep("aslant", [this](auto) {
-            for (const Qt::Key key : {Qt::Key_Right, Qt::Key_Down}) {
-                QTest::keyPress(drawingWindow(), key);
-                advance(30ms);
-            }
-            QTest::keyRelease(drawingWindow(), Qt::Key_Right);
-            QTest::keyClick(drawingWindow(), Qt::Key_Down);
-        });
-        // Where the pen is, in steps from the picture's corner, and its state.
-        addStep("mark", [this](auto) {
-            const QPoint place = frameOf(q("keyPen")).center() - frameOf(picture).topLeft();
-            const auto steps = [this](int pixels) {
-                return qRound(pixels * 160.0 / image().width()) / 4.0;
-            };
-            addReport(q("%1 %2 %3")
-                          .arg(steps(place.x()))
-                          .arg(steps(place.y()))
-                          .arg(part("keyPen")->accessibleName()));
-        });
     }
 
     void loseDrag(const QString &way)
@@ -262,11 +221,6 @@ private:
             QMouseEvent move(QEvent::MouseMove, QPointF(80, 80), QPointF(80, 80), Qt::NoButton, Qt::NoButton,
                              Qt::NoModifier);
             QCoreApplication::sendEvent(drawView(), &move);
-        } else if (way == q("touch")) {
-            QTest::touchEvent(drawingWindow(), QVPointerInput::touchScreen()).press(0, waveFrom({})[0]);
-            QTest::touchEvent(drawingWindow(), QVPointerInput::touchScreen()).move(0, waveFrom({})[9]);
-            QTouchEvent cancel(QEvent::TouchCancel, QVPointerInput::touchScreen());
-            QCoreApplication::sendEvent(drawingWindow(), &cancel);
         } else {
             QWidget dialog;
             dialog.setWindowModality(Qt::ApplicationModal);

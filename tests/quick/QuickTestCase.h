@@ -41,7 +41,7 @@ protected:
     void changeWindow(const QString &what) override;
     [[nodiscard]] QWindow *drawingWindow() const override { return m_window.get(); }
     [[nodiscard]] QRect frameOf(const QString &name) const override;
-    [[nodiscard]] bool isRefreshEnabled() const override { return item(q("refreshButton"))->isEnabled(); }
+    [[nodiscard]] QObject *objectOf(const QString &name) const override { return item(name); }
     [[nodiscard]] QString barText() const override;
     [[nodiscard]] bool isLoading() const override { return item(q("loadingDots")) != nullptr; }
     [[nodiscard]] QImage screenshot() const override { return m_window->grabWindow(); }
