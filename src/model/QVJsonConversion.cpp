@@ -30,7 +30,7 @@ std::optional<Number> numberFromDecimals(const QString &text)
     bool isNumber = false;
     if (text.contains(u'.')) {
         const double number = text.toDouble(&isNumber);
-        return isNumber && std::isfinite(number) ? std::optional<Number>(number) : std::nullopt;
+        return isNumber ? std::optional<Number>(number) : std::nullopt;
     }
     const qint64 integer = text.toLongLong(&isNumber);
     return isNumber ? std::optional<Number>(integer) : std::nullopt;

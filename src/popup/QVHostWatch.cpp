@@ -65,9 +65,6 @@ void QVHostWatch::watchWidget(const QEvent &event)
     case QEvent::WindowUnblocked:
         Q_EMIT usabilityChanged();
         break;
-    case QEvent::Close:
-        endLater();
-        break;
     case QEvent::Hide:
         endLater();
         if (!event.spontaneous())
@@ -86,7 +83,7 @@ void QVHostWatch::watchWindow(const QEvent &event)
 {
     if (event.type() == QEvent::Resize || event.type() == QEvent::Move)
         Q_EMIT resized();
-    else if (event.type() == QEvent::Close || event.type() == QEvent::Hide)
+    else if (event.type() == QEvent::Hide)
         endLater();
 }
 
@@ -99,7 +96,7 @@ void QVHostWatch::watchChild(QObject *child)
 
 void QVHostWatch::endLater()
 {
-    // From the event loop: the host's handler may refuse to close.
+    // From the event loop: the host may show its window again at once.
     QVScheduler::shared().schedule({}, [self = QPointer(this)] {
         if (self && !isShown(self->m_host))
             Q_EMIT self->ended();

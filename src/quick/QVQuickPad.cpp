@@ -230,12 +230,8 @@ void QVQuickPad::itemChange(ItemChange change, const ItemChangeData &data)
 
 void QVQuickPad::setKeyTarget(QQuickItem *target)
 {
-    if (m_keyTarget)
-        m_keyTarget->removeEventFilter(this);
     m_keyTarget = target;
-    if (target)
-        target->installEventFilter(this);
-    Q_EMIT keyTargetChanged();
+    target->installEventFilter(this);
 }
 
 void QVQuickPad::setPenReady(bool ready)

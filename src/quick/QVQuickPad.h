@@ -17,7 +17,7 @@ class QVQuickPad : public QQuickItem
     Q_OBJECT
     QML_ANONYMOUS
     /// The item that the keyboard's pen moves over while it has the focus.
-    Q_PROPERTY(QQuickItem *keyTarget READ keyTarget WRITE setKeyTarget NOTIFY keyTargetChanged)
+    Q_PROPERTY(QQuickItem *keyTarget READ keyTarget WRITE setKeyTarget)
     /// Where that pen is.
     Q_PROPERTY(QPointF pen READ pen NOTIFY penChanged)
     Q_PROPERTY(bool isPenDown READ isPenDown NOTIFY penChanged)
@@ -37,7 +37,6 @@ public:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 Q_SIGNALS:
-    void keyTargetChanged();
     void penChanged();
 
 protected:

@@ -2,12 +2,6 @@
 
 #include <QPainter>
 
-QVQuickStroke::QVQuickStroke(QQuickItem *parent)
-    : QQuickPaintedItem(parent)
-{
-    setAntialiasing(true);
-}
-
 void QVQuickStroke::moveTo(QPointF point)
 {
     repaint(m_path.moveTo(point));

@@ -12,7 +12,7 @@ class QVQuickStroke : public QQuickPaintedItem
     Q_PROPERTY(QColor color MEMBER m_color)
 
 public:
-    explicit QVQuickStroke(QQuickItem *parent = nullptr);
+    using QQuickPaintedItem::QQuickPaintedItem;
 
     void moveTo(QPointF point);
     void addLineTo(QPointF point);

@@ -103,6 +103,9 @@ private Q_SLOTS:
         row("hides its window under the popup", "click, invisible",
             "start, picture, window hide, wait 100, popups, window show, start, picture",
             "[2], popup, [0], closed WindowGone, popups 0, [2], popup");
+        row("hides a window that is no widget", "invisible",
+            "window foreign, start, picture, window hide, wait 100, popups",
+            "popup, closed WindowGone, popups 0");
         row("hides the window of a hidden popup", "invisible",
             "window other, start, picture, close, window hide, window other, start, place, window destroy "
             "other, wait 100, place",

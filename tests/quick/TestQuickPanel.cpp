@@ -48,6 +48,7 @@ private Q_SLOTS:
         QVERIFY(waitFor([this] { return item(q("promptBar")) && item(q("stroke")); }));
         QVSDKManager::setPreferredLanguage(q("zh-Hans"));
         QCOMPARE(item(q("promptBar"))->property("text").toString(), q("请沿图中曲线画线"));
+        QCOMPARE(statusText(), q("正在验证…"));
         const QColor accent(0, 100, 0);
         settings().setProperty("accent", accent);
         QCOMPARE(item(q("stroke"))->property("color").value<QColor>(), accent);
