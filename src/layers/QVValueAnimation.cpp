@@ -4,7 +4,6 @@
 
 #include <QWidget>
 
-#include <algorithm>
 #include <utility>
 
 QVValueAnimation::QVValueAnimation(QWidget &widget)
@@ -12,17 +11,15 @@ QVValueAnimation::QVValueAnimation(QWidget &widget)
 {
 }
 
-void QVValueAnimation::start(double from, double to, double seconds, Step step, Completion completion)
+void QVValueAnimation::start(Time duration, Step step, Completion completion)
 {
-    const bool jumps = seconds <= 0 || QVMotion::isReduced();
-    const auto duration = std::chrono::round<Time>(std::chrono::duration<double>(jumps ? 0 : seconds));
+    const bool jumps = QVMotion::isReduced();
     const Time now = QVTicker::shared().time();
     const auto run = std::make_shared<Run>(
-        Run{jumps ? to : from, to, now, duration, std::move(step), std::move(completion)});
+        Run{now, jumps ? Time::zero() : duration, std::move(step), std::move(completion)});
     m_run = run;
-    m_link.run(now + duration);
-    if (run->step)
-        run->step(run->from);
+    m_link.run(now + run->duration);
+    run->step(jumps ? 1 : 0);
 }
 
 void QVValueAnimation::stop()
@@ -34,16 +31,12 @@ void QVValueAnimation::stop()
 void QVValueAnimation::tick(Time time)
 {
     const std::shared_ptr<Run> run = m_run;
-    const Time passed = std::max(time - run->start, Time::zero());
+    const Time passed = time - run->start;
     if (passed < run->duration) {
-        const double progress =
-            m_curve.valueForProgress(double(passed.count()) / double(run->duration.count()));
-        if (run->step)
-            run->step(run->from + (run->to - run->from) * progress);
+        run->step(m_curve.valueForProgress(double(passed.count()) / double(run->duration.count())));
         return;
     }
-    if (run->step)
-        run->step(run->to);
+    run->step(1);
     if (run.use_count() == 1)
         return; // The step has destroyed, stopped or restarted this animation.
     stop();

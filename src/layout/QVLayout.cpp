@@ -170,8 +170,7 @@ void QVLayout::startMotion()
 {
     if (!m_transition.isRunning())
         return;
-    const double seconds = std::chrono::duration<double>(m_transition.remaining()).count();
-    m_motion.start(0, 1, seconds, [this](double) { move(); });
+    m_motion.start(m_transition.remaining(), [this](double) { move(); });
 }
 
 void QVLayout::move()

@@ -140,7 +140,7 @@ void QVViewController::showRenderViewAnimation()
     // The usual curve; with a more dynamic one the picture seems to wobble.
     m_unfoldAnimation->setTimingCurve(QVEasing::usual());
     m_unfoldAnimation->start(
-        0, 1, std::chrono::duration<double>(QVPopupGeometry::unfoldDuration).count(),
+        QVPopupGeometry::unfoldDuration,
         [unfold = m_unfold](double scale) {
             if (unfold)
                 unfold->setScale(scale);

@@ -90,11 +90,10 @@ void QVWindow::makeKeyAndVisible(QObject *host)
     m_isWanted = true;
     m_presentation = chosenPresentation();
     watchHost();
-    m_dimming.start(0, 1, std::chrono::duration<double>(QVPopupGeometry::dimDuration).count(),
-                    [this](double part) {
-                        m_dimmedPart = part;
-                        update();
-                    });
+    m_dimming.start(QVPopupGeometry::dimDuration, [this](double part) {
+        m_dimmedPart = part;
+        update();
+    });
     // If this is a separate window, Qt may be activating it at this moment, even if it was just hidden, and
     // would go on using it after its destruction.
     if (isWindow() && windowHandle())

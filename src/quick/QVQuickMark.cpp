@@ -69,8 +69,6 @@ void QVQuickMark::paint(QPainter *painter)
                  m_strokeEnd);
         return;
     }
-    if (m_lineWidth <= 0)
-        return;
     constexpr double whole = 16 * 360;
     constexpr int top = 16 * 90;
     const QRectF circle(-m_radius, -m_radius, 2 * m_radius, 2 * m_radius);

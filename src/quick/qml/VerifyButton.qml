@@ -76,9 +76,9 @@ T.AbstractButton {
             id: ripple
 
             anchors.fill: parent
+            color: "transparent"
             cornerRadius: root.paintedRadius
             fill: "#33ffffff"
-            lineWidth: 0
             visible: spread.running
 
             NumberAnimation on radius {
