@@ -102,5 +102,5 @@ void QVServiceAddresses::setOutageHelpPage(const QString &address)
 
 bool QVServiceAddresses::operator==(const QVServiceAddresses &other) const
 {
-    return d == other.d || *d == *other.d;
+    return *d == *other.d;
 }

@@ -132,7 +132,6 @@ void QVInvisibleAnimationView::passAnimationComplete(std::function<void()> compl
     clearLayers();
     openStrip();
     passCircleAnimationLayer().setPath(circlePath());
-    passCircleAnimationLayer().setFrame(bounds());
     passCircleAnimationLayer().setOpacity(0);
     layOutRing();
     // Behind the smooth edge of the filled ring a pale one of the same width would shine through.

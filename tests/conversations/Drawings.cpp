@@ -141,6 +141,9 @@ void addPictures()
         "tap refreshButton -> refresh, wait 100, "
         "look -> 'Draw along the curve' loading refreshButton disabled, wait 100 -> ready, "
         "look -> 'Draw along the curve' picture 2 refreshButton");
+    row("refreshed quickly",
+        "embedded, hold picture 50, tap refreshButton -> refresh, wait 40, "
+        "look -> 'Draw along the curve' picture 1 refreshButton, wait 10 -> ready");
     row("the next configuration of a popup",
         q("opened, answer click 1002, answer verify 1002, draw -> verify in popup 1002, guide, wait 500, "
           "tap errorBar -> switch config click in popup 1002, look -> 'Expired. Try again.' caption "

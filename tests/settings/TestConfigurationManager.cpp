@@ -79,9 +79,11 @@ private Q_SLOTS:
             for (int setter = 0; isWarnedOf && setter < 2; ++setter)
                 QTest::ignoreMessage(QtWarningMsg, QRegularExpression(q("^A server .* without encryption")));
             QVSDKManager::setServiceAddresses(addresses);
+            QVERIFY(addresses != QVServiceAddresses());
             QVSDKManager::setOutageServer(q(address));
         }
         QVSDKManager::setServiceAddresses({});
+        QVERIFY(QVServiceAddresses() == QVServiceAddresses());
     }
 
     void hostsAreNamedInReverse()
