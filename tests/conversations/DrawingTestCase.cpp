@@ -49,12 +49,14 @@ void DrawingTestCase::prepare()
     addresses.setHelpPage(q("https://help.example/draw"));
     addresses.setOutageHelpPage(q("https://help.example/outage"));
     QVSDKManager::setServiceAddresses(addresses);
-    QDesktopServices::setUrlHandler(q("https"), this, "openPage");
+    for (const QString &scheme : {q("https"), q("ftp")})
+        QDesktopServices::setUrlHandler(scheme, this, "openPage");
 }
 
 void DrawingTestCase::finish()
 {
-    QDesktopServices::unsetUrlHandler(q("https"));
+    for (const QString &scheme : {q("https"), q("ftp")})
+        QDesktopServices::unsetUrlHandler(scheme);
     QVSDKManager::setOutageOpen(false);
     QVSDKManager::setPopupClosesOnOutsideClick(false);
     ConversationTestCase::finish();
@@ -100,10 +102,10 @@ void DrawingTestCase::defineAnswers()
     addStep("characters",
             [=](const QString &no) { extend(config, "type", no.isEmpty() ? q("character") : q("draw")); });
     addStep("count", [=](const QString &number) { extend(q("get"), "verifyCount", number); });
-    addStep("advertise", [=](auto) {
+    addStep("advertise", [=](const QString &scheme) {
         for (const QString &what : {click, q("get")}) {
             extend(what, "adlinkword", q("Buy"));
-            extend(what, "adlink", q("https://shop.example/x?y=z"));
+            extend(what, "adlink", (scheme.isEmpty() ? q("https") : scheme) + q("://shop.example/x?y=z"));
         }
     });
     addStep("broken", [this](const QString &no) { service().breakPictures(no.isEmpty()); });

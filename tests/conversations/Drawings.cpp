@@ -156,6 +156,7 @@ void addPictures()
         "embedded, window hide, wait 170000, window show, window hide, wait 600000, "
         "window show -> refresh ready");
     row("pages", "guide, advertise, embedded, tap adButton -> https://shop.example/x?y=z, "
+                 "advertise ftp, reset -> switch config get ready, tap adButton, "
                  "tap helpButton -> https://help.example/draw, outage, "
                  "reset -> switch outage get outage ready, tap helpButton -> https://help.example/outage");
     row("no help in the next configuration",
