@@ -8,6 +8,7 @@
 #include <QWidget>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -209,8 +210,7 @@ bool QVPanEventFilter::isOverControl(QPointF location) const
 
 void QVPanEventFilter::takeFromControl(Pointer pointer)
 {
-    QWidget *control = m_pressedControl;
-    m_pressedControl.clear();
+    QWidget *const control = std::exchange(m_pressedControl, nullptr);
     if (!control)
         return;
     m_isTakingFromControl = true;

@@ -179,12 +179,10 @@ void QVRenderDrawImageView::setStrip(QWidget *strip)
     strip->installEventFilter(this);
 }
 
-bool QVRenderDrawImageView::eventFilter(QObject * /*watched*/, QEvent *event)
+bool QVRenderDrawImageView::eventFilter(QObject * /*watched*/, QEvent * /*event*/)
 {
-    const QEvent::Type type = event->type();
-    // The strip may be placed or shown while a bar is on screen.
-    if (type == QEvent::Move || type == QEvent::Show || type == QEvent::Hide)
-        keepClearOfStrip();
+    // The strip may have been placed or shown while a bar is on screen.
+    keepClearOfStrip();
     return false;
 }
 

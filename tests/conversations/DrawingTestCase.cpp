@@ -17,7 +17,8 @@ QPointingDevice *touchScreen()
     return device;
 }
 
-/// Strokes and the dots of a picture that is being loaded are of this colour. So is the focus ring, at the edge.
+/// Strokes and the dots of a picture that is being loaded are of this colour. So is the focus ring, at the
+/// edge.
 bool hasAccent(const QImage &screen, const QRect &area)
 {
     for (int y = area.top(); y < area.bottom(); ++y) {
@@ -301,7 +302,8 @@ void DrawingTestCase::defineKeys()
             return qRound(pixels * 160.0 / frameOf(picture).width()) / 4.0;
         };
         const auto *const mark = QAccessible::queryAccessibleInterface(objectOf(q("keyPen")));
-        addReport(q("%1 %2 %3").arg(steps(place.x())).arg(steps(place.y())).arg(mark->text(QAccessible::Name)));
+        addReport(
+            q("%1 %2 %3").arg(steps(place.x())).arg(steps(place.y())).arg(mark->text(QAccessible::Name)));
     });
     addStep("type", [this](const QString &text) {
         drawWithMouse(tapAt(frameOf(q("characterField")).center()));

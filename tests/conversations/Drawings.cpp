@@ -89,8 +89,8 @@ void addPointers()
         row(by, q("embedded, press, jump, look -> picture 1 stroke refreshButton, %1, "
                   "look -> 'Draw along the curve' picture %2 refreshButton, lift")
                     .arg(q(by), q(*by == 'r' ? "2" : "1")));
-    row("a touch that is taken away",
-        "embedded, lose-touch, look -> 'Draw along the curve' picture 1 refreshButton, finger-draw -> verify");
+    row("a touch that is taken away", "embedded, lose-touch, look -> 'Draw along the curve' picture 1 "
+                                      "refreshButton, finger-draw -> verify");
     row("a pen without a button, disabled",
         "embedded, tap picture, move, enabled no, enabled, move, tap picture, move, tap picture -> verify");
     row("by keys", "embedded, keys Left Right*2 Down*3 Up Shift+Down Space Left Up Right*9 Space -> verify, "
@@ -141,9 +141,8 @@ void addPictures()
         "tap refreshButton -> refresh, wait 100, "
         "look -> 'Draw along the curve' loading refreshButton disabled, wait 100 -> ready, "
         "look -> 'Draw along the curve' picture 2 refreshButton");
-    row("refreshed quickly",
-        "embedded, hold picture 50, tap refreshButton -> refresh, wait 40, "
-        "look -> 'Draw along the curve' picture 1 refreshButton, wait 10 -> ready");
+    row("refreshed quickly", "embedded, hold picture 50, tap refreshButton -> refresh, wait 40, "
+                             "look -> 'Draw along the curve' picture 1 refreshButton, wait 10 -> ready");
     row("the next configuration of a popup",
         q("opened, answer click 1002, answer verify 1002, draw -> verify in popup 1002, guide, wait 500, "
           "tap errorBar -> switch config click in popup 1002, look -> 'Expired. Try again.' caption "
@@ -178,6 +177,9 @@ void addKinds()
         "draw -> outage verify outage get wrong ready, hold outage-get 200, "
         "tap refreshButton -> outage get, wait 100, "
         "look -> 'Not quite right. Try again.' loading outageBadge helpButton, wait 100 -> ready");
+    row("outage: an answer that is judged",
+        "inOutage, hold outage-verify 100, draw -> outage verify, "
+        "look -> picture 1 outageBadge helpButton refreshButton disabled");
     row("outage: strokes stay in the picture",
         "inOutage, stray above, stray below, "
         "stray out, look -> 'Draw along the curve' picture 1 outageBadge helpButton refreshButton, "
