@@ -39,15 +39,6 @@ class TestDrawView : public ModesTestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void hasRoomForALongAdvertisement()
-    {
-        offer(q("get"), QString(900000, u'W'), q("https://ad.example/x"));
-        show(q("embed"));
-        QCOMPARE(part("adButton")->width(), 125);
-        QVERIFY(part("adButton")->height() > QFontMetrics(qv_systemFont(12)).height());
-        QVERIFY(part("adButton")->accessibleName().size() < 500);
-    }
-
     void theHintForKeysFollowsThePictureAndTheFont()
     {
         show(q("embed"));

@@ -79,6 +79,7 @@ inline constexpr Look looks[] = {
     {"panel-pen-keys", {200, 145}, "panel, tab"},
     {"panel-pen", {414, 300}, "panel, tab, pen"},
     {"panel-failed", {414, 300}, "answer refresh 0105, panel, refresh, rest 300"},
+    {"panel-long-offer", {320, 184}, "long-offer, panel"},
     {"panel-flat", {450, 450}, "panel, size 878 287"},
     {"panel-large", {300, 200}, "panel, size 1280 800"},
     {"panel-characters", {450, 450}, "characters, panel, size 400 270"},

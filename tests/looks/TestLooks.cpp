@@ -72,6 +72,7 @@ private:
         m_ratio = 1;
         m_pressedAt.reset();
         m_offersAlternative = false;
+        m_offer = q("An\noffer");
         defineSurroundings();
         defineViews();
         defineButton();
@@ -230,6 +231,7 @@ private:
         });
         addStep("focus-close", [this](auto) { focusByKey(found<QVCloseButton>()); });
         addStep("panel", [this](auto) { showPanel(); });
+        addStep("long-offer", [this](auto) { m_offer = QString(900000, u'W'); });
         addStep("size", [this](const QString &size) {
             host().resize(size.section(u' ', 0, 0).toInt(), size.section(u' ', 1).toInt());
             if (m_panel)
@@ -259,7 +261,7 @@ private:
     {
         service().extend(config, {{q("guide"), true}});
         service().extend(q("get"),
-                         {{q("adlinkword"), q("An\noffer")}, {q("adlink"), q("https://x.example")}});
+                         {{q("adlinkword"), m_offer}, {q("adlink"), q("https://x.example")}});
         m_panel = std::make_unique<QVEmbedManager>();
         if (m_offersAlternative)
             connect(m_panel.get(), &QVEmbedManager::alternativeRequested, this, [] {});
@@ -275,6 +277,7 @@ private:
     qreal m_ratio = 1;
     std::optional<QPoint> m_pressedAt;
     bool m_offersAlternative = false;
+    QString m_offer;
     std::unique_ptr<QVEmbedManager> m_panel;
 };
 

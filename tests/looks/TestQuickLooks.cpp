@@ -73,6 +73,7 @@ private:
         qunsetenv("QUARVO_UPDATE_LOOKS");
         m_clock = std::make_unique<AnimationClock>();
         m_clock->install();
+        m_offer = q("An\u2029offer");
         settings().setProperty("reducedMotion", false);
         defineStates();
         defineInput();
@@ -163,7 +164,7 @@ private:
     {
         go(q("guide"));
         service().extend(q("get"),
-                         {{q("adlinkword"), q("An\u2029offer")}, {q("adlink"), q("https://x.example")}});
+                         {{q("adlinkword"), m_offer}, {q("adlink"), q("https://x.example")}});
         place(q("panel"), {{}, window().size()});
         QVERIFY(waitForPicture());
         rest(300);
@@ -178,6 +179,7 @@ private:
         addStep("dark", [](auto) { QVSDKManager::setAppearance(QVAppearance::Dark); });
         addStep("alternative", [this](auto) { m_offersAlternative = true; });
         addStep("panel", [this](auto) { showPanel(); });
+        addStep("long-offer", [this](auto) { m_offer = QString(900000, u'W'); });
         addStep("size", [this](const QString &size) {
             window().resize(size.section(u' ', 0, 0).toInt(), size.section(u' ', 1).toInt());
             if (item(q("panel")))
@@ -250,6 +252,7 @@ private:
     std::unique_ptr<QQuickItem> m_made;
     std::optional<QPoint> m_pressedAt;
     bool m_offersAlternative = false;
+    QString m_offer;
 };
 
 QV_TEST(TestQuickLooks)

@@ -40,10 +40,7 @@ private Q_SLOTS:
         row("outage",
             "outage -> 0103, picture -> 800x460, few cells -> 0104, cells -> 0103, token -> outage, "
             "cells -> 1002, sing -> 400");
-        row("test-pass", "config test-pass -> 0103, click -> 0103, token -> click");
         row("test-wrong", "config test-wrong -> 0103, get -> 0103, draw -> 0104");
-        row("test-guide", "config test-guide -> 0103 guide");
-        row("test-ad", "config test-ad -> 0103, get -> 0103 adlink, click -> 0104 adlink");
         row("test-badjson", "config test-badjson -> page");
         row("test-broken-picture", "config test-broken-picture -> 0103, get -> 0103, picture -> none");
     }
@@ -179,9 +176,7 @@ private:
             m_picture = m_sandbox->addresses().cdn + u'/' + answer[q("img")].toString();
         if (answer.contains(q("imgid")))
             m_picture = m_sandbox->addresses().imageHost + u'/' + answer[q("imgid")].toString() + q(".jpg");
-        const QString code = answer[q("code")].toString(QString::number(reply.status));
-        return code + (answer[q("guide")].toBool() ? q(" guide") : QString()) +
-               (answer.contains(q("adlink")) ? q(" adlink") : QString());
+        return answer[q("code")].toString(QString::number(reply.status));
     }
 
     /// The size of the latest picture, which is requested twice while it is drawn.
