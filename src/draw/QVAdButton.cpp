@@ -8,6 +8,7 @@
 #include "settings/QVSystemFont.h"
 #include "views/QVFocusRing.h"
 
+#include <QEvent>
 #include <QPainter>
 #include <QtMath>
 
@@ -33,6 +34,11 @@ void QVAdButton::setWord(const QString &word, const QString &link)
     m_word.setText(word);
     m_link = link;
     nameWord();
+    fitWord();
+}
+
+void QVAdButton::fitWord()
+{
     const QSize size = m_word.sizeFor(widest - 2 * inset);
     setGeometry(0, 0, size.width() + 2 * inset, size.height() + heightBeyondText);
     update();
@@ -42,6 +48,13 @@ void QVAdButton::nameWord()
 {
     setAccessibleName(qv_localizedStringForKey(QVKey::accessibleAdvertisement) + u' ' +
                       qv_oneLine(m_word.text()));
+}
+
+void QVAdButton::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::FontChange)
+        fitWord();
+    QVTouchButton::changeEvent(event);
 }
 
 void QVAdButton::paintEvent(QPaintEvent * /*event*/)

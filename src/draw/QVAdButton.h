@@ -14,10 +14,12 @@ public:
     [[nodiscard]] QString link() const { return m_link; }
 
 protected:
+    void changeEvent(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
 private:
     void nameWord();
+    void fitWord();
 
     // Not QAbstractButton::text(), in which an ampersand would define a shortcut.
     QVPaintedText m_word{{.pixelSize = 12}};

@@ -98,7 +98,7 @@ void QVKeyPen::refreshHint()
     const QRect picture(m_picture->mapTo(parentWidget(), QPoint(0, 0)), m_picture->size());
     constexpr int margin = QVDrawGeometry::penHintMargin;
     QRect box(QPoint(), m_hint->sizeFor(picture.width() - 2 * margin));
-    box.moveCenter(picture.center());
+    box.moveLeft(picture.left() + (picture.width() - box.width()) / 2);
     box.moveBottom(picture.bottom() - m_picture->promptOverlayView()->heightFor(picture.width()) - margin);
     // A text that is too high for the picture becomes smaller.
     m_hint->setGeometry(box.intersected(picture));

@@ -67,8 +67,10 @@ void QVQuickPopup::makeKeyAndVisible(QObject *host)
     if (!m_object || !window)
         return;
     moveTo(*window);
-    if (!std::exchange(m_isShown, true))
+    if (!std::exchange(m_isShown, true)) {
         m_focusBefore = window->activeFocusItem();
+        m_showedFocus = m_focusBefore && m_focusBefore->property("visualFocus").toBool();
+    }
     QMetaObject::invokeMethod(m_object, "display");
 }
 
@@ -101,7 +103,7 @@ void QVQuickPopup::giveFocusBack()
         return;
     const QQuickItem *const now = m_window->activeFocusItem();
     if (!now || now == m_window->contentItem())
-        m_focusBefore->forceActiveFocus(Qt::PopupFocusReason);
+        m_focusBefore->forceActiveFocus(m_showedFocus ? Qt::TabFocusReason : Qt::PopupFocusReason);
 }
 
 void QVQuickPopup::dismissWindow()

@@ -39,6 +39,8 @@ private:
     QPointer<QQuickWindow> m_window;
     /// What had the keyboard before.
     QPointer<QQuickItem> m_focusBefore;
+    /// Whether that item showed the user that it had the focus.
+    bool m_showedFocus = false;
     /// Openers hold it weakly, so that it holds itself until its object has gone.
     std::shared_ptr<QVPopup> m_self;
     bool m_isShown = false;

@@ -39,23 +39,6 @@ class TestDrawView : public ModesTestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void theHintForKeysFollowsThePictureAndTheFont()
-    {
-        show(q("embed"));
-        host().setAttribute(Qt::WA_KeyboardFocusChange);
-        part("imageView")->setFocus(Qt::TabFocusReason);
-        const QFont usual = QApplication::font();
-        const auto restore = qScopeGuard([usual] { QApplication::setFont(usual); });
-        for (const int times : {1, 2}) {
-            QFont font = usual;
-            font.setPointSizeF(usual.pointSizeF() * times);
-            QApplication::setFont(font);
-            resize(QSize(240, 200) * times);
-            const int bar = part("promptOverlayView")->height();
-            QVERIFY(frameOf(picture).adjusted(0, 0, 0, -bar).contains(frameOf(q("penHint"))));
-        }
-    }
-
     void aHostLaysOutAsTheAdvertisementGoes()
     {
         offer(q("get"), q("Word"), q("https://ad.example"));

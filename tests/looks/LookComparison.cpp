@@ -70,8 +70,8 @@ bool isFoundIn(const QImage &other, int x, int y, QRgb pixel)
     return true;
 }
 
-/// Whether no flat colour differs, no edge does if the same renderer drew it, and few pixels of a tile do elsewhere
-/// and in \a circles.
+/// Whether no flat colour differs, no edge does if the same renderer drew it, and few pixels of a tile do
+/// elsewhere and in \a circles.
 bool isAlike(const QImage &expected, const QImage &seen, const QRegion &circles)
 {
     const bool isSameRenderer = expected.text(renderer) == thisRenderer();

@@ -50,7 +50,15 @@ private Q_SLOTS:
                  "looks different; QUARVO_UPDATE_LOOKS=1 takes the new look for the right one");
     }
 
-    void looksAsBeforeInAStyledHost_data() { looksAsBefore_data(); }
+    void looksAsBeforeInAStyledHost_data()
+    {
+        const auto row = addColumns<QSize, QString>({"size", "steps"});
+        for (const Look &look : looks) {
+            // No widget is told of a font when a style sheet has set its own.
+            if (!q(look.steps).contains(q("font")))
+                row(look.name, look.size, q(look.steps));
+        }
+    }
 
     /// A host styles its own widgets by class or all at once, and may be written from right to left; the
     /// component's look is its own.
@@ -81,6 +89,7 @@ private:
 
     void finish() override
     {
+        QApplication::setFont(m_usualFont);
         QGuiApplication::setLayoutDirection(Qt::LeftToRight);
         qApp->setStyleSheet(QString());
         m_hostsRules.clear();
@@ -113,6 +122,11 @@ private:
         addStep("ratio", [this](const QString &ratio) { m_ratio = ratio.toDouble(); });
         addStep("rest", [this](const QString &time) { advance(1ms * time.toInt()); });
         addStep("language", [](const QString &name) { QVSDKManager::setPreferredLanguage(name); });
+        addStep("font", [](const QString &size) {
+            QFont font = QApplication::font();
+            font.setPixelSize(size.toInt());
+            QApplication::setFont(font);
+        });
         addStep("contrast", [](auto) { QVSDKManager::setContrast(QVContrast::High); });
         addStep("dark", [](auto) { QVSDKManager::setAppearance(QVAppearance::Dark); });
         addStep("accent", [](auto) { QVSDKManager::setAccentColor(QColor(110, 40, 160)); });
@@ -243,8 +257,9 @@ private:
             for (QWidget *const part : host().findChildren<QAbstractButton *>())
                 part->setEnabled(false);
         });
-        addStep("push",
-                [this](const QString &name) { host().findChild<QVTouchButton *>(name)->setHighlighted(true); });
+        addStep("push", [this](const QString &name) {
+            host().findChild<QVTouchButton *>(name)->setHighlighted(true);
+        });
         addStep("pen", [this](auto) {
             QTest::keyClick(host().focusWidget(), Qt::Key_Space);
             for (int i = 0; i < 8; ++i)
@@ -260,8 +275,7 @@ private:
     void showPanel()
     {
         service().extend(config, {{q("guide"), true}});
-        service().extend(q("get"),
-                         {{q("adlinkword"), m_offer}, {q("adlink"), q("https://x.example")}});
+        service().extend(q("get"), {{q("adlinkword"), m_offer}, {q("adlink"), q("https://x.example")}});
         m_panel = std::make_unique<QVEmbedManager>();
         if (m_offersAlternative)
             connect(m_panel.get(), &QVEmbedManager::alternativeRequested, this, [] {});
@@ -273,6 +287,7 @@ private:
         advance(300ms);
     }
 
+    const QFont m_usualFont = QApplication::font();
     QString m_hostsRules;
     qreal m_ratio = 1;
     std::optional<QPoint> m_pressedAt;

@@ -7,6 +7,7 @@
 #include "settings/QVSDKManager.h"
 
 #include <QAnimationDriver>
+#include <QApplication>
 #include <QQmlComponent>
 
 using namespace std::chrono_literals;
@@ -41,8 +42,9 @@ private Q_SLOTS:
     {
         const auto row = addColumns<QSize, QString>({"size", "steps"});
         static const QRegularExpression otherwise(q("ratio|dots|busy|turning|opening|disable-parts"));
-        static const QSet<QString> others{q("panel-hovered"), q("popup-begun"), q("popup-unfolding"),
-                                          q("strip-edited"), q("strip-done-focused")};
+        static const QSet<QString> others{q("panel-hovered"),   q("popup-begun"),
+                                          q("popup-unfolding"), q("popup-unfolding-again"),
+                                          q("strip-edited"),    q("strip-done-focused")};
         for (const Look &look : looks) {
             if (!q(look.steps).contains(otherwise) && !others.contains(q(look.name)))
                 row(look.name, look.size, q(look.steps));
@@ -83,6 +85,7 @@ private:
     {
         if (m_pressedAt)
             QTest::mouseRelease(&window(), Qt::LeftButton, {}, *std::exchange(m_pressedAt, {}));
+        QApplication::setFont(m_usualFont);
         m_clock.reset();
         m_offersAlternative = false;
         m_made.reset();
@@ -163,8 +166,7 @@ private:
     void showPanel()
     {
         go(q("guide"));
-        service().extend(q("get"),
-                         {{q("adlinkword"), m_offer}, {q("adlink"), q("https://x.example")}});
+        service().extend(q("get"), {{q("adlinkword"), m_offer}, {q("adlink"), q("https://x.example")}});
         place(q("panel"), {{}, window().size()});
         QVERIFY(waitForPicture());
         rest(300);
@@ -175,6 +177,11 @@ private:
         addStep("ground", [this](const QString &color) { window().setColor(QColor(color)); });
         addStep("rest", [this](const QString &time) { rest(time.toInt()); });
         addStep("language", [](const QString &name) { QVSDKManager::setPreferredLanguage(name); });
+        addStep("font", [](const QString &size) {
+            QFont font = QApplication::font();
+            font.setPixelSize(size.toInt());
+            QApplication::setFont(font);
+        });
         addStep("contrast", [](auto) { QVSDKManager::setContrast(QVContrast::High); });
         addStep("dark", [](auto) { QVSDKManager::setAppearance(QVAppearance::Dark); });
         addStep("alternative", [this](auto) { m_offersAlternative = true; });
@@ -211,9 +218,8 @@ private:
     void defineInput()
     {
         addStep("button", [this](auto) { place(q("button"), {10, 10, 280, 44}); });
-        addStep("wide", [this](const QString &width) {
-            part(q("button"))->setProperty("width", width.toInt());
-        });
+        addStep("wide",
+                [this](const QString &width) { part(q("button"))->setProperty("width", width.toInt()); });
         addStep("focus", [this](auto) { focus("button"); });
         addStep("focus-close", [this](auto) { focus("closeButton"); });
         addStep("disable", [this](auto) { part(q("button"))->setProperty("enabled", false); });
@@ -247,6 +253,7 @@ private:
         });
     }
 
+    const QFont m_usualFont = QApplication::font();
     std::unique_ptr<AnimationClock> m_clock;
     QVQuickSurface m_surface;
     std::unique_ptr<QQuickItem> m_made;

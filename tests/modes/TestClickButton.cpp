@@ -65,23 +65,6 @@ private Q_SLOTS:
         QToolTip::hideText();
     }
 
-    void showsFocusThatCameByKeyboard()
-    {
-        QVClickButton &button = *clickManager().button();
-        const QImage before = pixelsOf(button);
-        for (const auto reason : {Qt::MouseFocusReason, Qt::TabFocusReason}) {
-            const bool isShown = reason == Qt::TabFocusReason;
-            host().setAttribute(Qt::WA_KeyboardFocusChange, isShown);
-            button.setFocus(reason);
-            QCOMPARE(pixelsOf(button) != before, isShown);
-            // The popup borrows the focus; what the user sees afterwards is what was seen before.
-            button.clearFocus();
-            button.setFocus(Qt::PopupFocusReason);
-            QCOMPARE(pixelsOf(button) != before, isShown);
-            button.clearFocus();
-        }
-    }
-
 private:
     void prepare() override
     {

@@ -108,19 +108,6 @@ private Q_SLOTS:
         QCOMPARE(popup()->popupScreen(), QRect(0, 0, 400, 500));
     }
 
-    void theSupportLineFollowsTheFont()
-    {
-        open();
-        const auto *const line = popup()->findChild<QWidget *>(q("supportLabel"));
-        const int height = line->height();
-        QFont large = QApplication::font();
-        const auto restore = qScopeGuard([usual = large] { QApplication::setFont(usual); });
-        large.setPointSizeF(3 * large.pointSizeF());
-        QApplication::setFont(large);
-        QCoreApplication::processEvents();
-        QVERIFY(line->height() > height && popup()->popupScreen().contains(line->geometry()));
-    }
-
     void badgeSitsInTheMiddleOfTheActiveWindow()
     {
         delay(outageSwitch, 10s);
@@ -140,18 +127,6 @@ private Q_SLOTS:
             return qobject_cast<const QVInvisibleAnimationView *>(widget);
         });
         QCOMPARE(static_cast<const QVInvisibleAnimationView *>(*found)->frame().center(), QPoint(359, 329));
-    }
-
-    void unfoldsAtEachDisplay()
-    {
-        go(q("start, picture"));
-        for (int i = 0; i < 2; ++i) {
-            go(q("wait 1000, close, start"));
-            advance(249ms);
-            QVERIFY(drawView()->graphicsEffect());
-            advance(1ms);
-            QVERIFY(!drawView()->graphicsEffect());
-        }
     }
 
     void staysAboveTheHostsWidgets()

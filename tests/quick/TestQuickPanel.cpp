@@ -53,15 +53,6 @@ private Q_SLOTS:
         settings().setProperty("accent", accent);
         QCOMPARE(item(q("stroke"))->property("color").value<QColor>(), accent);
         settings().setProperty("accent", QColor());
-        const double height = item(q("promptBar"))->height();
-        const QFont usual = QGuiApplication::font();
-        const auto restore = qScopeGuard([usual] { QGuiApplication::setFont(usual); });
-        QFont large = usual;
-        large.setPointSizeF(3 * usual.pointSizeF());
-        QGuiApplication::setFont(large);
-        QVERIFY(waitFor([&] { return item(q("promptBar"))->height() > height; }));
-        QGuiApplication::setFont(usual);
-        QVERIFY(waitFor([&] { return item(q("promptBar"))->height() == height; }));
         QCOMPARE(item(picture)->cursor().shape(), Qt::BitmapCursor);
     }
 

@@ -32,13 +32,13 @@ QuarvoSurface {
         Accessible.role: Accessible.StaticText
         anchors.bottom: content.top
         anchors.bottomMargin: QuarvoMeasure.CaptionGap
-        anchors.horizontalCenter: content.horizontalCenter
         color: QuarvoLook.caption
         objectName: "caption"
         pixelSize: 17
         text: root.caption
         visible: root.caption !== ""
         widest: Math.max(0, root.contentWidth - 2 * QuarvoMeasure.CloseButtonRoom)
+        x: Math.round(content.exactLeft + (root.contentWidth - width) / 2)
     }
     Item {
         id: content

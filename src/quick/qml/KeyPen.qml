@@ -24,7 +24,7 @@ Item {
         objectName: "penHint"
         visible: root.isSteered && !root.surface.isPenUsed
         width: hint.width + 20
-        x: root.pictureArea.x + Math.round((root.pictureArea.width - width) / 2)
+        x: root.pictureArea.x + Math.floor((root.pictureArea.width - width) / 2)
         y: root.pictureArea.y + root.pictureArea.height - root.barHeight - QuarvoMeasure.PenHintMargin - height
 
         QuarvoText {
