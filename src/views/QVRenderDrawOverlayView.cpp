@@ -35,7 +35,6 @@ QVRenderDrawOverlayView::QVRenderDrawOverlayView(const QColor &background, QVCol
     updateInput();
     m_layout.make(m_overlayLabel, [this](QVConstraintMaker &make) {
         make.left().equalTo(this).offset(labelInset);
-        make.right().equalTo(this).offset(-labelInset);
         make.top().equalTo(this);
         make.bottom().equalTo(this);
     });

@@ -152,13 +152,13 @@ private:
         return *host().findChild<View *>();
     }
 
-    /// Over the whole host.
+    /// Over the whole host, in which a layout may place it late.
     template<class View>
     View &make() const
     {
         auto *const view = new View(&host());
-        view->setGeometry(host().rect());
         view->show();
+        view->setGeometry(host().rect());
         return *view;
     }
 
