@@ -34,7 +34,7 @@ void QVFocusTrap::activate()
 void QVFocusTrap::leaveWindow()
 {
     QWidget *const focused = m_root->window()->focusWidget();
-    if (!focused || !holds(focused))
+    if (!holds(focused))
         return;
     move([focused] { focused->clearFocus(); });
 }
@@ -102,10 +102,9 @@ void QVFocusTrap::followFocus(QWidget *now)
         m_inside = now;
     else if (isMoving())
         return; // The host has taken the focus back and keeps it, or the two would fight for it without end.
-    else if (isOnTop() && now)
-        focusInside();
     else if (isOnTop())
-        moveTo(m_root, Qt::OtherFocusReason); // A part has given the focus up: keys would go to the host.
+        // If a part has given the focus up, keys would go to the host.
+        now ? focusInside() : moveTo(m_root, Qt::OtherFocusReason);
 }
 
 void QVFocusTrap::focusInside()

@@ -44,8 +44,6 @@ bool QVTouchButton::takeTouch(QTouchEvent &event)
     event.accept();
     if (event.type() == QEvent::TouchBegin)
         m_isTouched = true;
-    if (event.type() == QEvent::TouchCancel)
-        m_isTouched = false;
     touchMoved(isInside && m_isTouched && isEnabled() && isVisible());
     if (event.type() == QEvent::TouchEnd)
         touchEnded();
@@ -65,7 +63,6 @@ void QVTouchButton::touchMoved(bool isInside)
 
 void QVTouchButton::touchEnded()
 {
-    m_isTouched = false;
     if (!isDown())
         return;
     const QPointer<QVTouchButton> self(this);
