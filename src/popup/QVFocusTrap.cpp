@@ -23,9 +23,8 @@ QVFocusTrap::QVFocusTrap(QWidget *root)
 
 void QVFocusTrap::activate()
 {
-    if (m_active)
-        return;
-    m_active = true;
+    if (std::exchange(m_active, true))
+        return focusInside();
     m_before = m_root->isWindow() ? QApplication::focusWidget() : m_root->window()->focusWidget();
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *now) { followFocus(now); });
     focusInside();

@@ -16,6 +16,7 @@ public:
     explicit QVFocusTrap(QWidget *root);
 
     [[nodiscard]] bool isActive() const { return m_active; }
+    /// Moves the focus inside, also if the trap is active already: its root may have moved to another window.
     void activate();
     /// Clears the focus in a window that the root is about to leave. Otherwise the root would stay the focus
     /// widget of that window.

@@ -231,10 +231,8 @@ void QVQuickSurface::setAdLinkword(const std::shared_ptr<QVGetRefreshResponseMod
 void QVQuickSurface::setDrawingEnabled(bool enabled)
 {
     setPenReady(enabled);
-    if (m_picture && enabled)
-        m_picture->setCursor(qv_penCursor());
-    else if (m_picture)
-        m_picture->unsetCursor();
+    if (m_picture)
+        enabled ? m_picture->setCursor(qv_penCursor()) : m_picture->unsetCursor();
     m_isDrawingEnabled = enabled;
     Q_EMIT isDrawingEnabledChanged();
 }

@@ -70,6 +70,9 @@ void ModesTestCase::defineSteps()
     addStep("place", [this](auto) {
         const bool isHere = popup()->window() == m_host.get();
         m_outcomes->add(popup()->isWindow() ? q("alone") : isHere ? q("here") : q("elsewhere"));
+        const QWidget *const focused = popup()->window()->focusWidget();
+        if (popup()->isActiveWindow() && focused != popup() && !popup()->isAncestorOf(focused))
+            m_outcomes->add(q("unfocused"));
     });
     addStep("field", [this](const QString &) {
         auto *const field = new QLineEdit(m_host.get());
