@@ -309,8 +309,8 @@ void DrawingTestCase::defineKeys()
         drawWithMouse(tapAt(frameOf(q("characterField")).center()));
         for (const QChar letter : text)
             QTest::sendKeyEvent(QTest::Click, drawingWindow(), Qt::Key_unknown, letter, Qt::NoModifier);
-        drawWithMouse(tapAt(frameOf(q("doneButton")).center()));
     });
+    addStep("return", [this](auto) { QTest::keyClick(drawingWindow(), Qt::Key_Return); });
 }
 
 /// The text of the bar, the number of the picture, and all other parts that can be seen.

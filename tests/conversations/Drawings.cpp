@@ -191,11 +191,14 @@ void addKinds()
     row("characters, wrong",
         "characters, answer verify 0104, hold verify 100, embedded, "
         "look -> 'Type the characters you see' picture 1 refreshButton characterField, draw, "
-        "type Ab 9 -> verify, "
+        "type Ab 9, tap doneButton -> verify, "
         "look -> 'Type the characters you see' picture 1 refreshButton disabled characterField, "
         "tap doneButton, wait 100 -> wrong, look -> 'Not quite right. Try again.' picture 1 refreshButton "
         "characterField, "
         "tell verify v -> Ab 9, tell verify drawtime -> 0");
+    row("characters",
+        "characters, embedded, tap doneButton, type a, return, tap doneButton -> verify, tell verify v -> a, "
+        "wait 1000 -> passed main-token");
     row("from characters to an outage",
         "characters, embedded, outage, reset -> switch outage get outage ready, "
         "look -> 'Draw along the curve' picture 2 outageBadge helpButton refreshButton");

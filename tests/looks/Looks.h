@@ -31,6 +31,8 @@ inline constexpr Look looks[] = {
     {"strip-done-focused", {400, 40}, "strip, type a4K, rest 250, tab, tab"},
     {"strip-busy", {400, 40}, "strip, busy, rest 1250, ratio 3"},
     {"strip-pressed", {400, 40}, "strip, type a4K, down, rest 250"},
+    {"strip-hovered", {400, 40}, "strip, type a4K, hover doneButton, rest 250"},
+    {"strip-hovered-dark", {400, 40}, "dark, strip, hover doneButton, rest 250"},
     {"strip-hant", {400, 40}, "language zh-Hant, strip, rest 250"},
     {"strip-contrast", {400, 40}, "contrast, strip, rest 250"},
     {"badge-waiting", {240, 120}, "ground #5a646e, turning, rest 1125, ratio 3"},

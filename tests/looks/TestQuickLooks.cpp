@@ -223,7 +223,9 @@ private:
         addStep("focus", [this](auto) { focus("button"); });
         addStep("focus-close", [this](auto) { focus("closeButton"); });
         addStep("disable", [this](auto) { part(q("button"))->setProperty("enabled", false); });
-        addStep("hover", [this](auto) { QTest::mouseMove(&window(), QPoint(250, 30)); });
+        addStep("hover", [this](const QString &name) {
+            QTest::mouseMove(&window(), name.isEmpty() ? QPoint(250, 30) : frameOf(name).center());
+        });
         addStep("press", [this](const QString &at) {
             press({at.section(u' ', 0, 0).toInt(), at.section(u' ', 1).toInt()});
         });

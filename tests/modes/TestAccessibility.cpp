@@ -22,7 +22,8 @@ private Q_SLOTS:
         row("characters", "embed", "characters, start, picture",
             "graphic 'Characters in the picture', text 'Type the characters you see', field 'Characters in "
             "the picture', button 'Done', button 'New picture'");
-        row("characters checked", "embed", "characters, hold verify 9000, start, picture, type ab",
+        row("characters checked", "embed",
+            "characters, hold verify 9000, start, picture, type ab, tap doneButton",
             "graphic 'Characters in the picture', text 'Type the characters you see', field 'Characters in "
             "the picture', busy button 'Done', button 'New picture'");
         row("failure", "embed", "answer config 0101, start, wait 300",

@@ -26,20 +26,6 @@ private Q_SLOTS:
         QVERIFY(service().query(verify).value(q("v")).size() / 9 >= 30);
     }
 
-    void charactersAreTyped()
-    {
-        service().extend(config, {{q("type"), q("character")}});
-        start(q("panel"));
-        QVERIFY(waitForPicture());
-        QVERIFY(waitFor([this] { return item(q("characterField")) != nullptr; }));
-        clickOn(q("doneButton"));
-        clickOn(q("characterField"));
-        QTest::keyClick(&window(), Qt::Key_A);
-        QTest::keyClick(&window(), Qt::Key_Return);
-        QCOMPARE(service().count(verify), 0);
-        QCOMPARE(item(q("characterField"))->property("text").toString(), q("a"));
-    }
-
     void whatIsOnScreenFollowsTheSettings()
     {
         start(q("panel"));
