@@ -60,7 +60,7 @@ private Q_SLOTS:
             "Attempt begins: popup|" + opened + "Attempt closed: User");
         row("panel", "embed", "start, picture, stroke, wait 3000",
             "Attempt begins: embed|" + pictured + judged);
-        row("characters", "embed", "characters, start, picture, type typed7, wait 3000",
+        row("characters", "embed", "characters, start, picture, type typed7, tap doneButton, wait 3000",
             "Attempt begins: embed|" + pictured + judged);
         row("outage", "embed", "outage, start, picture, stroke, wait 3000",
             "Attempt begins: embed|Asking for the outage switch|Request for the outage switch answered|"

@@ -19,6 +19,7 @@ inline constexpr Look looks[] = {
     {"bar-error-passing", {400, 230}, "view, bar error fail, rest 300"},
     {"bar-error-170", {170, 98}, "view, bar error loadFaild, rest 300"},
     {"bar-error-pressed", {400, 230}, "view, bar error loadFaild, rest 300, press 200 215"},
+    {"bar-error-230", {230, 132}, "view, bar error loadFaild, rest 300"},
     {"bar-error-hans", {400, 230}, "language zh-Hans, view, bar error loadFaild, rest 300"},
     {"bar-error-focused", {400, 230}, "view, bar error No, rest 300, tab"},
     {"bar-success", {400, 230}, "view, bar success clickPass, rest 300"},

@@ -11,14 +11,6 @@ class TestQuickPopup : public QuickTestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void theFocusGoesBack()
-    {
-        item(q("before"))->forceActiveFocus();
-        open(q("button"));
-        pressClose();
-        QCOMPARE(window().activeFocusItem(), item(q("before")));
-    }
-
     void keepsInputFromTheHost()
     {
         open(q("invisible"));

@@ -135,6 +135,7 @@ private Q_SLOTS:
 
     void sendsTheTextAsTyped()
     {
+        QCOMPARE(field()->inputMethodQuery(Qt::ImEnterKeyType).toInt(), int(Qt::EnterKeyDone));
         for (const QString &text : {q("  a b "), QString(40000, u'x'), q("验证码")}) {
             clickOn(field());
             QGuiApplication::clipboard()->setText(text);
