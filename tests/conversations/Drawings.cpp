@@ -104,7 +104,8 @@ void addPointers()
     // The picture is 40 steps wide.
     row("steps by keys",
         "embedded, keys Right*15, mark -> 19 11.5 Pen up, keys Shift+Up*15, mark -> 19 7.75 Pen up, "
-        "keys Ctrl+Right, mark -> 19 7.75 Pen up, keys Left*60 Up*60, mark -> 0 0 Pen up, aslant, "
+        "keys Ctrl+Right, mark -> 19 7.75 Pen up, keys Left*60 Up*60, mark -> 0 0 Pen up, "
+        "keys Shift+Right*120, mark -> 30 0 Pen up, keys Left*60, aslant, "
         "mark -> 2 2 Pen up, resize, mark -> 2 2 Pen up, keys Space, mark -> 2 2 Pen down");
     row("no pen without a picture",
         "hold switch 100, start -> switch, tab, wait 100 -> config get ready, tab -> pen, "
