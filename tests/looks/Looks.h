@@ -68,6 +68,7 @@ inline constexpr Look looks[] = {
     {"popup-unfolding", {640, 480}, "button, tap, rest 125"},
     {"popup-turned", {480, 640}, "button, tap, rest 1000, size 640 480"},
     {"popup-narrowest-card", {640, 480}, "button, tap, rest 1000, size 481 379"},
+    {"popup-widest-whole", {640, 480}, "button, tap, rest 1000, size 480 480"},
     {"popup-whole", {640, 480}, "whole, characters, button, tap, rest 2000"},
     {"popup-unfolding-again", {640, 480}, "button, tap, rest 1000, close, tap, rest 125"},
     {"popup-larger-font", {640, 480}, "button, tap, rest 2000, font 26, rest 10"},
