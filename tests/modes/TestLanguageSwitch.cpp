@@ -1,6 +1,7 @@
 #include "draw/QVRenderDrawView.h"
 #include "modes/ModesTestCase.h"
 #include "settings/QVSDKManager.h"
+#include "support/QVPixels.h"
 #include "views/QVCharVerifyInputViewDoneButton.h"
 #include "views/QVCharVerifyTextField.h"
 #include "views/QVLabel.h"
@@ -63,6 +64,7 @@ private Q_SLOTS:
         settle();
         QCOMPARE(texts(), expected);
         QVERIFY(texts() != before);
+        QVERIFY2(farthest(onScreen(host()), pixelsOf(host())) == 0, "not painted anew");
         // Neither a translator of the host's nor its users' changing the language of their desktop does
         // anything.
         QVSDKManager::setPreferredLanguage(q("en"));
