@@ -139,7 +139,8 @@ void addPictures()
     row("refreshed by the button",
         "hold refresh 200, advertise, embedded, "
         "look -> 'Draw along the curve' picture 1 adButton refreshButton, "
-        "tap refreshButton -> refresh, wait 100, "
+        "tap refreshButton -> refresh, wait 99, "
+        "look -> 'Draw along the curve' picture 1 refreshButton disabled, wait 1, "
         "look -> 'Draw along the curve' loading refreshButton disabled, wait 100 -> ready, "
         "look -> 'Draw along the curve' picture 2 refreshButton");
     row("refreshed quickly", "embedded, hold picture 50, tap refreshButton -> refresh, wait 40, "

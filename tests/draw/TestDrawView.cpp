@@ -53,21 +53,6 @@ private Q_SLOTS:
         destroy();
     }
 
-    void clearsThePictureWhenTheNextOneIsSlow()
-    {
-        show(q("embed"));
-        service().delay(q("refresh"), 1s);
-        const auto corner = [this] {
-            return screenshot().pixelColor(frameOf(picture).topLeft() + QPoint(2, 2));
-        };
-        const QColor before = corner();
-        QVPointerInput::click(*part("refreshButton"), QPoint(15, 15));
-        advance(99ms);
-        QCOMPARE(corner(), before);
-        advance(1ms);
-        QVERIFY(corner() != before);
-    }
-
     void aControlIsNotHeldDownByADrawingFinger()
     {
         go(q("guide"));
@@ -93,12 +78,6 @@ private Q_SLOTS:
             for (const QRegion &painted : {viewWatch.painted, pictureWatch.painted})
                 QVERIFY(painted.boundingRect().width() <= 18 && painted.boundingRect().height() <= 24);
         }
-        const auto seen = [&] {
-            return onScreen(*view->window()).pixelColor(points[10]);
-        };
-        QCOMPARE(seen(), QColor(65, 141, 251));
-        QVPointerInput::release(*view, points.back());
-        QVERIFY(seen() != QColor(65, 141, 251));
     }
 
     void passesWhoDrawsTheCurve_data()

@@ -44,6 +44,7 @@ void ModesTestCase::finish()
 {
     disconnect(qApp, nullptr, this, nullptr);
     m_outcomes->heard = {};
+    checkThatAllIsPainted();
     destroyAll();
     m_dialog.reset();
     m_outcomes.reset();
@@ -51,6 +52,14 @@ void ModesTestCase::finish()
     m_otherHost.reset();
     m_host.reset();
     DrawingTestCase::finish();
+}
+
+void ModesTestCase::checkThatAllIsPainted() const
+{
+    const auto isPainted = [this] {
+        return farthest(onScreen(*m_host), pixelsOf(*m_host)) == 0;
+    };
+    QVERIFY(!m_host || !m_host->isVisible() || waitFor(isPainted));
 }
 
 void ModesTestCase::setMode(const QString &name)

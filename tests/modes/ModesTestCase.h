@@ -90,6 +90,7 @@ protected:
 
 private:
     void defineSteps();
+    void checkThatAllIsPainted() const;
     void showForeignHost();
     void changeHost();
 
