@@ -57,10 +57,7 @@ void QVConnectionPool::give(const QVRoute &route, QVSocket socket, std::chrono::
 
 void QVConnectionPool::drop(const QTcpSocket *socket)
 {
-    const auto isIt = [socket](const Idle &idle) {
-        return idle.socket.get() == socket;
-    };
-    const auto found = std::ranges::find_if(m_idle, isIt);
+    const auto found = std::ranges::find(m_idle, socket, [](const Idle &idle) { return idle.socket.get(); });
     if (found == m_idle.end())
         return;
     qv_endLater(std::move(found->socket));

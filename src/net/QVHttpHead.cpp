@@ -1,6 +1,7 @@
 #include "net/QVHttpHead.h"
 
 #include <algorithm>
+#include <cctype>
 
 using namespace std::chrono_literals;
 
@@ -17,7 +18,7 @@ constexpr int notModified = 304;
 
 bool isDigits(QByteArrayView text)
 {
-    return !text.isEmpty() && std::ranges::all_of(text, [](char c) { return c >= '0' && c <= '9'; });
+    return !text.isEmpty() && std::ranges::all_of(text, [](quint8 c) { return std::isdigit(c); });
 }
 
 bool isWord(QByteArrayView text, QByteArrayView word)
@@ -93,7 +94,7 @@ void QVHttpHead::readKeepAlive(QByteArrayView value)
     if (at < 0 || m_keepAlive == 0s)
         return;
     const QByteArrayView rest = value.sliced(at + key.size());
-    const auto end = std::ranges::find_if_not(rest, [](char c) { return c >= '0' && c <= '9'; });
+    const auto end = std::ranges::find_if_not(rest, [](quint8 c) { return std::isdigit(c); });
     const std::chrono::seconds announced(rest.first(end - rest.begin()).toInt());
     // One second less, so that no request is sent while the server is closing the connection.
     m_keepAlive = std::clamp(announced - 1s, 0s, longestKeepAlive);

@@ -1,17 +1,13 @@
 #include "net/QVHttpReader.h"
 
 #include <algorithm>
+#include <cctype>
 #include <utility>
 
 namespace {
 
 // Heads of real servers have a few kilobytes.
 constexpr qint64 headLimit = 1 << 16;
-
-bool isHexDigit(char c)
-{
-    return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
-}
 
 } // namespace
 
@@ -129,7 +125,7 @@ bool QVHttpReader::takeHead()
 
 bool QVHttpReader::takeChunkSize(QByteArrayView line)
 {
-    const auto end = std::ranges::find_if_not(line, isHexDigit);
+    const auto end = std::ranges::find_if_not(line, [](quint8 c) { return std::isxdigit(c); });
     const QByteArrayView digits = line.first(end - line.begin());
     const QByteArrayView extension = line.sliced(digits.size()).trimmed();
     bool isNumber = false;

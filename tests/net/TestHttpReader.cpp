@@ -46,7 +46,8 @@ private Q_SLOTS:
         row("length 0", ok + "Content-Length: 0\r\n\r\n", "200  4");
         row("the limit", ok + "Content-Length: 24\r\n\r\n" + QByteArray(24, 'x'),
             "200 xxxxxxxxxxxxxxxxxxxxxxxx 4");
-        row("chunks", chunked + "1\r\na\r\n1; x=\"y\"\r\nb\r\n00\r\nX: y\r\n\r\n", "200 ab 4");
+        row("chunks", chunked + "a\r\n0123456789\r\nB; x=\"y\"\r\n0123456789a\r\n00\r\nX: y\r\n\r\n",
+            "200 01234567890123456789a 4");
         row("interim", "HTTP/1.1 100 Continue\r\n\r\nHTTP/1.1 103\r\nLink: x\r\n\r\n" + sized + "\r\nab",
             "200 ab 4");
         row("same length twice", sized + "content-length: 2\r\n\r\nab", "200 ab 4");

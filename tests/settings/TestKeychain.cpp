@@ -259,7 +259,10 @@ private:
     void requestIdentifier()
     {
         m_requested.clear();
-        QVDeviceIdentifier::requestDeviceId([this](const QString &identifier) { m_requested = identifier; });
+        // A completion may ask again.
+        QVDeviceIdentifier::requestDeviceId([this](const QString &) {
+            QVDeviceIdentifier::requestDeviceId([this](const QString &text) { m_requested = text; });
+        });
     }
 
     void use(std::unique_ptr<QVSecureStore> store)
