@@ -134,11 +134,11 @@ private:
         QTest::mousePress(&window(), Qt::LeftButton, {}, at);
     }
 
-    /// What lay under the pointer does so no more.
+    /// Moves the pointer to the right edge, where no control is.
     void leave()
     {
-        for (const int x : {1, 2})
-            QTest::mouseMove(&window(), QPoint(x, window().height() - 1));
+        for (const int step : {0, 1})
+            QTest::mouseMove(&window(), QPoint(window().width() - 1, window().height() / 2 + step));
     }
 
     void bring(int status)
