@@ -127,18 +127,25 @@ private:
 
     void focus(const char *name) { item(q(name))->forceActiveFocus(Qt::TabFocusReason); }
 
+    void pointAt(QPoint place)
+    {
+        // Qt drops a move to where the pointer was in the window before.
+        for (const int step : {1, 0})
+            QTest::mouseMove(&window(), place + QPoint(step, 0));
+    }
+
     void press(QPoint at)
     {
         m_pressedAt = at;
-        QTest::mouseMove(&window(), at);
+        pointAt(at);
         QTest::mousePress(&window(), Qt::LeftButton, {}, at);
     }
 
-    /// Moves the pointer to the right edge, where no control is.
+    /// The pointer leaves the window.
     void leave()
     {
-        for (const int step : {0, 1})
-            QTest::mouseMove(&window(), QPoint(window().width() - 1, window().height() / 2 + step));
+        QEvent leave(QEvent::Leave);
+        QCoreApplication::sendEvent(&window(), &leave);
     }
 
     void bring(int status)
@@ -224,7 +231,7 @@ private:
         addStep("focus-close", [this](auto) { focus("closeButton"); });
         addStep("disable", [this](auto) { part(q("button"))->setProperty("enabled", false); });
         addStep("hover", [this](const QString &name) {
-            QTest::mouseMove(&window(), name.isEmpty() ? QPoint(250, 30) : frameOf(name).center());
+            pointAt(name.isEmpty() ? QPoint(250, 30) : frameOf(name).center());
         });
         addStep("press", [this](const QString &at) {
             press({at.section(u' ', 0, 0).toInt(), at.section(u' ', 1).toInt()});
