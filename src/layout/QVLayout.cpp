@@ -8,7 +8,6 @@
 #include <QEvent>
 #include <QWidget>
 
-#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -83,17 +82,6 @@ QVLayout::ItemId QVLayout::watch(QWidget *widget)
     return id;
 }
 
-void QVLayout::forgetDeadWidgets()
-{
-    if (!m_items.forgetDead())
-        return;
-    const auto isDead = [this](ItemId id) {
-        return id != 0 && id != QVLayoutItems::nothing && !m_items.widget(id);
-    };
-    std::erase_if(m_constraints,
-                  [&](const QVLayoutConstraint &each) { return isDead(each.item) || isDead(each.target); });
-}
-
 void QVLayout::layoutNow()
 {
     if (!m_container)
@@ -104,7 +92,6 @@ void QVLayout::layoutNow()
 
 void QVLayout::solve()
 {
-    forgetDeadWidgets();
     QVLayoutSolver solver(m_containerId, QSizeF(m_container->size()));
     m_items.describeTo(solver, m_container);
     place(solver.solve(m_constraints));

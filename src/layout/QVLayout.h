@@ -23,7 +23,7 @@ class QWidget;
 /// in a constraint is moved or resized. Edges are rounded in the container's coordinates, so that neighbours
 /// have no gap.
 ///
-/// Widgets are held weakly: a constraint is removed when its widget or target is destroyed.
+/// Widgets are held weakly: a constraint is ignored once its widget or target is destroyed.
 class QVLayout final : public QObject
 {
     Q_OBJECT
@@ -55,7 +55,6 @@ private:
 
     void requestLayout();
     ItemId watch(QWidget *widget);
-    void forgetDeadWidgets();
     void solve();
     void place(const std::map<ItemId, QRectF> &frames);
     void apply();

@@ -27,11 +27,6 @@ QWidget *QVLayoutItems::widget(ItemId id) const
     return found == m_widgets.end() ? nullptr : found->second.data();
 }
 
-bool QVLayoutItems::forgetDead()
-{
-    return std::erase_if(m_widgets, [](const auto &entry) { return entry.second.isNull(); }) > 0;
-}
-
 void QVLayoutItems::describeTo(QVLayoutSolver &solver, QWidget *container) const
 {
     for (const auto &[id, known] : m_widgets) {

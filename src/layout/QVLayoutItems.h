@@ -22,8 +22,6 @@ public:
     /// The number of \a widget, which is given one if it has none. \a isNew is set to whether it had none.
     ItemId add(QWidget *widget, bool &isNew);
     [[nodiscard]] QWidget *widget(ItemId id) const;
-    /// Removes the numbers of destroyed widgets. Returns whether there were any.
-    bool forgetDead();
 
     /// Adds every known widget below \a container to the solver.
     void describeTo(QVLayoutSolver &solver, QWidget *container) const;

@@ -109,7 +109,7 @@ void addPointers()
         "mark -> 2 2 Pen up, resize, mark -> 2 2 Pen up, keys Space, mark -> 2 2 Pen down");
     row("no pen without a picture",
         "hold switch 100, start -> switch, tab, wait 100 -> config get ready, tab -> pen, "
-        "reset -> switch, tab -> picture, wait 100 -> config get ready, tab -> pen");
+        "reset -> switch, tab -> picture, look -> picture 1, wait 100 -> config get ready, tab -> pen");
     row("passed, destroyed", "embedded, draw -> verify, destroy, wait 1000");
     row("by keys, the focus goes",
         "embedded, focus, look -> 'Draw along the curve' picture 1 refreshButton penHint, "

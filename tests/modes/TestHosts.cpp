@@ -57,14 +57,6 @@ private Q_SLOTS:
         QVERIFY(waitForPicture());
     }
 
-    void resetsWhatIsDestroyed()
-    {
-        connect(clickManager().button(), &QObject::destroyed, &clickManager(), &QVClickManager::reset);
-        delete clickManager().button();
-        connect(embedManager().embedView(), &QObject::destroyed, &embedManager(), &QVEmbedManager::reset);
-        delete embedManager().embedView();
-    }
-
     void verifiesForTwoScenes()
     {
         QVSDKManager::setQuarvoSDKVid(q("process"), q("everywhere"));
