@@ -7,8 +7,8 @@
 #include <functional>
 #include <memory>
 
-/// Animates a number from 0 to 1, for a widget that paints the motion itself. The widget keeps its final state
-/// as a plain value, and uses this only for the steps between.
+/// Animates a number from 0 to 1, for a widget that paints the motion itself. The widget keeps its final
+/// state as a plain value, and uses this only for the steps between.
 class QVValueAnimation final : private QVTickerClient
 {
 public:
@@ -20,8 +20,8 @@ public:
 
     void setTimingCurve(const QEasingCurve &curve) { m_curve = curve; }
     /// Calls \a step at once with 0, then once per frame, and at the end with 1. With reduced motion it calls
-    /// \a step only with 1. Then it calls \a completion, never before this call has returned. Both may destroy
-    /// the animation. A start during a run replaces that run, whose completion is not called.
+    /// \a step only with 1. Then it calls \a completion, never before this call has returned. Both may
+    /// destroy the animation. A start during a run replaces that run, whose completion is not called.
     void start(Time duration, Step step, Completion completion = {});
     void stop();
     [[nodiscard]] bool isRunning() const { return m_run != nullptr; }

@@ -251,10 +251,7 @@ private:
             advance(0ms);
         });
         addStep("whole", [](auto) { QVSDKManager::setPopupPresentation(QVPopupPresentation::WholeWindow); });
-        addStep("disable-parts", [this](auto) {
-            for (QWidget *const part : host().findChildren<QAbstractButton *>())
-                part->setEnabled(false);
-        });
+        addStep("enabled", [this](auto) { m_panel->embedView()->setEnabled(false); });
         addStep("push", [this](const QString &name) {
             host().findChild<QVTouchButton *>(name)->setHighlighted(true);
         });

@@ -41,7 +41,7 @@ private Q_SLOTS:
     void looksLikeTheWidgets_data()
     {
         const auto row = addColumns<QSize, QString>({"size", "steps"});
-        static const QRegularExpression otherwise(q("ratio|dots|busy|turning|opening|disable-parts"));
+        static const QRegularExpression otherwise(q("ratio|dots|busy|turning|opening"));
         static const QSet<QString> others{q("panel-hovered"),   q("popup-begun"),
                                           q("popup-unfolding"), q("popup-unfolding-again"),
                                           q("strip-edited"),    q("strip-done-focused")};
