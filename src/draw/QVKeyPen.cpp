@@ -38,6 +38,8 @@ QVKeyPen::QVKeyPen(QWidget *view, QVRenderDrawImageView *picture, QVPanGestureRe
     resize(markSide, markSide);
     hide();
     picture->installEventFilter(this);
+    // The picture moves together with what contains it.
+    picture->parentWidget()->installEventFilter(this);
     qv_followLanguage(this, [this] { translate(); });
 }
 
@@ -104,8 +106,13 @@ void QVKeyPen::refreshHint()
     m_hint->setGeometry(box.intersected(picture));
 }
 
-bool QVKeyPen::eventFilter(QObject * /*watched*/, QEvent *event)
+bool QVKeyPen::eventFilter(QObject *watched, QEvent *event)
 {
+    if (watched != m_picture) {
+        if (event->type() == QEvent::Move || event->type() == QEvent::Resize)
+            refresh();
+        return false;
+    }
     followPicture();
     const bool isTaken = m_steering.takeEvent(*event);
     switch (event->type()) {

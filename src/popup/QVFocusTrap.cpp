@@ -23,11 +23,23 @@ QVFocusTrap::QVFocusTrap(QWidget *root)
 
 void QVFocusTrap::activate()
 {
-    if (std::exchange(m_active, true))
-        return focusInside();
-    m_before = m_root->isWindow() ? QApplication::focusWidget() : m_root->window()->focusWidget();
-    connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *now) { followFocus(now); });
+    // If the host starts again in a focus handler, the two would fight for the focus without end.
+    if (m_active && isMoving())
+        return;
+    const bool wasActive = std::exchange(m_active, true);
+    // In another window another widget had the focus.
+    if (!wasActive || (!m_root->isWindow() && (!m_before || m_before->window() != m_root->window())))
+        rememberFocus();
+    if (!wasActive)
+        connect(qApp, &QApplication::focusChanged, this,
+                [this](QWidget *, QWidget *now) { followFocus(now); });
     focusInside();
+}
+
+void QVFocusTrap::rememberFocus()
+{
+    QWidget *const now = m_root->isWindow() ? QApplication::focusWidget() : m_root->window()->focusWidget();
+    m_before = holds(now) ? nullptr : now;
 }
 
 void QVFocusTrap::leaveWindow()

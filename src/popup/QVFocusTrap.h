@@ -44,6 +44,7 @@ private:
     void followFocus(QWidget *now);
     /// Moves the focus to the widget inside that had it last, if it is visible, otherwise to the root.
     void focusInside();
+    void rememberFocus();
     /// Must be the last statement of its caller: the root may be destroyed in it, together with the host's
     /// window.
     void moveTo(QWidget *target, Qt::FocusReason reason);

@@ -17,7 +17,7 @@ bool canHost(const QWidget *window)
     if (!window || !window->isVisible() || qobject_cast<const QVWindow *>(window))
         return false;
     const Qt::WindowType type = window->windowType();
-    return type == Qt::Window || type == Qt::Dialog;
+    return type == Qt::Window || type == Qt::Dialog || type == Qt::Sheet;
 }
 
 bool isForeign(const QWindow *window)

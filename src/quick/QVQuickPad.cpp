@@ -231,7 +231,9 @@ void QVQuickPad::itemChange(ItemChange change, const ItemChangeData &data)
 void QVQuickPad::setKeyTarget(QQuickItem *target)
 {
     m_keyTarget = target;
-    target->installEventFilter(this);
+    // None once a clumsy host has destroyed the picture.
+    if (target)
+        target->installEventFilter(this);
 }
 
 void QVQuickPad::setPenReady(bool ready)

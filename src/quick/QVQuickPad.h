@@ -30,6 +30,8 @@ public:
 
     [[nodiscard]] QQuickItem *keyTarget() const { return m_keyTarget; }
     void setKeyTarget(QQuickItem *target);
+    /// Updates the pen's place: the key target has moved, or the pen was lifted by other code.
+    Q_INVOKABLE void refreshPen();
     [[nodiscard]] QPointF pen() const { return m_steering ? m_steering->location() : QPointF(); }
     [[nodiscard]] bool isPenDown() const { return m_steering && m_steering->isSteering(); }
     [[nodiscard]] bool isPenUsed() const { return m_steering && m_steering->isUsed(); }
@@ -46,7 +48,6 @@ protected:
     /// Ends a stroke that is being drawn as if it had not begun.
     void cancel();
     /// Shows where the pen is, and whether it is down, which others may have changed.
-    void refreshPen();
 
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;

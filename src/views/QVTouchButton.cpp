@@ -44,6 +44,8 @@ bool QVTouchButton::takeTouch(QTouchEvent &event)
     event.accept();
     if (event.type() == QEvent::TouchBegin)
         m_isTouched = true;
+    if (event.type() == QEvent::TouchCancel)
+        m_isTouched = false;
     touchMoved(isInside && m_isTouched && isEnabled() && isVisible());
     if (event.type() == QEvent::TouchEnd)
         touchEnded();

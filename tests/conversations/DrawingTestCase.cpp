@@ -248,11 +248,18 @@ void DrawingTestCase::defineClicks()
     });
     addStep("tap", [this](const QString &part) { drawWithMouse(tapAt(frameOf(part).center())); });
     addStep("finger-tap", [this](const QString &part) { drawWithFinger(tapAt(frameOf(part).center())); });
-    addStep("lose-touch", [this](auto) {
-        QTest::touchEvent(drawingWindow(), touchScreen()).press(0, waveFrom({})[0]);
-        QTest::touchEvent(drawingWindow(), touchScreen()).move(0, waveFrom({})[9]);
+    // The finger goes back to where it was pressed.
+    addStep("lose-touch", [this](const QString &part) {
+        const Points points = waveFrom(part);
+        const auto touch = [this] {
+            return QTest::touchEvent(drawingWindow(), touchScreen());
+        };
+        touch().press(0, points[0]);
+        touch().move(0, points[9]);
         QTouchEvent cancel(QEvent::TouchCancel, touchScreen());
         QCoreApplication::sendEvent(drawingWindow(), &cancel);
+        touch().move(0, points[0]);
+        touch().release(0, points[0]);
     });
     addStep("enabled", [this](const QString &no) { setPanelEnabled(no.isEmpty()); });
     addStep("resize", [this](auto) { resizePanel(QSize(413, 300)); });

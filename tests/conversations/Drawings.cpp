@@ -89,8 +89,9 @@ void addPointers()
         row(by, q("embedded, press, jump, look -> picture 1 stroke refreshButton, %1, "
                   "look -> 'Draw along the curve' picture %2 refreshButton, lift")
                     .arg(q(by), q(*by == 'r' ? "2" : "1")));
-    row("a touch that is taken away", "embedded, lose-touch, look -> 'Draw along the curve' picture 1 "
-                                      "refreshButton, finger-draw -> verify");
+    row("a touch that is taken away",
+        "embedded, lose-touch refreshButton, lose-touch, "
+        "look -> 'Draw along the curve' picture 1 refreshButton, finger-draw -> verify");
     row("a pen without a button, disabled",
         "embedded, tap picture, move, enabled no, enabled, move, tap picture, move, tap picture -> verify");
     row("by keys", "embedded, keys Left Right*2 Down*3 Up Shift+Down Space Left Up Right*9 Space -> verify, "
@@ -106,7 +107,8 @@ void addPointers()
         "embedded, keys Right*15, mark -> 19 11.5 Pen up, keys Shift+Up*15, mark -> 19 7.75 Pen up, "
         "keys Ctrl+Right, mark -> 19 7.75 Pen up, keys Left*60 Up*60, mark -> 0 0 Pen up, "
         "keys Shift+Right*120, mark -> 30 0 Pen up, keys Left*60, aslant, "
-        "mark -> 2 2 Pen up, resize, mark -> 2 2 Pen up, keys Space, mark -> 2 2 Pen down");
+        "mark -> 2 2 Pen up, resize, mark -> 2 2 Pen up, keys Space, "
+        "mark -> 2 2 Pen down, offer, mark -> 2 2 Pen down");
     row("no pen without a picture",
         "hold switch 100, start -> switch, tab, wait 100 -> config get ready, tab -> pen, "
         "reset -> switch, tab -> picture, look -> picture 1, wait 100 -> config get ready, tab -> pen");

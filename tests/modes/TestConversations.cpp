@@ -116,6 +116,9 @@ private Q_SLOTS:
         row("starts elsewhere right after its window", "invisible",
             "start, picture, window hide, window other, start, wait 100, place",
             "popup, popup, closed WindowGone, here");
+        row("gives the focus back in the second window", "invisible",
+            "start, picture, window hide, window other, field, start, close, field has focus",
+            "popup, popup, closed User, yes");
         row("closes one of two windows", "invisible",
             "hold switch 9000, start, window other, start, window close, wait 10, |, window other, window "
             "close, wait 10",

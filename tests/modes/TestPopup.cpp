@@ -117,10 +117,12 @@ private Q_SLOTS:
         host().resize(500, 400);
         QCOMPARE(badge->frame().center(), QPoint(249, 199));
         QVERIFY(host().childAt(250, 200) != badge);
-        QWidget palette(nullptr, Qt::Tool);
-        showActive(palette);
-        go(q("start, wait 0"));
-        QVERIFY(!palette.findChild<QVInvisibleAnimationView *>());
+        for (const Qt::WindowType type : {Qt::Sheet, Qt::Tool}) {
+            QWidget other(nullptr, type);
+            showActive(other);
+            go(q("reset, start, wait 0"));
+            QCOMPARE(other.findChild<QVInvisibleAnimationView *>() != nullptr, type == Qt::Sheet);
+        }
         go(q("destroy, window destroy other, window foreign, badge, start, wait 0"));
         const QWidgetList all = QApplication::topLevelWidgets();
         const auto found = std::ranges::find_if(all, [](const QWidget *widget) {
@@ -242,8 +244,10 @@ private Q_SLOTS:
     {
         const auto holds =
             connect(qApp, &QApplication::focusChanged, m_edit, [this](QWidget *, const QWidget *now) {
-                if (now && now != m_edit)
-                    m_edit->setFocus();
+                if (!now || now == m_edit)
+                    return;
+                m_edit->setFocus();
+                start();
             });
         go(q("start, picture, stroke, wait 1600"));
         disconnect(holds);

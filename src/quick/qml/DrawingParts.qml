@@ -25,6 +25,7 @@ QuarvoSurface {
         expiry.isNews = true;
         QuarvoLook.announce(expiry);
     }
+    onContentAreaChanged: root.refreshPen()
     onReady: expiry.isNews = false
 
     QuarvoText {
