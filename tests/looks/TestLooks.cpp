@@ -127,7 +127,7 @@ private:
         });
         addStep("contrast", [](auto) { QVSDKManager::setContrast(QVContrast::High); });
         addStep("dark", [](auto) { QVSDKManager::setAppearance(QVAppearance::Dark); });
-        addStep("accent", [](auto) { QVSDKManager::setAccentColor(QColor(110, 40, 160)); });
+        addStep("accent", [](const QString &color) { QVSDKManager::setAccentColor(QColor(color)); });
         addStep("alternative", [this](auto) { m_offersAlternative = true; });
         addStep("tab", [this](auto) { QTest::keyClick(&host(), Qt::Key_Tab); });
         addStep("press", [this](const QString &place) {

@@ -42,9 +42,8 @@ private Q_SLOTS:
     {
         const auto row = addColumns<QSize, QString>({"size", "steps"});
         static const QRegularExpression otherwise(q("ratio|dots|busy|turning|opening"));
-        static const QSet<QString> others{q("panel-hovered"),   q("popup-begun"),
-                                          q("popup-unfolding"), q("popup-unfolding-again"),
-                                          q("strip-edited"),    q("strip-done-focused")};
+        static const QSet<QString> others{q("panel-hovered"), q("popup-begun"), q("popup-unfolding-again"),
+                                          q("strip-edited"), q("strip-done-focused")};
         for (const Look &look : looks) {
             if (!q(look.steps).contains(otherwise) && !others.contains(q(look.name)))
                 row(look.name, look.size, q(look.steps));
@@ -190,6 +189,7 @@ private:
             QApplication::setFont(font);
         });
         addStep("contrast", [](auto) { QVSDKManager::setContrast(QVContrast::High); });
+        addStep("accent", [](const QString &color) { QVSDKManager::setAccentColor(QColor(color)); });
         addStep("dark", [](auto) { QVSDKManager::setAppearance(QVAppearance::Dark); });
         addStep("alternative", [this](auto) { m_offersAlternative = true; });
         addStep("panel", [this](auto) { showPanel(); });

@@ -62,6 +62,9 @@ private Q_SLOTS:
         button.resize(5000, 44);
         QCOMPARE(button.accessibleDescription(), QString());
         QVERIFY(QToolTip::text().contains(q("&lt;b&gt;")));
+        button.resize(90, 44);
+        go(q("hold switch 9000, start, wait 0"));
+        QCOMPARE(button.accessibleDescription(), q("Verifying…"));
         QToolTip::hideText();
     }
 
