@@ -22,7 +22,7 @@ constexpr std::array courses{
     "2000",
     "start, picture, refresh, picture, stroke, wait 2000",
     "break, start, wait 3000, mend, retry, picture, stroke, wait 2000",
-    "characters, start, picture, type typed7, wait 2000",
+    "characters, start, picture, type typed7, tap doneButton, wait 2000",
     "outage, start, picture, stroke, wait 2000",
 };
 
