@@ -113,7 +113,6 @@ bool QVKeyPen::eventFilter(QObject *watched, QEvent *event)
             refresh();
         return false;
     }
-    followPicture();
     const bool isTaken = m_steering.takeEvent(*event);
     switch (event->type()) {
     case QEvent::KeyPress:

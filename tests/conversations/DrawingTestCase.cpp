@@ -41,6 +41,7 @@ std::vector<QPoint> tapAt(QPoint place)
 void DrawingTestCase::prepare()
 {
     ConversationTestCase::prepare();
+    defineSettings();
     defineAnswers();
     defineStrokes();
     defineClicks();
@@ -60,6 +61,10 @@ void DrawingTestCase::finish()
         QDesktopServices::unsetUrlHandler(scheme);
     QVSDKManager::setOutageOpen(false);
     QVSDKManager::setPopupClosesOnOutsideClick(false);
+    QVSDKManager::setContrast(QVContrast::System);
+    QVSDKManager::setAppearance(QVAppearance::Light);
+    QVSDKManager::setAccentColor({});
+    QVSDKManager::setPopupPresentation(QVPopupPresentation::Automatic);
     ConversationTestCase::finish();
 }
 
@@ -91,6 +96,15 @@ void DrawingTestCase::follow()
         seen.append(log.isEmpty() ? step : step + q(" -> ") + log.join(u' '));
     }
     QCOMPARE(seen, words(steps));
+}
+
+void DrawingTestCase::defineSettings()
+{
+    addStep("language", [](const QString &name) { QVSDKManager::setPreferredLanguage(name); });
+    addStep("contrast", [](auto) { QVSDKManager::setContrast(QVContrast::High); });
+    addStep("dark", [](auto) { QVSDKManager::setAppearance(QVAppearance::Dark); });
+    addStep("accent", [](const QString &color) { QVSDKManager::setAccentColor(QColor(color)); });
+    addStep("whole", [](auto) { QVSDKManager::setPopupPresentation(QVPopupPresentation::WholeWindow); });
 }
 
 void DrawingTestCase::defineAnswers()

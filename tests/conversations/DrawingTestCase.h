@@ -26,6 +26,7 @@ protected:
     [[nodiscard]] virtual QWindow *drawingWindow() const = 0;
     /// Where a part is in the window. Empty where it cannot be seen.
     [[nodiscard]] virtual QRect frameOf(const QString &part) const = 0;
+    /// The widget or item of a part. Null where there is none.
     [[nodiscard]] virtual QObject *objectOf(const QString &part) const = 0;
     /// The text of the bar that is shown.
     [[nodiscard]] virtual QString barText() const = 0;
@@ -52,6 +53,7 @@ public Q_SLOTS:
     void openPage(const QUrl &page);
 
 private:
+    void defineSettings();
     void defineAnswers();
     void defineStrokes();
     void defineClicks();

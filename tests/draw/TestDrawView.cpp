@@ -41,8 +41,9 @@ class TestDrawView : public ModesTestCase
 private Q_SLOTS:
     void aHostLaysOutAsTheAdvertisementGoes()
     {
-        offer(q("get"), q("Word"), q("https://ad.example"));
+        offer(q("get"), QString(900000, u'W'), q("https://ad.example"));
         show(q("embed"));
+        QVERIFY(part("adButton")->accessibleName().size() < 500);
         QWidget line(&host());
         QVBoxLayout layout(&host());
         layout.addWidget(embedManager().embedView());

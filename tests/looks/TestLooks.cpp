@@ -93,10 +93,6 @@ private:
         qApp->setStyleSheet(QString());
         m_hostsRules.clear();
         QApplication::setPalette(QPalette());
-        QVSDKManager::setContrast(QVContrast::System);
-        QVSDKManager::setAppearance(QVAppearance::Light);
-        QVSDKManager::setAccentColor({});
-        QVSDKManager::setPopupPresentation(QVPopupPresentation::Automatic);
         m_panel.reset();
     }
 
@@ -119,15 +115,11 @@ private:
         addStep("ground", [this](const QString &color) { prepareHost(host().size(), QColor(color)); });
         addStep("ratio", [this](const QString &ratio) { m_ratio = ratio.toDouble(); });
         addStep("rest", [this](const QString &time) { advance(1ms * time.toInt()); });
-        addStep("language", [](const QString &name) { QVSDKManager::setPreferredLanguage(name); });
         addStep("font", [](const QString &size) {
             QFont font = QApplication::font();
             font.setPixelSize(size.toInt());
             QApplication::setFont(font);
         });
-        addStep("contrast", [](auto) { QVSDKManager::setContrast(QVContrast::High); });
-        addStep("dark", [](auto) { QVSDKManager::setAppearance(QVAppearance::Dark); });
-        addStep("accent", [](const QString &color) { QVSDKManager::setAccentColor(QColor(color)); });
         addStep("alternative", [this](auto) { m_offersAlternative = true; });
         addStep("tab", [this](auto) { QTest::keyClick(&host(), Qt::Key_Tab); });
         addStep("press", [this](const QString &place) {
@@ -250,7 +242,6 @@ private:
                 m_panel->embedView()->setGeometry(host().rect());
             advance(0ms);
         });
-        addStep("whole", [](auto) { QVSDKManager::setPopupPresentation(QVPopupPresentation::WholeWindow); });
         addStep("enabled", [this](auto) { m_panel->embedView()->setEnabled(false); });
         addStep("push", [this](const QString &name) {
             host().findChild<QVTouchButton *>(name)->setHighlighted(true);

@@ -88,10 +88,6 @@ private:
         m_clock.reset();
         m_offersAlternative = false;
         m_made.reset();
-        QVSDKManager::setContrast(QVContrast::System);
-        QVSDKManager::setAppearance(QVAppearance::Light);
-        QVSDKManager::setAccentColor({});
-        QVSDKManager::setPopupPresentation(QVPopupPresentation::Automatic);
         QuickTestCase::finish();
     }
 
@@ -182,15 +178,11 @@ private:
     {
         addStep("ground", [this](const QString &color) { window().setColor(QColor(color)); });
         addStep("rest", [this](const QString &time) { rest(time.toInt()); });
-        addStep("language", [](const QString &name) { QVSDKManager::setPreferredLanguage(name); });
         addStep("font", [](const QString &size) {
             QFont font = QApplication::font();
             font.setPixelSize(size.toInt());
             QApplication::setFont(font);
         });
-        addStep("contrast", [](auto) { QVSDKManager::setContrast(QVContrast::High); });
-        addStep("accent", [](const QString &color) { QVSDKManager::setAccentColor(QColor(color)); });
-        addStep("dark", [](auto) { QVSDKManager::setAppearance(QVAppearance::Dark); });
         addStep("alternative", [this](auto) { m_offersAlternative = true; });
         addStep("panel", [this](auto) { showPanel(); });
         addStep("long-offer", [this](auto) { m_offer = QString(900000, u'W'); });
@@ -200,7 +192,6 @@ private:
                 place(q("panel"), {{}, window().size()});
             rest(10);
         });
-        addStep("whole", [](auto) { QVSDKManager::setPopupPresentation(QVPopupPresentation::WholeWindow); });
         addStep("view", [this](auto) {
             make("DrawingParts.qml", {{}, window().size()}, {{q("contentWidth"), window().width()}});
             m_made->property("picture").value<QVQuickPicture *>()->setImage(LookComparison::photograph());

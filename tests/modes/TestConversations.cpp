@@ -117,8 +117,8 @@ private Q_SLOTS:
             "start, picture, window hide, window other, start, wait 100, place",
             "popup, popup, closed WindowGone, here");
         row("gives the focus back in the second window", "invisible",
-            "start, picture, window hide, window other, field, start, close, field has focus",
-            "popup, popup, closed User, yes");
+            "start, picture, window hide, window other, field, start, close, focused",
+            "popup, popup, closed User, QLineEdit");
         row("closes one of two windows", "invisible",
             "hold switch 9000, start, window other, start, window close, wait 10, |, window other, window "
             "close, wait 10",

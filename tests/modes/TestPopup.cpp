@@ -85,6 +85,7 @@ private Q_SLOTS:
         go(q("start, picture"));
         QTEST(popup()->isWindow(), "isWindow");
         QTEST(popup()->popupScreen(), "screen");
+        QVERIFY2(!drawView()->graphicsEffect(), "it has unfolded");
         QCOMPARE(popup()->isFullScreen(), presentation == QVPopupPresentation::WholeScreen);
         if (presentation == QVPopupPresentation::WholeScreen)
             QCOMPARE(popup()->geometry(), QGuiApplication::primaryScreen()->geometry());
@@ -307,12 +308,6 @@ private:
         m_edit->setGeometry(10, 10, 200, 30);
         replaceHost(std::move(counting));
         m_edit->setFocus();
-    }
-
-    void finish() override
-    {
-        QVSDKManager::setPopupPresentation(QVPopupPresentation::Automatic);
-        ModesTestCase::finish();
     }
 
     /// Without a picture.

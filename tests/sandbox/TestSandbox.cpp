@@ -40,6 +40,7 @@ private Q_SLOTS:
         row("outage",
             "outage -> 0103, picture -> 800x460, few cells -> 0104, cells -> 0103, token -> outage, "
             "cells -> 1002, sing -> 400");
+        row("test-pass", "config test-pass -> 0103, click -> 0103, token -> click");
         row("test-wrong", "config test-wrong -> 0103, get -> 0103, draw -> 0104");
         row("test-badjson", "config test-badjson -> page");
         row("test-broken-picture", "config test-broken-picture -> 0103, get -> 0103, picture -> none");
